@@ -1,0 +1,21 @@
+# A file's name decides its layer: Form* and *App use the toolkit, everything else is core.
+
+function(nesk_core_sources out)
+  set(result)
+  foreach(folder ${ARGN})
+    file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+    list(APPEND result ${files})
+  endforeach()
+  list(FILTER result EXCLUDE REGEX "/(Form[A-Za-z]*|[A-Za-z]*App|main)\\.cpp$")
+  set(${out} ${result} PARENT_SCOPE)
+endfunction()
+
+function(nesk_ui_sources out)
+  set(result)
+  foreach(folder ${ARGN})
+    file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
+    list(APPEND result ${files})
+  endforeach()
+  list(FILTER result INCLUDE REGEX "/(Form[A-Za-z]*|[A-Za-z]*App)\\.cpp$")
+  set(${out} ${result} PARENT_SCOPE)
+endfunction()

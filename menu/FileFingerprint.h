@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace nesk {
+
+/// Tells whether a file still holds what it held before.
+class FileFingerprint {
+public:
+    /// The fingerprint of a file's contents as they are now. A missing file has one of its own; so has one
+    /// that cannot be read.
+    static FileFingerprint Of(const std::string& path);
+
+    /// Adds bytes that the file holds.
+    void Add(std::string_view bytes);
+
+    /// False for the fingerprint of a missing file.
+    bool Exists() const { return m_state != State::Missing; }
+
+    bool operator==(const FileFingerprint&) const = default;
+
+private:
+    enum class State { Missing, Readable, Unreadable };
+
+    State m_state = State::Missing;
+    std::uint64_t m_size = 0;
+    std::uint64_t m_hash = 14695981039346656037u;
+};
+
+} // namespace nesk

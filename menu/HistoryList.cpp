@@ -1,0 +1,37 @@
+#include "menu/HistoryList.h"
+
+#include "settings/RegEntry.h"
+#include "shell/Messages.h"
+#include "shell/NeskError.h"
+#include "shell/modConvert.h"
+
+#include <cmath>
+#include <limits>
+
+namespace nesk {
+
+namespace {
+
+const std::string ListKey = "Neskworks\\Historys";
+const std::string CountName = "NumberOfHistorys";
+
+} // namespace
+
+void HistoryList::Append(const std::string& directory, const std::string& title) {
+    RegEntry entry;
+    if (entry.TestKey(ListKey)) {
+        entry.OpenKey(ListKey);
+    } else {
+        entry.CreateKey(ListKey);
+        entry.SetString(CountName, "0");
+    }
+    const double count = std::trunc(modConvert::Val(entry.GetString(CountName)));
+    if (count < 0 || count >= std::numeric_limits<std::int32_t>::max())
+        throw NeskError(RuntimeError::Overflow, "HistoryList.Append", Message::Overflow);
+    const std::string number = std::to_string(static_cast<std::int32_t>(count) + 1);
+    entry.SetString(number + "Directory", directory);
+    entry.SetString(number + "Title", title);
+    entry.SetString(CountName, number);
+}
+
+} // namespace nesk

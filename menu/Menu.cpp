@@ -1,0 +1,75 @@
+#include "menu/Menu.h"
+
+#include "menu/BlockParser.h"
+#include "menu/MenuFileWriter.h"
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
+#include "shell/Messages.h"
+#include "shell/NeskError.h"
+#include "shell/modMessageBox.h"
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
+
+namespace nesk {
+
+namespace {
+
+// Part of the file format, not of the language: the operator interface knows the root by it.
+constexpr std::string_view DefaultCaption = "Main Menu";
+
+} // namespace
+
+bool Menu::Initialize(const std::string& sRootDir) {
+    m_rootDirectory = sRootDir;
+    SetCaption(DefaultCaption);
+    SetGraphic("");
+    return true;
+}
+
+void Menu::LoadFromFile(const std::string& sFile) {
+    if (!modUtilities::FileExists(sFile)) {
+        modMessageBox::ShowMessage(modStringRes::FormatResString(Message::MenuFileMissing, sFile),
+                                   modMessageBox::Option::Exclamation);
+        return;
+    }
+    BlockParser parser;
+    try {
+        parser.OpenFile(sFile, false);
+        ReadBlocks(parser, sFile);
+    } catch (NeskError& error) {
+        error.file = sFile;
+        error.line = parser.CurrentLine();
+        throw;
+    }
+}
+
+void Menu::ReadBlocks(BlockParser& parser, const std::string& sFile) {
+    if (parser.GetToken() != BlockParser::TokenStartBlock || parser.BlockType() != "MENU")
+        throw NeskError(5000, "MenuLoad", Message::MenuNotAMenuFile, {sFile});
+    bool reading = true;
+    while (reading) {
+        switch (parser.GetToken()) {
+        case BlockParser::TokenKeyValue:
+            if (parser.Key() == "CAPTION")
+                SetCaption(parser.Value());
+            else if (parser.Key() == "GRAPHIC")
+                SetGraphic(parser.Value());
+            break;
+        case BlockParser::TokenStartBlock:
+            if (parser.BlockType() != "SUBMENU")
+                throw NeskError(5000, "MenuLoad", Message::MenuUnknownBlock,
+                                {std::to_string(parser.CurrentLine()), parser.BlockType()});
+            SubMenus().AddItemFromFile(parser);
+            break;
+        default: reading = false;
+        }
+    }
+    if (parser.GetToken() != BlockParser::TokenEndFile)
+        throw NeskError(5000, "Menu", Message::MenuTextAfterEnd, {std::to_string(parser.CurrentLine())});
+}
+
+void Menu::SaveToFile(const std::string& sFile) {
+    MenuFileWriter(*this).Save(sFile, BackupOf(sFile));
+}
+
+} // namespace nesk

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "menu/MenuEntry.h"
+
+namespace nesk {
+
+/// The root of the menu tree.
+class Menu final : public MenuEntry {
+public:
+    /// Makes this a fresh root: caption "Main Menu", no picture.
+    /// @param sRootDir  folder that holds the menu file
+    /// @return always true
+    bool Initialize(const std::string& sRootDir);
+
+    const std::string& RootDirectory() const override { return m_rootDirectory; }
+    MenuEntry* ParentMenu() const override { return nullptr; }
+
+    /// Reads a menu file into this root, which should be fresh: children that it has already stay. The
+    /// history directory of each item read is registered with the operator interface. A missing file shows a
+    /// message and leaves the tree as it was. Raises 5000 for a file that is no menu or is damaged,
+    /// TypeMismatch for a help topic that is no number, and the run-time error of a failed read, each with
+    /// the file and the line. The items completed by then stay.
+    void LoadFromFile(const std::string& sFile);
+
+    /// Writes the whole tree. The file is replaced in one step and the version before is kept beside it with
+    /// the ending ".bak". Raises the run-time error of what failed, or TypeMismatch for a text that the code
+    /// page cannot hold; the file is unchanged then.
+    void SaveToFile(const std::string& sFile);
+
+protected:
+    std::int32_t CounterInParent() const override { return 0; }
+
+private:
+    void ReadBlocks(class BlockParser& parser, const std::string& sFile);
+
+    std::string m_rootDirectory;
+};
+
+} // namespace nesk

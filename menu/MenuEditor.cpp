@@ -1,0 +1,190 @@
+#include "menu/MenuEditor.h"
+
+#include "menu/MenuFileWriter.h"
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
+#include "menu/MenuText.h"
+#include "shell/Messages.h"
+#include "shell/modUtilities.h"
+
+#include <utility>
+
+namespace nesk {
+
+namespace {
+
+const MenuItem* AsItem(const MenuEntry* entry) {
+    return dynamic_cast<const MenuItem*>(entry);
+}
+
+} // namespace
+
+MenuEditor::MenuEditor() = default;
+
+MenuEditor::~MenuEditor() = default;
+
+std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, const std::string& path) {
+    auto menu = std::make_unique<Menu>();
+    menu->Initialize(rootDirectory);
+    // Taken before reading: what another program writes from now on is a change that a save must ask about.
+    const FileFingerprint fingerprint = FileFingerprint::Of(path);
+    std::optional<NeskError> failure;
+    if (fingerprint.Exists()) {
+        try {
+            menu->LoadFromFile(path);
+        } catch (const NeskError& error) {
+            failure = error;
+        }
+    }
+    m_menu = std::move(menu);
+    m_path = fingerprint.Exists() ? path : "";
+    m_fingerprint = fingerprint;
+    m_dirty = false;
+    m_incomplete = failure.has_value();
+    if (m_listener != nullptr) m_listener->OnMenuReplaced();
+    return failure;
+}
+
+void MenuEditor::Close() {
+    if (m_menu) m_menu->Terminate();
+    m_menu.reset();
+    m_path.clear();
+    m_fingerprint = {};
+    m_dirty = false;
+    m_incomplete = false;
+    if (m_listener != nullptr) m_listener->OnMenuReplaced();
+}
+
+SaveHazard MenuEditor::CheckSave(const std::string& path) const {
+    const FileFingerprint onDisk = FileFingerprint::Of(path);
+    if (!onDisk.Exists()) return SaveHazard::None;
+    if (m_incomplete) return SaveHazard::Incomplete;
+    return onDisk == m_fingerprint ? SaveHazard::None : SaveHazard::ChangedByOther;
+}
+
+Backup MenuEditor::BackupFor(const std::string& path) const {
+    if (!m_incomplete) return BackupOf(path);
+    // The last good version stays in the ".bak"; what could not be read never replaces an older one of its
+    // kind.
+    std::string copy = path + ".damaged";
+    for (int number = 2; modUtilities::FileExists(copy); ++number)
+        copy = path + ".damaged." + std::to_string(number);
+    return {copy, false};
+}
+
+void MenuEditor::Save(const std::string& path) {
+    if (!m_menu) return;
+    if (path.empty()) throw NeskError(RuntimeError::PathNotFound, "MenuEditor.Save", Message::NoMenuRoot);
+    try {
+        m_fingerprint = MenuFileWriter(*m_menu).Save(path, BackupFor(path));
+    } catch (NeskError& error) {
+        if (error.file.empty()) error.file = path;
+        throw;
+    }
+    m_path = path;
+    m_dirty = false;
+    m_incomplete = false;
+    StateChanged();
+}
+
+MenuEntry* MenuEditor::Find(const std::string& id) const {
+    return m_menu ? m_menu->Find(id) : nullptr;
+}
+
+MenuCommands MenuEditor::CommandsFor(const std::string& id) const {
+    MenuCommands commands;
+    MenuEntry* entry = Find(id);
+    if (entry == nullptr) return commands;
+    const MenuItem* item = AsItem(entry);
+    commands.addPart = commands.addSubmenu = item == nullptr || !item->IsPart();
+    commands.rename = true;
+    if (item == nullptr) return commands;
+    MenuItemCollection& siblings = item->ParentMenu()->SubMenus();
+    const int position = siblings.PositionOf(*item);
+    commands.moveUp = position > 1;
+    commands.moveDown = position < siblings.Count();
+    commands.edit = commands.remove = true;
+    return commands;
+}
+
+std::string MenuEditor::Add(const std::string& parentId, const std::string& caption, std::string_view type) {
+    if (!CommandsFor(parentId).addPart) return "";
+    MenuText::Check(caption, "MenuEditor.Add");
+    return Make(std::make_unique<AddChange>(parentId, caption, std::string(type))).id;
+}
+
+std::string MenuEditor::AddPart(const std::string& parentId, const std::string& caption) {
+    return Add(parentId, caption, MenuItem::PartType);
+}
+
+std::string MenuEditor::AddSubmenu(const std::string& parentId, const std::string& caption) {
+    return Add(parentId, caption, MenuItem::SubmenuType);
+}
+
+bool MenuEditor::MoveUp(const std::string& id) {
+    return Make(std::make_unique<MoveChange>(id, MoveChange::Direction::Up)).kind != MenuEvent::Kind::None;
+}
+
+bool MenuEditor::MoveDown(const std::string& id) {
+    return Make(std::make_unique<MoveChange>(id, MoveChange::Direction::Down)).kind != MenuEvent::Kind::None;
+}
+
+bool MenuEditor::Remove(const std::string& id) {
+    return Make(std::make_unique<RemoveChange>(id)).kind != MenuEvent::Kind::None;
+}
+
+bool MenuEditor::SetCaption(const std::string& id, const std::string& caption) {
+    const MenuEntry* entry = Find(id);
+    if (entry == nullptr) return false;
+    if (entry->Caption() == caption) return true;
+    MenuText::Check(caption, "MenuEditor.SetCaption");
+    return Make(std::make_unique<CaptionChange>(id, caption)).kind != MenuEvent::Kind::None;
+}
+
+bool MenuEditor::SetGraphic(const std::string& id, const std::string& graphic) {
+    const MenuEntry* entry = Find(id);
+    if (entry == nullptr) return false;
+    if (entry->Graphic() == graphic) return true;
+    MenuText::Check(graphic, "MenuEditor.SetGraphic");
+    return Make(std::make_unique<GraphicChange>(id, graphic)).kind != MenuEvent::Kind::None;
+}
+
+bool MenuEditor::SetPart(const std::string& id, const PartFields& fields) {
+    const MenuItem* item = AsItem(Find(id));
+    if (item == nullptr) return false;
+    if (PartFieldsOf(*item) == fields) return true;
+    for (const std::string* text : {&fields.graphic, &fields.preview, &fields.programId, &fields.helpFile,
+                                    &fields.historyDir, &fields.historyTitle})
+        MenuText::Check(*text, "MenuEditor.SetPart");
+    return Make(std::make_unique<PartChange>(id, fields)).kind != MenuEvent::Kind::None;
+}
+
+MenuEvent MenuEditor::Make(std::unique_ptr<MenuChange> change) {
+    if (!m_menu) return {};
+    MenuEvent event = change->Apply(*m_menu);
+    if (event.kind != MenuEvent::Kind::None && m_keeper) m_keeper(std::move(change));
+    Report(event);
+    return event;
+}
+
+bool MenuEditor::Redo(MenuChange& change) {
+    return m_menu && Report(change.Apply(*m_menu));
+}
+
+bool MenuEditor::Undo(MenuChange& change) {
+    return m_menu && Report(change.Revert(*m_menu));
+}
+
+bool MenuEditor::Report(const MenuEvent& event) {
+    if (event.kind == MenuEvent::Kind::None) return false;
+    m_dirty = true;
+    if (m_listener != nullptr) m_listener->OnMenuEvent(event);
+    StateChanged();
+    return true;
+}
+
+void MenuEditor::StateChanged() {
+    if (m_listener != nullptr) m_listener->OnStateChanged();
+}
+
+} // namespace nesk

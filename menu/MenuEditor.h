@@ -1,0 +1,141 @@
+#pragma once
+
+#include "menu/FileFingerprint.h"
+#include "menu/Menu.h"
+#include "menu/MenuChange.h"
+#include "shell/NeskError.h"
+#include "shell/SafeFile.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace nesk {
+
+/// Hears of everything that happens to the open menu.
+class MenuEditorListener {
+public:
+    virtual ~MenuEditorListener() = default;
+
+    /// A menu was opened or closed: everything is to be shown anew.
+    virtual void OnMenuReplaced() = 0;
+
+    /// One entry was added, removed, moved or edited.
+    virtual void OnMenuEvent(const MenuEvent& event) = 0;
+
+    /// The dirty flag, the path or the incomplete flag has another value.
+    virtual void OnStateChanged() = 0;
+};
+
+/// Which commands make sense for an entry.
+struct MenuCommands {
+    bool addPart = false;
+    bool addSubmenu = false;
+    bool moveUp = false;
+    bool moveDown = false;
+    bool edit = false;
+    bool remove = false;
+    bool rename = false;
+
+    bool operator==(const MenuCommands&) const = default;
+};
+
+/// What a save would destroy.
+enum class SaveHazard {
+    None,
+    Incomplete,    ///< the file on disk holds entries that could not be read
+    ChangedByOther ///< the file on disk is not the one that was read or written last
+};
+
+/// The open menu and every operation on it: nothing else changes it. Each edit is a MenuChange, which is
+/// made, shown to the listener and handed to the keeper of changes.
+class MenuEditor {
+public:
+    MenuEditor();
+    ~MenuEditor();
+    MenuEditor(const MenuEditor&) = delete;
+    MenuEditor& operator=(const MenuEditor&) = delete;
+
+    /// The listener must outlive the editor or be taken away with null.
+    void SetListener(MenuEditorListener* listener) { m_listener = listener; }
+
+    /// Who keeps the changes that were made, to take them back later; without one they are dropped.
+    using ChangeKeeper = std::function<void(std::unique_ptr<MenuChange>)>;
+    void SetChangeKeeper(ChangeKeeper keeper) { m_keeper = std::move(keeper); }
+
+    /// Opens the menu file `path`, in place of the one that is open; a missing file gives an empty menu.
+    /// @param rootDirectory  folder that holds the menu file
+    /// @return the error that ended reading; the menu is open all the same, with the items read so far, and
+    /// incomplete
+    std::optional<NeskError> Open(const std::string& rootDirectory, const std::string& path);
+
+    /// Closes the menu without saving.
+    void Close();
+
+    /// What saving to `path` would destroy. Ask the user before saving all the same.
+    SaveHazard CheckSave(const std::string& path) const;
+
+    /// Where Save keeps what stands at `path`: "menu.cfg.bak", or for an incomplete menu a "menu.cfg.damaged"
+    /// that does not exist yet.
+    Backup BackupFor(const std::string& path) const;
+
+    /// Saves the menu. Raises the run-time error of what failed; the menu stays open and dirty then and the
+    /// file is as it was.
+    void Save(const std::string& path);
+
+    bool IsOpen() const { return m_menu != nullptr; }
+    bool IsDirty() const { return m_dirty; }
+    bool IsIncomplete() const { return m_incomplete; }
+
+    /// Path of the menu file that was read or written last; "" when there is none yet.
+    const std::string& Path() const { return m_path; }
+
+    /// The open menu; null when there is none. Only this class changes it.
+    Menu* OpenMenu() const { return m_menu.get(); }
+
+    /// The entry with an id; null when there is none.
+    MenuEntry* Find(const std::string& id) const;
+
+    /// Which commands make sense for the entry `id`: none at all when there is no such entry.
+    MenuCommands CommandsFor(const std::string& id) const;
+
+    /// Appends a part button or a submenu to the children of an entry.
+    /// @return id of the new entry; "" when the parent is missing or is a part button, which never has
+    /// children Raises Overflow when the parent has no room, 5000 for a caption that cannot be stored.
+    std::string AddPart(const std::string& parentId, const std::string& caption);
+    std::string AddSubmenu(const std::string& parentId, const std::string& caption);
+
+    /// Moves an entry one position. False when that is not possible; nothing has changed then.
+    bool MoveUp(const std::string& id);
+    bool MoveDown(const std::string& id);
+
+    /// Removes an entry with everything below it. False for the root and for an unknown id.
+    bool Remove(const std::string& id);
+
+    /// Gives an entry another caption or picture, or a part button other fields. The value that it has
+    /// already is no change. False for an unknown id. Raises 5000 for a text that cannot be stored.
+    bool SetCaption(const std::string& id, const std::string& caption);
+    bool SetGraphic(const std::string& id, const std::string& graphic);
+    bool SetPart(const std::string& id, const PartFields& fields);
+
+    /// Makes a change that was taken back, or takes one back that was made. False when that is not possible.
+    bool Redo(MenuChange& change);
+    bool Undo(MenuChange& change);
+
+private:
+    std::string Add(const std::string& parentId, const std::string& caption, std::string_view type);
+    MenuEvent Make(std::unique_ptr<MenuChange> change);
+    bool Report(const MenuEvent& event);
+    void StateChanged();
+
+    MenuEditorListener* m_listener = nullptr;
+    ChangeKeeper m_keeper;
+    std::unique_ptr<Menu> m_menu;
+    std::string m_path;
+    FileFingerprint m_fingerprint;
+    bool m_dirty = false;
+    bool m_incomplete = false;
+};
+
+} // namespace nesk

@@ -1,0 +1,89 @@
+#include "menu/MenuEntry.h"
+
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
+#include "shell/Messages.h"
+#include "shell/NeskError.h"
+
+#include <charconv>
+#include <limits>
+
+namespace nesk {
+
+namespace {
+
+// Takes ".<counter>" off the front of an id. 0 when that is not what stands there; counters are written
+// without leading zeros, so that every entry has one id.
+std::int32_t TakeCounter(std::string_view& rest) {
+    if (rest.size() < 2 || rest[0] != '.' || rest[1] < '1' || rest[1] > '9') return 0;
+    std::int32_t counter = 0;
+    const auto [end, error] = std::from_chars(rest.data() + 1, rest.data() + rest.size(), counter);
+    if (error != std::errc()) return 0;
+    rest.remove_prefix(static_cast<std::size_t>(end - rest.data()));
+    return counter;
+}
+
+} // namespace
+
+MenuEntry::MenuEntry() = default;
+
+MenuEntry::~MenuEntry() = default;
+
+std::string MenuEntry::ID() const {
+    std::vector<std::int32_t> counters;
+    const MenuEntry* entry = this;
+    for (; entry->ParentMenu() != nullptr; entry = entry->ParentMenu())
+        counters.push_back(entry->CounterInParent());
+    std::string id = "R";
+    for (auto counter = counters.rbegin(); counter != counters.rend(); ++counter)
+        id.append(1, '.').append(std::to_string(*counter));
+    return id;
+}
+
+std::string MenuEntry::NextID() {
+    return ID() + "." + std::to_string(NextCounter());
+}
+
+std::int32_t MenuEntry::NextCounter() {
+    if (m_nextCounter == std::numeric_limits<std::int32_t>::max())
+        throw NeskError(RuntimeError::Overflow, "MenuItem.NextID", Message::Overflow);
+    return m_nextCounter++;
+}
+
+MenuItemCollection& MenuEntry::SubMenus() {
+    // Made when first needed: most entries are part buttons, which never have children.
+    if (!m_subMenus) {
+        m_subMenus = std::make_unique<MenuItemCollection>();
+        m_subMenus->Initialize(*this);
+    }
+    return *m_subMenus;
+}
+
+int MenuEntry::ChildCount() const {
+    return m_subMenus ? m_subMenus->Count() : 0;
+}
+
+MenuEntry* MenuEntry::Find(const std::string& sKey) {
+    const std::string own = ID();
+    if (!sKey.starts_with(own)) return nullptr;
+    std::string_view rest = std::string_view(sKey).substr(own.size());
+    MenuEntry* entry = this;
+    while (!rest.empty()) {
+        const std::int32_t counter = TakeCounter(rest);
+        if (counter == 0 || !entry->m_subMenus) return nullptr;
+        entry = entry->m_subMenus->FindCounter(counter);
+        if (entry == nullptr) return nullptr;
+    }
+    return entry;
+}
+
+void MenuEntry::Terminate() {
+    if (m_subMenus) m_subMenus->Terminate();
+    m_subMenus.reset();
+}
+
+void MenuEntry::ReleaseInto(std::vector<std::unique_ptr<MenuItem>>& released) {
+    if (m_subMenus) m_subMenus->ReleaseInto(released);
+}
+
+} // namespace nesk

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace nesk {
+
+class MenuItem;
+class MenuItemCollection;
+
+/// What the root of the menu tree and its items have in common: a caption, a picture, an id and children.
+///
+/// An id is "R" for the root, and below it the parent's id, "." and a counter of the parent's that starts
+/// at 1. Ids are never used twice while a tree lives and are not stored in the file. An entry keeps its
+/// counter alone; the text is made when it is asked for.
+class MenuEntry {
+public:
+    virtual ~MenuEntry();
+    MenuEntry(const MenuEntry&) = delete;
+    MenuEntry& operator=(const MenuEntry&) = delete;
+
+    std::string_view Caption() const { return m_caption; }
+    void SetCaption(std::string_view value) { m_caption = value; }
+
+    /// Picture file, as a Windows path; "" for none.
+    std::string_view Graphic() const { return m_graphic; }
+    void SetGraphic(std::string_view value) { m_graphic = value; }
+
+    /// Folder that holds the menu file.
+    virtual const std::string& RootDirectory() const = 0;
+
+    /// The entry above; null for the root.
+    virtual MenuEntry* ParentMenu() const = 0;
+
+    std::string ID() const;
+
+    /// The id that the next child gets; each call uses one up. Raises Overflow after 2,147,483,646 calls.
+    std::string NextID();
+
+    /// The last number of NextID alone; otherwise as NextID.
+    std::int32_t NextCounter();
+
+    /// The children; an empty collection is made when there is none.
+    MenuItemCollection& SubMenus();
+
+    /// Number of children.
+    int ChildCount() const;
+
+    /// The entry with this id at or below this one; null when there is none.
+    MenuEntry* Find(const std::string& sKey);
+
+    /// Releases the children and drops the collection.
+    void Terminate();
+
+    /// Moves the children out, to the end of `released`.
+    void ReleaseInto(std::vector<std::unique_ptr<MenuItem>>& released);
+
+protected:
+    MenuEntry();
+
+    /// Number of this entry among the ids of its parent; 0 for the root.
+    virtual std::int32_t CounterInParent() const = 0;
+
+private:
+    std::string m_caption;
+    std::string m_graphic;
+    std::unique_ptr<MenuItemCollection> m_subMenus;
+    std::int32_t m_nextCounter = 1;
+};
+
+} // namespace nesk

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "menu/FileFingerprint.h"
+#include "shell/SafeFile.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace nesk {
+
+class Menu;
+class MenuItem;
+
+/// Where the version before a save is kept: the file's name and ".bak".
+Backup BackupOf(const std::string& path);
+
+/// Writes a menu tree as a block file in the station's code page.
+class MenuFileWriter {
+public:
+    explicit MenuFileWriter(Menu& menu) : m_menu(menu) {}
+
+    /// Replaces the file `path` by the tree. Raises the run-time error of a failed step, or 5000 for a text
+    /// that the code page cannot hold or that would end its line; the file is unchanged then.
+    /// @return the fingerprint of the new file
+    FileFingerprint Save(const std::string& path, const Backup& backup);
+
+private:
+    void WriteTree();
+    void WriteItem(const MenuItem& item, std::size_t level);
+    void WriteValue(std::size_t level, std::string_view key, std::string_view text);
+    void WriteLine(std::size_t level, std::string_view text, std::string_view rest = {});
+    void FlushBuffer();
+
+    Menu& m_menu;
+    SafeFile* m_file = nullptr;
+    std::string m_buffer;
+    FileFingerprint m_fingerprint;
+};
+
+} // namespace nesk

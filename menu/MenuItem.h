@@ -1,0 +1,76 @@
+#pragma once
+
+#include "menu/MenuEntry.h"
+
+#include <array>
+#include <cstdint>
+
+namespace nesk {
+
+class BlockParser;
+
+/// A submenu or a part-program button of the menu tree.
+class MenuItem final : public MenuEntry {
+public:
+    /// Values of MenuType that this program writes. Every other text is kept as it is.
+    static constexpr std::string_view PartType = "Part Program";
+    static constexpr std::string_view SubmenuType = "Menu";
+
+    /// Makes the item a child of `parent`, which must outlive it, and takes the parent's next id.
+    void Initialize(MenuEntry& parent);
+
+    MenuEntry* ParentMenu() const override { return m_parent; }
+    void SetParentMenu(MenuEntry* parent) { m_parent = parent; }
+    const std::string& RootDirectory() const override;
+
+    /// Number of this item among the ids of its parent.
+    std::int32_t Counter() const { return m_counter; }
+
+    std::string_view MenuType() const { return m_menuType; }
+    void SetMenuType(std::string_view value) { m_menuType = value; }
+    std::string_view Preview() const { return m_preview; }
+    void SetPreview(std::string_view value) { m_preview = value; }
+    std::string_view HelpFile() const { return m_helpFile; }
+    void SetHelpFile(std::string_view value) { m_helpFile = value; }
+    std::int32_t HelpTopic() const { return m_helpTopic; }
+    void SetHelpTopic(std::int32_t value) { m_helpTopic = value; }
+    /// Part program: "@", full path of the part's partinfo.ini, "@", or a plain identifier.
+    std::string_view ProgramID() const { return m_programId; }
+    void SetProgramID(std::string_view value) { m_programId = value; }
+    std::string_view HistoryDir() const { return m_historyDir; }
+    void SetHistoryDir(std::string_view value) { m_historyDir = value; }
+    std::string_view HistoryTitle() const { return m_historyTitle; }
+    void SetHistoryTitle(std::string_view value) { m_historyTitle = value; }
+
+    /// True when the item is a part-program button: its type begins with "P" or "p".
+    bool IsPart() const;
+
+    /// Moves the item one position among its siblings. False when it is the first or the last, or has no
+    /// parent.
+    bool MoveUp();
+    bool MoveDown();
+
+    /// Reads the item and everything below it; the parser stands behind the start of its block. A block that
+    /// the file does not close is accepted. Raises 5000 for a block that is no submenu and TypeMismatch for a
+    /// help topic that is no number; the items below whose blocks were complete are lost then as well.
+    void LoadFromFile(BlockParser& parser);
+
+protected:
+    std::int32_t CounterInParent() const override { return m_counter; }
+
+private:
+    void SetFromFile(const BlockParser& parser);
+    void RegisterHistory() const;
+
+    MenuEntry* m_parent = nullptr;
+    std::int32_t m_counter = 0;
+    std::int32_t m_helpTopic = 0;
+    std::string m_menuType;
+    std::string m_preview;
+    std::string m_helpFile;
+    std::string m_programId;
+    std::string m_historyDir;
+    std::string m_historyTitle;
+};
+
+} // namespace nesk

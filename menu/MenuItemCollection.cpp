@@ -1,0 +1,144 @@
+#include "menu/MenuItemCollection.h"
+
+#include "menu/MenuItem.h"
+#include "shell/Messages.h"
+#include "shell/NeskError.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace nesk {
+
+MenuItemCollection::MenuItemCollection() = default;
+
+// Children of any depth are released in a loop, so that a deep tree needs no deep machine stack.
+MenuItemCollection::~MenuItemCollection() {
+    std::vector<std::unique_ptr<MenuItem>> released;
+    ReleaseInto(released);
+    while (!released.empty()) {
+        const std::unique_ptr<MenuItem> item = std::move(released.back());
+        released.pop_back();
+        item->ReleaseInto(released);
+    }
+}
+
+void MenuItemCollection::Initialize(MenuEntry& owner) {
+    m_owner = &owner;
+}
+
+std::size_t MenuItemCollection::CheckedIndex(int position, std::size_t count) const {
+    if (position < 1 || static_cast<std::size_t>(position) > count)
+        throw NeskError(RuntimeError::SubscriptOutOfRange, "MenuItemCollection.Item",
+                        Message::SubscriptOutOfRange, {std::to_string(position)});
+    return static_cast<std::size_t>(position) - 1;
+}
+
+void MenuItemCollection::CheckRoom() const {
+    if (m_items.size() >= static_cast<std::size_t>(MaxCount))
+        throw NeskError(RuntimeError::Overflow, "MenuItemCollection.Add", Message::TooManyChildren);
+}
+
+MenuItem& MenuItemCollection::Item(int position) {
+    return *m_items[CheckedIndex(position, m_items.size())];
+}
+
+const MenuItem& MenuItemCollection::Item(int position) const {
+    return *m_items[CheckedIndex(position, m_items.size())];
+}
+
+MenuItem& MenuItemCollection::Add(std::string_view name, std::string_view type) {
+    CheckRoom();
+    auto item = std::make_unique<MenuItem>();
+    item->Initialize(*m_owner);
+    item->SetCaption(name);
+    item->SetMenuType(type);
+    return Append(std::move(item));
+}
+
+void MenuItemCollection::AddItemFromFile(BlockParser& parser) {
+    CheckRoom();
+    auto item = std::make_unique<MenuItem>();
+    item->Initialize(*m_owner);
+    item->LoadFromFile(parser);
+    Append(std::move(item));
+}
+
+MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem> item) {
+    return Insert(Count() + 1, std::move(item));
+}
+
+MenuItem& MenuItemCollection::Insert(int position, std::unique_ptr<MenuItem> item) {
+    CheckRoom();
+    const auto index = static_cast<std::ptrdiff_t>(CheckedIndex(position, m_items.size() + 1));
+    m_counters.insert(m_counters.begin() + index, item->Counter());
+    return **m_items.insert(m_items.begin() + index, std::move(item));
+}
+
+std::unique_ptr<MenuItem> MenuItemCollection::Take(int position) {
+    const std::size_t index = CheckedIndex(position, m_items.size());
+    std::unique_ptr<MenuItem> item = std::move(m_items[index]);
+    m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(index));
+    m_counters.erase(m_counters.begin() + static_cast<std::ptrdiff_t>(index));
+    return item;
+}
+
+// Counters are handed out in order and most menus are never rearranged: the child usually stands where its
+// counter says, or a little before when siblings were removed.
+std::size_t MenuItemCollection::IndexOfCounter(std::int32_t counter) const {
+    const std::size_t guess = counter > 0 ? static_cast<std::size_t>(counter) - 1 : 0;
+    if (guess < m_counters.size() && m_counters[guess] == counter) return guess;
+    const auto found = std::find(m_counters.begin(), m_counters.end(), counter);
+    return static_cast<std::size_t>(found - m_counters.begin());
+}
+
+int MenuItemCollection::PositionOf(const MenuItem& item) const {
+    const std::size_t index = IndexOfCounter(item.Counter());
+    return index < m_items.size() && m_items[index].get() == &item ? static_cast<int>(index) + 1 : 0;
+}
+
+MenuItem* MenuItemCollection::FindCounter(std::int32_t counter) const {
+    const std::size_t index = IndexOfCounter(counter);
+    return index < m_items.size() ? m_items[index].get() : nullptr;
+}
+
+void MenuItemCollection::RemoveItem(const MenuItem& item) {
+    const int position = PositionOf(item);
+    if (position != 0) Take(position)->Terminate();
+}
+
+void MenuItemCollection::Swap(std::size_t a, std::size_t b) {
+    std::swap(m_items[a], m_items[b]);
+    std::swap(m_counters[a], m_counters[b]);
+}
+
+bool MenuItemCollection::MoveUp(const MenuItem& item) {
+    const int position = PositionOf(item);
+    if (position <= 1) return false;
+    Swap(static_cast<std::size_t>(position) - 1, static_cast<std::size_t>(position) - 2);
+    return true;
+}
+
+bool MenuItemCollection::MoveDown(const MenuItem& item) {
+    const int position = PositionOf(item);
+    if (position == 0 || position >= Count()) return false;
+    Swap(static_cast<std::size_t>(position) - 1, static_cast<std::size_t>(position));
+    return true;
+}
+
+void MenuItemCollection::Terminate() {
+    if (m_items.size() > 1) {
+        m_items.erase(m_items.begin(), m_items.end() - 1);
+        m_counters.erase(m_counters.begin(), m_counters.end() - 1);
+    }
+    m_owner = nullptr;
+}
+
+void MenuItemCollection::ReleaseInto(std::vector<std::unique_ptr<MenuItem>>& released) {
+    released.insert(released.end(), std::make_move_iterator(m_items.begin()),
+                    std::make_move_iterator(m_items.end()));
+    m_items.clear();
+    m_counters.clear();
+}
+
+} // namespace nesk

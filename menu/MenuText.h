@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+/// What a text of a menu may hold.
+namespace nesk::MenuText {
+
+/// The text as bytes of the station's code page. Raises 5000 when a character has no place in it.
+/// @param source  class and operation for the error
+std::string Encode(std::string_view text, const std::string& source);
+
+/// Raises 5000 for a text that could not be stored: one that holds a line break or a zero, or a character
+/// that has no place in the station's code page.
+void Check(std::string_view text, const std::string& source);
+
+/// The text on one line: line breaks and tabs become blanks, other control characters are dropped.
+std::string OnOneLine(std::string_view text);
+
+} // namespace nesk::MenuText

@@ -1,0 +1,29 @@
+#include "menu/PartFields.h"
+
+#include "menu/MenuItem.h"
+
+namespace nesk {
+
+PartFields PartFieldsOf(const MenuItem& item) {
+    PartFields fields;
+    fields.graphic = item.Graphic();
+    fields.preview = item.Preview();
+    fields.programId = item.ProgramID();
+    fields.helpFile = item.HelpFile();
+    fields.helpTopic = item.HelpTopic();
+    fields.historyDir = item.HistoryDir();
+    fields.historyTitle = item.HistoryTitle();
+    return fields;
+}
+
+void ApplyPartFields(MenuItem& item, const PartFields& fields) {
+    item.SetGraphic(fields.graphic);
+    item.SetPreview(fields.preview);
+    item.SetProgramID(fields.programId);
+    item.SetHelpFile(fields.helpFile);
+    item.SetHelpTopic(fields.helpTopic);
+    item.SetHistoryDir(fields.historyDir);
+    item.SetHistoryTitle(fields.historyTitle);
+}
+
+} // namespace nesk

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace nesk {
+
+class MenuItem;
+
+/// What the part editor changes of a part button.
+struct PartFields {
+    std::string graphic;
+    std::string preview;
+    std::string programId;
+    std::string helpFile;
+    std::int32_t helpTopic = 0;
+    std::string historyDir;
+    std::string historyTitle;
+
+    bool operator==(const PartFields&) const = default;
+};
+
+/// The fields that an item has now.
+PartFields PartFieldsOf(const MenuItem& item);
+
+/// Gives an item these fields.
+void ApplyPartFields(MenuItem& item, const PartFields& fields);
+
+} // namespace nesk

@@ -1,0 +1,138 @@
+#include "platform/portable/Database.h"
+
+#include "platform/ErrorCode.h"
+
+#include <sqlite3.h>
+
+namespace nesk::platform::portable {
+
+namespace {
+
+// How long another program may keep the database to itself before a request for it fails.
+constexpr int BusyMilliseconds = 5000;
+
+} // namespace
+
+int ErrorFromSqlite(int code) {
+    switch (code & 0xFF) {
+    case SQLITE_OK:
+    case SQLITE_ROW:
+    case SQLITE_DONE: return ErrorCode::Success;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return ErrorCode::Busy;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+    case SQLITE_CANTOPEN: return ErrorCode::AccessDenied;
+    case SQLITE_NOTADB: return ErrorCode::BadDatabase;
+    // A statement that does not fit the tables means that the tables are not ours.
+    case SQLITE_ERROR: return ErrorCode::BadDatabase;
+    case SQLITE_CORRUPT: return ErrorCode::RegistryCorrupt;
+    case SQLITE_FULL: return ErrorCode::DiskFull;
+    case SQLITE_NOMEM: return ErrorCode::OutOfMemory;
+    default: return ErrorCode::RegistryIoFailed;
+    }
+}
+
+Database::~Database() {
+    sqlite3_close_v2(m_handle);
+}
+
+int Database::Open(const std::filesystem::path& file, bool create) {
+    std::error_code error;
+    if (!create && !std::filesystem::exists(file, error)) return ErrorCode::FileNotFound;
+    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
+    const int code = sqlite3_open_v2(file.c_str(), &m_handle, flags, nullptr);
+    if (code == SQLITE_OK) sqlite3_busy_timeout(m_handle, BusyMilliseconds);
+    return ErrorFromSqlite(code);
+}
+
+bool Database::IsReadOnly() const {
+    return sqlite3_db_readonly(m_handle, "main") == 1;
+}
+
+int Database::Execute(const char* sql) {
+    return ErrorFromSqlite(sqlite3_exec(m_handle, sql, nullptr, nullptr, nullptr));
+}
+
+Statement::Statement(Database& database, const char* sql) {
+    m_code = sqlite3_prepare_v3(database.Handle(), sql, -1, SQLITE_PREPARE_PERSISTENT, &m_statement, nullptr);
+}
+
+Statement::~Statement() {
+    sqlite3_finalize(m_statement);
+}
+
+Statement& Statement::Start() {
+    if (m_statement == nullptr) return *this;
+    sqlite3_reset(m_statement);
+    sqlite3_clear_bindings(m_statement);
+    m_parameter = 0;
+    m_code = SQLITE_OK;
+    return *this;
+}
+
+int Statement::Check(int code) {
+    if (m_code == SQLITE_OK) m_code = code;
+    return m_code;
+}
+
+Statement& Statement::Bind(std::int64_t value) {
+    Check(sqlite3_bind_int64(m_statement, ++m_parameter, value));
+    return *this;
+}
+
+Statement& Statement::Bind(std::string_view text) {
+    Check(sqlite3_bind_text64(m_statement, ++m_parameter, text.data(), text.size(), SQLITE_STATIC,
+                              SQLITE_UTF8));
+    return *this;
+}
+
+Statement& Statement::BindBlob(std::string_view bytes) {
+    // A null pointer would be stored as NULL and not as nothing.
+    const char* data = bytes.empty() ? "" : bytes.data();
+    Check(sqlite3_bind_blob64(m_statement, ++m_parameter, data, bytes.size(), SQLITE_STATIC));
+    return *this;
+}
+
+int Statement::Step(bool& row) {
+    row = false;
+    if (m_code != SQLITE_OK || m_statement == nullptr) return ErrorFromSqlite(m_code);
+    const int code = sqlite3_step(m_statement);
+    row = code == SQLITE_ROW;
+    // What is left open would keep other programs from writing.
+    if (!row) sqlite3_reset(m_statement);
+    return ErrorFromSqlite(code);
+}
+
+int Statement::Run() {
+    bool row = false;
+    const int result = Step(row);
+    if (row) sqlite3_reset(m_statement);
+    return result;
+}
+
+std::int64_t Statement::Number(int column) const {
+    return sqlite3_column_int64(m_statement, column);
+}
+
+std::string Statement::Bytes(int column) const {
+    const void* data = sqlite3_column_blob(m_statement, column);
+    const int size = sqlite3_column_bytes(m_statement, column);
+    return data != nullptr ? std::string(static_cast<const char*>(data), static_cast<std::size_t>(size)) : "";
+}
+
+WriteTransaction::WriteTransaction(Database& database)
+    : m_database(database), m_result(database.Execute("BEGIN IMMEDIATE")), m_open(m_result == 0) {}
+
+WriteTransaction::~WriteTransaction() {
+    if (m_open) m_database.Execute("ROLLBACK");
+}
+
+int WriteTransaction::Commit() {
+    const int result = m_database.Execute("COMMIT");
+    if (result == ErrorCode::Success) m_open = false;
+    return result;
+}
+
+} // namespace nesk::platform::portable

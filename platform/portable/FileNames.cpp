@@ -1,0 +1,105 @@
+#include "platform/portable/FileNames.h"
+
+#include "platform/TextEncoding.h"
+#include "platform/portable/Utf8.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace nesk::platform::portable {
+
+namespace {
+
+// The four bytes of U+10FE00 + byte: F4 8F B8..BB 80..BF.
+constexpr std::string_view EscapeLead = "\xF4\x8F";
+
+void AppendEscaped(std::string& text, unsigned char byte) {
+    text += EscapeLead;
+    text += static_cast<char>(0xB8 + (byte >> 6));
+    text += static_cast<char>(0x80 + (byte & 0x3F));
+}
+
+bool IsEscape(std::string_view sequence) {
+    if (sequence.size() != 4 || !sequence.starts_with(EscapeLead)) return false;
+    // Bytes below 80 are never escaped; a "/" that came in this way would lead elsewhere.
+    const auto third = static_cast<unsigned char>(sequence[2]);
+    return third == 0xBA || third == 0xBB;
+}
+
+std::size_t CharacterLength(std::string_view text) {
+    const std::size_t length = Utf8Length(text);
+    return length == 0 ? 1 : length;
+}
+
+} // namespace
+
+std::string NameFromHost(std::string_view bytes) {
+    std::string name;
+    name.reserve(bytes.size());
+    while (!bytes.empty()) {
+        const std::size_t length = Utf8Length(bytes);
+        if (length == 0) {
+            AppendEscaped(name, static_cast<unsigned char>(bytes.front()));
+            bytes.remove_prefix(1);
+        } else {
+            name += bytes.substr(0, length);
+            bytes.remove_prefix(length);
+        }
+    }
+    return name;
+}
+
+std::string NameToHost(std::string_view name) {
+    std::string bytes;
+    bytes.reserve(name.size());
+    while (!name.empty()) {
+        const std::size_t length = CharacterLength(name);
+        const std::string_view sequence = name.substr(0, length);
+        if (IsEscape(sequence)) {
+            const auto third = static_cast<unsigned char>(sequence[2]);
+            const auto fourth = static_cast<unsigned char>(sequence[3]);
+            bytes += static_cast<char>(((third - 0xB8) << 6) | (fourth & 0x3F));
+        } else {
+            bytes += sequence;
+        }
+        name.remove_prefix(length);
+    }
+    return bytes;
+}
+
+bool MatchesPattern(std::string_view name, std::string_view pattern) {
+    if (pattern == "*.*") return true;
+    const std::string upperName = ToUpper(name);
+    const std::string upperPattern = ToUpper(pattern);
+    std::string_view n = upperName;
+    std::string_view p = upperPattern;
+    // Where to resume when the text after the last "*" does not fit.
+    bool haveStar = false;
+    std::string_view starPattern;
+    std::string_view starName;
+    while (!n.empty()) {
+        if (!p.empty() && p.front() == '*') {
+            p.remove_prefix(1);
+            haveStar = true;
+            starPattern = p;
+            starName = n;
+        } else if (!p.empty() && p.front() == '?') {
+            p.remove_prefix(1);
+            n.remove_prefix(CharacterLength(n));
+        } else if (!p.empty() && p.front() == n.front()) {
+            p.remove_prefix(1);
+            n.remove_prefix(1);
+        } else if (haveStar) {
+            starName.remove_prefix(CharacterLength(starName));
+            n = starName;
+            p = starPattern;
+        } else {
+            return false;
+        }
+    }
+    while (!p.empty() && p.front() == '*')
+        p.remove_prefix(1);
+    return p.empty();
+}
+
+} // namespace nesk::platform::portable

@@ -1,0 +1,311 @@
+#include "platform/FileSystem.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/portable/FileHandle.h"
+#include "platform/portable/FileNames.h"
+#include "platform/portable/HostError.h"
+#include "platform/portable/Station.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <dirent.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace nesk::platform {
+
+namespace {
+
+using portable::ErrorFromErrno;
+using portable::FileHandle;
+using portable::NameFromHost;
+using portable::ToHostPath;
+namespace fs = std::filesystem;
+
+std::uint32_t AttributesOf(const struct stat& status, std::string_view name) {
+    std::uint32_t attributes = 0;
+    if (S_ISDIR(status.st_mode)) attributes |= FileAttribute::Directory;
+    if ((status.st_mode & S_IWUSR) == 0 && !S_ISDIR(status.st_mode)) attributes |= FileAttribute::ReadOnly;
+    if (name.size() > 1 && name.front() == '.' && name != "..") attributes |= FileAttribute::Hidden;
+    return attributes != 0 ? attributes : FileAttribute::Normal;
+}
+
+// A missing file in a missing directory is "path not found", as Windows tells the two apart.
+int MissingCode(const fs::path& host, int error) {
+    struct stat status {};
+    if (error == ENOENT && ::stat(host.parent_path().c_str(), &status) != 0) return ErrorCode::PathNotFound;
+    return ErrorFromErrno(error, ErrorCode::ReadFault);
+}
+
+// Where a link leads to, so that replacing a linked file replaces the file and keeps the link.
+fs::path FinalPath(const fs::path& host) {
+    std::error_code error;
+    fs::path real = fs::canonical(host, error);
+    return error ? host : real;
+}
+
+int FlushFolder(const fs::path& folder) {
+    const FileHandle handle(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!handle) return ErrorFromErrno(errno, ErrorCode::WriteFault);
+    // Some file systems have no way to flush a directory; the rename itself has been done by then.
+    if (::fsync(handle.Get()) != 0 && errno != EINVAL) return ErrorFromErrno(errno, ErrorCode::WriteFault);
+    return ErrorCode::Success;
+}
+
+class HostReader final : public FileReader {
+public:
+    explicit HostReader(FileHandle handle) : m_handle(std::move(handle)) {}
+
+    int Read(char* buffer, std::size_t capacity, std::size_t& count) override {
+        ssize_t got = 0;
+        do
+            got = ::read(m_handle.Get(), buffer, capacity);
+        while (got < 0 && errno == EINTR);
+        count = got > 0 ? static_cast<std::size_t>(got) : 0;
+        return got < 0 ? ErrorFromErrno(errno, ErrorCode::ReadFault) : ErrorCode::Success;
+    }
+
+private:
+    FileHandle m_handle;
+};
+
+class HostWriter final : public FileWriter {
+public:
+    explicit HostWriter(FileHandle handle) : m_handle(std::move(handle)) {}
+
+    int Write(std::string_view bytes) override {
+        while (!bytes.empty()) {
+            const ssize_t put = ::write(m_handle.Get(), bytes.data(), bytes.size());
+            if (put < 0 && errno == EINTR) continue;
+            if (put < 0) return ErrorFromErrno(errno, ErrorCode::WriteFault);
+            bytes.remove_prefix(static_cast<std::size_t>(put));
+        }
+        return ErrorCode::Success;
+    }
+
+    int Flush() override {
+        return ::fsync(m_handle.Get()) != 0 ? ErrorFromErrno(errno, ErrorCode::WriteFault)
+                                            : ErrorCode::Success;
+    }
+
+    int Close() override {
+        return m_handle.Close() != 0 ? ErrorFromErrno(errno, ErrorCode::WriteFault) : ErrorCode::Success;
+    }
+
+private:
+    FileHandle m_handle;
+};
+
+// A search for a name without wildcards: it has one entry at the most.
+class SingleSearch final : public DirectorySearch {
+public:
+    int Next(DirectoryEntry&) override { return ErrorCode::NoMoreItems; }
+};
+
+class PatternSearch final : public DirectorySearch {
+public:
+    PatternSearch(fs::path folder, std::string pattern)
+        : m_folder(std::move(folder))
+        , m_pattern(std::move(pattern))
+        , m_directory(::opendir(m_folder.c_str())) {}
+
+    bool IsOpen() const { return m_directory != nullptr; }
+
+    int Next(DirectoryEntry& entry) override {
+        for (;;) {
+            errno = 0;
+            const dirent* found = ::readdir(m_directory.get());
+            if (found == nullptr)
+                return errno != 0 ? ErrorFromErrno(errno, ErrorCode::ReadFault) : ErrorCode::NoMoreItems;
+            std::string name = NameFromHost(found->d_name);
+            if (!portable::MatchesPattern(name, m_pattern)) continue;
+            struct stat status {};
+            // A link that leads nowhere is an entry all the same.
+            if (::fstatat(::dirfd(m_directory.get()), found->d_name, &status, 0) != 0)
+                status.st_mode = S_IWUSR;
+            entry.attributes = AttributesOf(status, name);
+            entry.name = std::move(name);
+            return ErrorCode::Success;
+        }
+    }
+
+private:
+    fs::path m_folder;
+    std::string m_pattern;
+    struct Closer {
+        void operator()(DIR* directory) const { ::closedir(directory); }
+    };
+    std::unique_ptr<DIR, Closer> m_directory;
+};
+
+class HostFileSystem final : public FileSystem {
+public:
+    int Attributes(const std::string& path, std::uint32_t& attributes) override {
+        attributes = 0;
+        const fs::path host = ToHostPath(path);
+        if (host.empty()) return ErrorCode::PathNotFound;
+        struct stat status {};
+        if (::stat(host.c_str(), &status) != 0) return MissingCode(host, errno);
+        attributes = AttributesOf(status, host.filename().string());
+        return ErrorCode::Success;
+    }
+
+    int Search(const std::string& pattern, std::unique_ptr<DirectorySearch>& search,
+               DirectoryEntry& first) override {
+        search.reset();
+        const std::size_t slash = pattern.find_last_of("\\/");
+        const std::string name = slash == std::string::npos ? pattern : pattern.substr(slash + 1);
+        if (name.find_first_of("*?") == std::string::npos) return SearchOne(pattern, search, first);
+        const std::string folder = slash == std::string::npos ? "C:\\" : pattern.substr(0, slash + 1);
+        const fs::path host = ToHostPath(folder);
+        auto found = std::make_unique<PatternSearch>(host, name);
+        if (host.empty() || !found->IsOpen()) return ErrorCode::PathNotFound;
+        const int result = found->Next(first);
+        if (result == ErrorCode::NoMoreItems) return ErrorCode::FileNotFound;
+        if (result == ErrorCode::Success) search = std::move(found);
+        return result;
+    }
+
+    int MakeFolder(const std::string& path) override {
+        const fs::path host = ToHostPath(path);
+        if (host.empty()) return ErrorCode::PathNotFound;
+        if (::mkdir(host.c_str(), 0777) == 0) return ErrorCode::Success;
+        return MissingCode(host, errno) == ErrorCode::FileNotFound ? ErrorCode::PathNotFound
+                                                                   : MissingCode(host, errno);
+    }
+
+    int OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) override {
+        reader.reset();
+        const fs::path host = ToHostPath(path);
+        if (host.empty()) return ErrorCode::PathNotFound;
+        // Without O_NONBLOCK, opening a pipe that nobody writes to would hang the program.
+        FileHandle handle(::open(host.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+        if (!handle) return MissingCode(host, errno);
+        struct stat status {};
+        if (::fstat(handle.Get(), &status) != 0) return ErrorFromErrno(errno, ErrorCode::ReadFault);
+        if (!S_ISREG(status.st_mode)) return ErrorCode::AccessDenied;
+        reader = std::make_unique<HostReader>(std::move(handle));
+        return ErrorCode::Success;
+    }
+
+    int CreateNew(const std::string& path, std::unique_ptr<FileWriter>& writer) override {
+        writer.reset();
+        const fs::path host = ToHostPath(path);
+        if (host.empty()) return ErrorCode::PathNotFound;
+        FileHandle handle(::open(host.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
+        if (!handle) return MissingCode(host, errno);
+        writer = std::make_unique<HostWriter>(std::move(handle));
+        return ErrorCode::Success;
+    }
+
+    int RemoveFile(const std::string& path) override {
+        const fs::path host = ToHostPath(path);
+        if (host.empty()) return ErrorCode::PathNotFound;
+        return ::unlink(host.c_str()) != 0 ? MissingCode(host, errno) : ErrorCode::Success;
+    }
+
+    int CopyAccessRights(const std::string& from, const std::string& to) override {
+        const fs::path source = ToHostPath(from);
+        const fs::path target = ToHostPath(to);
+        struct stat status {};
+        if (::stat(source.c_str(), &status) != 0) return MissingCode(source, errno);
+        // Only root may give files away; for everybody else the group is worth a try and failing is no error.
+        if (::chown(target.c_str(), status.st_uid, status.st_gid) != 0 &&
+            ::chown(target.c_str(), static_cast<uid_t>(-1), status.st_gid) != 0 && errno != EPERM)
+            return ErrorFromErrno(errno, ErrorCode::WriteFault);
+        return ::chmod(target.c_str(), status.st_mode & 07777) != 0 ? MissingCode(target, errno)
+                                                                    : ErrorCode::Success;
+    }
+
+    int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
+        const fs::path source = FinalPath(ToHostPath(path));
+        const fs::path target = ToHostPath(copy);
+        if (source.empty() || target.empty()) return ErrorCode::PathNotFound;
+        struct stat status {};
+        if (::stat(source.c_str(), &status) != 0) return MissingCode(source, errno);
+        if (!mayReplace && ::lstat(target.c_str(), &status) == 0) return ErrorCode::AlreadyExists;
+        const fs::path temporary = target.string() + "." + std::to_string(::getpid()) + "~";
+        ::unlink(temporary.c_str());
+        if (const int result = CopyContents(source, temporary); result != ErrorCode::Success) {
+            ::unlink(temporary.c_str());
+            return result;
+        }
+        const int renamed = mayReplace ? ::rename(temporary.c_str(), target.c_str())
+                                       : ::link(temporary.c_str(), target.c_str());
+        const int error = errno;
+        if (renamed != 0 || !mayReplace) ::unlink(temporary.c_str());
+        return renamed != 0 ? ErrorFromErrno(error, ErrorCode::WriteFault)
+                            : FlushFolder(target.parent_path());
+    }
+
+    int Replace(const std::string& path, const std::string& replacement) override {
+        const fs::path target = FinalPath(ToHostPath(path));
+        const fs::path source = ToHostPath(replacement);
+        if (target.empty() || source.empty()) return ErrorCode::PathNotFound;
+        struct stat status {};
+        if (::stat(target.c_str(), &status) == 0) {
+            if (S_ISDIR(status.st_mode)) return ErrorCode::AccessDenied;
+            // A rename would not care that the file is write-protected, but whoever protected it does.
+            if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) return ErrorCode::AccessDenied;
+        }
+        if (::rename(source.c_str(), target.c_str()) != 0) return MissingCode(target, errno);
+        return FlushFolder(target.parent_path());
+    }
+
+private:
+    static int SearchOne(const std::string& path, std::unique_ptr<DirectorySearch>& search,
+                         DirectoryEntry& first) {
+        const fs::path host = ToHostPath(path);
+        if (host.empty()) return ErrorCode::PathNotFound;
+        struct stat status {};
+        if (::stat(host.c_str(), &status) != 0) return MissingCode(host, errno);
+        first.name = NameFromHost(host.filename().string());
+        first.attributes = AttributesOf(status, first.name);
+        search = std::make_unique<SingleSearch>();
+        return ErrorCode::Success;
+    }
+
+    static int CopyContents(const fs::path& source, const fs::path& target) {
+        const FileHandle in(::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+        if (!in) return MissingCode(source, errno);
+        struct stat status {};
+        if (::fstat(in.Get(), &status) != 0) return ErrorFromErrno(errno, ErrorCode::ReadFault);
+        if (!S_ISREG(status.st_mode)) return ErrorCode::AccessDenied;
+        HostReader reader{FileHandle(::dup(in.Get()))};
+        FileHandle out(::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+        if (!out) return MissingCode(target, errno);
+        if (::fchmod(out.Get(), status.st_mode & 07777) != 0)
+            return ErrorFromErrno(errno, ErrorCode::WriteFault);
+        HostWriter writer(std::move(out));
+        std::array<char, 65536> buffer{};
+        for (;;) {
+            std::size_t count = 0;
+            if (const int result = reader.Read(buffer.data(), buffer.size(), count); result != 0)
+                return result;
+            if (count == 0) break;
+            if (const int result = writer.Write({buffer.data(), count}); result != 0) return result;
+        }
+        if (const int result = writer.Flush(); result != ErrorCode::Success) return result;
+        return writer.Close();
+    }
+};
+
+} // namespace
+
+FileSystem& StationFiles() {
+    static HostFileSystem files;
+    return files;
+}
+
+std::string ProgramFolder() {
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error);
+    return portable::ToWindowsPath(error ? fs::current_path() : program.parent_path());
+}
+
+} // namespace nesk::platform

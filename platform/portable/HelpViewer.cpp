@@ -1,0 +1,54 @@
+#include "platform/HelpViewer.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
+#include "platform/portable/Station.h"
+#include "platform/portable/ViewerProcess.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <vector>
+
+namespace nesk::platform {
+
+namespace {
+
+// There is one help window, as on Windows: what is shown next takes the place of what is shown now.
+portable::ViewerProcess& Viewer() {
+    static portable::ViewerProcess viewer;
+    return viewer;
+}
+
+bool FileExists(const std::string& file) {
+    std::uint32_t attributes = 0;
+    return StationFiles().Attributes(file, attributes) == ErrorCode::Success &&
+           (attributes & FileAttribute::Directory) == 0;
+}
+
+std::string ViewerName() {
+    const char* name = std::getenv("NESKMANAGER_HELPVIEWER");
+    return name != nullptr && *name != '\0' ? name : "xchm";
+}
+
+} // namespace
+
+HelpResult ShowHtmlHelp(void*, const std::string& file, unsigned command, std::uint32_t data) {
+    if (!FileExists(file)) return HelpResult::FileMissing;
+    std::vector<std::string> arguments{ViewerName()};
+    if (command == HtmlHelpCommand::Topic) arguments.insert(arguments.end(), {"-c", std::to_string(data)});
+    arguments.push_back(portable::ToHostPath(file).string());
+    switch (Viewer().Start(arguments)) {
+    case 0: return HelpResult::Shown;
+    case ENOENT:
+    case ENOTDIR:
+    // A program of the name that may not be run is none.
+    case EACCES: return HelpResult::ViewerMissing;
+    default: return HelpResult::Failed;
+    }
+}
+
+HelpResult ShowClassicHelp(void*, const std::string& file, unsigned, std::uint32_t) {
+    return FileExists(file) ? HelpResult::FormatNotSupported : HelpResult::FileMissing;
+}
+
+} // namespace nesk::platform

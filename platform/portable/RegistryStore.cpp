@@ -1,0 +1,221 @@
+#include "platform/portable/RegistryStore.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/TextEncoding.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace nesk::platform::portable {
+
+namespace {
+
+constexpr std::int64_t SchemaVersion = 1;
+constexpr std::size_t LongestKeyName = 255;
+
+// Subkeys come in the order of their upper-cased names, values in that in which they were first written.
+constexpr const char* Schema = R"(
+CREATE TABLE IF NOT EXISTS keys(
+  id INTEGER PRIMARY KEY AUTOINCREMENT,
+  parent INTEGER NOT NULL,
+  name TEXT NOT NULL,
+  folded TEXT NOT NULL,
+  UNIQUE(parent, folded));
+CREATE TABLE IF NOT EXISTS vals(
+  id INTEGER PRIMARY KEY AUTOINCREMENT,
+  key INTEGER NOT NULL REFERENCES keys(id) ON DELETE CASCADE,
+  name TEXT NOT NULL,
+  folded TEXT NOT NULL,
+  type INTEGER NOT NULL,
+  data BLOB NOT NULL,
+  UNIQUE(key, folded));
+PRAGMA user_version = 1;
+)";
+
+int ReadVersion(Database& database, std::int64_t& version) {
+    Statement statement(database, "PRAGMA user_version");
+    bool row = false;
+    const int result = statement.Step(row);
+    version = row ? statement.Number(0) : 0;
+    return result;
+}
+
+int Prepare(Database& database) {
+    // With a write-ahead log a program that is killed at any moment leaves what was committed, and readers
+    // and the writer of another program do not wait for each other. NORMAL can lose the last writes to a
+    // power cut, never the store.
+    database.Execute("PRAGMA journal_mode = WAL");
+    database.Execute("PRAGMA synchronous = NORMAL");
+    std::int64_t version = 0;
+    if (const int result = ReadVersion(database, version); result != ErrorCode::Success) return result;
+    if (version > SchemaVersion) return ErrorCode::BadDatabase;
+    if (version == SchemaVersion) return database.Execute("PRAGMA foreign_keys = ON");
+    WriteTransaction transaction(database);
+    if (transaction.Result() != ErrorCode::Success) return transaction.Result();
+    if (const int result = database.Execute(Schema); result != ErrorCode::Success) return result;
+    if (const int result = transaction.Commit(); result != ErrorCode::Success) return result;
+    return database.Execute("PRAGMA foreign_keys = ON");
+}
+
+std::vector<std::string> Levels(const std::string& path) {
+    std::vector<std::string> levels;
+    for (std::size_t from = 0; from < path.size();) {
+        const std::size_t end = std::min(path.find('\\', from), path.size());
+        if (end > from) levels.push_back(path.substr(from, end - from));
+        from = end + 1;
+    }
+    return levels;
+}
+
+std::size_t CharacterCount(const std::string& text) {
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+}
+
+} // namespace
+
+int RegistryStore::Open(const std::filesystem::path& file, bool create,
+                        std::unique_ptr<RegistryStore>& store) {
+    auto database = std::make_unique<Database>();
+    if (const int result = database->Open(file, create); result != ErrorCode::Success) return result;
+    if (const int result = Prepare(*database); result != ErrorCode::Success) return result;
+    store.reset(new RegistryStore(std::move(database)));
+    return ErrorCode::Success;
+}
+
+RegistryStore::RegistryStore(std::unique_ptr<Database> database)
+    : m_owner(std::move(database))
+    , m_database(*m_owner)
+    , m_exists(m_database, "SELECT 1 FROM keys WHERE id = ?")
+    , m_findChild(m_database, "SELECT id FROM keys WHERE parent = ? AND folded = ?")
+    , m_addKey(m_database, "INSERT INTO keys(parent, name, folded) VALUES(?, ?, ?) RETURNING id")
+    , m_hasChild(m_database, "SELECT 1 FROM keys WHERE parent = ? LIMIT 1")
+    , m_deleteKey(m_database, "DELETE FROM keys WHERE id = ?")
+    , m_subkeyAt(m_database, "SELECT name FROM keys WHERE parent = ? ORDER BY folded LIMIT 1 OFFSET ?")
+    , m_readValue(m_database, "SELECT name, type, data FROM vals WHERE key = ? AND folded = ?")
+    , m_valueAt(m_database, "SELECT name, type, data FROM vals WHERE key = ? ORDER BY id LIMIT 1 OFFSET ?")
+    , m_writeValue(m_database,
+                   "INSERT INTO vals(key, name, folded, type, data) VALUES(?, ?, ?, ?, ?) "
+                   "ON CONFLICT(key, folded) DO UPDATE SET type = excluded.type, data = excluded.data")
+    , m_deleteValue(m_database, "DELETE FROM vals WHERE key = ? AND folded = ? RETURNING 1") {}
+
+int RegistryStore::CheckKey(std::int64_t key) {
+    if (key == Root) return ErrorCode::Success;
+    bool row = false;
+    const int result = m_exists.Start().Bind(key).Step(row);
+    m_exists.Start();
+    return result == ErrorCode::Success && !row ? ErrorCode::KeyDeleted : result;
+}
+
+int RegistryStore::FindChild(std::int64_t parent, const std::string& name, std::int64_t& key) {
+    const std::string folded = ToUpper(name);
+    bool row = false;
+    const int result = m_findChild.Start().Bind(parent).Bind(folded).Step(row);
+    if (row) key = m_findChild.Number(0);
+    m_findChild.Start();
+    return result == ErrorCode::Success && !row ? ErrorCode::FileNotFound : result;
+}
+
+int RegistryStore::FindKey(std::int64_t parent, const std::string& path, std::int64_t& key) {
+    std::int64_t found = parent;
+    for (const std::string& level : Levels(path))
+        if (const int result = FindChild(found, level, found); result != ErrorCode::Success) return result;
+    key = found;
+    return ErrorCode::Success;
+}
+
+int RegistryStore::MakeKey(std::int64_t parent, const std::string& path, std::int64_t& key) {
+    if (FindKey(parent, path, key) == ErrorCode::Success) return ErrorCode::Success;
+    const std::vector<std::string> levels = Levels(path);
+    for (const std::string& level : levels)
+        if (CharacterCount(level) > LongestKeyName) return ErrorCode::InvalidParameter;
+    WriteTransaction transaction(m_database);
+    if (transaction.Result() != ErrorCode::Success) return transaction.Result();
+    if (const int result = CheckKey(parent); result != ErrorCode::Success) return result;
+    std::int64_t made = parent;
+    for (const std::string& level : levels) {
+        int result = FindChild(made, level, made);
+        if (result == ErrorCode::FileNotFound) {
+            const std::string folded = ToUpper(level);
+            bool row = false;
+            result = m_addKey.Start().Bind(made).Bind(level).Bind(folded).Step(row);
+            if (row) made = m_addKey.Number(0);
+            m_addKey.Start();
+        }
+        if (result != ErrorCode::Success) return result;
+    }
+    key = made;
+    return transaction.Commit();
+}
+
+int RegistryStore::DeleteKey(std::int64_t key) {
+    WriteTransaction transaction(m_database);
+    if (transaction.Result() != ErrorCode::Success) return transaction.Result();
+    bool row = false;
+    const int result = m_hasChild.Start().Bind(key).Step(row);
+    m_hasChild.Start();
+    if (result != ErrorCode::Success) return result;
+    if (row) return ErrorCode::AccessDenied;
+    if (const int deleted = m_deleteKey.Start().Bind(key).Run(); deleted != ErrorCode::Success)
+        return deleted;
+    return transaction.Commit();
+}
+
+int RegistryStore::SubkeyName(std::int64_t key, std::uint32_t index, std::string& name) {
+    bool row = false;
+    const int result = m_subkeyAt.Start().Bind(key).Bind(std::int64_t{index}).Step(row);
+    if (row) name = m_subkeyAt.Bytes(0);
+    m_subkeyAt.Start();
+    return result == ErrorCode::Success && !row ? ErrorCode::NoMoreItems : result;
+}
+
+namespace {
+
+int ReadRow(Statement& statement, StoredValue& value, int missing) {
+    bool row = false;
+    const int result = statement.Step(row);
+    if (row)
+        value = {statement.Bytes(0), static_cast<std::uint32_t>(statement.Number(1)), statement.Bytes(2)};
+    statement.Start();
+    return result == ErrorCode::Success && !row ? missing : result;
+}
+
+} // namespace
+
+int RegistryStore::ReadValue(std::int64_t key, const std::string& name, StoredValue& value) {
+    const std::string folded = ToUpper(name);
+    m_readValue.Start().Bind(key).Bind(folded);
+    return ReadRow(m_readValue, value, ErrorCode::FileNotFound);
+}
+
+int RegistryStore::ReadValueAt(std::int64_t key, std::uint32_t index, StoredValue& value) {
+    m_valueAt.Start().Bind(key).Bind(std::int64_t{index});
+    return ReadRow(m_valueAt, value, ErrorCode::NoMoreItems);
+}
+
+int RegistryStore::WriteValue(std::int64_t key, const std::string& name, std::uint32_t type,
+                              const std::string& data) {
+    const std::string folded = ToUpper(name);
+    return m_writeValue.Start()
+        .Bind(key)
+        .Bind(name)
+        .Bind(folded)
+        .Bind(std::int64_t{type})
+        .BindBlob(data)
+        .Run();
+}
+
+int RegistryStore::DeleteValue(std::int64_t key, const std::string& name) {
+    const std::string folded = ToUpper(name);
+    bool row = false;
+    int result = m_deleteValue.Start().Bind(key).Bind(folded).Step(row);
+    // The row comes before the statement has done its work; it is finished by running it to its end.
+    bool more = row;
+    while (more && result == ErrorCode::Success)
+        result = m_deleteValue.Step(more);
+    m_deleteValue.Start();
+    return result == ErrorCode::Success && !row ? ErrorCode::FileNotFound : result;
+}
+
+} // namespace nesk::platform::portable

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "platform/portable/Database.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+namespace nesk::platform::portable {
+
+/// A value as it is stored.
+struct StoredValue {
+    std::string name;
+    std::uint32_t type = 0;
+    std::string data; ///< text types in UTF-8, others as they were written
+};
+
+/// The tables of keys and values in a station's registry.db. Names are UTF-8. Keys are known by row numbers
+/// that are never used twice; Root is the machine's settings. Operations answer with result codes
+/// (ErrorCode.h).
+class RegistryStore {
+public:
+    static constexpr std::int64_t Root = 0;
+
+    /// Opens the store. FileNotFound when it is missing and not to be created; BadDatabase when it is none of
+    /// ours.
+    static int Open(const std::filesystem::path& file, bool create, std::unique_ptr<RegistryStore>& store);
+
+    bool IsReadOnly() const { return m_database.IsReadOnly(); }
+
+    /// Success when the key exists, KeyDeleted when it does not.
+    int CheckKey(std::int64_t key);
+
+    /// The key at a path below another; empty levels are skipped.
+    int FindKey(std::int64_t parent, const std::string& path, std::int64_t& key);
+
+    /// As FindKey, creating what is missing. InvalidParameter for a level of over 255 characters.
+    int MakeKey(std::int64_t parent, const std::string& path, std::int64_t& key);
+
+    int DeleteKey(std::int64_t key);
+    int SubkeyName(std::int64_t key, std::uint32_t index, std::string& name);
+
+    int ReadValue(std::int64_t key, const std::string& name, StoredValue& value);
+    int ReadValueAt(std::int64_t key, std::uint32_t index, StoredValue& value);
+    int WriteValue(std::int64_t key, const std::string& name, std::uint32_t type, const std::string& data);
+    int DeleteValue(std::int64_t key, const std::string& name);
+
+private:
+    explicit RegistryStore(std::unique_ptr<Database> database);
+
+    int FindChild(std::int64_t parent, const std::string& name, std::int64_t& key);
+
+    std::unique_ptr<Database> m_owner;
+    Database& m_database;
+    Statement m_exists;
+    Statement m_findChild;
+    Statement m_addKey;
+    Statement m_hasChild;
+    Statement m_deleteKey;
+    Statement m_subkeyAt;
+    Statement m_readValue;
+    Statement m_valueAt;
+    Statement m_writeValue;
+    Statement m_deleteValue;
+};
+
+} // namespace nesk::platform::portable

@@ -1,0 +1,220 @@
+#include "platform/portable/StationRegistry.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/Registry.h"
+#include "platform/TextEncoding.h"
+#include "platform/portable/RegistryStore.h"
+#include "platform/portable/Station.h"
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <unordered_map>
+
+namespace nesk::platform {
+
+namespace {
+
+using portable::RegistryStore;
+using portable::StoredValue;
+
+namespace Right {
+constexpr std::uint32_t QueryValue = 1;
+constexpr std::uint32_t SetValue = 2;
+constexpr std::uint32_t CreateSubKey = 4;
+constexpr std::uint32_t EnumerateSubKeys = 8;
+constexpr std::uint32_t AnyWrite = SetValue | CreateSubKey;
+} // namespace Right
+
+constexpr std::size_t LongestValueName = 16383;
+
+bool IsText(std::uint32_t type) {
+    return type == RegType::Text || type == RegType::ExpandText || type == RegType::MultiText;
+}
+
+// Text as the ANSI functions give it: a character without a place in the code page comes as "?", one at a
+// time.
+std::string Narrow(const std::string& text) {
+    if (std::optional<std::string> bytes = ToAnsi(text)) return std::move(*bytes);
+    std::string bytes;
+    for (std::size_t at = 0; at < text.size();) {
+        std::size_t length = 1;
+        while (at + length < text.size() && (static_cast<unsigned char>(text[at + length]) & 0xC0) == 0x80)
+            ++length;
+        bytes += ToAnsi(std::string_view(text).substr(at, length)).value_or("?");
+        at += length;
+    }
+    return bytes;
+}
+
+std::string DataOf(const StoredValue& value) {
+    return IsText(value.type) ? Narrow(value.data) : value.data;
+}
+
+// Copies a value's data by the rules of the registry functions.
+int CopyData(const std::string& data, char* buffer, std::uint32_t* size) {
+    if (size == nullptr) return buffer == nullptr ? ErrorCode::Success : ErrorCode::InvalidParameter;
+    const std::uint32_t capacity = *size;
+    *size = static_cast<std::uint32_t>(data.size());
+    if (buffer == nullptr) return ErrorCode::Success;
+    if (data.size() > capacity) return ErrorCode::MoreData;
+    std::memcpy(buffer, data.data(), data.size());
+    return ErrorCode::Success;
+}
+
+class SqliteRegistry final : public Registry {
+public:
+    void Reopen() {
+        m_store.reset();
+        m_handles.clear();
+    }
+
+    int OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
+        return Open(parent, path, access, false, key);
+    }
+
+    int CreateKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
+        return Open(parent, path, access, true, key);
+    }
+
+    int CloseKey(RegKey key) override {
+        if (key == LocalMachine) return ErrorCode::Success;
+        return m_handles.erase(key) != 0 ? ErrorCode::Success : ErrorCode::InvalidHandle;
+    }
+
+    int QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
+                   std::uint32_t* size) override {
+        std::int64_t row = 0;
+        if (const int result = Use(key, Right::QueryValue, row); result != ErrorCode::Success) return result;
+        StoredValue value;
+        if (const int result = m_store->ReadValue(row, FromAnsi(name), value); result != ErrorCode::Success)
+            return result;
+        if (type != nullptr) *type = value.type;
+        return CopyData(DataOf(value), data, size);
+    }
+
+    int SetValue(RegKey key, const std::string& name, std::uint32_t type, std::string_view data) override {
+        if (name.size() > LongestValueName) return ErrorCode::InvalidParameter;
+        std::int64_t row = 0;
+        if (const int result = Use(key, Right::SetValue, row); result != ErrorCode::Success) return result;
+        const std::string stored = IsText(type) ? FromAnsi(data) : std::string(data);
+        return m_store->WriteValue(row, FromAnsi(name), type, stored);
+    }
+
+    int DeleteValue(RegKey key, const std::string& name) override {
+        std::int64_t row = 0;
+        if (const int result = Use(key, Right::SetValue, row); result != ErrorCode::Success) return result;
+        return m_store->DeleteValue(row, FromAnsi(name));
+    }
+
+    int DeleteKey(RegKey parent, const std::string& subKey) override {
+        if (subKey.empty()) return ErrorCode::InvalidParameter;
+        std::int64_t row = 0;
+        if (const int result = Use(parent, 0, row); result != ErrorCode::Success) return result;
+        if (const int result = m_store->FindKey(row, FromAnsi(subKey), row); result != ErrorCode::Success)
+            return result;
+        return m_store->DeleteKey(row);
+    }
+
+    int EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) override {
+        std::int64_t row = 0;
+        if (const int result = Use(key, Right::EnumerateSubKeys, row); result != ErrorCode::Success)
+            return result;
+        std::string found;
+        if (const int result = m_store->SubkeyName(row, index, found); result != ErrorCode::Success)
+            return result;
+        const std::string bytes = Narrow(found);
+        if (bytes.size() >= capacity) return ErrorCode::MoreData;
+        std::memcpy(name, bytes.c_str(), bytes.size() + 1);
+        return ErrorCode::Success;
+    }
+
+    int EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize, std::uint32_t* type,
+                  char* data, std::uint32_t* size) override {
+        std::int64_t row = 0;
+        if (const int result = Use(key, Right::QueryValue, row); result != ErrorCode::Success) return result;
+        StoredValue value;
+        if (const int result = m_store->ReadValueAt(row, index, value); result != ErrorCode::Success)
+            return result;
+        const std::string bytes = Narrow(value.name);
+        if (bytes.size() >= *nameSize) return ErrorCode::MoreData;
+        std::memcpy(name, bytes.c_str(), bytes.size() + 1);
+        *nameSize = static_cast<std::uint32_t>(bytes.size());
+        if (type != nullptr) *type = value.type;
+        return CopyData(DataOf(value), data, size);
+    }
+
+    std::string Location() const override { return portable::ToWindowsPath(File()); }
+
+private:
+    struct Handle {
+        std::int64_t row;
+        std::uint32_t access;
+    };
+
+    static std::filesystem::path File() { return portable::StationFolder() / "registry.db"; }
+
+    // Opens the store where it is not open yet. It is made only when something is to be written.
+    int EnsureStore(bool create) {
+        if (m_store) return ErrorCode::Success;
+        std::error_code error;
+        if (create) {
+            std::filesystem::create_directories(portable::StationFolder(), error);
+            if (error) return ErrorCode::AccessDenied;
+        }
+        return RegistryStore::Open(File(), create, m_store);
+    }
+
+    int Open(RegKey parent, const std::string& path, std::uint32_t access, bool create, RegKey& key) {
+        key = 0;
+        if (path.starts_with('\\')) return ErrorCode::BadPathName;
+        if (const int result = EnsureStore(create); result != ErrorCode::Success) return result;
+        std::int64_t row = 0;
+        // Opening a key asks no right of its parent; creating one does.
+        if (const int result = Use(parent, create ? Right::CreateSubKey : 0, row);
+            result != ErrorCode::Success)
+            return result;
+        const std::string name = FromAnsi(path);
+        const int found = create ? m_store->MakeKey(row, name, row) : m_store->FindKey(row, name, row);
+        if (found != ErrorCode::Success) return found;
+        if ((access & Right::AnyWrite) != 0 && m_store->IsReadOnly()) return ErrorCode::AccessDenied;
+        key = ++m_lastHandle;
+        m_handles[key] = {row, access};
+        return ErrorCode::Success;
+    }
+
+    // The row of an open key that has the rights asked for.
+    int Use(RegKey key, std::uint32_t rights, std::int64_t& row) {
+        if (key == LocalMachine) {
+            row = RegistryStore::Root;
+            return EnsureStore((rights & Right::AnyWrite) != 0);
+        }
+        const auto found = m_handles.find(key);
+        if (found == m_handles.end()) return ErrorCode::InvalidHandle;
+        if ((found->second.access & rights) != rights) return ErrorCode::AccessDenied;
+        row = found->second.row;
+        return m_store->CheckKey(row);
+    }
+
+    std::unique_ptr<RegistryStore> m_store;
+    std::unordered_map<RegKey, Handle> m_handles;
+    // Handle numbers start beside those of the predefined keys.
+    RegKey m_lastHandle = std::uint64_t{1} << 32;
+};
+
+SqliteRegistry& TheRegistry() {
+    static SqliteRegistry registry;
+    return registry;
+}
+
+} // namespace
+
+Registry& StationRegistry() {
+    return TheRegistry();
+}
+
+void portable::ReopenStationRegistry() {
+    TheRegistry().Reopen();
+}
+
+} // namespace nesk::platform

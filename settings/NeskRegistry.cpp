@@ -1,0 +1,111 @@
+#include "settings/NeskRegistry.h"
+
+#include "settings/RegEntry.h"
+#include "shell/NeskError.h"
+#include "shell/modConvert.h"
+#include "shell/modUtilities.h"
+
+#include <functional>
+
+namespace nesk {
+
+namespace {
+
+const std::string ProductKey = "Neskworks";
+constexpr std::int16_t DefaultHistoryMaxParts = 20;
+
+struct TextSetting {
+    const char* name;
+    std::string NeskRegistry::*field;
+};
+
+// The texts before, between and after the two numbers, each group in the order in which it is written.
+constexpr TextSetting Directories[] = {
+    {"NeskRoot", &NeskRegistry::NeskRoot},
+    {"DefaultSlideDirectory", &NeskRegistry::DefaultSlideDirectory},
+    {"DefaultBitmapDirectory", &NeskRegistry::DefaultBitmapDirectory},
+    {"HistoryDirectory", &NeskRegistry::HistoryDirectory},
+    {"HistoryTitle", &NeskRegistry::HistoryTitle},
+};
+constexpr TextSetting Identity[] = {
+    {"NeskMachine", &NeskRegistry::NeskMachine},
+    {"NeskUser", &NeskRegistry::NeskUser},
+    {"ExitKey", &NeskRegistry::ExitKey},
+};
+constexpr TextSetting Printer[] = {
+    {"PrinterDevice", &NeskRegistry::PrinterDevice},
+    {"PrinterDriver", &NeskRegistry::PrinterDriver},
+    {"PrinterOrientation", &NeskRegistry::PrinterOrientation},
+    {"PrinterPaperSize", &NeskRegistry::PrinterPaperSize},
+    {"PrinterPaperBin", &NeskRegistry::PrinterPaperBin},
+    {"PrinterQuality", &NeskRegistry::PrinterQuality},
+    {"PrinterZoom", &NeskRegistry::PrinterZoom},
+};
+
+// Runs one step of a load; a step that fails leaves its field as it was.
+void Guarded(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const NeskError&) {
+    }
+}
+
+std::int16_t NumberOrZero(const std::string& text) {
+    try {
+        return modConvert::CInt(text);
+    } catch (const NeskError&) {
+        return 0;
+    }
+}
+
+} // namespace
+
+NeskRegistry& NeskRegistry::Instance() {
+    static NeskRegistry record;
+    return record;
+}
+
+void NeskRegistry::Load() {
+    RegEntry entry;
+    const auto readTexts = [&](const auto& settings) {
+        for (const TextSetting& setting : settings)
+            Guarded([&] { this->*setting.field = entry.GetString(setting.name); });
+    };
+    Guarded([&] { entry.OpenKey(ProductKey); });
+    readTexts(Directories);
+    // The test asks for a subkey, where there is only a value: what was saved is not read back and the number
+    // of parts always starts at its default. Kept: what starts at 20 today must not change with an update.
+    Guarded([&] {
+        HistoryMaxParts = entry.TestKey(ProductKey + "\\HistoryMaxParts")
+                              ? NumberOrZero(entry.GetString("HistoryMaxParts"))
+                              : DefaultHistoryMaxParts;
+    });
+    Guarded([&] { SampleSize = modConvert::CInt(entry.GetString("SampleSize")); });
+    readTexts(Identity);
+    readTexts(Printer);
+}
+
+void NeskRegistry::Save() {
+    try {
+        RegEntry entry;
+        const auto writeTexts = [&](const auto& settings) {
+            for (const TextSetting& setting : settings)
+                entry.SetString(setting.name, this->*setting.field);
+        };
+        entry.CreateKey(ProductKey);
+        writeTexts(Directories);
+        entry.SetString("HistoryMaxParts", std::to_string(HistoryMaxParts));
+        entry.SetString("SampleSize", std::to_string(SampleSize));
+        writeTexts(Identity);
+        writeTexts(Printer);
+    } catch (const NeskError& error) {
+        modUtilities::ReportError(error);
+    }
+}
+
+std::string NeskRegistry::MenuFile() const {
+    if (NeskRoot.empty() || !modUtilities::DirectoryExists(NeskRoot)) return "";
+    return NeskRoot + "\\menu.cfg";
+}
+
+} // namespace nesk

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string_view>
+#include <wx/bmpbndl.h>
+
+namespace nesk {
+
+/// A picture that belongs to the program, sharp at every size and screen resolution.
+/// @param key   "folder" and "part" of the trees, "app" of the program; "Critical", "Question", "Exclamation"
+///              and "Information" of the message box
+/// @param size  size in pixels of a screen at normal resolution
+/// @return an empty bundle for an unknown key
+wxBitmapBundle IconBundle(std::string_view key, wxSize size);
+
+} // namespace nesk

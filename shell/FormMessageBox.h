@@ -1,0 +1,52 @@
+#pragma once
+
+#include "shell/MessageBoxLayout.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <wx/dialog.h>
+
+class wxButton;
+class wxStaticBitmap;
+class wxStaticText;
+
+namespace nesk {
+
+/// The program's own message box. Its options and results are those of modMessageBox.
+class FormMessageBox : public wxDialog {
+public:
+    explicit FormMessageBox(wxWindow* parent);
+
+    /// Shows a message and waits for a button.
+    /// @return result code of the button; 0 when the box was closed without one
+    std::int16_t Initialize(const std::string& sText, std::int16_t iOptions, const std::string& sTitle);
+
+    /// Shows a message with an OK button and no icon.
+    void Display(const std::string& s1, const std::string& s2);
+
+    /// Asks a question; true when it was answered with "Yes".
+    bool YesNo(const std::string& s1, const std::string& s2);
+
+    /// Result code of the button that was pressed; 0 until then.
+    std::int16_t ReturnCode() const { return m_returnCode; }
+    void SetReturnCode(std::int16_t value) { m_returnCode = value; }
+
+    // Controls. The buttons are named cmdButton1, cmdButton2, ... from left to right.
+    std::vector<wxButton*> cmdButton;
+    wxStaticBitmap* picIcon = nullptr;
+    wxStaticText* lblMsg = nullptr;
+
+private:
+    void BuildControls(const std::string& text);
+    void FocusDefault();
+    void Finish(std::int16_t resultCode);
+    void OnKey(wxKeyEvent& event);
+    void OnCloseBox(wxCloseEvent& event);
+
+    MessageBoxLayout m_layout;
+    std::int16_t m_returnCode = 0;
+};
+
+} // namespace nesk

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "menu/MenuEditor.h"
+
+#include <bitset>
+#include <cstddef>
+#include <span>
+#include <string>
+
+namespace nesk {
+
+/// The commands of the main window.
+enum class MainCommand {
+    FileOpen,
+    FileSave,
+    FileClose,
+    FileExit,
+    AddPart,
+    AddSubmenu,
+    MoveUp,
+    MoveDown,
+    Edit,
+    Rename,
+    Remove,
+    SettingsAccess,
+    SettingsOptions,
+    HelpContents,
+    HelpWindow,
+    Count
+};
+
+constexpr std::size_t MainCommandCount = static_cast<std::size_t>(MainCommand::Count);
+
+/// One row of the table that feeds menu bar, context menu and accelerators.
+struct MainCommandInfo {
+    MainCommand command;
+    const char* name;     ///< control name, as "mnuFileOpen"
+    int menu;             ///< message number of the menu it stands in
+    int text;             ///< message number of its caption, with access key and accelerator
+    bool separatorBefore; ///< a line divides it from the command above
+    bool available;       ///< false for a command that has no dialog to open yet
+};
+
+/// All commands, menu by menu, in the order in which they are shown.
+std::span<const MainCommandInfo> MainCommandTable();
+
+/// Which commands are enabled.
+using MainCommandSet = std::bitset<MainCommandCount>;
+
+/// True when `set` holds the command.
+bool Contains(const MainCommandSet& set, MainCommand command);
+
+/// The commands that can be given in a state of the main window.
+/// @param editor          the open menu
+/// @param selectedId      id of the selected entry; "" for none
+/// @param menuRootExists  the menu root folder of the settings exists
+MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& selectedId, bool menuRootExists);
+
+} // namespace nesk

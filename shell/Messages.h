@@ -1,0 +1,110 @@
+#pragma once
+
+/// Numbers of the strings that the program uses, by name. The texts lie in languages/.
+namespace nesk::Message {
+
+// Shared by several windows.
+constexpr int RegKeyNotOpened = 32001; // %0% path
+constexpr int RegLevelNotCreated = 32002;
+constexpr int RegValueNotWritten = 32003; // %0% value name
+constexpr int MenuNotAMenuFile = 32009;   // %0% file
+constexpr int MenuUnknownBlock = 32010;   // %0% line, %1% block type
+constexpr int MenuTextAfterEnd = 32011;   // %0% line
+constexpr int BlockSyntax = 32013;        // %0% line
+constexpr int NoticeTitle = 32015;
+constexpr int SaveChanges = 32016;
+constexpr int ConfirmTitle = 32017;
+constexpr int NewPartCaption = 32018;
+constexpr int NewSubmenuCaption = 32019;
+constexpr int RootNotRemovable = 32020;
+constexpr int ConfirmRemove = 32021;
+constexpr int WindowCaption = 32049;
+constexpr int MenuFileMissing = 32053; // %0% file
+
+constexpr int ApplicationTitle = 34001;
+
+// Menu bar.
+constexpr int MenuFile = 34010;
+constexpr int FileOpen = 34011;
+constexpr int FileSave = 34012;
+constexpr int FileClose = 34013;
+constexpr int FileExit = 34014;
+constexpr int MenuMenu = 34020;
+constexpr int AddPart = 34021;
+constexpr int AddSubmenu = 34022;
+constexpr int MoveUp = 34023;
+constexpr int MoveDown = 34024;
+constexpr int Edit = 34025;
+constexpr int Remove = 34026;
+constexpr int Rename = 34027;
+constexpr int MenuSettings = 34030;
+constexpr int SettingsAccess = 34031;
+constexpr int SettingsOptions = 34032;
+constexpr int MenuHelp = 34040;
+constexpr int HelpContents = 34041;
+constexpr int HelpWindow = 34042;
+/// Added to a command's number: the line that explains it in the status bar.
+constexpr int StatusHelpOffset = 40;
+
+// Run-time errors.
+constexpr int Overflow = 34100;
+constexpr int TypeMismatch = 34101; // %0% text
+constexpr int DivisionByZero = 34102;
+constexpr int SubscriptOutOfRange = 34103; // %0% index
+constexpr int FileNotFound = 34104;        // %0% path, as for the others of a file
+constexpr int PathNotFound = 34105;
+constexpr int PermissionDenied = 34106;
+constexpr int DiskFull = 34107;
+constexpr int FileInUse = 34108;
+constexpr int DeviceError = 34109; // %1% system code
+constexpr int InvalidName = 34110;
+constexpr int FileExists = 34111;
+
+// Error report.
+constexpr int ErrorPlain = 34120;    // %0% number, %1% text
+constexpr int ErrorWithLine = 34121; // %2% line, %3% file
+constexpr int ErrorWithFile = 34122; // %2% file
+constexpr int ErrorTitle = 34123;
+constexpr int ErrorUnexpected = 34124; // %0% text
+
+// Model.
+constexpr int NotImplementedAtThisTime = 34130;
+constexpr int NotEncodable = 34131; // %0% text, %1% character, %2% code page
+constexpr int LineBreakInText = 34132;
+constexpr int TooManyChildren = 34133;
+constexpr int CounterOverflow = 34134; // %0% line
+constexpr int NoMenuRoot = 34135;
+constexpr int RegNotEncodable = 34136; // %0% value name, %1% character, %2% code page
+constexpr int NoEndingZero = 34137;
+
+// Opening and saving.
+constexpr int OpenFailed = 34140; // %0% error
+constexpr int SaveFailed = 34141; // %0% error
+constexpr int IncompleteBar = 34142;
+constexpr int SaveIncomplete = 34143; // %0% file, %1% name of the copy
+constexpr int SaveChanged = 34144;    // %0% file, %1% name of the copy
+constexpr int SaveQuestionTitle = 34145;
+constexpr int DirtyTitle = 34146;    // %0% window caption
+constexpr int BackupFailed = 34147;  // %0% path, %1% reason
+constexpr int CommandFailed = 34148; // %0% error
+
+// Start-up.
+constexpr int StoreNotOpened = 34150; // %0% place, %1% code, as for the next three
+constexpr int StoreDamaged = 34151;
+constexpr int StoreInUse = 34152;
+constexpr int StoreDenied = 34153;
+constexpr int LanguageNotANumber = 34154; // %0% text
+
+// Help.
+constexpr int HelpFileMissing = 34160; // %0% file, as for the next three
+constexpr int HelpViewerMissing = 34161;
+constexpr int HelpFormat = 34162;
+constexpr int HelpFailed = 34163;
+constexpr int HelpTitle = 34164;
+
+// Names of controls for assistive technology, and states.
+constexpr int TreeName = 34170;
+constexpr int Reading = 34172; // %0% file
+constexpr int Ready = 34173;
+
+} // namespace nesk::Message

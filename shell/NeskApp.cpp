@@ -1,0 +1,46 @@
+#include "shell/NeskApp.h"
+
+#include "shell/FormMain.h"
+#include "shell/FormMessageBox.h"
+#include "shell/FormUtilities.h"
+#include "shell/Messages.h"
+#include "shell/Startup.h"
+#include "shell/modMessageBox.h"
+#include "shell/modUtilities.h"
+
+#include <exception>
+
+namespace nesk {
+
+namespace {
+
+std::int16_t ShowInMessageBox(const std::string& text, std::int16_t options, const std::string& title) {
+    FormMessageBox box(wxTheApp->GetTopWindow());
+    return box.Initialize(text, options, title);
+}
+
+} // namespace
+
+bool NeskApp::OnInit() {
+    SetAppName("neskmanager");
+    modMessageBox::SetHook(ShowInMessageBox);
+    Startup::Main([this] {
+        SetAppDisplayName(modUtilities::ResText(Message::ApplicationTitle));
+        auto* window = new FormMain;
+        SetTopWindow(window);
+        window->Show();
+    });
+    return GetTopWindow() != nullptr;
+}
+
+bool NeskApp::OnExceptionInMainLoop() {
+    try {
+        throw;
+    } catch (const std::exception& error) {
+        modUtilities::ReportError(error);
+    }
+    // The open menu is worth more than a tidy end: go on.
+    return true;
+}
+
+} // namespace nesk

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <wx/app.h>
+
+namespace nesk {
+
+/// The application: starts the program and shows its messages.
+class NeskApp : public wxApp {
+public:
+    bool OnInit() override;
+    bool OnExceptionInMainLoop() override;
+};
+
+} // namespace nesk

@@ -1,0 +1,105 @@
+#include "shell/Startup.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/Registry.h"
+#include "platform/TextEncoding.h"
+#include "settings/NeskRegistry.h"
+#include "settings/RegEntry.h"
+#include "shell/Messages.h"
+#include "shell/NeskError.h"
+#include "shell/modConvert.h"
+#include "shell/modHelp.h"
+#include "shell/modMessageBox.h"
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
+
+#include <string>
+
+namespace nesk::Startup {
+
+namespace {
+
+constexpr int DefaultLanguageID = 1033;
+constexpr const char* HelpBaseName = "OV";
+
+struct State {
+    int languageId = DefaultLanguageID;
+    std::string unusableLanguage; // a value that is no language identifier
+};
+
+State& TheState() {
+    static State state;
+    return state;
+}
+
+std::string StoredLanguage() {
+    try {
+        RegEntry settings;
+        settings.OpenKey("Orvane\\Settings");
+        return settings.GetString("DefaultLanguage");
+    } catch (const NeskError&) {
+        return "";
+    }
+}
+
+// The message for a registry that cannot be used; 0 when it can. A key that does not exist yet is no fault.
+int StoreMessage(int result) {
+    namespace ErrorCode = platform::ErrorCode;
+    switch (result) {
+    case ErrorCode::Success:
+    case ErrorCode::FileNotFound: return 0;
+    case ErrorCode::BadDatabase:
+    case ErrorCode::RegistryCorrupt: return Message::StoreDamaged;
+    case ErrorCode::Busy: return Message::StoreInUse;
+    case ErrorCode::AccessDenied: return Message::StoreDenied;
+    default: return Message::StoreNotOpened;
+    }
+}
+
+void Warn(const std::string& text) {
+    modMessageBox::ShowMessage(text, modMessageBox::Option::Exclamation);
+}
+
+void ReportProblems() {
+    RegEntry probe;
+    probe.TestKey("Neskworks");
+    if (const int message = StoreMessage(probe.LastResult()); message != 0)
+        Warn(modStringRes::FormatResString(message, platform::StationRegistry().Location(),
+                                           probe.LastResult()));
+    if (!TheState().unusableLanguage.empty())
+        Warn(modStringRes::FormatResString(Message::LanguageNotANumber, TheState().unusableLanguage));
+}
+
+} // namespace
+
+int LanguageID() {
+    return TheState().languageId;
+}
+
+void InitLanguage() {
+    State& state = TheState();
+    state = {};
+    if (const std::string stored = StoredLanguage(); !stored.empty()) {
+        try {
+            state.languageId = modConvert::CLng(stored);
+        } catch (const NeskError&) {
+            state.unusableLanguage = stored;
+        }
+    }
+    platform::SelectCodePage(state.languageId);
+    modStringRes::InitStringRes(state.languageId);
+}
+
+void Main(const std::function<void()>& showMainWindow) {
+    try {
+        InitLanguage();
+        modHelp::SetHelpFile(LanguageID(), HelpBaseName);
+        NeskRegistry::Instance().Load();
+        showMainWindow();
+        ReportProblems();
+    } catch (const std::exception& error) {
+        modUtilities::ReportError(error);
+    }
+}
+
+} // namespace nesk::Startup

@@ -1,0 +1,3 @@
+#include "shell/NeskApp.h"
+
+wxIMPLEMENT_APP(nesk::NeskApp);

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+/// Texts by number, from the language resource libraries.
+namespace nesk::modStringRes {
+
+/// What fills the placeholders "%0%" to "%9%"; nothing leaves a placeholder as it stands.
+using Arguments = std::array<std::optional<std::string>, 10>;
+
+/// Selects the language of all texts and releases the libraries of the one before.
+void InitStringRes(int languageId);
+
+/// Releases every loaded library. The loader stays enabled and loads them again when they are asked for.
+void FreeStringRes();
+
+/// Three-letter code of a language identifier; "ENU" for one without an entry.
+std::string LanguageCode(int languageId);
+
+/// The text of a number. "" before InitStringRes; "Error: Resource File Not Found" when the library is
+/// missing; the base text of the number's block, filled with the number, when the library has no such text.
+std::string LoadResString(int id);
+
+/// The text of a number with its placeholders replaced, "%0%" first and "%9%" last. Text that was put in for
+/// one placeholder is searched for the later ones only.
+std::string FormatResStringArray(int id, const Arguments& arguments);
+
+/// The form in which an argument appears in a text.
+template <typename T>
+std::string ArgumentText(T&& value) {
+    if constexpr (std::is_convertible_v<T&&, std::string>)
+        return std::string(std::forward<T>(value));
+    else if constexpr (std::is_constructible_v<std::string, T&&>)
+        return std::string(std::forward<T>(value));
+    else
+        return std::to_string(value);
+}
+
+/// As FormatResStringArray, for up to ten texts or numbers.
+template <typename... Args>
+std::string FormatResString(int id, Args&&... args) {
+    static_assert(sizeof...(Args) <= 10, "a text has ten placeholders");
+    return FormatResStringArray(id, Arguments{ArgumentText(std::forward<Args>(args))...});
+}
+
+} // namespace nesk::modStringRes

@@ -1,0 +1,142 @@
+#include "shell/modUtilities.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
+#include "platform/ProfileFile.h"
+#include "settings/RegEntry.h"
+#include "shell/FileErrors.h"
+#include "shell/modConvert.h"
+
+#include <memory>
+
+namespace nesk::modUtilities {
+
+namespace {
+
+constexpr std::size_t IniBufferSize = 4096;
+
+using platform::DirectoryEntry;
+using platform::DirectorySearch;
+
+// Runs a search to its end, so that none stays open, and tells whether it found an entry that is wanted.
+template <typename Wanted>
+bool SearchFinds(const std::string& path, Wanted wanted) {
+    std::unique_ptr<DirectorySearch> search;
+    DirectoryEntry entry;
+    if (platform::StationFiles().Search(path, search, entry) != platform::ErrorCode::Success) return false;
+    bool found = wanted(entry);
+    while (search->Next(entry) == platform::ErrorCode::Success)
+        found = found || wanted(entry);
+    return found;
+}
+
+} // namespace
+
+std::string Trim(const std::string& text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string::npos) return "";
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+void AddTrailingBackslash(std::string& path) {
+    const std::string trimmed = path.substr(0, path.find_last_not_of(' ') + 1);
+    if (!trimmed.ends_with('\\')) path = trimmed + "\\";
+}
+
+std::string PathJoin(const std::string& base, const std::string& relative) {
+    std::string folder = Trim(base);
+    std::string rest = Trim(relative);
+    if (rest.size() >= 2 && rest[1] == ':') return rest;
+    while (rest.starts_with('.')) {
+        if (rest.starts_with(".\\")) {
+            rest.erase(0, 2);
+        } else if (rest.starts_with("..\\")) {
+            folder = ParentFolder(folder);
+            rest.erase(0, 3);
+        } else {
+            rest.erase(0, 1);
+        }
+    }
+    AddTrailingBackslash(folder);
+    return folder + rest;
+}
+
+std::string ParentFolder(const std::string& path) {
+    const std::size_t last = path.find_last_not_of('\\');
+    if (last == std::string::npos) return "";
+    const std::size_t separator = path.rfind('\\', last);
+    return separator == std::string::npos ? "" : path.substr(0, separator + 1);
+}
+
+bool FileExists(const std::string& path) {
+    return SearchFinds(path, [](const DirectoryEntry& entry) {
+        return (entry.attributes & platform::FileAttribute::Directory) == 0;
+    });
+}
+
+bool DirectoryExists(const std::string& path) {
+    if (path.empty()) return false;
+    if (!SearchFinds(path, [](const DirectoryEntry&) { return true; })) return false;
+    std::uint32_t attributes = 0;
+    return platform::StationFiles().Attributes(path, attributes) == platform::ErrorCode::Success &&
+           (attributes & platform::FileAttribute::Directory) != 0;
+}
+
+void MakePath(const std::string& path) {
+    std::string full = path;
+    AddTrailingBackslash(full);
+    for (std::size_t at = full.find('\\'); at != std::string::npos; at = full.find('\\', at + 1)) {
+        const std::string level = full.substr(0, at);
+        if (level.empty() || level.ends_with('\\') || level.ends_with(':') || DirectoryExists(level))
+            continue;
+        const int result = platform::StationFiles().MakeFolder(level);
+        if (result != platform::ErrorCode::Success) throw FileError(result, "modUtilities.MakePath", level);
+    }
+}
+
+std::string ReadIniValue(const std::string& file, const std::string& section, const std::string& key) {
+    return platform::ReadProfileString(file, section, key, "", IniBufferSize);
+}
+
+std::int16_t ListField(const std::string& text, int index, std::int16_t defaultValue) {
+    if (index < 0) return defaultValue;
+    std::size_t from = 0;
+    for (; index > 0; --index) {
+        const std::size_t separator = text.find('|', from);
+        if (separator == std::string::npos) return defaultValue;
+        from = separator + 1;
+    }
+    const std::string field = text.substr(from, text.find('|', from) - from);
+    if (field.empty()) return defaultValue;
+    try {
+        return modConvert::CInt(field);
+    } catch (const NeskError&) {
+        return 0;
+    }
+}
+
+std::string InstallDirectory() {
+    try {
+        RegEntry settings;
+        settings.OpenKey("Orvane\\Settings");
+        return Trim(settings.GetString("InstallDirectory"));
+    } catch (const NeskError&) {
+        return "";
+    }
+}
+
+std::string BinaryDirectory() {
+    return InstallDirectory() + "\\Bin";
+}
+
+int ControlFontSize(std::uint32_t localeId, int size) {
+    switch (localeId) {
+    case 1028:
+    case 1041:
+    case 1042:
+    case 2052: return size < 9 ? 9 : size;
+    default: return size <= 8 ? 8 : size;
+    }
+}
+
+} // namespace nesk::modUtilities

@@ -1,0 +1,16 @@
+# Tests that need a display: scripts/with-display gives them one.
+
+file(GLOB gui_sources CONFIGURE_DEPENDS gui/*.cpp)
+add_executable(gui_tests ${gui_sources})
+target_link_libraries(gui_tests PRIVATE nesk_ui GTest::gtest)
+target_include_directories(gui_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+nesk_warnings(gui_tests)
+add_dependencies(gui_tests nesk_texts nesk_help)
+gtest_discover_tests(gui_tests DISCOVERY_MODE PRE_TEST PROPERTIES LABELS gui TIMEOUT 60 RUN_SERIAL TRUE)
+
+file(GLOB e2e_tests CONFIGURE_DEPENDS e2e/*.sh)
+foreach(script ${e2e_tests})
+  cmake_path(GET script STEM name)
+  add_test(NAME e2e.${name} COMMAND bash ${script} $<TARGET_FILE_DIR:NeskManager> ${CMAKE_SOURCE_DIR})
+  set_tests_properties(e2e.${name} PROPERTIES LABELS e2e TIMEOUT 180 RUN_SERIAL TRUE)
+endforeach()

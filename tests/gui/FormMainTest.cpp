@@ -1,0 +1,365 @@
+#include "gui/GuiFixture.h"
+
+#include "settings/NeskRegistry.h"
+#include "shell/FormUtilities.h"
+#include "shell/modStringRes.h"
+
+#include <filesystem>
+
+#include <wx/infobar.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+#include <wx/statusbr.h>
+
+namespace nesk::testing {
+namespace {
+
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+
+class FormMainTest : public MainWindowTest {
+protected:
+    // A window with the small menu open.
+    void OpenSmallMenu() {
+        WriteMenu(SmallMenu);
+        OpenWindow();
+        ASSERT_TRUE(Click(window->mnuFileOpen));
+    }
+
+    std::string Title() const { return FromWx(window->GetTitle()); }
+    std::string StatusPath() const { return FromWx(window->sbMain->GetStatusText(0)); }
+
+    // Names of the Menu commands that are enabled, in short.
+    std::string Enabled() const {
+        std::string names;
+        const auto add = [&](const wxMenuItem* item, const char* name) {
+            if (item->IsEnabled()) names += names.empty() ? name : std::string(" ") + name;
+        };
+        add(window->mnuMenuAddPart, "part");
+        add(window->mnuMenuAddSubmenu, "submenu");
+        add(window->mnuMenuUp, "up");
+        add(window->mnuMenuDown, "down");
+        add(window->mnuMenuRename, "rename");
+        add(window->mnuMenuRemove, "remove");
+        return names;
+    }
+};
+
+TEST_F(FormMainTest, StartsWithoutAFile) {
+    OpenWindow();
+    EXPECT_EQ(Title(), LoadResString(32049));
+    EXPECT_TRUE(window->mnuFileOpen->IsEnabled());
+    EXPECT_FALSE(window->mnuFileSave->IsEnabled());
+    EXPECT_FALSE(window->mnuFileClose->IsEnabled());
+    EXPECT_TRUE(window->mnuFileExit->IsEnabled());
+    EXPECT_TRUE(window->mnuHelpContents->IsEnabled());
+    EXPECT_FALSE(window->GetMenuBar()->IsEnabledTop(1)) << "the Menu menu";
+    EXPECT_EQ(Enabled(), "");
+    EXPECT_EQ(TreeText(), "");
+    EXPECT_EQ(StatusPath(), "");
+    EXPECT_FALSE(window->ibIncomplete->IsShown());
+}
+
+TEST_F(FormMainTest, OpenNeedsTheMenuRoot) {
+    NeskRegistry::Instance().NeskRoot = "C:\\Elsewhere";
+    OpenWindow();
+    EXPECT_FALSE(window->mnuFileOpen->IsEnabled());
+    station.Write("C:\\Elsewhere\\x", "");
+    window->UpdateFileMenus();
+    EXPECT_TRUE(window->mnuFileOpen->IsEnabled());
+}
+
+TEST_F(FormMainTest, OpenShowsTheTree) {
+    OpenSmallMenu();
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n Last\n");
+    EXPECT_EQ(StatusPath(), "C:\\Neskroot\\menu.cfg");
+    EXPECT_EQ(Title(), LoadResString(32049));
+    EXPECT_FALSE(window->mnuFileOpen->IsEnabled());
+    EXPECT_TRUE(window->mnuFileSave->IsEnabled());
+    EXPECT_TRUE(window->mnuFileClose->IsEnabled());
+    EXPECT_TRUE(window->GetMenuBar()->IsEnabledTop(1));
+    const FormMenuTree& tree = *window->tvMain;
+    EXPECT_TRUE(tree.IsExpanded(tree.GetRootItem()));
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R");
+    const int folder = tree.GetItemImage(tree.GetRootItem());
+    EXPECT_EQ(tree.GetItemImage(window->tvMain->NodeOf("R.2")), folder);
+    const int part = tree.GetItemImage(window->tvMain->NodeOf("R.1"));
+    EXPECT_NE(part, folder);
+    EXPECT_EQ(tree.GetItemImage(window->tvMain->NodeOf("R.2.1")), part);
+}
+
+TEST_F(FormMainTest, AMissingFileOpensAnEmptyMenu) {
+    OpenWindow();
+    ASSERT_TRUE(Click(window->mnuFileOpen));
+    EXPECT_EQ(TreeText(), "Main Menu\n");
+    EXPECT_EQ(StatusPath(), "");
+    EXPECT_FALSE(window->Editor().IsDirty());
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    EXPECT_EQ(MenuOnDisk(), "BLOCK MENU\r\n\tCAPTION=Main Menu\r\n\tGRAPHIC=\r\nEND\r\n");
+    EXPECT_EQ(StatusPath(), "C:\\Neskroot\\menu.cfg");
+}
+
+TEST_F(FormMainTest, CommandsFollowTheSelection) {
+    OpenSmallMenu();
+    EXPECT_EQ(Enabled(), "part submenu rename");
+    Select("R.1");
+    EXPECT_EQ(Enabled(), "down rename remove");
+    Select("R.2");
+    EXPECT_EQ(Enabled(), "part submenu up down rename remove");
+    Select("R.2.1");
+    EXPECT_EQ(Enabled(), "rename remove");
+    Select("R.3");
+    EXPECT_EQ(Enabled(), "up rename remove");
+}
+
+TEST_F(FormMainTest, SavedAgainTheFileIsTheSame) {
+    OpenSmallMenu();
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    EXPECT_EQ(MenuOnDisk(), SmallMenu);
+}
+
+TEST_F(FormMainTest, ANewPartIsSelectedAndItsCaptionTyped) {
+    OpenSmallMenu();
+    Select("R.2");
+    ASSERT_TRUE(Click(window->mnuMenuAddPart));
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.2.2");
+    ASSERT_NE(window->tvMain->GetEditControl(), nullptr) << "its label is being edited";
+    EXPECT_EQ(FromWx(window->tvMain->GetEditControl()->GetValue()), LoadResString(32018));
+    Type("Plate");
+    Press(WXK_RETURN);
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n  Plate\n Last\n");
+    EXPECT_EQ(Title(), LoadResString(32049) + " *");
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    EXPECT_NE(MenuOnDisk().find("\t\t\tCAPTION=Plate\r\n"), std::string::npos);
+    EXPECT_NE(MenuOnDisk().find("\t\t\tMENUTYPE=Part Program\r\n"), std::string::npos);
+    EXPECT_EQ(Title(), LoadResString(32049));
+}
+
+TEST_F(FormMainTest, ANewSubmenuKeepsItsCaptionWhenTypingIsCalledOff) {
+    OpenSmallMenu();
+    ASSERT_TRUE(Click(window->mnuMenuAddSubmenu));
+    Type("Gone");
+    Press(WXK_ESCAPE);
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n Last\n " + LoadResString(32019) + "\n");
+    EXPECT_EQ(window->tvMain->GetEditControl(), nullptr);
+    EXPECT_TRUE(window->Editor().IsDirty());
+    EXPECT_EQ(Enabled(), "part submenu up rename remove");
+}
+
+TEST_F(FormMainTest, MovingKeepsTheSubtreeAndTheSelection) {
+    OpenSmallMenu();
+    Select("R.2");
+    ASSERT_TRUE(Click(window->mnuMenuUp));
+    EXPECT_EQ(TreeText(), "Main Menu\n Brackets\n  Angle\n First\n Last\n");
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.2");
+    EXPECT_FALSE(Click(window->mnuMenuUp)) << "it is the first now";
+    ASSERT_TRUE(Click(window->mnuMenuDown));
+    ASSERT_TRUE(Click(window->mnuMenuDown));
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Last\n Brackets\n  Angle\n");
+    EXPECT_FALSE(window->mnuMenuDown->IsEnabled());
+    EXPECT_TRUE(window->Editor().IsDirty());
+}
+
+TEST_F(FormMainTest, RemovingAsksFirst) {
+    OpenSmallMenu();
+    Select("R.2");
+    dialogs.Answer(wxID_NO);
+    ASSERT_TRUE(Click(window->mnuMenuRemove));
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n Last\n");
+    EXPECT_FALSE(window->Editor().IsDirty());
+    dialogs.Answer(wxID_YES);
+    ASSERT_TRUE(Click(window->mnuMenuRemove));
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Last\n");
+    EXPECT_TRUE(window->Editor().IsDirty());
+    EXPECT_EQ(dialogs.shown.at(1).text, LoadResString(32021));
+    EXPECT_EQ(dialogs.shown.at(1).title, LoadResString(32017));
+    EXPECT_TRUE(window->tvMain->GetSelection().IsOk()) << "the selection falls on another entry";
+}
+
+TEST_F(FormMainTest, TheRootIsNotRemoved) {
+    OpenSmallMenu();
+    EXPECT_FALSE(window->mnuMenuRemove->IsEnabled());
+    dialogs.Answer(wxID_OK);
+    wxCommandEvent event(wxEVT_MENU, window->mnuMenuRemove->GetId());
+    window->ProcessWindowEvent(event);
+    EXPECT_EQ(dialogs.shown.at(0).text, LoadResString(32020));
+    EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32015));
+    EXPECT_NE(dialogs.shown.at(0).style & wxICON_INFORMATION, 0);
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n Last\n");
+}
+
+TEST_F(FormMainTest, RenamingTypesACaption) {
+    OpenSmallMenu();
+    Select("R.1");
+    ASSERT_TRUE(Click(window->mnuMenuRename));
+    Type("Housing");
+    Press(WXK_RETURN);
+    EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "Housing");
+    EXPECT_EQ(TreeText(), "Main Menu\n Housing\n Brackets\n  Angle\n Last\n");
+    EXPECT_TRUE(window->Editor().IsDirty());
+    Select("R");
+    ASSERT_TRUE(Click(window->mnuMenuRename));
+    Type("Cell 4");
+    Press(WXK_RETURN);
+    EXPECT_EQ(window->Editor().OpenMenu()->Caption(), "Cell 4") << "the root has a caption too";
+}
+
+TEST_F(FormMainTest, CloseAsksWhetherToSave) {
+    OpenSmallMenu();
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
+    dialogs.Answer(wxID_NO);
+    ASSERT_TRUE(Click(window->mnuFileClose));
+    EXPECT_EQ(dialogs.shown.at(0).text, LoadResString(32016));
+    EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32017));
+    EXPECT_EQ(dialogs.shown.at(0).style & (wxYES_NO | wxCANCEL), wxYES_NO) << "closing offers no Cancel";
+    EXPECT_FALSE(window->Editor().IsOpen());
+    EXPECT_EQ(TreeText(), "");
+    EXPECT_EQ(StatusPath(), "");
+    EXPECT_TRUE(window->mnuFileOpen->IsEnabled());
+    EXPECT_EQ(MenuOnDisk(), SmallMenu);
+}
+
+TEST_F(FormMainTest, CloseSavesOnYes) {
+    OpenSmallMenu();
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
+    dialogs.Answer(wxID_YES);
+    ASSERT_TRUE(Click(window->mnuFileClose));
+    EXPECT_FALSE(window->Editor().IsOpen());
+    EXPECT_NE(MenuOnDisk().find("CAPTION=Changed\r\n"), std::string::npos);
+}
+
+TEST_F(FormMainTest, CloseWithoutChangesAsksNothing) {
+    OpenSmallMenu();
+    ASSERT_TRUE(Click(window->mnuFileClose));
+    EXPECT_FALSE(window->Editor().IsOpen());
+    ASSERT_TRUE(Click(window->mnuFileOpen)) << "and the file can be opened again";
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n Last\n");
+}
+
+TEST_F(FormMainTest, ExitCanBeCalledOff) {
+    OpenSmallMenu();
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
+    dialogs.Answer(wxID_CANCEL);
+    ASSERT_TRUE(Click(window->mnuFileExit));
+    EXPECT_EQ(dialogs.shown.at(0).style & (wxYES_NO | wxCANCEL), wxYES_NO | wxCANCEL);
+    EXPECT_TRUE(window->Editor().IsDirty());
+    EXPECT_EQ(MenuOnDisk(), SmallMenu);
+    EXPECT_FALSE(window->IsBeingDeleted());
+}
+
+TEST_F(FormMainTest, ExitSavesOnYesAndCloses) {
+    OpenSmallMenu();
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
+    dialogs.Answer(wxID_YES);
+    ASSERT_TRUE(window->Close());
+    window = nullptr;
+    Settle();
+    EXPECT_NE(MenuOnDisk().find("CAPTION=Changed\r\n"), std::string::npos);
+}
+
+TEST_F(FormMainTest, ExitWithNoClosesWithoutSaving) {
+    OpenSmallMenu();
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
+    dialogs.Answer(wxID_NO);
+    ASSERT_TRUE(window->Close());
+    window = nullptr;
+    Settle();
+    EXPECT_EQ(MenuOnDisk(), SmallMenu);
+}
+
+TEST_F(FormMainTest, AFailedSaveKeepsTheWindowOpen) {
+    OpenSmallMenu();
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
+    // A folder of this name cannot be replaced by a backup.
+    std::filesystem::create_directories(station.Folder() / "drives/c/Neskroot/menu.cfg.bak/x");
+    dialogs.Answer(wxID_OK);
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    EXPECT_NE(dialogs.shown.at(0).text.find("C:\\Neskroot\\menu.cfg.bak"), std::string::npos);
+    EXPECT_NE(dialogs.shown.at(0).style & wxICON_ERROR, 0);
+    EXPECT_TRUE(window->Editor().IsDirty());
+    for (wxMenuItem* item : {window->mnuFileClose, window->mnuFileExit}) {
+        dialogs.Answer(wxID_YES);
+        dialogs.Answer(wxID_OK);
+        ASSERT_TRUE(Click(item));
+        EXPECT_TRUE(window->Editor().IsOpen());
+        EXPECT_TRUE(window->Editor().IsDirty());
+    }
+    EXPECT_EQ(MenuOnDisk(), SmallMenu);
+}
+
+TEST_F(FormMainTest, ADamagedFileIsShownAsFarAsItGoes) {
+    const std::string damaged =
+        SmallMenu.substr(0, SmallMenu.find("\tBLOCK SUBMENU\r\n\t\tCAPTION=Last")) + "oops\r\n";
+    WriteMenu(damaged);
+    OpenWindow();
+    dialogs.Answer(wxID_OK);
+    ASSERT_TRUE(Click(window->mnuFileOpen));
+    for (const char* part : {"5000", "C:\\Neskroot\\menu.cfg", "37"})
+        EXPECT_NE(dialogs.shown.at(0).text.find(part), std::string::npos) << dialogs.shown[0].text;
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n");
+    EXPECT_TRUE(window->ibIncomplete->IsShown());
+
+    dialogs.Answer(wxID_NO);
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    EXPECT_EQ(MenuOnDisk(), damaged) << "not saved without consent";
+    dialogs.Answer(wxID_YES);
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    EXPECT_NE(dialogs.shown.at(2).text.find("menu.cfg.damaged"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists(station.Folder() / "drives/c/Neskroot/menu.cfg.damaged"));
+    EXPECT_FALSE(window->ibIncomplete->IsShown());
+    EXPECT_NE(MenuOnDisk(), damaged);
+}
+
+TEST_F(FormMainTest, AFileChangedByAnotherProgramIsNotOverwrittenUnasked) {
+    OpenSmallMenu();
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Mine"));
+    WriteMenu("BLOCK MENU\nCAPTION=Theirs\nEND\n");
+    dialogs.Answer(wxID_NO);
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    EXPECT_NE(dialogs.shown.at(0).text.find("menu.cfg.bak"), std::string::npos);
+    EXPECT_EQ(MenuOnDisk(), "BLOCK MENU\nCAPTION=Theirs\nEND\n");
+    EXPECT_TRUE(window->Editor().IsDirty());
+    dialogs.Answer(wxID_YES);
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    EXPECT_NE(MenuOnDisk().find("CAPTION=Mine"), std::string::npos);
+}
+
+TEST_F(FormMainTest, SavingWithoutAMenuRootSaysSo) {
+    OpenSmallMenu();
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
+    NeskRegistry::Instance().NeskRoot = "C:\\Gone";
+    dialogs.Answer(wxID_OK);
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    EXPECT_NE(dialogs.shown.at(0).text.find(LoadResString(34135)), std::string::npos);
+    EXPECT_TRUE(window->Editor().IsDirty());
+}
+
+TEST_F(FormMainTest, CommandsWithoutADialogAreDisabled) {
+    OpenSmallMenu();
+    Select("R.1");
+    EXPECT_FALSE(window->mnuMenuEdit->IsEnabled());
+    EXPECT_FALSE(window->mnuSettingsAccess->IsEnabled());
+    EXPECT_FALSE(window->mnuSettingsOptions->IsEnabled());
+}
+
+TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
+    OpenWindow();
+    const wxSize screen = wxGetDisplaySize();
+    EXPECT_LE(window->GetSize().x, screen.x);
+    EXPECT_LE(window->GetSize().y, screen.y);
+    window->SetClientSize(400, 300);
+    ASSERT_TRUE(WaitUntil([&] { return window->GetClientSize() == wxSize(400, 300); }));
+    EXPECT_EQ(window->tvMain->GetPosition(), wxPoint(0, 0));
+    EXPECT_EQ(window->tvMain->GetSize(), wxSize(400, 300));
+    EXPECT_GE(window->GetMinClientSize().x, 2000 / 15);
+    EXPECT_GE(window->GetMinClientSize().y, 2000 / 15);
+}
+
+TEST_F(FormMainTest, ControlsAreFoundByName) {
+    OpenWindow();
+    for (const char* name : {"tvMain", "sbMain", "ibIncomplete"})
+        EXPECT_NE(wxWindow::FindWindowByName(name, window), nullptr) << name;
+}
+
+} // namespace
+} // namespace nesk::testing

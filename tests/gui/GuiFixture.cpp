@@ -1,0 +1,156 @@
+#include "gui/GuiFixture.h"
+
+#include "settings/NeskRegistry.h"
+#include "shell/FormUtilities.h"
+#include "shell/Startup.h"
+
+#include <chrono>
+#include <fstream>
+#include <sstream>
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+#include <wx/stopwatch.h>
+#include <wx/uiaction.h>
+
+namespace nesk::testing {
+
+using modUtilities::FromWx;
+
+namespace {
+
+std::string Item(const std::string& tabs, const std::string& caption, const std::string& type,
+                 const std::string& children = "") {
+    const std::string inner = tabs + "\t";
+    std::string text = tabs + "BLOCK SUBMENU\r\n";
+    for (const std::string& line :
+         {"CAPTION=" + caption, std::string("GRAPHIC="), std::string("PREVIEW="), std::string("HELPFILE="),
+          std::string("HELPTOPIC=0"), "MENUTYPE=" + type, std::string("PROGRAMID="),
+          std::string("HISTORY_DIR="), std::string("HISTORY_TITLE=")})
+        text += inner + line + "\r\n";
+    return text + children + tabs + "END\r\n";
+}
+
+} // namespace
+
+const std::string SmallMenu = "BLOCK MENU\r\n\tCAPTION=Main Menu\r\n\tGRAPHIC=\r\n" +
+                              Item("\t", "First", "Part Program") +
+                              Item("\t", "Brackets", "Menu", Item("\t\t", "Angle", "Part Program")) +
+                              Item("\t", "Last", "Part Program") + "END\r\n";
+
+DialogScript::~DialogScript() {
+    Unregister();
+    EXPECT_TRUE(m_answers.empty()) << "a dialog that was expected did not come";
+}
+
+int DialogScript::Enter(wxDialog* dialog) {
+    ShownDialog entry;
+    entry.title = FromWx(dialog->GetTitle());
+    if (const auto* message = dynamic_cast<wxMessageDialog*>(dialog)) {
+        entry.title = FromWx(message->GetCaption());
+        entry.text = FromWx(message->GetMessage());
+        entry.style = message->GetMessageDialogStyle();
+    }
+    shown.push_back(entry);
+    if (m_answers.empty()) {
+        ADD_FAILURE() << "unexpected dialog: " << entry.title << ": " << entry.text;
+        return wxID_CANCEL;
+    }
+    const int answer = m_answers.front();
+    m_answers.pop_front();
+    return answer;
+}
+
+MainWindowTest::MainWindowTest() {
+    station.Write("C:\\Neskroot\\readme.txt", "");
+    Startup::InitLanguage();
+    NeskRegistry::Instance() = NeskRegistry();
+    NeskRegistry::Instance().NeskRoot = "C:\\Neskroot";
+}
+
+MainWindowTest::~MainWindowTest() {
+    if (window != nullptr) {
+        window->Editor().Close();
+        window->Destroy();
+        Settle();
+    }
+}
+
+std::string MainWindowTest::MenuOnDisk() const {
+    std::ifstream file(station.Folder() / "drives" / "c" / "Neskroot" / "menu.cfg", std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+void MainWindowTest::OpenWindow() {
+    window = new FormMain;
+    window->Show();
+    window->Raise();
+    ASSERT_TRUE(WaitUntil([&] { return window->IsActive(); }));
+    Settle();
+}
+
+bool MainWindowTest::Click(const wxMenuItem* item) {
+    const bool enabled = item->IsEnabled();
+    if (enabled) window->ProcessCommand(item->GetId());
+    Settle();
+    return enabled;
+}
+
+void MainWindowTest::Settle() {
+    for (int i = 0; i < 20; ++i) {
+        while (wxEventLoop::GetActive()->Pending())
+            wxEventLoop::GetActive()->Dispatch();
+        wxTheApp->ProcessPendingEvents();
+        wxEventLoop::GetActive()->ProcessIdle();
+    }
+}
+
+bool MainWindowTest::WaitUntil(const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline) return false;
+        wxMilliSleep(5);
+        Settle();
+    }
+    return true;
+}
+
+void MainWindowTest::Type(const std::string& text) {
+    wxUIActionSimulator simulator;
+    simulator.Text(text.c_str());
+    wxMilliSleep(50);
+    Settle();
+}
+
+void MainWindowTest::Press(int key, int modifiers) {
+    wxUIActionSimulator simulator;
+    simulator.Char(key, modifiers);
+    wxMilliSleep(50);
+    Settle();
+}
+
+void MainWindowTest::Select(const std::string& id) {
+    window->tvMain->SelectKey(id);
+    Settle();
+}
+
+std::string MainWindowTest::TreeText() const {
+    std::string text;
+    const FormMenuTree& tree = *window->tvMain;
+    const std::function<void(const wxTreeItemId&, std::size_t)> add = [&](const wxTreeItemId& node,
+                                                                          std::size_t level) {
+        text += std::string(level, ' ') + FromWx(tree.GetItemText(node)) + "\n";
+        wxTreeItemIdValue cookie = nullptr;
+        for (wxTreeItemId child = tree.GetFirstChild(node, cookie); child.IsOk();
+             child = tree.GetNextSibling(child))
+            add(child, level + 1);
+    };
+    if (!tree.IsEmpty()) add(tree.GetRootItem(), 0);
+    return text;
+}
+
+} // namespace nesk::testing

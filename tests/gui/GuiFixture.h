@@ -1,0 +1,88 @@
+#pragma once
+
+#include "shell/FormMain.h"
+#include "shell/FormMenuTree.h"
+#include "unit/platform/TempStation.h"
+
+#include <deque>
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <wx/modalhook.h>
+
+class wxDialog;
+
+namespace nesk::testing {
+
+/// A modal dialog that came up.
+struct ShownDialog {
+    std::string title;
+    std::string text;
+    long style = 0;
+};
+
+/// Answers modal dialogs with what the test has announced, in that order, and records them. A dialog that
+/// nobody announced fails the test and is cancelled.
+class DialogScript : public wxModalDialogHook {
+public:
+    DialogScript() { Register(); }
+    ~DialogScript() override;
+
+    /// Announces a dialog and the answer to it.
+    void Answer(int answer) { m_answers.push_back(answer); }
+
+    std::vector<ShownDialog> shown;
+
+protected:
+    int Enter(wxDialog* dialog) override;
+
+private:
+    std::deque<int> m_answers;
+};
+
+/// A main window on a fresh station whose menu root is C:\Neskroot.
+class MainWindowTest : public ::testing::Test {
+protected:
+    MainWindowTest();
+    ~MainWindowTest() override;
+
+    /// Writes the menu file.
+    void WriteMenu(const std::string& bytes) { station.Write("C:\\Neskroot\\menu.cfg", bytes); }
+
+    /// The menu file as it is on disk; "" when it is missing.
+    std::string MenuOnDisk() const;
+
+    /// Makes the main window.
+    void OpenWindow();
+
+    /// Gives a command as a click in the menu does. False when the command is disabled.
+    bool Click(const wxMenuItem* item);
+
+    /// Lets the window handle its events until nothing is left to do.
+    static void Settle();
+
+    /// Types a text, or presses a key, into the control that has the focus.
+    static void Type(const std::string& text);
+    static void Press(int key, int modifiers = 0);
+
+    /// Waits until a condition holds; false when it did not within five seconds.
+    static bool WaitUntil(const std::function<bool()>& condition);
+
+    /// Selects an entry by its id.
+    void Select(const std::string& id);
+
+    /// The captions in the tree view, one a line, indented by their level.
+    std::string TreeText() const;
+
+    TempStation station;
+    DialogScript dialogs;
+    FormMain* window = nullptr;
+};
+
+/// A menu file with a root and three entries: two parts around a submenu that holds one part.
+extern const std::string SmallMenu;
+
+} // namespace nesk::testing

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/portable/Station.h"
+
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <sstream>
+#include <string>
+
+namespace nesk::testing {
+
+/// What a file of the station holds; "" when there is none.
+/// @param windowsPath  for example "C:\\Data\\file.txt"
+inline std::string FileBytes(const std::string& windowsPath) {
+    std::ostringstream bytes;
+    bytes << std::ifstream(platform::portable::ToHostPath(windowsPath), std::ios::binary).rdbuf();
+    return bytes.str();
+}
+
+/// The names in a folder of the station, in their order, one blank between them.
+inline std::string FilesIn(const std::string& windowsFolder) {
+    std::set<std::string> names;
+    for (const auto& entry :
+         std::filesystem::directory_iterator(platform::portable::ToHostPath(windowsFolder)))
+        names.insert(entry.path().filename().string());
+    std::string text;
+    for (const std::string& name : names)
+        text.append(text.empty() ? "" : " ").append(name);
+    return text;
+}
+
+} // namespace nesk::testing

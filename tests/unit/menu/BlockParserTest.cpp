@@ -1,0 +1,288 @@
+#include "menu/BlockParser.h"
+#include "platform/TextEncoding.h"
+#include "shell/Messages.h"
+#include "shell/modUtilities.h"
+#include "unit/CoreFixture.h"
+#include "unit/Errors.h"
+
+namespace nesk {
+namespace {
+
+using nesk::testing::ErrorOf;
+using Lines = std::vector<std::string>;
+
+const std::string Path = "C:\\block.cfg";
+constexpr std::size_t BufferSize = std::size_t{1} << 18;
+
+class BlockParserTest : public nesk::testing::CoreTest {
+protected:
+    // What the parser tells of a file, each token behind its line number: "1 BLOCK TYPE/name", "2 KEY=value",
+    // "3 END", "4 ?" for a syntax error.
+    Lines Read(const std::string& bytes) {
+        station.Write(Path, bytes);
+        BlockParser parser;
+        parser.OpenFile(Path, false);
+        Lines tokens;
+        for (;;) {
+            std::string token;
+            try {
+                switch (parser.GetToken()) {
+                case BlockParser::TokenStartBlock:
+                    token = "BLOCK " + parser.BlockType() + "/" + parser.BlockName();
+                    break;
+                case BlockParser::TokenEndBlock: token = "END"; break;
+                case BlockParser::TokenKeyValue: token = parser.Key() + "=" + parser.Value(); break;
+                default: return tokens;
+                }
+            } catch (const NeskError&) {
+                token = "?";
+            }
+            tokens.push_back(std::to_string(parser.CurrentLine()) + " " + token);
+        }
+    }
+
+    // The only token of a one-line file, without its line number.
+    std::string ReadOne(const std::string& line) {
+        const Lines tokens = Read(line);
+        return tokens.size() == 1 ? tokens[0].substr(2) : std::to_string(tokens.size()) + " tokens";
+    }
+};
+
+TEST_F(BlockParserTest, TokenNumbers) {
+    EXPECT_EQ(BlockParser::TokenStartBlock, 0);
+    EXPECT_EQ(BlockParser::TokenEndBlock, 1);
+    EXPECT_EQ(BlockParser::TokenKeyValue, 2);
+    EXPECT_EQ(BlockParser::TokenEndFile, 3);
+}
+
+TEST_F(BlockParserTest, Lines) {
+    const struct {
+        const char* line;
+        const char* token;
+    } table[] = {
+        // Key and value: the "=" decides before everything else.
+        {"CAPTION=Parts", "CAPTION=Parts"},
+        {"caption = Parts", "CAPTION=Parts"},
+        {"CAPTION=", "CAPTION="},
+        {"CAPTION   =   ", "CAPTION="},
+        {"CAPTION=a;b", "CAPTION=a;b"},
+        {"CAPTION=;b", "CAPTION=;b"},
+        {"CAPTION=a=b==", "CAPTION=a=b=="},
+        {"caption=Two  Words Kept  ", "CAPTION=Two  Words Kept"},
+        {"two words=x", "TWO WORDS=x"},
+        {"=value", "=value"},
+        {"=", "="},
+        {"  = x", "=x"},
+        {"BLOCK MENU=x", "BLOCK MENU=x"},
+        {"END=", "END="},
+        {"\tA\t=\tb\tc\t", "A=b c"},
+        {"gr\xFC\xDF"
+         "e=Gr\xFC\xDF"
+         "e",
+         "GRÜßE=Grüße"},
+        // End of a block: that word alone.
+        {"END", "END"},
+        {"end", "END"},
+        {"eNd", "END"},
+        {" \t END \t ", "END"},
+        {"ENDE", "?"},
+        {"END x", "?"},
+        {"END ;", "?"},
+        {"EN", "?"},
+        // Start of a block.
+        {"BLOCK MENU", "BLOCK MENU/"},
+        {"block menu", "BLOCK MENU/"},
+        {"BLOCK", "BLOCK /"},
+        {"  BLOCK  ", "BLOCK /"},
+        {"BLOCK\tMENU", "BLOCK MENU/"},
+        {"BLOCK SUBMENU Tools extra", "BLOCK SUBMENU/Tools"},
+        {"block   submenu   tOOls   extra", "BLOCK SUBMENU/tOOls"},
+        {"BLOCK m\xFCller M\xFCller", "BLOCK MÜLLER/Müller"},
+        {"BLOCK END", "BLOCK END/"},
+        {"BLOCKS MENU", "?"},
+        {"BLOC MENU", "?"},
+        {"BLOCK;", "?"},
+        {"MENU BLOCK", "?"},
+        {"text", "?"},
+        {"\x01", "?"},
+    };
+    for (const auto& row : table)
+        EXPECT_EQ(ReadOne(row.line), row.token) << row.line;
+}
+
+TEST_F(BlockParserTest, ATabIsOneSpaceAndNoTabStop) {
+    EXPECT_EQ(ReadOne("a\tb\t\tc=1\t2\t\t3"), "A B  C=1 2  3");
+}
+
+TEST_F(BlockParserTest, NothingButTheEnd) {
+    for (const char* bytes :
+         {"", " ", "\r\n", "\n\n\n", ";", "; a=b\r\n", "   ;END\r\n\t;BLOCK MENU\r\n \t \r\n"})
+        EXPECT_EQ(Read(bytes), Lines{}) << bytes;
+}
+
+TEST_F(BlockParserTest, BlankLinesAndCommentsAreSkippedAndCounted) {
+    EXPECT_EQ(Read("\r\n; first\r\nBLOCK MENU\r\n\t ; a=b\r\n \t\r\n\tA=1\r\nEND\r\n"),
+              (Lines{"3 BLOCK MENU/", "6 A=1", "7 END"}));
+}
+
+TEST_F(BlockParserTest, LineEnds) {
+    const Lines expected = {"1 A=1", "3 B=2", "4 END"};
+    EXPECT_EQ(Read("A=1\r\n\r\nB=2\r\nEND\r\n"), expected);
+    EXPECT_EQ(Read("A=1\r\n\r\nB=2\r\nEND"), expected) << "no final line end";
+    EXPECT_EQ(Read("A=1\n\nB=2\nEND\n"), expected);
+    EXPECT_EQ(Read("A=1\r\rB=2\rEND\r"), expected);
+    EXPECT_EQ(Read("A=1\r\rB=2\rEND"), expected);
+    EXPECT_EQ(Read("A=1\n\rB=2\r\nEND\r"), expected) << "LF CR are two ends";
+    EXPECT_EQ(Read("A=1\r\n\nB=2\rEND\n"), expected);
+}
+
+TEST_F(BlockParserTest, TheBufferBorder) {
+    const std::string comment(BufferSize - 1, ';');
+    EXPECT_EQ(Read(comment + "\r\nEND\r\n"), Lines{"2 END"}) << "CR LF split over two reads";
+    EXPECT_EQ(Read(comment + "\rEND"), Lines{"2 END"});
+    EXPECT_EQ(Read(comment + "\r"), Lines{});
+    EXPECT_EQ(Read(comment + "\n\nEND"), Lines{"3 END"});
+    EXPECT_EQ(Read(";" + comment + "\r\nEND"), Lines{"2 END"}) << "the end begins the second read";
+    const std::string value(BufferSize - 2, 'v');
+    EXPECT_EQ(Read("A=" + value), Lines{"1 A=" + value});
+    EXPECT_EQ(Read("A=" + value + "w\n\nEND"), (Lines{"1 A=" + value + "w", "3 END"}));
+}
+
+TEST_F(BlockParserTest, AVeryLongLine) {
+    const std::string value(1 << 20, 'x');
+    EXPECT_EQ(Read("A=" + value + "\r\nEND\r\n"), (Lines{"1 A=" + value, "2 END"}));
+}
+
+TEST_F(BlockParserTest, ControlBytesAreData) {
+    using namespace std::string_literals;
+    EXPECT_EQ(ReadOne("A=x\0y\x01\x0B\x0C\x1A\x1Bz\x7F"s), "A=x\0y\x01\x0B\x0C\x1A\x1Bz\x7F"s);
+    EXPECT_EQ(Read("A=\x1A\nEND\n"), (Lines{"1 A=\x1A", "2 END"})) << "a file does not end at control-Z";
+    EXPECT_EQ(ReadOne("\0=\0"s), "\0=\0"s);
+}
+
+TEST_F(BlockParserTest, BytesThatCannotBeDecodedSurvive) {
+    platform::SelectCodePage(1041);
+    // 82 A0 is a character of this code page; 82 alone, FD and A0 are none.
+    const std::string bytes = "\x82\xA0-\xFD-\x82";
+    station.Write(Path, "A\xFD=" + bytes + "\r\n");
+    BlockParser parser;
+    parser.OpenFile(Path, false);
+    ASSERT_EQ(parser.GetToken(), BlockParser::TokenKeyValue);
+    EXPECT_TRUE(parser.Value().starts_with("あ-"));
+    EXPECT_EQ(platform::ToAnsi(parser.Value()), bytes);
+    EXPECT_EQ(platform::ToAnsi(parser.Key()), "A\xFD");
+}
+
+TEST_F(BlockParserTest, KeyAndBlockAreKeptOverOtherTokens) {
+    station.Write(Path, "A=1\nBLOCK MENU Tools\nEND\nB=2\nBLOCK\n");
+    BlockParser parser;
+    parser.OpenFile(Path, false);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenKeyValue);
+    for (const auto token : {BlockParser::TokenStartBlock, BlockParser::TokenEndBlock}) {
+        EXPECT_EQ(parser.GetToken(), token);
+        EXPECT_EQ(parser.Key(), "A");
+        EXPECT_EQ(parser.Value(), "1");
+    }
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenKeyValue);
+    EXPECT_EQ(parser.BlockType(), "MENU");
+    EXPECT_EQ(parser.BlockName(), "Tools");
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenStartBlock);
+    EXPECT_EQ(parser.BlockType(), "") << "a block without a type has none, not that of the one before";
+    EXPECT_EQ(parser.BlockName(), "");
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenEndFile);
+    EXPECT_EQ(parser.Key(), "B");
+    EXPECT_EQ(parser.Value(), "2");
+}
+
+TEST_F(BlockParserTest, ASyntaxErrorNamesItsLineAndReadingGoesOnBehindIt) {
+    station.Write(Path, "; comment\r\n\r\nA=1\r\n\r\nENDE\r\nB=2\r\n");
+    BlockParser parser;
+    parser.OpenFile(Path, false);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenKeyValue);
+    const NeskError error = ErrorOf([&] { parser.GetToken(); });
+    EXPECT_EQ(error.number, 5000);
+    EXPECT_EQ(error.source, "BlockParse.GetToken");
+    EXPECT_EQ(error.messageId, Message::BlockSyntax);
+    EXPECT_EQ(error.arguments, std::vector<std::string>{"5"});
+    EXPECT_EQ(parser.CurrentLine(), 5);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenKeyValue);
+    EXPECT_EQ(parser.Key(), "B");
+    EXPECT_EQ(parser.CurrentLine(), 6);
+}
+
+TEST_F(BlockParserTest, TheEndIsToldAgainAndAgain) {
+    station.Write(Path, "END\r\n");
+    BlockParser parser;
+    parser.OpenFile(Path, false);
+    EXPECT_EQ(parser.CurrentLine(), 0);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenEndBlock);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(parser.GetToken(), BlockParser::TokenEndFile);
+    EXPECT_EQ(parser.CurrentLine(), 1);
+}
+
+TEST_F(BlockParserTest, WritingIsNotImplemented) {
+    station.Write(Path, "A=1\nB=2\n");
+    BlockParser parser;
+    parser.OpenFile(Path, false);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenKeyValue);
+    const NeskError error = ErrorOf([&] { parser.OpenFile("C:\\new.cfg", true); });
+    EXPECT_EQ(error.number, 5000);
+    EXPECT_EQ(error.source, "BlockParser.Open");
+    EXPECT_EQ(modUtilities::MessageText(error), "Not implemented at this time");
+    EXPECT_FALSE(modUtilities::FileExists("C:\\new.cfg"));
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenKeyValue) << "the open file was not touched";
+    EXPECT_EQ(parser.Key(), "B");
+}
+
+TEST_F(BlockParserTest, AFileThatCannotBeOpened) {
+    station.Write("C:\\Folder\\file", "x");
+    const struct {
+        const char* path;
+        int number;
+        int messageId;
+    } table[] = {
+        {"C:\\none.cfg", RuntimeError::FileNotFound, Message::FileNotFound},
+        {"C:\\None\\none.cfg", RuntimeError::PathNotFound, Message::PathNotFound},
+        {"C:\\Folder", RuntimeError::PermissionDenied, Message::PermissionDenied},
+        {"", RuntimeError::PathNotFound, Message::PathNotFound},
+    };
+    for (const auto& row : table) {
+        BlockParser parser;
+        const NeskError error = ErrorOf([&] { parser.OpenFile(row.path, false); });
+        EXPECT_EQ(error.number, row.number) << row.path;
+        EXPECT_EQ(error.messageId, row.messageId) << row.path;
+        EXPECT_EQ(error.arguments, std::vector<std::string>{row.path});
+    }
+}
+
+TEST_F(BlockParserTest, ClosingTwiceDoesNothing) {
+    station.Write(Path, "A=1\nB=2\n");
+    BlockParser parser;
+    parser.CloseFile();
+    parser.OpenFile(Path, false);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenKeyValue);
+    parser.CloseFile();
+    parser.CloseFile();
+    EXPECT_EQ(parser.Key(), "A");
+    EXPECT_EQ(parser.CurrentLine(), 1);
+}
+
+TEST_F(BlockParserTest, OpeningAnotherFileCountsAfresh) {
+    station.Write(Path, "A=1\nB=2\nC=3\n");
+    station.Write("C:\\other.cfg", "\nX=9\n");
+    BlockParser parser;
+    parser.OpenFile(Path, false);
+    parser.GetToken();
+    parser.GetToken();
+    EXPECT_EQ(parser.CurrentLine(), 2);
+    parser.OpenFile("C:\\other.cfg", false);
+    EXPECT_EQ(parser.CurrentLine(), 0);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenKeyValue);
+    EXPECT_EQ(parser.Key(), "X");
+    EXPECT_EQ(parser.CurrentLine(), 2);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenEndFile);
+}
+
+} // namespace
+} // namespace nesk

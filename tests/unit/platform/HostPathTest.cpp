@@ -1,0 +1,124 @@
+#include "platform/portable/FileNames.h"
+#include "platform/portable/Station.h"
+#include "unit/platform/TempStation.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+
+namespace nesk::platform::portable {
+namespace {
+
+namespace fs = std::filesystem;
+
+class HostPathTest : public ::testing::Test {
+protected:
+    fs::path Drive(const std::string& letter) const { return station.Folder() / "drives" / letter; }
+
+    TempStation station;
+};
+
+TEST_F(HostPathTest, DrivesLieInTheStation) {
+    EXPECT_EQ(ToHostPath("C:\\a\\b.txt"), Drive("c") / "a" / "b.txt");
+    EXPECT_EQ(ToHostPath("d:/a"), Drive("d") / "a");
+    EXPECT_EQ(ToHostPath("C:"), Drive("c"));
+    EXPECT_EQ(ToHostPath("C:\\"), Drive("c"));
+    EXPECT_EQ(ToHostPath("\\a"), Drive("c") / "a");
+    EXPECT_EQ(ToHostPath("a"), Drive("c") / "a");
+    EXPECT_EQ(ToHostPath("Z:\\etc\\passwd"), "/etc/passwd");
+}
+
+TEST_F(HostPathTest, NoPathIsNoHostPath) {
+    EXPECT_TRUE(ToHostPath("").empty());
+    EXPECT_TRUE(ToHostPath("\\\\server\\share\\x").empty());
+    EXPECT_TRUE(ToHostPath(std::string("C:\\a\0b", 6)).empty());
+}
+
+TEST_F(HostPathTest, NothingLeadsOutOfADrive) {
+    EXPECT_EQ(ToHostPath("C:\\..\\..\\x"), Drive("c") / "x");
+    EXPECT_EQ(ToHostPath("C:\\a\\..\\..\\b\\.\\c"), Drive("c") / "b" / "c");
+    EXPECT_EQ(ToHostPath("C:\\\\a\\\\b\\"), Drive("c") / "a" / "b");
+    // An escaped "/" would be a way out; only bytes that are no ASCII are ever escaped.
+    EXPECT_EQ(ToHostPath("C:\\..\xF4\x8F\xB8\xAF..").filename(), "..\xF4\x8F\xB8\xAF");
+}
+
+TEST_F(HostPathTest, NamesMatchWithoutRegardToCase) {
+    station.Write("C:\\Data\\Prüfung.INI", "x");
+    EXPECT_EQ(ToHostPath("c:\\DATA\\PRÜFUNG.ini"), Drive("c") / "Data" / "Prüfung.INI");
+    EXPECT_EQ(ToHostPath("C:\\data\\New.ini"), Drive("c") / "Data" / "New.ini")
+        << "what is new keeps its spelling";
+    EXPECT_EQ(ToHostPath("C:\\Data\\Prüfung.INI. "), Drive("c") / "Data" / "Prüfung.INI");
+    station.Write("C:\\Data\\x", "");
+    fs::create_directories(Drive("c") / "data");
+    EXPECT_EQ(ToHostPath("C:\\data"), Drive("c") / "data") << "the exact spelling comes first";
+}
+
+TEST_F(HostPathTest, WindowsPathsOfHostPaths) {
+    EXPECT_EQ(ToWindowsPath(Drive("d") / "Parts" / "a b.txt"), "D:\\Parts\\a b.txt");
+    EXPECT_EQ(ToWindowsPath(Drive("c")), "C:\\");
+    EXPECT_EQ(ToWindowsPath("/usr/share"), "Z:\\usr\\share");
+    EXPECT_EQ(ToWindowsPath("/"), "Z:\\");
+}
+
+TEST_F(HostPathTest, NamesThatAreNotUtf8Survive) {
+    const std::string name = "caf\xE9\xFF.txt";
+    EXPECT_EQ(NameFromHost("plain ä"), "plain ä");
+    EXPECT_NE(NameFromHost(name), name);
+    EXPECT_EQ(NameToHost(NameFromHost(name)), name);
+    const fs::path path = Drive("c") / name;
+    EXPECT_EQ(ToHostPath(ToWindowsPath(path)), path);
+}
+
+TEST_F(HostPathTest, Patterns) {
+    EXPECT_TRUE(MatchesPattern("anything", "*.*"));
+    EXPECT_TRUE(MatchesPattern("Part.INI", "*.ini"));
+    EXPECT_TRUE(MatchesPattern("Ä1", "ä?"));
+    EXPECT_TRUE(MatchesPattern("aXbXc", "a*b*c"));
+    EXPECT_TRUE(MatchesPattern("", "*"));
+    EXPECT_FALSE(MatchesPattern("part", "*.ini"));
+    EXPECT_FALSE(MatchesPattern("ab", "a?c"));
+    EXPECT_FALSE(MatchesPattern("", "?"));
+}
+
+// Sets an environment variable, or takes it away, for as long as it lives.
+class Variable {
+public:
+    Variable(const char* name, const char* value) : m_name(name) {
+        if (const char* before = std::getenv(name)) m_before = before;
+        Set(value);
+    }
+    ~Variable() { Set(m_before ? m_before->c_str() : nullptr); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    void Set(const char* value) const {
+        if (value != nullptr)
+            ::setenv(m_name, value, 1);
+        else
+            ::unsetenv(m_name);
+    }
+
+    const char* m_name;
+    std::optional<std::string> m_before;
+};
+
+TEST(StationFolderTest, TheEnvironmentNamesIt) {
+    const Variable home("HOME", "/home/someone");
+    {
+        const Variable station("NESKMANAGER_STATION", "/tmp/some station/x/../y");
+        EXPECT_EQ(DefaultStationFolder(), "/tmp/some station/y");
+    }
+    const Variable station("NESKMANAGER_STATION", nullptr);
+    {
+        const Variable data("XDG_DATA_HOME", "/tmp/data");
+        EXPECT_EQ(DefaultStationFolder(), "/tmp/data/neskmanager/station");
+    }
+    const Variable data("XDG_DATA_HOME", "relative");
+    EXPECT_EQ(DefaultStationFolder(), "/home/someone/.local/share/neskmanager/station");
+}
+
+} // namespace
+} // namespace nesk::platform::portable

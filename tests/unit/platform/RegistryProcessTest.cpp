@@ -1,0 +1,174 @@
+#include "unit/platform/RegistryFixture.h"
+
+#include <chrono>
+#include <csignal>
+#include <functional>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace nesk::platform {
+namespace {
+
+using namespace std::chrono_literals;
+
+// Several programs on one station.
+class RegistryProcessTest : public testing::RegistryFixture {
+protected:
+    // No open database may be carried into another process.
+    RegistryProcessTest() { portable::UseStation("/nonexistent/station"); }
+
+    // Starts a process that runs `action` on the station and ends with 1 when something failed.
+    pid_t Start(const std::function<void()>& action) const {
+        const pid_t child = ::fork();
+        if (child != 0) return child;
+        portable::UseStation(station.Folder());
+        action();
+        std::fflush(nullptr);
+        ::_exit(HasFailure() ? 1 : 0);
+    }
+
+    static void ExpectGoodEnd(pid_t child) {
+        int status = 0;
+        ASSERT_EQ(child, ::waitpid(child, &status, 0));
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "see above";
+    }
+
+    std::string IntegrityCheck() const {
+        sqlite3* database = nullptr;
+        sqlite3_stmt* statement = nullptr;
+        std::string answer;
+        EXPECT_EQ(SQLITE_OK, sqlite3_open((station.Folder() / "registry.db").c_str(), &database));
+        EXPECT_EQ(SQLITE_OK, sqlite3_prepare_v2(database, "PRAGMA integrity_check", -1, &statement, nullptr));
+        if (sqlite3_step(statement) == SQLITE_ROW)
+            answer = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
+        sqlite3_finalize(statement);
+        sqlite3_close(database);
+        return answer;
+    }
+};
+
+TEST_F(RegistryProcessTest, WriteAtOnce) {
+    constexpr int Writers = 3;
+    constexpr int Rounds = 60;
+    int gate[2];
+    ASSERT_EQ(0, ::pipe(gate));
+    std::vector<pid_t> children;
+    for (int writer = 0; writer < Writers; ++writer)
+        children.push_back(Start([&] {
+            ::close(gate[1]);
+            char byte = 0;
+            // All begin when the parent closes the pipe, so that they meet in making the store.
+            EXPECT_EQ(0, ::read(gate[0], &byte, 1));
+            const std::string name = "writer" + std::to_string(writer);
+            for (int round = 0; round < Rounds; ++round) {
+                const RegKey shared = Create("Shared");
+                ASSERT_NE(0U, shared);
+                ASSERT_EQ(ErrorCode::Success, Set(shared, name, std::to_string(round)));
+                ASSERT_EQ(std::to_string(round), Get(shared, name));
+                const RegKey own = Create("Level " + std::to_string(round) + "\\" + name);
+                ASSERT_EQ(ErrorCode::Success, Set(own, "x", name));
+                ASSERT_EQ(ErrorCode::Success, Reg().CloseKey(own));
+                ASSERT_EQ(ErrorCode::Success, Reg().CloseKey(shared));
+            }
+        }));
+    ::close(gate[0]);
+    ::close(gate[1]);
+    for (const pid_t child : children) ExpectGoodEnd(child);
+
+    EXPECT_EQ("ok", IntegrityCheck());
+    portable::UseStation(station.Folder());
+    const RegKey shared = Create("Shared");
+    EXPECT_EQ(static_cast<std::size_t>(Writers), Values(shared).size());
+    for (int writer = 0; writer < Writers; ++writer) {
+        const std::string name = "writer" + std::to_string(writer);
+        EXPECT_EQ(std::to_string(Rounds - 1), Get(shared, name));
+        for (int round = 0; round < Rounds; ++round)
+            ASSERT_EQ(name, Get(Create("Level " + std::to_string(round) + "\\" + name), "x"));
+    }
+}
+
+TEST_F(RegistryProcessTest, SeeWhatTheOtherWrote) {
+    portable::UseStation(station.Folder());
+    ASSERT_EQ(ErrorCode::Success, Set(Create("A\\B"), "x", "1"));
+    portable::UseStation("/nonexistent/station");
+    int go[2];
+    int done[2];
+    ASSERT_EQ(0, ::pipe(go));
+    ASSERT_EQ(0, ::pipe(done));
+    const pid_t child = Start([&] {
+        const RegKey key = Create("A\\B");
+        EXPECT_EQ("1", Get(key, "x"));
+        char byte = 'r';
+        EXPECT_EQ(1, ::write(done[1], &byte, 1));
+        EXPECT_EQ(1, ::read(go[0], &byte, 1));
+        EXPECT_EQ("2", Get(key, "x"));
+        EXPECT_EQ(1, ::write(done[1], &byte, 1));
+        EXPECT_EQ(1, ::read(go[0], &byte, 1));
+        EXPECT_EQ(std::nullopt, Get(key, "x"));
+        EXPECT_EQ(ErrorCode::KeyDeleted, Set(key, "x", "3"));
+    });
+    portable::UseStation(station.Folder());
+    char byte = 0;
+    ASSERT_EQ(1, ::read(done[0], &byte, 1));
+    ASSERT_EQ(ErrorCode::Success, Set(Create("A\\B"), "x", "2"));
+    ASSERT_EQ(1, ::write(go[1], &byte, 1));
+    ASSERT_EQ(1, ::read(done[0], &byte, 1));
+    ASSERT_EQ(ErrorCode::Success, Reg().DeleteKey(LocalMachine, "A\\B"));
+    ASSERT_EQ(1, ::write(go[1], &byte, 1));
+    ExpectGoodEnd(child);
+    for (const int end : {go[0], go[1], done[0], done[1]}) ::close(end);
+}
+
+// A value that shows whether it is whole: a letter, thousands of times.
+std::string Whole(int number) { return std::string(3000, static_cast<char>('a' + number % 26)); }
+
+TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
+    int written = 0;
+    for (int round = 0; round < 20; ++round) {
+        int progress[2];
+        ASSERT_EQ(0, ::pipe(progress));
+        const pid_t child = Start([&] {
+            for (int number = written + 1;; ++number) {
+                const RegKey key = Create("A\\B" + std::to_string(number % 7));
+                ASSERT_EQ(ErrorCode::Success, Set(key, "x", Whole(number)));
+                ASSERT_EQ(ErrorCode::Success, Set(LocalMachine, "last", std::to_string(number)));
+                ASSERT_EQ(ErrorCode::Success, Reg().CloseKey(key));
+                if (number % 5 == 0) Reg().DeleteKey(LocalMachine, "A\\B" + std::to_string(number % 7));
+                ASSERT_EQ(static_cast<ssize_t>(sizeof number), ::write(progress[1], &number, sizeof number));
+            }
+        });
+        ::close(progress[1]);
+        int last = written;
+        // Once the first number is there, the end comes at another moment in each round.
+        ASSERT_EQ(static_cast<ssize_t>(sizeof last), ::read(progress[0], &last, sizeof last));
+        std::this_thread::sleep_for(std::chrono::microseconds(700 * round));
+        ::kill(child, SIGKILL);
+        while (::read(progress[0], &last, sizeof last) == static_cast<ssize_t>(sizeof last)) {}
+        int status = 0;
+        ASSERT_EQ(child, ::waitpid(child, &status, 0));
+        ASSERT_TRUE(WIFSIGNALED(status));
+        ::close(progress[0]);
+
+        ASSERT_EQ("ok", IntegrityCheck());
+        portable::UseStation(station.Folder());
+        const std::optional<std::string> stored = Get(LocalMachine, "last");
+        ASSERT_TRUE(stored);
+        // What was reported as written is there; one more may be, of which the report did not come any more.
+        EXPECT_GE(std::stoi(*stored), last);
+        EXPECT_LE(std::stoi(*stored), last + 1);
+        written = std::stoi(*stored);
+        for (const std::string& name : Subkeys(Create("A"))) {
+            const std::optional<std::string> value = Get(Create("A\\" + name), "x");
+            // A key whose value had not been written when the end came is no damage.
+            if (!value) continue;
+            EXPECT_EQ(std::string(3000, value->front()), *value);
+        }
+        portable::UseStation("/nonexistent/station");
+    }
+    EXPECT_GT(written, 20);
+}
+
+} // namespace
+} // namespace nesk::platform

@@ -1,0 +1,387 @@
+#include "platform/portable/Database.h"
+#include "unit/platform/RegistryFixture.h"
+
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <sqlite3.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace nesk::platform {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+class RegistryStoreTest : public testing::RegistryFixture {
+protected:
+    fs::path Store() const { return station.Folder() / "registry.db"; }
+
+    // Lets go of the store, so that the file is all there is.
+    void Close() const { portable::UseStation(station.Folder()); }
+
+    void WriteStore(const std::string& bytes) const { std::ofstream(Store(), std::ios::binary) << bytes; }
+
+    std::string StoreBytes() const {
+        std::ifstream file(Store(), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    // Runs SQL on the file, past the registry.
+    void Execute(const char* sql) const {
+        sqlite3* database = nullptr;
+        ASSERT_EQ(SQLITE_OK, sqlite3_open(Store().c_str(), &database));
+        EXPECT_EQ(SQLITE_OK, sqlite3_exec(database, sql, nullptr, nullptr, nullptr)) << sqlite3_errmsg(database);
+        sqlite3_close(database);
+    }
+
+    // Runs `action` in a process of its own, after which the store is unused again. Its failures count here.
+    void InOtherProcess(const std::function<void()>& action) const {
+        // No open database may be carried into another process.
+        portable::UseStation("/nonexistent/station");
+        const pid_t child = ::fork();
+        if (child == 0) {
+            portable::UseStation(station.Folder());
+            action();
+            std::fflush(nullptr);
+            ::_exit(HasFailure() ? 1 : 0);
+        }
+        int status = 0;
+        ASSERT_EQ(child, ::waitpid(child, &status, 0));
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "see above";
+        portable::UseStation(station.Folder());
+    }
+
+    // As InOtherProcess, as a user whom access rights bind.
+    void AsPlainUser(const std::function<void()>& action) const {
+        InOtherProcess([&] {
+            constexpr unsigned Nobody = 65534;
+            if (::geteuid() == 0) ASSERT_EQ(0, ::setresgid(Nobody, Nobody, Nobody));
+            if (::geteuid() == 0) ASSERT_EQ(0, ::setresuid(Nobody, Nobody, Nobody));
+            action();
+        });
+    }
+
+    static void Protect(const fs::path& path, unsigned mode) {
+        fs::permissions(path, static_cast<fs::perms>(mode), fs::perm_options::replace);
+    }
+};
+
+// --- making the store ----------------------------------------------------------------------------------------
+
+TEST_F(RegistryStoreTest, IsNotMadeByReading) {
+    const fs::path folder = station.Folder() / "new" / "station";
+    portable::UseStation(folder);
+    EXPECT_EQ(ErrorCode::FileNotFound, OpenResult("A"));
+    EXPECT_EQ(ErrorCode::FileNotFound, OpenResult("A", RegAccess::Read));
+    EXPECT_EQ(ErrorCode::FileNotFound, OpenResult(""));
+    EXPECT_EQ(std::nullopt, Get(LocalMachine, "x"));
+    EXPECT_EQ(ErrorCode::FileNotFound, Reg().DeleteKey(LocalMachine, "A"));
+    EXPECT_TRUE(Subkeys(LocalMachine).empty());
+    EXPECT_FALSE(fs::exists(station.Folder() / "new"));
+}
+
+TEST_F(RegistryStoreTest, IsMadeByCreatingAKey) {
+    const fs::path folder = station.Folder() / "new" / "station";
+    portable::UseStation(folder);
+    Create("A");
+    EXPECT_TRUE(fs::is_regular_file(folder / "registry.db"));
+    EXPECT_EQ(ErrorCode::Success, OpenResult("A"));
+}
+
+TEST_F(RegistryStoreTest, IsMadeByWritingAValue) {
+    portable::UseStation(station.Folder() / "new");
+    ASSERT_EQ(ErrorCode::Success, Set(LocalMachine, "x", "1"));
+    EXPECT_EQ("1", Get(LocalMachine, "x"));
+}
+
+TEST_F(RegistryStoreTest, KeepsItsContents) {
+    ASSERT_EQ(ErrorCode::Success, Set(Create("A\\B"), "x", "Gr\xF6\xDF\x65"));
+    Close();
+    EXPECT_EQ("Gr\xF6\xDF\x65", Get(Create("A\\B", LocalMachine, RegAccess::Read), "x"));
+}
+
+TEST_F(RegistryStoreTest, BelongsToItsStation) {
+    const RegKey key = Create("A");
+    portable::UseStation(station.Folder() / "other");
+    std::uint32_t size = 0;
+    EXPECT_EQ(ErrorCode::InvalidHandle, Reg().QueryValue(key, "x", nullptr, nullptr, &size));
+    EXPECT_EQ(ErrorCode::FileNotFound, OpenResult("A"));
+    Create("B");
+    portable::UseStation(station.Folder());
+    EXPECT_EQ(ErrorCode::Success, OpenResult("A"));
+    EXPECT_EQ(ErrorCode::FileNotFound, OpenResult("B"));
+}
+
+TEST_F(RegistryStoreTest, GivesNoHandleTwice) {
+    const RegKey before = Create("A");
+    portable::UseStation(station.Folder());
+    EXPECT_NE(before, Create("A"));
+    EXPECT_EQ(ErrorCode::InvalidHandle, Set(before, "x", "1"));
+}
+
+TEST_F(RegistryStoreTest, TellsWhereItLies) {
+    EXPECT_EQ(portable::ToWindowsPath(Store()), Reg().Location());
+}
+
+// --- damage --------------------------------------------------------------------------------------------------
+
+TEST_F(RegistryStoreTest, RefusesAFileThatIsNoDatabase) {
+    for (const std::size_t size : {std::size_t{1}, std::size_t{99}, std::size_t{600}, std::size_t{100000}}) {
+        const std::string bytes(size, 'x');
+        WriteStore(bytes);
+        Close();
+        EXPECT_EQ(ErrorCode::BadDatabase, OpenResult("A", RegAccess::Read)) << size;
+        EXPECT_EQ(ErrorCode::BadDatabase, OpenResult("A")) << size;
+        RegKey key = 1;
+        EXPECT_EQ(ErrorCode::BadDatabase, Reg().CreateKey(LocalMachine, "A", RegAccess::ReadWrite, key)) << size;
+        EXPECT_EQ(0U, key);
+        EXPECT_EQ(ErrorCode::BadDatabase, Set(LocalMachine, "x", "1")) << size;
+        Close();
+        EXPECT_EQ(bytes, StoreBytes()) << "somebody else's file must stay as it is";
+    }
+}
+
+TEST_F(RegistryStoreTest, RefusesADatabaseOfAnotherProgram) {
+    Execute("CREATE TABLE songs(title TEXT)");
+    const std::string bytes = StoreBytes();
+    EXPECT_EQ(ErrorCode::BadDatabase, OpenResult("A"));
+    RegKey key = 0;
+    EXPECT_EQ(ErrorCode::BadDatabase, Reg().CreateKey(LocalMachine, "A", RegAccess::ReadWrite, key));
+    Close();
+    EXPECT_EQ(bytes, StoreBytes());
+}
+
+TEST_F(RegistryStoreTest, RefusesAStoreOfALaterVersion) {
+    Execute("CREATE TABLE entries(path TEXT); PRAGMA user_version = 2");
+    const std::string bytes = StoreBytes();
+    EXPECT_EQ(ErrorCode::BadDatabase, OpenResult("A"));
+    RegKey key = 0;
+    EXPECT_EQ(ErrorCode::BadDatabase, Reg().CreateKey(LocalMachine, "A", RegAccess::ReadWrite, key));
+    Close();
+    EXPECT_EQ(bytes, StoreBytes());
+}
+
+TEST_F(RegistryStoreTest, RefusesAStoreWithoutItsTables) {
+    Create("A");
+    Close();
+    Execute("DROP TABLE vals; DROP TABLE keys");
+    EXPECT_EQ(ErrorCode::BadDatabase, OpenResult("A"));
+    EXPECT_EQ(ErrorCode::BadDatabase, Set(LocalMachine, "x", "1"));
+}
+
+TEST_F(RegistryStoreTest, TakesAnEmptyFileForANewStore) {
+    // What is left of a program that ended while it made the store.
+    WriteStore("");
+    EXPECT_EQ(ErrorCode::FileNotFound, OpenResult("A"));
+    Create("A");
+    EXPECT_EQ(ErrorCode::Success, OpenResult("A"));
+}
+
+TEST_F(RegistryStoreTest, TellsThatTheStoreIsDamaged) {
+    const RegKey key = Create("A");
+    for (int i = 0; i < 20; ++i)
+        ASSERT_EQ(ErrorCode::Success, Set(key, "value" + std::to_string(i), std::string(2000, 'x')));
+    Close();
+    const std::string sound = StoreBytes();
+    ASSERT_GT(sound.size(), 30000U);
+    for (const bool cut : {false, true}) {
+        std::string damaged = sound;
+        if (cut) damaged.resize(damaged.size() / 2);
+        else damaged.replace(4096, std::string::npos, sound.size() - 4096, '\xFF');
+        WriteStore(damaged);
+        Close();
+        RegKey opened = 0;
+        int result = Reg().OpenKey(LocalMachine, "A", RegAccess::Read, opened);
+        for (int i = 0; i < 20 && result == ErrorCode::Success; ++i) {
+            std::uint32_t size = 0;
+            result = Reg().QueryValue(opened, "value" + std::to_string(i), nullptr, nullptr, &size);
+        }
+        EXPECT_TRUE(result == ErrorCode::BadDatabase || result == ErrorCode::RegistryCorrupt) << result;
+    }
+}
+
+TEST_F(RegistryStoreTest, TellsThatAFolderIsInItsPlace) {
+    fs::create_directories(Store());
+    EXPECT_EQ(ErrorCode::AccessDenied, OpenResult("A"));
+    EXPECT_EQ(ErrorCode::AccessDenied, Set(LocalMachine, "x", "1"));
+}
+
+TEST_F(RegistryStoreTest, TranslatesTheCodesOfTheDatabase) {
+    const std::vector<std::pair<int, int>> codes = {
+        {SQLITE_OK, ErrorCode::Success},
+        {SQLITE_DONE, ErrorCode::Success},
+        {SQLITE_BUSY, ErrorCode::Busy},
+        {SQLITE_BUSY_SNAPSHOT, ErrorCode::Busy},
+        {SQLITE_LOCKED, ErrorCode::Busy},
+        {SQLITE_PROTOCOL, ErrorCode::Busy},
+        {SQLITE_READONLY, ErrorCode::AccessDenied},
+        {SQLITE_READONLY_DBMOVED, ErrorCode::AccessDenied},
+        {SQLITE_PERM, ErrorCode::AccessDenied},
+        {SQLITE_CANTOPEN, ErrorCode::AccessDenied},
+        {SQLITE_NOTADB, ErrorCode::BadDatabase},
+        {SQLITE_CORRUPT, ErrorCode::RegistryCorrupt},
+        {SQLITE_FULL, ErrorCode::DiskFull},
+        {SQLITE_NOMEM, ErrorCode::OutOfMemory},
+        {SQLITE_IOERR, ErrorCode::RegistryIoFailed},
+        {SQLITE_IOERR_WRITE, ErrorCode::RegistryIoFailed},
+        {SQLITE_CONSTRAINT_FOREIGNKEY, ErrorCode::KeyDeleted},
+    };
+    for (const auto& [code, expected] : codes) EXPECT_EQ(expected, portable::ErrorFromSqlite(code)) << code;
+}
+
+TEST_F(RegistryStoreTest, TellsThatItCannotBeWritten) {
+    ASSERT_EQ(ErrorCode::Success, Set(Create("A"), "x", "before"));
+    InOtherProcess([] {
+        // As on a disk that fails: no file may grow beyond this size.
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{65536, 65536};
+        ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &limit));
+        EXPECT_EQ(ErrorCode::RegistryIoFailed, Set(Create("A"), "x", std::string(200000, 'y')));
+        EXPECT_EQ("before", Get(Create("A", LocalMachine, RegAccess::Read), "x"));
+    });
+    EXPECT_EQ("before", Get(Create("A"), "x"));
+    EXPECT_EQ(ErrorCode::Success, Set(Create("A"), "x", std::string(200000, 'y')));
+}
+
+// --- access rights -------------------------------------------------------------------------------------------
+
+class ProtectedStoreTest : public RegistryStoreTest {
+protected:
+    ProtectedStoreTest() {
+        EXPECT_EQ(ErrorCode::Success, Set(Create("A\\B"), "x", "1"));
+        Close();
+        Protect(station.Folder(), 0755);
+    }
+    ~ProtectedStoreTest() override { Protect(station.Folder(), 0755); }
+
+    static void ReadsButDoesNotWrite() {
+        EXPECT_EQ(ErrorCode::Success, OpenResult("A\\B", RegAccess::Read));
+        EXPECT_EQ(ErrorCode::FileNotFound, OpenResult("A\\C", RegAccess::Read));
+        EXPECT_EQ(ErrorCode::AccessDenied, OpenResult("A\\B", RegAccess::ReadWrite));
+        EXPECT_EQ(ErrorCode::AccessDenied, OpenResult("A\\B", RegAccess::Write));
+        const RegKey key = Create("A\\B", LocalMachine, RegAccess::Read);
+        EXPECT_EQ("1", Get(key, "x"));
+        EXPECT_EQ(std::vector<std::string>{"A"}, Subkeys(LocalMachine));
+        RegKey made = 1;
+        EXPECT_EQ(ErrorCode::AccessDenied, Reg().CreateKey(LocalMachine, "C", RegAccess::Read, made));
+        EXPECT_EQ(0U, made);
+        EXPECT_EQ(ErrorCode::AccessDenied, Set(key, "x", "2"));
+        EXPECT_EQ(ErrorCode::AccessDenied, Set(LocalMachine, "x", "2"));
+        EXPECT_EQ(ErrorCode::AccessDenied, Reg().DeleteKey(LocalMachine, "A\\B"));
+        EXPECT_EQ("1", Get(key, "x"));
+    }
+};
+
+TEST_F(ProtectedStoreTest, IsReadWhenTheFileIsProtected) {
+    Protect(station.Folder(), 0777);
+    Protect(Store(), 0444);
+    AsPlainUser(ReadsButDoesNotWrite);
+}
+
+TEST_F(ProtectedStoreTest, IsReadWhenTheFolderIsProtected) {
+    Protect(Store(), 0444);
+    Protect(station.Folder(), 0555);
+    AsPlainUser(ReadsButDoesNotWrite);
+    EXPECT_EQ("1", Get(Create("A\\B"), "x"));
+}
+
+TEST_F(ProtectedStoreTest, IsReadInAFolderOfAnyName) {
+    const fs::path folder = station.Folder() / "a %41?b=1#c&d";
+    fs::create_directory(folder);
+    fs::rename(Store(), folder / "registry.db");
+    Protect(folder / "registry.db", 0444);
+    Protect(folder, 0555);
+    AsPlainUser([&] {
+        portable::UseStation(folder);
+        ReadsButDoesNotWrite();
+    });
+    Protect(folder, 0755);
+}
+
+TEST_F(ProtectedStoreTest, ShowsWhatAnotherProgramHasWrittenLast) {
+    const RegKey key = Create("A\\B");
+    ASSERT_EQ(ErrorCode::Success, Set(key, "x", "2"));
+    Close();
+    // A program that is open keeps its last changes beside the store.
+    sqlite3* other = nullptr;
+    ASSERT_EQ(SQLITE_OK, sqlite3_open(Store().c_str(), &other));
+    ASSERT_EQ(SQLITE_OK, sqlite3_exec(other, "UPDATE vals SET data = '3'", nullptr, nullptr, nullptr));
+    for (const char* end : {"", "-wal", "-shm"}) Protect(Store().string() + end, 0444);
+    Protect(station.Folder(), 0555);
+    AsPlainUser([] { EXPECT_EQ("3", Get(Create("A\\B", LocalMachine, RegAccess::Read), "x")); });
+    sqlite3_close(other);
+}
+
+TEST_F(ProtectedStoreTest, IsRefusedWhenItMayNotBeRead) {
+    Protect(Store(), 0);
+    AsPlainUser([] {
+        EXPECT_EQ(ErrorCode::AccessDenied, OpenResult("A", RegAccess::Read));
+        EXPECT_EQ(ErrorCode::AccessDenied, OpenResult("A"));
+        EXPECT_EQ(ErrorCode::AccessDenied, Set(LocalMachine, "x", "1"));
+    });
+    Protect(Store(), 0644);
+}
+
+TEST_F(ProtectedStoreTest, IsNotMadeWhereNothingMayBeWritten) {
+    Protect(station.Folder(), 0555);
+    AsPlainUser([&] {
+        for (const fs::path& folder : {station.Folder() / "drives", station.Folder() / "new"}) {
+            portable::UseStation(folder);
+            EXPECT_EQ(ErrorCode::FileNotFound, OpenResult("A"));
+            RegKey key = 1;
+            EXPECT_EQ(ErrorCode::AccessDenied, Reg().CreateKey(LocalMachine, "A", RegAccess::ReadWrite, key));
+            EXPECT_EQ(0U, key);
+        }
+    });
+}
+
+// --- another program -----------------------------------------------------------------------------------------
+
+// Another program that has begun to write.
+class OtherWriter {
+public:
+    explicit OtherWriter(const fs::path& store) {
+        EXPECT_EQ(SQLITE_OK, sqlite3_open(store.c_str(), &m_database));
+        EXPECT_EQ(SQLITE_OK, sqlite3_exec(m_database, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
+    }
+    ~OtherWriter() { sqlite3_close(m_database); }
+    OtherWriter(const OtherWriter&) = delete;
+    OtherWriter& operator=(const OtherWriter&) = delete;
+
+    void End() { EXPECT_EQ(SQLITE_OK, sqlite3_exec(m_database, "COMMIT", nullptr, nullptr, nullptr)); }
+
+private:
+    sqlite3* m_database = nullptr;
+};
+
+TEST_F(RegistryStoreTest, WaitsForAnotherProgram) {
+    const RegKey key = Create("A");
+    OtherWriter other(Store());
+    std::thread ending([&] {
+        std::this_thread::sleep_for(300ms);
+        other.End();
+    });
+    EXPECT_EQ(ErrorCode::Success, Set(key, "x", "1"));
+    ending.join();
+    EXPECT_EQ("1", Get(key, "x"));
+}
+
+TEST_F(RegistryStoreTest, IsBusyWhenAnotherProgramDoesNotEnd) {
+    const RegKey key = Create("A");
+    ASSERT_EQ(ErrorCode::Success, Set(key, "x", "1"));
+    const OtherWriter other(Store());
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(ErrorCode::Busy, Set(key, "x", "2"));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 4s);
+    // Reading waits for nobody.
+    EXPECT_EQ("1", Get(key, "x"));
+}
+
+} // namespace
+} // namespace nesk::platform

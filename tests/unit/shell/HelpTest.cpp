@@ -1,0 +1,72 @@
+#include "settings/RegEntry.h"
+#include "shell/modHelp.h"
+#include "unit/CoreFixture.h"
+
+#include <cstdlib>
+
+namespace nesk {
+namespace {
+
+// The program's own folder holds OVENU.chm; base names of the test's own leave the choice to the
+// installation's.
+class HelpTest : public testing::CoreTest {
+protected:
+    HelpTest() {
+        RegEntry settings;
+        settings.CreateKey("Orvane\\Settings");
+        settings.SetString("InstallDirectory", "C:\\Orvane");
+    }
+    ~HelpTest() override { modHelp::SetHelpFile(1033, "OV"); }
+
+    void WriteHelp(const std::string& name) { station.Write("C:\\Orvane\\Bin\\" + name, "help"); }
+};
+
+TEST_F(HelpTest, TheProgramFolderComesFirst) {
+    WriteHelp("OVENU.chm");
+    EXPECT_TRUE(modHelp::SetHelpFile(1033, "OV"));
+    EXPECT_FALSE(modHelp::HelpFile().starts_with("C:\\Orvane"));
+    EXPECT_TRUE(modHelp::HelpFile().ends_with("\\OVENU.chm"));
+    EXPECT_TRUE(modHelp::IsHtmlHelp());
+}
+
+TEST_F(HelpTest, CandidatesInTheirOrder) {
+    EXPECT_FALSE(modHelp::SetHelpFile(1031, "T"));
+    EXPECT_EQ(modHelp::HelpFile(), "C:\\Orvane\\Bin\\TENU.hlp") << "the last candidate is named all the same";
+    // Each file written beats the ones before.
+    for (const char* name : {"TENU.hlp", "TDEU.hlp", "TENU.chm", "TDEU.chm"}) {
+        WriteHelp(name);
+        EXPECT_TRUE(modHelp::SetHelpFile(1031, "T"));
+        EXPECT_EQ(modHelp::HelpFile(), std::string("C:\\Orvane\\Bin\\") + name);
+    }
+}
+
+TEST_F(HelpTest, TheEndingDecidesTheFormat) {
+    WriteHelp("TENU.hlp");
+    modHelp::SetHelpFile(1033, "T");
+    EXPECT_FALSE(modHelp::IsHtmlHelp());
+    WriteHelp("TENU.CHM");
+    modHelp::SetHelpFile(1033, "T");
+    EXPECT_TRUE(modHelp::IsHtmlHelp());
+}
+
+TEST_F(HelpTest, WhatCannotBeShownIsSaid) {
+    modHelp::SetHelpFile(1033, "T");
+    Expect();
+    modHelp::ShowHelpTopic(nullptr, 33001);
+    EXPECT_NE(messages.at(0).text.find("C:\\Orvane\\Bin\\TENU.hlp"), std::string::npos);
+    EXPECT_EQ(messages[0].text, modStringRes::FormatResString(34160, modHelp::HelpFile()));
+    WriteHelp("TENU.hlp");
+    Expect();
+    modHelp::ShowHelpContents(nullptr);
+    EXPECT_EQ(messages.at(1).text, modStringRes::FormatResString(34162, modHelp::HelpFile()));
+    WriteHelp("TENU.chm");
+    modHelp::SetHelpFile(1033, "T");
+    ::setenv("NESKMANAGER_HELPVIEWER", "no-such-viewer", 1);
+    Expect();
+    modHelp::ShowHelpContents(nullptr);
+    ::unsetenv("NESKMANAGER_HELPVIEWER");
+    EXPECT_EQ(messages.at(2).text, modStringRes::FormatResString(34161, modHelp::HelpFile()));
+}
+
+} // namespace
+} // namespace nesk
