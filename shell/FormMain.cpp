@@ -118,7 +118,7 @@ void FormMain::BuildMenuBar() {
 
 void FormMain::BuildControls() {
     sbMain = CreateStatusBar(PanelCount, wxSTB_DEFAULT_STYLE, wxID_ANY, "sbMain");
-    const int widths[PanelCount] = {-3, -2};
+    const int widths[PanelCount] = {-2, -3};
     sbMain->SetStatusWidths(PanelCount, widths);
     // The path stays while the user looks through the menus.
     SetStatusBarPane(HelpPanel);

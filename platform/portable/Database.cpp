@@ -11,6 +11,22 @@ namespace {
 // How long another program may keep the database to itself before a request for it fails.
 constexpr int BusyMilliseconds = 5000;
 
+// The name under which a file is opened that nobody changes meanwhile.
+std::string UnchangingUri(const std::filesystem::path& file) {
+    std::string uri = "file:";
+    for (const char c : file.string()) {
+        if (c == '%')
+            uri += "%25";
+        else if (c == '?')
+            uri += "%3f";
+        else if (c == '#')
+            uri += "%23";
+        else
+            uri += c;
+    }
+    return uri + "?immutable=1";
+}
+
 } // namespace
 
 int ErrorFromSqlite(int code) {
@@ -19,6 +35,7 @@ int ErrorFromSqlite(int code) {
     case SQLITE_ROW:
     case SQLITE_DONE: return ErrorCode::Success;
     case SQLITE_BUSY:
+    case SQLITE_PROTOCOL:
     case SQLITE_LOCKED: return ErrorCode::Busy;
     case SQLITE_READONLY:
     case SQLITE_PERM:
@@ -28,6 +45,8 @@ int ErrorFromSqlite(int code) {
     // A statement that does not fit the tables means that the tables are not ours.
     case SQLITE_ERROR: return ErrorCode::BadDatabase;
     case SQLITE_CORRUPT: return ErrorCode::RegistryCorrupt;
+    // The one constraint that a statement can break is that of a value's key.
+    case SQLITE_CONSTRAINT: return ErrorCode::KeyDeleted;
     case SQLITE_FULL: return ErrorCode::DiskFull;
     case SQLITE_NOMEM: return ErrorCode::OutOfMemory;
     default: return ErrorCode::RegistryIoFailed;
@@ -41,10 +60,23 @@ Database::~Database() {
 int Database::Open(const std::filesystem::path& file, bool create) {
     std::error_code error;
     if (!create && !std::filesystem::exists(file, error)) return ErrorCode::FileNotFound;
-    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0);
-    const int code = sqlite3_open_v2(file.c_str(), &m_handle, flags, nullptr);
+    const int code = Connect(file.c_str(), SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0));
+    if (code != SQLITE_OK || !IsReadOnly()) return ErrorFromSqlite(code);
+
+    // A database with a write-ahead log needs files beside it even for reading. Where they cannot be made
+    // nobody writes, and the database can be read as a file that does not change.
+    const int read = sqlite3_exec(m_handle, "PRAGMA schema_version", nullptr, nullptr, nullptr);
+    const bool refused = (read & 0xFF) == SQLITE_CANTOPEN || (read & 0xFF) == SQLITE_READONLY;
+    if (!refused || std::filesystem::exists(file.string() + "-wal", error)) return ErrorFromSqlite(read);
+    return ErrorFromSqlite(Connect(UnchangingUri(file).c_str(), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI));
+}
+
+int Database::Connect(const char* name, int flags) {
+    sqlite3_close_v2(m_handle);
+    m_handle = nullptr;
+    const int code = sqlite3_open_v2(name, &m_handle, flags, nullptr);
     if (code == SQLITE_OK) sqlite3_busy_timeout(m_handle, BusyMilliseconds);
-    return ErrorFromSqlite(code);
+    return code;
 }
 
 bool Database::IsReadOnly() const {

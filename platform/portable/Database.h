@@ -34,6 +34,8 @@ public:
     sqlite3* Handle() const { return m_handle; }
 
 private:
+    int Connect(const char* name, int flags);
+
     sqlite3* m_handle = nullptr;
 };
 

@@ -16,13 +16,13 @@ constexpr std::size_t LongestKeyName = 255;
 
 // Subkeys come in the order of their upper-cased names, values in that in which they were first written.
 constexpr const char* Schema = R"(
-CREATE TABLE IF NOT EXISTS keys(
+CREATE TABLE keys(
   id INTEGER PRIMARY KEY AUTOINCREMENT,
   parent INTEGER NOT NULL,
   name TEXT NOT NULL,
   folded TEXT NOT NULL,
   UNIQUE(parent, folded));
-CREATE TABLE IF NOT EXISTS vals(
+CREATE TABLE vals(
   id INTEGER PRIMARY KEY AUTOINCREMENT,
   key INTEGER NOT NULL REFERENCES keys(id) ON DELETE CASCADE,
   name TEXT NOT NULL,
@@ -30,31 +30,52 @@ CREATE TABLE IF NOT EXISTS vals(
   type INTEGER NOT NULL,
   data BLOB NOT NULL,
   UNIQUE(key, folded));
+INSERT INTO keys(id, parent, name, folded)
+  VALUES(0, -1, 'HKEY_LOCAL_MACHINE', 'HKEY_LOCAL_MACHINE');
 PRAGMA user_version = 1;
 )";
 
-int ReadVersion(Database& database, std::int64_t& version) {
-    Statement statement(database, "PRAGMA user_version");
+int ReadNumber(Database& database, const char* sql, std::int64_t& number) {
+    Statement statement(database, sql);
     bool row = false;
     const int result = statement.Step(row);
-    version = row ? statement.Number(0) : 0;
+    number = row ? statement.Number(0) : 0;
     return result;
 }
 
+int ReadVersion(Database& database, std::int64_t& version) {
+    return ReadNumber(database, "PRAGMA user_version", version);
+}
+
+// Makes the tables of a new store. Another program may be about to do the same.
+int MakeTables(Database& database) {
+    WriteTransaction transaction(database);
+    if (transaction.Result() != ErrorCode::Success) return transaction.Result();
+    std::int64_t version = 0;
+    if (const int result = ReadVersion(database, version); result != ErrorCode::Success) return result;
+    if (version != 0) return version == SchemaVersion ? ErrorCode::Success : ErrorCode::BadDatabase;
+    std::int64_t tables = 0;
+    if (const int result = ReadNumber(database, "SELECT count(*) FROM sqlite_master", tables);
+        result != ErrorCode::Success)
+        return result;
+    // A database with tables and without our version is somebody else's.
+    if (tables != 0) return ErrorCode::BadDatabase;
+    if (const int result = database.Execute(Schema); result != ErrorCode::Success) return result;
+    return transaction.Commit();
+}
+
+// Nothing is changed before it is known that the store is ours.
 int Prepare(Database& database) {
+    std::int64_t version = 0;
+    if (const int result = ReadVersion(database, version); result != ErrorCode::Success) return result;
+    if (version != 0 && version != SchemaVersion) return ErrorCode::BadDatabase;
+    if (version == 0)
+        if (const int result = MakeTables(database); result != ErrorCode::Success) return result;
     // With a write-ahead log a program that is killed at any moment leaves what was committed, and readers
     // and the writer of another program do not wait for each other. NORMAL can lose the last writes to a
     // power cut, never the store.
     database.Execute("PRAGMA journal_mode = WAL");
     database.Execute("PRAGMA synchronous = NORMAL");
-    std::int64_t version = 0;
-    if (const int result = ReadVersion(database, version); result != ErrorCode::Success) return result;
-    if (version > SchemaVersion) return ErrorCode::BadDatabase;
-    if (version == SchemaVersion) return database.Execute("PRAGMA foreign_keys = ON");
-    WriteTransaction transaction(database);
-    if (transaction.Result() != ErrorCode::Success) return transaction.Result();
-    if (const int result = database.Execute(Schema); result != ErrorCode::Success) return result;
-    if (const int result = transaction.Commit(); result != ErrorCode::Success) return result;
     return database.Execute("PRAGMA foreign_keys = ON");
 }
 

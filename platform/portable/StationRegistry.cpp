@@ -109,6 +109,8 @@ public:
 
     int DeleteKey(RegKey parent, const std::string& subKey) override {
         if (subKey.empty()) return ErrorCode::InvalidParameter;
+        // A path without a level would be the parent itself.
+        if (subKey.starts_with('\\')) return ErrorCode::BadPathName;
         std::int64_t row = 0;
         if (const int result = Use(parent, 0, row); result != ErrorCode::Success) return result;
         if (const int result = m_store->FindKey(row, FromAnsi(subKey), row); result != ErrorCode::Success)
@@ -168,6 +170,7 @@ private:
     int Open(RegKey parent, const std::string& path, std::uint32_t access, bool create, RegKey& key) {
         key = 0;
         if (path.starts_with('\\')) return ErrorCode::BadPathName;
+        if (parent != LocalMachine && !m_handles.contains(parent)) return ErrorCode::InvalidHandle;
         if (const int result = EnsureStore(create); result != ErrorCode::Success) return result;
         std::int64_t row = 0;
         // Opening a key asks no right of its parent; creating one does.

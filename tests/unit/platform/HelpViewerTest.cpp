@@ -71,7 +71,8 @@ protected:
 
     // The values that the viewer recorded under a name, once it has written its record.
     std::vector<std::string> Recorded(const std::string& name) const {
-        for (int i = 0; i < 1000 && !fs::exists(m_record); ++i) std::this_thread::sleep_for(10ms);
+        for (int i = 0; i < 1000 && !fs::exists(m_record); ++i)
+            std::this_thread::sleep_for(10ms);
         std::ifstream record(m_record);
         std::vector<std::string> values;
         for (std::string line; std::getline(record, line);)
@@ -131,8 +132,10 @@ TEST_F(HelpViewerTest, UsesTheUsualViewerWithoutAnOverride) {
     Script("xchm", std::string(Recorder) + "exec sleep 60\n");
     for (const bool empty : {false, true}) {
         fs::remove(m_record);
-        if (empty) ::setenv("NESKMANAGER_HELPVIEWER", "", 1);
-        else ::unsetenv("NESKMANAGER_HELPVIEWER");
+        if (empty)
+            ::setenv("NESKMANAGER_HELPVIEWER", "", 1);
+        else
+            ::unsetenv("NESKMANAGER_HELPVIEWER");
         ASSERT_EQ(HelpResult::Shown, Show());
         EXPECT_EQ(1U, Recorded("argument").size());
     }
@@ -161,7 +164,8 @@ TEST_F(HelpViewerTest, EndsWhatAScriptStarted) {
     ASSERT_GT(RecordedProcess(), 0);
     const fs::path file = m_record.string() + ".child";
     pid_t child = 0;
-    for (int i = 0; i < 1000 && child == 0; ++i, std::this_thread::sleep_for(10ms)) std::ifstream(file) >> child;
+    for (int i = 0; i < 1000 && child == 0; ++i, std::this_thread::sleep_for(10ms))
+        std::ifstream(file) >> child;
     ASSERT_GT(child, 0);
     ASSERT_EQ(HelpResult::Shown, Show());
     // Whoever inherits an orphan may take its time to collect it; a zombie has no command line.
@@ -227,7 +231,9 @@ TEST_F(HelpViewerTest, TellsThatTheViewerDoesNotStart) {
 }
 
 TEST_F(HelpViewerTest, TellsThatTheFileIsMissing) {
-    const auto show = [](const char* file) { return ShowHtmlHelp(nullptr, file, HtmlHelpCommand::Contents, 0); };
+    const auto show = [](const char* file) {
+        return ShowHtmlHelp(nullptr, file, HtmlHelpCommand::Contents, 0);
+    };
     EXPECT_EQ(HelpResult::FileMissing, show("C:\\Help\\None.chm"));
     EXPECT_EQ(HelpResult::FileMissing, show("C:\\Help"));
     EXPECT_EQ(HelpResult::FileMissing, show(""));

@@ -30,7 +30,9 @@ struct Case {
     std::string key = "Name";
 };
 
-void PrintTo(const Case& c, std::ostream* out) { *out << c.name; }
+void PrintTo(const Case& c, std::ostream* out) {
+    *out << c.name;
+}
 
 class ProfileCase : public ::testing::TestWithParam<Case> {
 protected:
@@ -253,8 +255,8 @@ TEST_F(ProfileFileTest, FindsCharactersAcrossTheEndOfTheBuffer) {
     }
 }
 
-// Runs `action` in a process of its own, whose peak starts anew. True when the action answered true and the peak of
-// its memory grew by less than 8 MB.
+// Runs `action` in a process of its own, whose peak starts anew. True when the action answered true and the
+// peak of its memory grew by less than 8 MB.
 template <class Action>
 ::testing::AssertionResult NeedsLittleMemory(const Action& action) {
     const pid_t child = ::fork();

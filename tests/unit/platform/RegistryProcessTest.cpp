@@ -75,7 +75,8 @@ TEST_F(RegistryProcessTest, WriteAtOnce) {
         }));
     ::close(gate[0]);
     ::close(gate[1]);
-    for (const pid_t child : children) ExpectGoodEnd(child);
+    for (const pid_t child : children)
+        ExpectGoodEnd(child);
 
     EXPECT_EQ("ok", IntegrityCheck());
     portable::UseStation(station.Folder());
@@ -118,11 +119,14 @@ TEST_F(RegistryProcessTest, SeeWhatTheOtherWrote) {
     ASSERT_EQ(ErrorCode::Success, Reg().DeleteKey(LocalMachine, "A\\B"));
     ASSERT_EQ(1, ::write(go[1], &byte, 1));
     ExpectGoodEnd(child);
-    for (const int end : {go[0], go[1], done[0], done[1]}) ::close(end);
+    for (const int end : {go[0], go[1], done[0], done[1]})
+        ::close(end);
 }
 
 // A value that shows whether it is whole: a letter, thousands of times.
-std::string Whole(int number) { return std::string(3000, static_cast<char>('a' + number % 26)); }
+std::string Whole(int number) {
+    return std::string(3000, static_cast<char>('a' + number % 26));
+}
 
 TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
     int written = 0;
@@ -145,7 +149,8 @@ TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
         ASSERT_EQ(static_cast<ssize_t>(sizeof last), ::read(progress[0], &last, sizeof last));
         std::this_thread::sleep_for(std::chrono::microseconds(700 * round));
         ::kill(child, SIGKILL);
-        while (::read(progress[0], &last, sizeof last) == static_cast<ssize_t>(sizeof last)) {}
+        while (::read(progress[0], &last, sizeof last) == static_cast<ssize_t>(sizeof last)) {
+        }
         int status = 0;
         ASSERT_EQ(child, ::waitpid(child, &status, 0));
         ASSERT_TRUE(WIFSIGNALED(status));
@@ -168,6 +173,51 @@ TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
         portable::UseStation("/nonexistent/station");
     }
     EXPECT_GT(written, 20);
+}
+
+// Another program that has begun to write.
+class OtherWriter {
+public:
+    explicit OtherWriter(const std::filesystem::path& store) {
+        EXPECT_EQ(SQLITE_OK, sqlite3_open(store.c_str(), &m_database));
+        EXPECT_EQ(SQLITE_OK, sqlite3_exec(m_database, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
+    }
+    ~OtherWriter() { sqlite3_close(m_database); }
+    OtherWriter(const OtherWriter&) = delete;
+    OtherWriter& operator=(const OtherWriter&) = delete;
+
+    void End() { EXPECT_EQ(SQLITE_OK, sqlite3_exec(m_database, "COMMIT", nullptr, nullptr, nullptr)); }
+
+private:
+    sqlite3* m_database = nullptr;
+};
+
+class RegistryBusyTest : public testing::RegistryFixture {
+protected:
+    std::filesystem::path Store() const { return station.Folder() / "registry.db"; }
+};
+
+TEST_F(RegistryBusyTest, WaitsForAnotherProgram) {
+    const RegKey key = Create("A");
+    OtherWriter other(Store());
+    std::thread ending([&] {
+        std::this_thread::sleep_for(300ms);
+        other.End();
+    });
+    EXPECT_EQ(ErrorCode::Success, Set(key, "x", "1"));
+    ending.join();
+    EXPECT_EQ("1", Get(key, "x"));
+}
+
+TEST_F(RegistryBusyTest, IsBusyWhenAnotherProgramDoesNotEnd) {
+    const RegKey key = Create("A");
+    ASSERT_EQ(ErrorCode::Success, Set(key, "x", "1"));
+    const OtherWriter other(Store());
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(ErrorCode::Busy, Set(key, "x", "2"));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 4s);
+    // Reading waits for nobody.
+    EXPECT_EQ("1", Get(key, "x"));
 }
 
 } // namespace

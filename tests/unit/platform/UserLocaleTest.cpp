@@ -24,8 +24,10 @@ protected:
 
     ~UserLocaleTest() override {
         for (const char* name : Variables) {
-            if (m_before[name]) ::setenv(name, m_before[name]->c_str(), 1);
-            else ::unsetenv(name);
+            if (m_before[name])
+                ::setenv(name, m_before[name]->c_str(), 1);
+            else
+                ::unsetenv(name);
         }
     }
 
@@ -33,7 +35,9 @@ private:
     std::map<std::string, std::optional<std::string>> m_before;
 };
 
-TEST_F(UserLocaleTest, IsEnglishWhenNothingIsSet) { EXPECT_EQ(1033U, UserDefaultLocale()); }
+TEST_F(UserLocaleTest, IsEnglishWhenNothingIsSet) {
+    EXPECT_EQ(1033U, UserDefaultLocale());
+}
 
 TEST_F(UserLocaleTest, KnowsTheCommonLocales) {
     const std::map<std::string, unsigned> locales = {

@@ -1,0 +1,57 @@
+# Drives the real program by key presses, for the demonstration and the end-to-end tests. Source it inside a display.
+# shellcheck shell=bash
+
+pid=
+window=
+
+fail() { echo "FAILED: $*" >&2; exit 1; }
+
+# start PROGRAM [VARIABLE]: starts the program and waits for its main window; the number of its process and of its window
+# are left in pid and window.
+start() {
+  "$1" &
+  pid=$!
+  started+=("$pid")
+  until_true "main window" find_window
+  xdotool windowactivate --sync "$window"
+  sleep 0.4
+}
+
+started=()
+stop_all() { if ((${#started[@]})); then kill "${started[@]}" 2>/dev/null || true; fi; }
+trap stop_all EXIT
+
+find_window() {
+  window=$(xdotool search --all --onlyvisible --pid "$pid" --name '^NeskManager( \*)?$' 2>/dev/null | head -1)
+  [[ -n $window ]]
+}
+# find_dialog TITLE: waits for nothing; leaves the number of the program's window of that title in dialog.
+find_dialog() {
+  dialog=$(xdotool search --all --onlyvisible --pid "$pid" --name "^$1\$" 2>/dev/null | head -1)
+  [[ -n $dialog ]]
+}
+no_dialog() { ! find_dialog "$1"; }
+
+# until_true WHAT COMMAND...: waits until a command succeeds; WHAT names what was waited for.
+until_true() {
+  local what=$1
+  shift
+  for ((i = 0; i < 100; ++i)); do
+    "$@" && return 0
+    kill -0 "$pid" 2>/dev/null || fail "the program ended while waiting for: $what"
+    sleep 0.1
+  done
+  fail "this did not come: $what"
+}
+
+keys() { xdotool key --clearmodifiers --delay 60 "$@"; sleep 0.3; }
+type_text() { xdotool type --delay 30 "$1"; sleep 0.2; }
+title() { xdotool getwindowname "$window" 2>/dev/null || true; }
+is_dirty() { [[ $(title) == *"*" ]]; }
+is_clean() { ! is_dirty; }
+has_ended() { ! kill -0 "$pid" 2>/dev/null; }
+expect_end() {
+  for ((i = 0; i < 100; ++i)); do has_ended && return 0; sleep 0.1; done
+  fail "the program did not end"
+}
+shot() { [[ -z ${shots:-} ]] || import -window root "$shots/$1.png"; }

@@ -1,0 +1,130 @@
+#include "shell/MainCommands.h"
+#include "unit/CoreFixture.h"
+
+#include <set>
+
+namespace nesk {
+namespace {
+
+using enum MainCommand;
+
+const std::set<MainCommand> AlwaysEnabled = {FileExit, SettingsAccess, SettingsOptions, HelpContents,
+                                             HelpWindow};
+
+class MainCommandsTest : public nesk::testing::CoreTest {
+protected:
+    // The submenus R.1, with the parts R.1.1 to R.1.3, and R.2, and the part R.3.
+    void OpenExample() {
+        m_editor.Open("C:\\", "C:\\none.cfg");
+        m_editor.AddSubmenu("R", "first");
+        for (int i = 0; i < 3; ++i)
+            m_editor.AddPart("R.1", "part");
+        m_editor.AddSubmenu("R", "middle");
+        m_editor.AddPart("R", "last");
+    }
+
+    // The names of the commands that are enabled, less those that always are.
+    std::string Enabled(const std::string& id, bool menuRootExists = true) const {
+        return Names(EnabledCommands(m_editor, id, menuRootExists), AlwaysEnabled);
+    }
+
+    static std::string Names(const MainCommandSet& set, const std::set<MainCommand>& without) {
+        std::string names;
+        for (const MainCommandInfo& info : MainCommandTable())
+            if (Contains(set, info.command) && !without.contains(info.command))
+                names.append(names.empty() ? "" : " ").append(info.name);
+        return names;
+    }
+
+    // The names of these commands; a command that has no dialog to open yet is never enabled.
+    static std::string Available(std::initializer_list<MainCommand> commands) {
+        MainCommandSet set;
+        for (const MainCommand command : commands)
+            set.set(static_cast<std::size_t>(command));
+        for (const MainCommandInfo& info : MainCommandTable())
+            if (!info.available) set.reset(static_cast<std::size_t>(info.command));
+        return Names(set, {});
+    }
+
+    MenuEditor m_editor;
+};
+
+TEST_F(MainCommandsTest, EveryCommandHasOneRow) {
+    const auto table = MainCommandTable();
+    ASSERT_EQ(table.size(), MainCommandCount);
+    std::set<MainCommand> commands;
+    std::set<std::string> names;
+    std::set<int> texts;
+    for (const MainCommandInfo& info : table) {
+        commands.insert(info.command);
+        names.insert(info.name);
+        texts.insert(info.text);
+    }
+    EXPECT_EQ(commands.size(), MainCommandCount);
+    EXPECT_EQ(names.size(), MainCommandCount);
+    EXPECT_EQ(texts.size(), MainCommandCount);
+    EXPECT_FALSE(names.contains(""));
+    for (const char* name : {"mnuFileOpen", "mnuFileSave", "mnuFileClose", "mnuFileExit", "mnuMenuAddPart",
+                             "mnuMenuAddSubmenu", "mnuMenuUp", "mnuMenuDown", "mnuMenuEdit", "mnuMenuRemove",
+                             "mnuSettingsAccess", "mnuSettingsOptions", "mnuHelpContents"})
+        EXPECT_TRUE(names.contains(name)) << name;
+}
+
+TEST_F(MainCommandsTest, TheCommandsOfAMenuStandTogether) {
+    std::set<int> menus;
+    int before = 0;
+    for (const MainCommandInfo& info : MainCommandTable()) {
+        if (info.menu != before) {
+            EXPECT_TRUE(menus.insert(info.menu).second) << info.name;
+            EXPECT_FALSE(info.separatorBefore) << info.name << " begins its menu";
+        }
+        before = info.menu;
+    }
+    EXPECT_EQ(menus.size(), 4u);
+}
+
+TEST_F(MainCommandsTest, WithoutAFile) {
+    for (const char* id : {"", "R", "R.1"}) {
+        EXPECT_EQ(Enabled(id, true), Available({FileOpen})) << id;
+        EXPECT_EQ(Enabled(id, false), "") << id;
+    }
+}
+
+TEST_F(MainCommandsTest, WhatIsEnabledForTheSelectedEntry) {
+    OpenExample();
+    const struct {
+        const char* id;
+        std::string enabled;
+    } table[] = {
+        {"", Available({FileSave, FileClose})},
+        {"R.9", Available({FileSave, FileClose})},
+        {"R", Available({FileSave, FileClose, AddPart, AddSubmenu, Rename})},
+        {"R.1", Available({FileSave, FileClose, AddPart, AddSubmenu, MoveDown, Edit, Rename, Remove})},
+        {"R.2",
+         Available({FileSave, FileClose, AddPart, AddSubmenu, MoveUp, MoveDown, Edit, Rename, Remove})},
+        {"R.3", Available({FileSave, FileClose, MoveUp, Edit, Rename, Remove})},
+        {"R.1.1", Available({FileSave, FileClose, MoveDown, Edit, Rename, Remove})},
+        {"R.1.2", Available({FileSave, FileClose, MoveUp, MoveDown, Edit, Rename, Remove})},
+        {"R.1.3", Available({FileSave, FileClose, MoveUp, Edit, Rename, Remove})},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(Enabled(row.id), row.enabled) << row.id;
+        EXPECT_EQ(Enabled(row.id, false), row.enabled) << row.id << ": the menu root matters to Open alone";
+    }
+}
+
+TEST_F(MainCommandsTest, WhatIsAlwaysEnabled) {
+    for (const bool open : {false, true}) {
+        if (open) OpenExample();
+        const MainCommandSet set = EnabledCommands(m_editor, "", false);
+        for (const MainCommandInfo& info : MainCommandTable()) {
+            if (!AlwaysEnabled.contains(info.command)) continue;
+            EXPECT_EQ(Contains(set, info.command), info.available) << info.name;
+        }
+        EXPECT_TRUE(Contains(set, FileExit));
+        EXPECT_TRUE(Contains(set, HelpContents));
+    }
+}
+
+} // namespace
+} // namespace nesk
