@@ -23,8 +23,8 @@ public:
     void LoadFromFile(const std::string& sFile);
 
     /// Writes the whole tree. The file is replaced in one step and the version before is kept beside it with
-    /// the ending ".bak". Raises the run-time error of what failed, or TypeMismatch for a text that the code
-    /// page cannot hold; the file is unchanged then.
+    /// the ending ".bak". Raises the run-time error of what failed, or 5000 for a text that the code page
+    /// cannot hold or that would end its line; the file is unchanged then.
     void SaveToFile(const std::string& sFile);
 
 protected:

@@ -64,11 +64,11 @@ void MenuItemCollection::AddItemFromFile(BlockParser& parser) {
     Append(std::move(item));
 }
 
-MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem> item) {
+MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem>&& item) {
     return Insert(Count() + 1, std::move(item));
 }
 
-MenuItem& MenuItemCollection::Insert(int position, std::unique_ptr<MenuItem> item) {
+MenuItem& MenuItemCollection::Insert(int position, std::unique_ptr<MenuItem>&& item) {
     CheckRoom();
     const auto index = static_cast<std::ptrdiff_t>(CheckedIndex(position, m_items.size() + 1));
     m_counters.insert(m_counters.begin() + index, item->Counter());

@@ -50,10 +50,12 @@ void Guarded(const std::function<void()>& step) {
     }
 }
 
+// 0 for what is no number. One that is too large is a failure all the same.
 std::int16_t NumberOrZero(const std::string& text) {
     try {
         return modConvert::CInt(text);
-    } catch (const NeskError&) {
+    } catch (const NeskError& error) {
+        if (error.number != RuntimeError::TypeMismatch) throw;
         return 0;
     }
 }

@@ -52,10 +52,23 @@ std::string FirstNotEncodable(const std::string& text) {
     return "";
 }
 
+// Closes a key at the end of its scope, errors included.
+class KeyCloser {
+public:
+    KeyCloser(platform::Registry& registry, RegKey key) : m_registry(registry), m_key(key) {}
+    ~KeyCloser() { m_registry.CloseKey(m_key); }
+    KeyCloser(const KeyCloser&) = delete;
+    KeyCloser& operator=(const KeyCloser&) = delete;
+
+private:
+    platform::Registry& m_registry;
+    RegKey m_key;
+};
+
 } // namespace
 
 struct RegEntry::Contents {
-    std::vector<RegValue> values;
+    std::vector<RegValue> values; // with their data as stored
     std::vector<std::pair<std::string, Contents>> subkeys;
 };
 
@@ -246,9 +259,7 @@ std::vector<RegValue> RegEntry::Values(RegKey key) {
         }
         if (result != ErrorCode::Success) return values;
         value.name = platform::FromAnsi({name.data(), nameSize});
-        std::string_view bytes(data.data(), size);
-        if (IsText(value.type) && bytes.ends_with('\0')) bytes.remove_suffix(1);
-        value.data = IsText(value.type) ? platform::FromAnsi(bytes) : std::string(bytes);
+        value.data.assign(data.data(), size);
         values.push_back(std::move(value));
     }
 }
@@ -256,6 +267,11 @@ std::vector<RegValue> RegEntry::Values(RegKey key) {
 std::int16_t RegEntry::QueryValues(std::vector<RegValue>& vResults) {
     vResults.clear();
     if (m_key != 0) vResults = Values(m_key);
+    for (RegValue& value : vResults) {
+        if (!IsText(value.type)) continue;
+        if (value.data.ends_with('\0')) value.data.pop_back();
+        value.data = platform::FromAnsi(value.data);
+    }
     return Count(vResults.size(), "RegEntry.QueryValues");
 }
 
@@ -266,38 +282,35 @@ RegEntry::Contents RegEntry::ReadContents(RegKey key) {
         RegKey subkey = 0;
         if (OpenLevel(key, name, subkey) != ErrorCode::Success)
             throw NeskError(5001, "RegEntry.CopyInternal", Message::RegKeyNotOpened, {name});
+        const KeyCloser closer(m_registry, subkey);
         contents.subkeys.emplace_back(name, ReadContents(subkey));
-        m_registry.CloseKey(subkey);
     }
     return contents;
 }
 
 void RegEntry::Copy(const std::string& sNewKey) {
     if (m_key == 0) return;
-    // Read whole before anything is written: the new key may lie inside the one that is copied.
-    const Contents contents = ReadContents(m_key);
-    RegKey target = 0;
     try {
-        target = CreateInternal(platform::LocalMachine, FullPath(sNewKey));
+        // Read whole before anything is written: the new key may lie inside the one that is copied.
+        const Contents contents = ReadContents(m_key);
+        const RegKey target = CreateInternal(platform::LocalMachine, FullPath(sNewKey));
+        const KeyCloser closer(m_registry, target);
         CopyInternal(target, contents);
     } catch (NeskError& error) {
-        m_registry.CloseKey(target);
         error.source = "RegEntry.CopyInternal";
         throw;
     }
-    m_registry.CloseKey(target);
 }
 
 void RegEntry::CopyInternal(RegKey target, const Contents& contents) {
     for (const RegValue& value : contents.values) {
-        const std::string data = IsText(value.type) ? AnsiName(value.data) : value.data;
-        if (m_registry.SetValue(target, AnsiName(value.name), value.type, data) != ErrorCode::Success)
+        if (m_registry.SetValue(target, AnsiName(value.name), value.type, value.data) != ErrorCode::Success)
             throw NeskError(5002, "RegEntry.CopyInternal", Message::RegValueNotWritten, {value.name});
     }
     for (const auto& [name, below] : contents.subkeys) {
         const RegKey subkey = CreateInternal(target, name);
+        const KeyCloser closer(m_registry, subkey);
         CopyInternal(subkey, below);
-        m_registry.CloseKey(subkey);
     }
 }
 

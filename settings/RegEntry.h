@@ -28,7 +28,7 @@ public:
     RegEntry& operator=(const RegEntry&) = delete;
 
     /// Copies the values and subkeys of the open key to the key `sNewKey`, creating it where missing. Does
-    /// nothing while no key is open. Raises 5000 or 5002 with the source "RegEntry.CopyInternal".
+    /// nothing while no key is open. Raises 5000, 5001 or 5002 with the source "RegEntry.CopyInternal".
     void Copy(const std::string& sNewKey);
 
     /// Opens a key, creating every missing level. Raises 5000 when a level cannot be created.
@@ -93,6 +93,7 @@ private:
     Contents ReadContents(platform::RegKey key);
     void CopyInternal(platform::RegKey target, const Contents& contents);
     std::vector<std::string> SubkeyNames(platform::RegKey key);
+    /// The values of a key, their data in bytes as stored.
     std::vector<RegValue> Values(platform::RegKey key);
     std::string ReadText(platform::RegKey key, const std::string& name);
     std::string DefaultText(const std::string& path);

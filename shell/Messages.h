@@ -7,10 +7,13 @@ namespace nesk::Message {
 constexpr int RegKeyNotOpened = 32001; // %0% path
 constexpr int RegLevelNotCreated = 32002;
 constexpr int RegValueNotWritten = 32003; // %0% value name
-constexpr int MenuNotAMenuFile = 32009;   // %0% file
-constexpr int MenuUnknownBlock = 32010;   // %0% line, %1% block type
-constexpr int MenuTextAfterEnd = 32011;   // %0% line
-constexpr int BlockSyntax = 32013;        // %0% line
+constexpr int Ok = 32004;
+constexpr int Cancel = 32005;
+constexpr int Help = 32008;
+constexpr int MenuNotAMenuFile = 32009; // %0% file
+constexpr int MenuUnknownBlock = 32010; // %0% line, %1% block type
+constexpr int MenuTextAfterEnd = 32011; // %0% line
+constexpr int BlockSyntax = 32013;      // %0% line
 constexpr int NoticeTitle = 32015;
 constexpr int SaveChanges = 32016;
 constexpr int ConfirmTitle = 32017;
@@ -101,10 +104,5 @@ constexpr int HelpViewerMissing = 34161;
 constexpr int HelpFormat = 34162;
 constexpr int HelpFailed = 34163;
 constexpr int HelpTitle = 34164;
-
-// Names of controls for assistive technology, and states.
-constexpr int TreeName = 34170;
-constexpr int Reading = 34172; // %0% file
-constexpr int Ready = 34173;
 
 } // namespace nesk::Message

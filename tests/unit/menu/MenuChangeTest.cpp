@@ -25,6 +25,21 @@ std::vector<std::string> IdsOf(MenuEntry& entry) {
     return ids;
 }
 
+// All that an entry holds, on one line.
+std::string Describe(const MenuEntry& entry) {
+    std::string text = entry.ID();
+    const auto add = [&](std::string_view field) { text.append("|").append(field); };
+    add(entry.Caption());
+    add(entry.Graphic());
+    if (const auto* item = dynamic_cast<const MenuItem*>(&entry)) {
+        for (const std::string_view field : {item->Preview(), item->HelpFile(), item->MenuType(),
+                                             item->ProgramID(), item->HistoryDir(), item->HistoryTitle()})
+            add(field);
+        add(std::to_string(item->HelpTopic()));
+    }
+    return text + "\n";
+}
+
 class MenuChangeTest : public nesk::testing::CoreTest, public MenuEditorListener {
 protected:
     MenuChangeTest() {
@@ -45,14 +60,19 @@ protected:
     void OnMenuEvent(const MenuEvent& event) override { m_lastEvent = event; }
     void OnStateChanged() override {}
 
-    // Everything of the tree: the bytes of its file and the ids, which are not in there.
+    // Everything of the tree: ids, texts and order.
     std::string Snapshot() {
-        const std::string copy = Folder + "\\snapshot.cfg";
-        m_editor.OpenMenu()->SaveToFile(copy);
-        std::string text = nesk::testing::FileBytes(copy);
+        std::string text;
         for (const std::string& id : IdsOf(*m_editor.OpenMenu()))
-            text += id + "\n";
+            text += Describe(*m_editor.Find(id));
         return text;
+    }
+
+    // The bytes of the tree's file.
+    std::string SavedBytes() {
+        const std::string copy = Folder + "\\copy.cfg";
+        m_editor.OpenMenu()->SaveToFile(copy);
+        return nesk::testing::FileBytes(copy);
     }
 
     MenuEditor m_editor;
@@ -80,6 +100,7 @@ TEST_F(MenuChangeTest, EveryChangeIsTakenBackAndMadeAgain) {
         {"part", [&] { m_editor.SetPart("R.2", fields); }},
     };
     const std::string start = Snapshot();
+    const std::string startBytes = SavedBytes();
     for (const auto& [name, operation] : operations) {
         const std::string before = Snapshot();
         operation();
@@ -101,6 +122,7 @@ TEST_F(MenuChangeTest, EveryChangeIsTakenBackAndMadeAgain) {
         m_changes.clear();
     }
     EXPECT_EQ(Snapshot(), start);
+    EXPECT_EQ(SavedBytes(), startBytes);
 }
 
 TEST_F(MenuChangeTest, WhatTakingBackReports) {
@@ -183,6 +205,7 @@ TEST_F(MenuChangeTest, TwoHundredChangesAndBack) {
     std::mt19937 random(20020131);
     const auto below = [&](std::size_t limit) { return static_cast<std::size_t>(random()) % limit; };
     std::vector<std::string> snapshots = {Snapshot()};
+    const std::string startBytes = SavedBytes();
     for (int text = 0; m_changes.size() < 200; ++text) {
         const std::vector<std::string> ids = IdsOf(*m_editor.OpenMenu());
         const std::string& id = ids[below(ids.size())];
@@ -203,14 +226,17 @@ TEST_F(MenuChangeTest, TwoHundredChangesAndBack) {
         if (m_changes.size() == snapshots.size()) snapshots.push_back(Snapshot());
     }
     ASSERT_EQ(snapshots.size(), 201u);
+    const std::string endBytes = SavedBytes();
     for (std::size_t i = 200; i-- > 0;) {
         ASSERT_TRUE(m_editor.Undo(*m_changes[i])) << i;
         ASSERT_EQ(Snapshot(), snapshots[i]) << i;
     }
+    EXPECT_EQ(SavedBytes(), startBytes);
     for (std::size_t i = 0; i < 200; ++i) {
         ASSERT_TRUE(m_editor.Redo(*m_changes[i])) << i;
         ASSERT_EQ(Snapshot(), snapshots[i + 1]) << i;
     }
+    EXPECT_EQ(SavedBytes(), endBytes);
 }
 
 } // namespace

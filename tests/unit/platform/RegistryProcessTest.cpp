@@ -99,6 +99,8 @@ TEST_F(RegistryProcessTest, SeeWhatTheOtherWrote) {
     ASSERT_EQ(0, ::pipe(go));
     ASSERT_EQ(0, ::pipe(done));
     const pid_t child = Start([&] {
+        ::close(go[1]);
+        ::close(done[0]);
         const RegKey key = Create("A\\B");
         EXPECT_EQ("1", Get(key, "x"));
         char byte = 'r';
@@ -110,6 +112,8 @@ TEST_F(RegistryProcessTest, SeeWhatTheOtherWrote) {
         EXPECT_EQ(std::nullopt, Get(key, "x"));
         EXPECT_EQ(ErrorCode::KeyDeleted, Set(key, "x", "3"));
     });
+    ::close(go[0]);
+    ::close(done[1]);
     portable::UseStation(station.Folder());
     char byte = 0;
     ASSERT_EQ(1, ::read(done[0], &byte, 1));
@@ -119,8 +123,8 @@ TEST_F(RegistryProcessTest, SeeWhatTheOtherWrote) {
     ASSERT_EQ(ErrorCode::Success, Reg().DeleteKey(LocalMachine, "A\\B"));
     ASSERT_EQ(1, ::write(go[1], &byte, 1));
     ExpectGoodEnd(child);
-    for (const int end : {go[0], go[1], done[0], done[1]})
-        ::close(end);
+    ::close(go[1]);
+    ::close(done[0]);
 }
 
 // A value that shows whether it is whole: a letter, thousands of times.
@@ -134,6 +138,8 @@ TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
         int progress[2];
         ASSERT_EQ(0, ::pipe(progress));
         const pid_t child = Start([&] {
+            // With nobody left to read its reports, it ends too.
+            ::close(progress[0]);
             for (int number = written + 1;; ++number) {
                 const RegKey key = Create("A\\B" + std::to_string(number % 7));
                 ASSERT_EQ(ErrorCode::Success, Set(key, "x", Whole(number)));

@@ -284,11 +284,15 @@ TEST_F(RegEntryTest, Copying) {
     RegEntry entry;
     MakeExample(entry, "T");
     SetRaw(Base + "T", "number", platform::RegType::Number, "\x01\0\0\0"s);
+    SetRaw(Base + "T", "terminated", platform::RegType::Text, "M\xFCller\0"s);
+    SetRaw(Base + "T", "multi", platform::RegType::MultiText, "a\0b\0\0"s);
     SetRaw(Base + "Copy", "name", platform::RegType::Text, "old");
     SetRaw(Base + "Copy", "other", platform::RegType::Text, "stays");
     entry.Copy("Copy");
     EXPECT_EQ(Raw("Copy", "name"), "1:M\xFCller");
     EXPECT_EQ(Raw("Copy", "number"), "4:\x01\0\0\0"s);
+    EXPECT_EQ(Raw("Copy", "terminated"), "1:M\xFCller\0"s) << "byte for byte";
+    EXPECT_EQ(Raw("Copy", "multi"), "7:a\0b\0\0"s);
     EXPECT_EQ(Raw("Copy", "other"), "1:stays");
     EXPECT_EQ(Raw("Copy\\Below", "below"), "1:2");
     EXPECT_EQ(Raw("Copy\\Below\\Deep", "deep"), "1:3");

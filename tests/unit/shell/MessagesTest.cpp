@@ -3,9 +3,9 @@
 #include "shell/modStringRes.h"
 #include "unit/CoreFixture.h"
 
+#include <cctype>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <set>
 
 namespace nesk {
@@ -13,20 +13,36 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Every number of a text that the sources name: the constants of Messages.h, and numbers of the blocks 32000
-// and 34000 written out anywhere else.
+bool IsWordCharacter(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
+}
+
+// The numbers of the blocks 32000 and 34000 that stand alone in a line of code.
+void AddNumbers(const std::string& line, std::set<int>& numbers) {
+    for (std::size_t at = 0; at < line.size();) {
+        if (!IsWordCharacter(line[at])) {
+            ++at;
+            continue;
+        }
+        std::size_t end = at;
+        while (end < line.size() && IsWordCharacter(line[end]))
+            ++end;
+        const std::string word = line.substr(at, end - at);
+        const bool ours = word.size() == 5 && (word.starts_with("32") || word.starts_with("34"));
+        if (ours && word.find_first_not_of("0123456789") == std::string::npos) numbers.insert(std::stoi(word));
+        at = end;
+    }
+}
+
+// Every number of a text that the sources name: the constants of Messages.h, and those of single windows.
 std::set<int> NumbersInSources() {
-    static const std::regex number("\\b3[24][0-9]{3}\\b");
     std::set<int> numbers;
     for (const char* folder : {"shell", "menu", "settings", "partedit"}) {
         for (const auto& entry : fs::directory_iterator(fs::path(NESK_SOURCE_DIR) / folder)) {
             if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
             std::ifstream file(entry.path());
-            for (std::string line; std::getline(file, line);) {
-                line.erase(std::min(line.find("//"), line.size()));
-                for (std::sregex_iterator at(line.begin(), line.end(), number), end; at != end; ++at)
-                    numbers.insert(std::stoi(at->str()));
-            }
+            for (std::string line; std::getline(file, line);)
+                AddNumbers(line.substr(0, line.find("//")), numbers);
         }
     }
     // The largest number of children is no text.
