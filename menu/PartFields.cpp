@@ -1,6 +1,7 @@
 #include "menu/PartFields.h"
 
 #include "menu/MenuItem.h"
+#include "menu/MenuText.h"
 
 namespace nesk {
 
@@ -14,6 +15,12 @@ PartFields PartFieldsOf(const MenuItem& item) {
     fields.historyDir = item.HistoryDir();
     fields.historyTitle = item.HistoryTitle();
     return fields;
+}
+
+void CheckPartFields(const PartFields& fields) {
+    for (const std::string* text : {&fields.graphic, &fields.preview, &fields.programId, &fields.helpFile,
+                                    &fields.historyDir, &fields.historyTitle})
+        MenuText::Check(*text, "MenuItem.Edit");
 }
 
 void ApplyPartFields(MenuItem& item, const PartFields& fields) {

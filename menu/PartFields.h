@@ -23,6 +23,9 @@ struct PartFields {
 /// The fields that an item has now.
 PartFields PartFieldsOf(const MenuItem& item);
 
+/// Raises 5000 when one of the texts cannot be stored in a menu file.
+void CheckPartFields(const PartFields& fields);
+
 /// Gives an item these fields.
 void ApplyPartFields(MenuItem& item, const PartFields& fields);
 

@@ -9,6 +9,7 @@ constexpr int PathNotFound = 3;
 constexpr int AccessDenied = 5;
 constexpr int InvalidHandle = 6;
 constexpr int OutOfMemory = 8;
+constexpr int NotReady = 21;
 constexpr int WriteFault = 29;
 constexpr int ReadFault = 30;
 constexpr int SharingViolation = 32;

@@ -1,0 +1,75 @@
+#include "menu/FormSelectMenuPicture.h"
+
+#include "menu/FormPicture.h"
+#include "menu/MenuText.h"
+#include "shell/FormUtilities.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+#include <wx/statbox.h>
+#include <wx/stattext.h>
+
+namespace nesk {
+
+using modUtilities::ResText;
+using modUtilities::ToWx;
+
+namespace {
+
+constexpr int TitleText = 32081;
+constexpr int FrameText = 32056;
+constexpr int SelectText = 32066;
+constexpr int DeleteText = 32065;
+constexpr std::int32_t HelpTopic = 33003;
+
+} // namespace
+
+FormSelectMenuPicture::FormSelectMenuPicture(wxWindow* parent)
+    : FormDialog(parent, "FormSelectMenuPicture", TitleText, HelpTopic) {
+    auto* frame = new wxStaticBoxSizer(wxVERTICAL, this, ResText(FrameText));
+    wxStaticBox* box = frame->GetStaticBox();
+    box->SetName("Frame1");
+    picItemHost = new FormPicture(box, "picItemHost", "picItem");
+    lblFile = new wxStaticText(box, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                               wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "lblFile");
+    cmdMenuSelect = NewButton(box, "cmdMenuSelect", SelectText);
+    cmdMenuDelete = NewButton(box, "cmdMenuDelete", DeleteText);
+
+    auto* buttons = new wxBoxSizer(wxHORIZONTAL);
+    buttons->Add(cmdMenuSelect);
+    buttons->Add(cmdMenuDelete, wxSizerFlags().Border(wxLEFT, Gap()));
+    frame->Add(picItemHost, wxSizerFlags(1).Expand().Border(wxALL, Gap()));
+    frame->Add(lblFile, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, Gap()));
+    frame->Add(buttons, wxSizerFlags().Border(wxALL, Gap()));
+    Finish(frame);
+
+    picItemHost->onChosen = [this] { ShowPath(); };
+    cmdMenuSelect->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { picItemHost->Choose(); });
+    cmdMenuDelete->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+        picItemHost->SetPath("");
+        ShowPath();
+    });
+}
+
+bool FormSelectMenuPicture::Display(std::string& sFile) {
+    picItemHost->SetPath(sFile);
+    ShowPath();
+    cmdMenuSelect->SetFocus();
+    if (ShowModal() != wxID_OK) return false;
+    sFile = picItemHost->Path();
+    return true;
+}
+
+void FormSelectMenuPicture::OnOK() {
+    // The file need not exist, but its name has to be one that the menu file can hold.
+    MenuText::Check(picItemHost->Path(), "FormSelectMenuPicture.OK");
+    Accept();
+}
+
+void FormSelectMenuPicture::ShowPath() {
+    const wxString path = ToWx(picItemHost->Path());
+    lblFile->SetLabelText(path);
+    lblFile->SetToolTip(path);
+}
+
+} // namespace nesk

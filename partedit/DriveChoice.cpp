@@ -1,0 +1,46 @@
+#include "partedit/DriveChoice.h"
+
+#include "platform/Drives.h"
+#include "platform/ErrorCode.h"
+#include "shell/NeskError.h"
+
+namespace nesk::DriveChoice {
+
+namespace {
+
+constexpr int NotReadyNumber = 71;
+constexpr int NotReadyText = 34202; // %0% drive
+
+} // namespace
+
+std::vector<std::string> Labels() {
+    std::vector<std::string> labels;
+    for (const char letter : platform::DriveLetters())
+        labels.push_back({static_cast<char>(letter | 0x20), ':'});
+    return labels;
+}
+
+char Letter(const std::string& label) {
+    if (label.empty()) return 0;
+    const char capital = static_cast<char>(label[0] & ~0x20);
+    return capital >= 'A' && capital <= 'Z' ? capital : '\0';
+}
+
+std::string Root(const std::string& label) {
+    const char letter = Letter(label);
+    return letter == 0 ? "" : std::string{letter, ':', '\\'};
+}
+
+int IndexOf(const std::vector<std::string>& labels, char letter) {
+    const char wanted = Letter({letter});
+    for (std::size_t i = 0; i < labels.size(); ++i)
+        if (Letter(labels[i]) == wanted) return static_cast<int>(i);
+    return -1;
+}
+
+void RequireReady(char letter) {
+    if (platform::CheckDrive(letter) == platform::ErrorCode::Success) return;
+    throw NeskError(NotReadyNumber, "DriveChoice.RequireReady", NotReadyText, {Root({letter})});
+}
+
+} // namespace nesk::DriveChoice

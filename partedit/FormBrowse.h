@@ -1,0 +1,46 @@
+#pragma once
+
+#include "shell/FormDialog.h"
+
+#include <string>
+#include <vector>
+
+class wxChoice;
+
+namespace nesk {
+
+class FormFolderTree;
+
+/// Lets the user choose an existing folder, or make one and choose that.
+class FormBrowse : public FormDialog {
+public:
+    explicit FormBrowse(wxWindow* parent);
+
+    /// Shows the dialog.
+    /// @param sPrompt  text above the lists
+    /// @param sPath    Windows path at which it begins; the program's folder when that does not exist
+    /// @return Windows path of the chosen folder, ending in "\"; "" when the dialog was cancelled
+    std::string Invoke(const std::string& sPrompt, const std::string& sPath);
+
+    // Controls.
+    wxStaticText* lblPrompt = nullptr;
+    wxStaticText* lblDrive = nullptr;
+    wxChoice* Drive1 = nullptr;
+    wxStaticText* lblFolders = nullptr;
+    FormFolderTree* Dir1 = nullptr;
+    wxButton* cmdFolder = nullptr;
+
+protected:
+    void OnOK() override;
+
+private:
+    void GoTo(const std::string& path);
+    void SelectDrive(char letter);
+    void OnDrive();
+    void OnNewFolder();
+
+    std::vector<std::string> m_drives; // as listed
+    std::string m_result;
+};
+
+} // namespace nesk

@@ -1,0 +1,58 @@
+#include "partedit/FormFolder.h"
+
+#include "partedit/FolderName.h"
+#include "partedit/FormTextFilter.h"
+#include "shell/FormUtilities.h"
+#include "shell/modUtilities.h"
+
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+namespace nesk {
+
+using modUtilities::FromWx;
+using modUtilities::ToWx;
+
+namespace {
+
+// The text of the button that opens the dialog; its access key means nothing in a title.
+constexpr int TitleText = 32085;
+
+} // namespace
+
+FormFolder::FormFolder(wxWindow* parent) : FormDialog(parent, "FormFolder", TitleText, 0) {
+    SetTitle(wxControl::RemoveMnemonics(GetTitle()));
+    lblFolder = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                 wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "lblFolder");
+    txtFolder = NewTextBox(this, "txtFolder");
+    ApplyTextFilter(*txtFolder, {[](char32_t character, const std::string&, std::size_t, std::size_t) {
+                                     return FolderName::Accepts(character);
+                                 },
+                                 &FolderName::WithoutRefused});
+    SelectAllOnFocus(*txtFolder);
+
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(lblFolder, wxSizerFlags().Expand());
+    content->Add(txtFolder, wxSizerFlags().Expand().Border(wxTOP, Gap()));
+    Finish(content);
+}
+
+std::string FormFolder::Invoke(const std::string& sPath) {
+    m_base = sPath;
+    modUtilities::AddTrailingBackslash(m_base);
+    lblFolder->SetLabelText(ToWx(m_base));
+    lblFolder->SetToolTip(ToWx(m_base));
+    txtFolder->SetFocus();
+    return ShowModal() == wxID_OK ? m_result : "";
+}
+
+void FormFolder::OnOK() {
+    const std::string name = FolderName::Clean(FromWx(txtFolder->GetValue()));
+    if (name.empty()) return;
+    m_result = FolderName::PathIn(m_base, name);
+    if (!modUtilities::DirectoryExists(m_result)) modUtilities::MakePath(m_result);
+    Accept();
+}
+
+} // namespace nesk

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+
+#include <wx/treectrl.h>
+
+namespace nesk {
+
+/// A list of the folders of one drive, as a tree. A folder's content is read when it is opened, so that
+/// neither size nor links that lead back make it wait. The selected folder is the one it stands at.
+class FormFolderTree : public wxTreeCtrl {
+public:
+    /// @param name  control name, as "Dir1"
+    FormFolderTree(wxWindow* parent, const char* name);
+
+    /// Windows path of the folder it stands at, without a trailing "\" unless that is a drive's root.
+    std::string Path() const;
+
+    /// Goes to a folder, on another drive as well, and opens it. Where a level of the path does not exist, it
+    /// goes to the level above. A folder that was made in the meantime is found.
+    void SetPath(const std::string& path);
+
+    /// Letter of the drive that is shown, in capitals; 0 before SetPath.
+    char Drive() const { return m_drive; }
+
+private:
+    std::string PathOf(const wxTreeItemId& node) const;
+    wxTreeItemId AddFolder(const wxTreeItemId& parent, std::size_t position, const std::string& name);
+    wxTreeItemId FindOrAdd(const wxTreeItemId& parent, const std::string& name);
+    void Fill(const wxTreeItemId& node);
+
+    char m_drive = 0;
+};
+
+} // namespace nesk

@@ -1,0 +1,79 @@
+#include "partedit/FormSelectDrive.h"
+
+#include "platform/Drives.h"
+#include "shell/FormUtilities.h"
+
+#include <wx/choice.h>
+#include <wx/radiobut.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+
+namespace nesk {
+
+using modUtilities::FromWx;
+using modUtilities::ResText;
+
+namespace {
+
+constexpr int TitleText = 32072;
+constexpr int RepositoryText = 32071;
+constexpr int DriveText = 32070;
+constexpr int SelectDriveText = 32068;
+
+} // namespace
+
+FormSelectDrive::FormSelectDrive(wxWindow* parent) : FormDialog(parent, "FormSelectDrive", TitleText, 0) {
+    optDrive[0] = new wxRadioButton(this, wxID_ANY, ResText(RepositoryText), wxDefaultPosition, wxDefaultSize,
+                                    wxRB_GROUP, wxDefaultValidator, "optDrive0");
+    optDrive[1] = new wxRadioButton(this, wxID_ANY, ResText(DriveText), wxDefaultPosition, wxDefaultSize, 0,
+                                    wxDefaultValidator, "optDrive1");
+    lblSelectDrive = NewLabel(this, "lblSelectDrive", SelectDriveText);
+    drvSelect = new wxChoice(this, wxID_ANY);
+    drvSelect->SetName("drvSelect");
+    for (const char letter : platform::DriveLetters())
+        drvSelect->Append(wxString(letter) + ":");
+    if (!drvSelect->IsEmpty()) drvSelect->SetSelection(0);
+
+    auto* drive = new wxBoxSizer(wxHORIZONTAL);
+    drive->Add(lblSelectDrive, wxSizerFlags().CentreVertical());
+    drive->Add(drvSelect, wxSizerFlags(1).Border(wxLEFT, Gap()));
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(optDrive[0]);
+    content->Add(optDrive[1], wxSizerFlags().Border(wxTOP, Gap()));
+    content->Add(drive, wxSizerFlags().Expand().Border(wxTOP | wxLEFT, 2 * Gap()));
+    Finish(content);
+
+    for (std::size_t i = 0; i < optDrive.size(); ++i)
+        optDrive[i]->Bind(wxEVT_RADIOBUTTON, [this, i](wxCommandEvent&) { ChooseOption(i); });
+    drvSelect->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { m_result = CurrentDrive(); });
+    optDrive[0]->SetValue(true);
+    ChooseOption(0);
+}
+
+std::string FormSelectDrive::SelectDrive() {
+    optDrive[0]->SetFocus();
+    ShowModal();
+    return m_result;
+}
+
+void FormSelectDrive::ChooseOption(std::size_t index) {
+    const bool drive = index == 1;
+    lblSelectDrive->Enable(drive);
+    drvSelect->Enable(drive);
+    drvSelect->SetForegroundColour(
+        wxSystemSettings::GetColour(drive ? wxSYS_COLOUR_WINDOWTEXT : wxSYS_COLOUR_GRAYTEXT));
+    m_result = drive ? CurrentDrive() : "*";
+}
+
+std::string FormSelectDrive::CurrentDrive() const {
+    const std::string drive = FromWx(drvSelect->GetStringSelection());
+    return drive.empty() ? "" : drive.substr(0, 2) + "\\";
+}
+
+void FormSelectDrive::OnCancel() {
+    m_result.clear();
+    EndModal(wxID_CANCEL);
+}
+
+} // namespace nesk

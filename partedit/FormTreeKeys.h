@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+
+class wxDialog;
+class wxStaticText;
+class wxTreeCtrl;
+
+namespace nesk {
+
+/// Lets the access key of a label lead to a tree. Not every system does that by itself: a tree consists of
+/// several windows, and the outer one handles no keys.
+void BindAccessKey(wxDialog& dialog, const wxStaticText& label, wxTreeCtrl& tree);
+
+/// Calls `act` when Enter is pressed in a tree, which would take the key for itself.
+void BindEnter(wxTreeCtrl& tree, std::function<void()> act);
+
+} // namespace nesk

@@ -1,0 +1,40 @@
+#include "partedit/PartReference.h"
+
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
+
+namespace nesk::PartReference {
+
+namespace {
+
+constexpr int PartNameText = 32027; // %0% name
+constexpr int NoPartText = 32028;
+
+} // namespace
+
+bool RefersToPart(const std::string& text) {
+    return text.starts_with('@');
+}
+
+std::string Make(const std::string& iniPath) {
+    return "@" + iniPath + "@";
+}
+
+std::string IniPath(const std::string& text) {
+    if (!RefersToPart(text)) return "";
+    return text.substr(1, text.find('@', 1) - 1);
+}
+
+std::optional<std::string> PartFolder(const std::string& iniPath) {
+    const std::size_t separator = iniPath.rfind('\\');
+    if (separator == std::string::npos) return std::nullopt;
+    return iniPath.substr(0, separator);
+}
+
+std::string Description(const std::string& text) {
+    if (!RefersToPart(text)) return modStringRes::LoadResString(NoPartText);
+    const std::string name = modUtilities::ReadIniValue(IniPath(text), "Part", "Name");
+    return modStringRes::FormatResString(PartNameText, name);
+}
+
+} // namespace nesk::PartReference

@@ -1,0 +1,101 @@
+#include "partedit/PartScanner.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/FileIdentity.h"
+#include "platform/FileSystem.h"
+#include "shell/modUtilities.h"
+
+#include <algorithm>
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace nesk {
+
+namespace {
+
+namespace ErrorCode = platform::ErrorCode;
+
+struct Entry {
+    std::string path;
+    std::string name;
+};
+
+// A folder whose subfolders are being entered one after the other.
+struct Level {
+    PartScanVisitor::Node node;
+    std::string identity;
+    std::vector<Entry> folders;
+    std::vector<Entry> parts;
+    std::size_t entered = 0;
+};
+
+std::string Join(const std::string& folder, const std::string& name) {
+    return folder.ends_with('\\') ? folder + name : folder + "\\" + name;
+}
+
+bool IsPart(const std::string& folder) {
+    return !modUtilities::ReadIniValue(PartInfoPath(folder), "Part", "Name").empty();
+}
+
+// Sorts one entry of a folder into its level.
+void AddEntry(const std::string& folder, const std::string& name, Level& level, PartScanVisitor& visitor) {
+    const std::string path = Join(folder, name);
+    std::uint32_t attributes = 0;
+    const int result = platform::StationFiles().Attributes(path, attributes);
+    if (result != ErrorCode::Success) return visitor.OnUnreadable(path, result, attributes);
+    if ((attributes & platform::FileAttribute::Directory) == 0 || name.starts_with('.')) return;
+    (IsPart(path) ? level.parts : level.folders).push_back({path, name});
+}
+
+Level ReadFolder(const std::string& folder, PartScanVisitor::Node node, PartScanVisitor& visitor) {
+    Level level{node, platform::FileIdentity(folder), {}, {}};
+    std::unique_ptr<platform::DirectorySearch> search;
+    platform::DirectoryEntry entry;
+    int result = platform::StationFiles().Search(Join(folder, "*.*"), search, entry);
+    while (result == ErrorCode::Success) {
+        AddEntry(folder, entry.name, level, visitor);
+        result = search->Next(entry);
+    }
+    const bool missing = result == ErrorCode::PathNotFound && !modUtilities::DirectoryExists(folder);
+    if (result != ErrorCode::NoMoreItems && result != ErrorCode::FileNotFound && !missing)
+        visitor.OnUnreadable(folder, result, platform::FileAttribute::Directory);
+    return level;
+}
+
+} // namespace
+
+std::string PartInfoPath(const std::string& folder) {
+    return Join(folder, "partinfo.ini");
+}
+
+bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisitor& visitor) {
+    std::size_t foldersRead = 0;
+    if (!visitor.OnProgress(foldersRead)) return false;
+    // No recursion: folders may be nested deeper than the machine stack could follow.
+    std::vector<Level> levels;
+    levels.push_back(ReadFolder(root, node, visitor));
+    ++foldersRead;
+    while (!levels.empty()) {
+        Level& level = levels.back();
+        if (level.entered == level.folders.size()) {
+            for (const Entry& part : level.parts)
+                visitor.OnPart(level.node, part.path, part.name);
+            levels.pop_back();
+            continue;
+        }
+        const Entry folder = std::move(level.folders[level.entered++]);
+        const PartScanVisitor::Node child = visitor.OnFolder(level.node, folder.path, folder.name);
+        const std::string identity = platform::FileIdentity(folder.path);
+        const bool loops = std::any_of(levels.begin(), levels.end(), [&](const Level& outer) {
+            return !identity.empty() && outer.identity == identity;
+        });
+        if (loops) continue;
+        if (!visitor.OnProgress(foldersRead)) return false;
+        levels.push_back(ReadFolder(folder.path, child, visitor));
+        ++foldersRead;
+    }
+    return true;
+}
+
+} // namespace nesk

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace nesk {
+
+/// Gets what a scan finds, in the order in which it is to be shown.
+class PartScanVisitor {
+public:
+    virtual ~PartScanVisitor() = default;
+
+    /// A folder as the visitor knows it.
+    using Node = void*;
+
+    /// A folder below `parent`. The node returned is the parent of what the folder holds.
+    virtual Node OnFolder(Node parent, const std::string& path, const std::string& name) = 0;
+
+    /// A part program below `parent`.
+    virtual void OnPart(Node parent, const std::string& path, const std::string& name) = 0;
+
+    /// A file or folder whose attributes or entries could not be read; the scan goes on.
+    /// @param code        result code (platform/ErrorCode.h)
+    /// @param attributes  what was read all the same
+    virtual void OnUnreadable(const std::string& path, int code, std::uint32_t attributes) = 0;
+
+    /// Called before each folder is read.
+    /// @param foldersRead  number of folders read so far
+    /// @return false to end the scan
+    virtual bool OnProgress(std::size_t foldersRead) = 0;
+};
+
+/// Finds folders and part programs below a folder. A folder is a part program when its partinfo.ini names the
+/// part; part programs are not looked into. Below each folder come the folders with all they hold, then the
+/// part programs, each in the order of the file system. Names that begin with "." are left out. A folder that
+/// is one of those it lies in, through a link, is listed but not entered.
+/// @param root  folder to read; `node` is its node
+/// @return false when the visitor ended the scan
+bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisitor& visitor);
+
+/// Path of the file that describes the part in a folder.
+std::string PartInfoPath(const std::string& folder);
+
+} // namespace nesk

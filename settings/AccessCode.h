@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+/// The administrator's access code, with which an operator leaves the operator interface.
+namespace nesk::AccessCode {
+
+/// Longest code in digits: a longer text could not be read back from the registry.
+constexpr unsigned long MaxLength = 255;
+
+/// Puts the code into the settings record and saves it. An empty code removes the stored one. When the two
+/// entries differ, a message says so and nothing is stored.
+/// @return true when the code was stored
+bool Store(const std::string& code, const std::string& repeated);
+
+} // namespace nesk::AccessCode

@@ -1,0 +1,88 @@
+#include "settings/FormAccess.h"
+
+#include "partedit/FormTextFilter.h"
+#include "settings/AccessCode.h"
+#include "shell/FormUtilities.h"
+#include "shell/NumericKeyFilter.h"
+
+#include <wx/checkbox.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+namespace nesk {
+
+using modUtilities::FromWx;
+using modUtilities::NumericKeyFilter;
+using modUtilities::ResText;
+
+namespace {
+
+constexpr int TitleText = 32030;
+constexpr int CodeText = 32031;
+constexpr int RepeatText = 32032;
+constexpr int ShowText = 34250;
+constexpr std::int32_t HelpTopic = 33009;
+
+} // namespace
+
+FormAccess::FormAccess(wxWindow* parent) : FormDialog(parent, "FormAccess", TitleText, HelpTopic) {
+    lblAccessCode = NewLabel(this, "lblAccessCode", CodeText);
+    txtCode1 = NewCodeBox("txtCode1", true);
+    lblReenter = NewLabel(this, "lblReenter", RepeatText);
+    txtCode2 = NewCodeBox("txtCode2", true);
+    chkShow = new wxCheckBox(this, wxID_ANY, ResText(ShowText), wxDefaultPosition, wxDefaultSize, 0,
+                             wxDefaultValidator, "chkShow");
+
+    auto* content = new wxFlexGridSizer(2, Gap(), Gap());
+    content->AddGrowableCol(1);
+    content->Add(lblAccessCode, wxSizerFlags().CentreVertical());
+    content->Add(txtCode1, wxSizerFlags().Expand());
+    content->Add(lblReenter, wxSizerFlags().CentreVertical());
+    content->Add(txtCode2, wxSizerFlags().Expand());
+    content->AddStretchSpacer();
+    content->Add(chkShow);
+    Finish(content);
+
+    chkShow->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent& event) {
+        ReplaceBox(txtCode1, lblAccessCode, !event.IsChecked());
+        ReplaceBox(txtCode2, lblReenter, !event.IsChecked());
+        Layout();
+    });
+}
+
+void FormAccess::Invoke() {
+    txtCode1->SetFocus();
+    ShowModal();
+}
+
+void FormAccess::OnOK() {
+    if (AccessCode::Store(FromWx(txtCode1->GetValue()), FromWx(txtCode2->GetValue()))) return Accept();
+    txtCode2->SetFocus();
+    modUtilities::SelectAllText(*txtCode2, true);
+}
+
+wxTextCtrl* FormAccess::NewCodeBox(const char* name, bool masked) {
+    auto* box = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(200, -1)),
+                               masked ? wxTE_PASSWORD : 0, wxDefaultValidator, name);
+    box->SetMaxLength(AccessCode::MaxLength);
+    const NumericKeyFilter digits;
+    ApplyTextFilter(*box, {[digits](char32_t character, const std::string& text, std::size_t start,
+                                    std::size_t end) { return digits.Accepts(character, text, start, end); },
+                           [digits](const std::string& text) { return digits.Clean(text); }});
+    return box;
+}
+
+// Not every system can change the mask of a box that is there already.
+void FormAccess::ReplaceBox(wxTextCtrl*& box, wxWindow* label, bool masked) {
+    wxTextCtrl* old = box;
+    box = NewCodeBox(old->GetName().utf8_str(), masked);
+    box->SetFont(old->GetFont());
+    box->ChangeValue(old->GetValue());
+    box->SetInsertionPointEnd();
+    box->MoveAfterInTabOrder(label);
+    GetSizer()->Replace(old, box, true);
+    old->Destroy();
+}
+
+} // namespace nesk

@@ -1,0 +1,15 @@
+#include "settings/FormSelectMachine.h"
+
+namespace nesk {
+
+namespace {
+
+constexpr int TitleText = 32046;
+constexpr std::int32_t HelpTopic = 33006;
+
+} // namespace
+
+FormSelectMachine::FormSelectMachine(wxWindow* parent)
+    : FormSelectFromList(parent, "FormSelectMachine", TitleText, HelpTopic, "Machines") {}
+
+} // namespace nesk

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "settings/FormSelectFromList.h"
+
+namespace nesk {
+
+/// Picks the user as which the operator interface runs.
+class FormSelectUser : public FormSelectFromList {
+public:
+    explicit FormSelectUser(wxWindow* parent);
+
+    /// Shows the dialog.
+    /// @return the user key, as "Users\U1"; "" when nothing was chosen
+    std::string SelectUser() { return Choose(); }
+};
+
+} // namespace nesk

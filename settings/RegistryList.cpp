@@ -1,0 +1,37 @@
+#include "settings/RegistryList.h"
+
+#include "settings/RegEntry.h"
+#include "shell/NeskError.h"
+#include "shell/modUtilities.h"
+
+#include <utility>
+
+namespace nesk {
+
+RegistryList::RegistryList(std::string parentKey) : m_parentKey(std::move(parentKey)) {
+    try {
+        Read();
+    } catch (const NeskError& error) {
+        // Half a list would look like a whole one.
+        m_names.clear();
+        m_displayNames.clear();
+        modUtilities::ReportError(error);
+    }
+}
+
+void RegistryList::Read() {
+    RegEntry entry;
+    entry.OpenKey(m_parentKey);
+    entry.Query(m_names);
+    for (const std::string& name : m_names) {
+        entry.OpenKey(m_parentKey + "\\" + name);
+        m_displayNames.push_back(entry.GetString("Name"));
+    }
+}
+
+std::string RegistryList::KeyAt(int position) const {
+    if (position < 0 || static_cast<std::size_t>(position) >= m_names.size()) return "";
+    return m_parentKey + "\\" + m_names[static_cast<std::size_t>(position)];
+}
+
+} // namespace nesk

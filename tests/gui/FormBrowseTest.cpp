@@ -1,0 +1,197 @@
+#include "partedit/FormBrowse.h"
+
+#include "gui/PartDialogFixture.h"
+#include "partedit/FormFolder.h"
+#include "partedit/FormFolderTree.h"
+#include "platform/FileSystem.h"
+#include "shell/FormUtilities.h"
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
+
+#include <wx/button.h>
+#include <wx/choice.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+namespace nesk::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+
+class FormBrowseTest : public PartDialogTest {
+protected:
+    FormBrowseTest() {
+        fs::create_directories(Drives() / "c" / "Data" / "Sub");
+        fs::create_directories(Drives() / "d" / "Other");
+    }
+
+    fs::path Drives() const { return station.Folder() / "drives"; }
+
+    std::string Show(const std::function<void(FormBrowse&)>& act, const std::string& path = "C:\\Data",
+                     const std::string& prompt = "Choose R&D") {
+        WhenShown<FormBrowse>("FormBrowse", act);
+        return FormBrowse(nullptr).Invoke(prompt, path);
+    }
+
+    static void ChooseDrive(FormBrowse& form, const char* drive) {
+        ASSERT_TRUE(form.Drive1->SetStringSelection(drive));
+        wxCommandEvent event(wxEVT_CHOICE, form.Drive1->GetId());
+        event.SetEventObject(form.Drive1);
+        form.Drive1->ProcessWindowEvent(event);
+    }
+};
+
+TEST_F(FormBrowseTest, ShowsTextsAndLists) {
+    Show([](FormBrowse& form) {
+        EXPECT_EQ(FromWx(form.GetTitle()), "Browse for Folder");
+        EXPECT_EQ(FromWx(form.lblPrompt->GetLabelText()), "Choose R&D");
+        EXPECT_EQ(FromWx(form.cmdOK->GetLabel()), "OK");
+        EXPECT_EQ(FromWx(form.cmdCancel->GetLabel()), "Cancel");
+        EXPECT_EQ(FromWx(form.cmdHelp->GetLabel()), "&Help");
+        EXPECT_EQ(FromWx(form.cmdFolder->GetLabel()), "&New folder");
+        ASSERT_EQ(form.Drive1->GetCount(), 3u);
+        EXPECT_EQ(FromWx(form.Drive1->GetString(0)), "c:");
+        EXPECT_EQ(FromWx(form.Drive1->GetString(2)), "z:");
+        EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "c:");
+        EXPECT_EQ(form.Dir1->Path(), "C:\\Data");
+        EXPECT_EQ(TabOrder(), "Dir1 cmdFolder cmdOK cmdCancel cmdHelp -");
+        Click(form.cmdCancel);
+    });
+}
+
+TEST_F(FormBrowseTest, OkReturnsTheFolder) {
+    EXPECT_EQ(Show([](FormBrowse& form) { Click(form.cmdOK); }), "C:\\Data\\");
+}
+
+TEST_F(FormBrowseTest, TheKeyboardAloneChoosesAFolder) {
+    EXPECT_EQ(Show([](FormBrowse& form) {
+                  Press(WXK_DOWN);
+                  EXPECT_EQ(form.Dir1->Path(), "C:\\Data\\Sub");
+                  Press(WXK_RETURN);
+              }),
+              "C:\\Data\\Sub\\");
+}
+
+TEST_F(FormBrowseTest, AccessKeysLeadToTheLists) {
+    Show([](FormBrowse& form) {
+        form.cmdCancel->SetFocus();
+        Press('D', wxMOD_ALT);
+        Press(WXK_DOWN);
+        EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "d:");
+        EXPECT_EQ(form.Dir1->Path(), "D:\\");
+        form.cmdCancel->SetFocus();
+        Press('F', wxMOD_ALT);
+        EXPECT_TRUE(form.Dir1->HasFocus());
+        Press(WXK_DOWN);
+        EXPECT_EQ(form.Dir1->Path(), "D:\\Other");
+        Click(form.cmdCancel);
+    });
+}
+
+TEST_F(FormBrowseTest, TheRootOfADriveCannotBeChosen) {
+    ExpectSystemBox();
+    EXPECT_EQ(Show(
+                  [this](FormBrowse& form) {
+                      Click(form.cmdOK);
+                      ASSERT_EQ(boxes.size(), 1u);
+                      EXPECT_EQ(boxes[0].text, LoadResString(32025));
+                      EXPECT_EQ(boxes[0].title, LoadResString(32015));
+                      EXPECT_TRUE(form.IsModal());
+                      form.Dir1->SetPath("C:\\Data");
+                      Click(form.cmdOK);
+                  },
+                  "C:\\"),
+              "C:\\Data\\");
+}
+
+TEST_F(FormBrowseTest, AFolderThatHasGoneCannotBeChosen) {
+    ExpectSystemBox();
+    EXPECT_EQ(Show([this](FormBrowse& form) {
+                  fs::remove_all(Drives() / "c" / "Data");
+                  Click(form.cmdOK);
+                  Press(WXK_ESCAPE);
+              }),
+              "");
+    EXPECT_EQ(boxes.at(0).text, LoadResString(32025));
+}
+
+TEST_F(FormBrowseTest, BeginsAtTheProgramWhenThePathDoesNotExist) {
+    Show(
+        [](FormBrowse& form) {
+            EXPECT_EQ(form.Dir1->Path(), platform::ProgramFolder());
+            EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "z:");
+            Click(form.cmdCancel);
+        },
+        "C:\\None");
+}
+
+TEST_F(FormBrowseTest, AnotherDriveIsShownFromItsRoot) {
+    EXPECT_EQ(Show([](FormBrowse& form) {
+                  ChooseDrive(form, "d:");
+                  EXPECT_EQ(form.Dir1->Path(), "D:\\");
+                  form.Dir1->SetPath("D:\\Other");
+                  Click(form.cmdOK);
+              }),
+              "D:\\Other\\");
+}
+
+TEST_F(FormBrowseTest, ADriveThatIsNotReadyIsReportedAndCIsShown) {
+    station.Write("D:\\.notready", "");
+    Expect();
+    Show([this](FormBrowse& form) {
+        ChooseDrive(form, "d:");
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_NE(messages[0].text.find("D:\\"), std::string::npos) << messages[0].text;
+        EXPECT_EQ(messages[0].title, LoadResString(34123));
+        EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "c:");
+        EXPECT_EQ(form.Dir1->Path(), "C:\\");
+        Click(form.cmdCancel);
+    });
+}
+
+TEST_F(FormBrowseTest, TheFallbackThatIsNotReadyIsReportedOnce) {
+    Expect();
+    Show(
+        [this](FormBrowse& form) {
+            station.Write("C:\\.notready", "");
+            ChooseDrive(form, "c:");
+            EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "c:");
+            Click(form.cmdCancel);
+        },
+        "D:\\Other");
+    EXPECT_EQ(messages.size(), 1u);
+}
+
+TEST_F(FormBrowseTest, ANewFolderIsMadeAndEntered) {
+    const auto name = [](FormFolder& form) {
+        EXPECT_EQ(FromWx(form.lblFolder->GetLabelText()), "C:\\Data\\");
+        form.txtFolder->ChangeValue("New\\Deep");
+        Click(form.cmdOK);
+    };
+    EXPECT_EQ(Show([&](FormBrowse& form) {
+                  WhenShown<FormFolder>("FormFolder", name);
+                  Click(form.cmdFolder);
+                  EXPECT_EQ(form.Dir1->Path(), "C:\\Data\\New\\Deep");
+                  Click(form.cmdOK);
+              }),
+              "C:\\Data\\New\\Deep\\");
+}
+
+TEST_F(FormBrowseTest, ANewFolderThatIsCalledOffChangesNothing) {
+    Show([&](FormBrowse& form) {
+        WhenShown<FormFolder>("FormFolder", [](FormFolder& folder) { Click(folder.cmdCancel); });
+        Click(form.cmdFolder);
+        EXPECT_EQ(form.Dir1->Path(), "C:\\Data");
+        Click(form.cmdCancel);
+    });
+}
+
+TEST_F(FormBrowseTest, EscapeAndCloseBoxCancel) {
+    EXPECT_EQ(Show([](FormBrowse&) { Press(WXK_ESCAPE); }), "");
+    EXPECT_EQ(Show([](FormBrowse& form) { form.Close(); }), "");
+}
+
+} // namespace
+} // namespace nesk::testing

@@ -1,0 +1,156 @@
+#include "partedit/FormFolder.h"
+
+#include "gui/PartDialogFixture.h"
+#include "shell/FormUtilities.h"
+#include "shell/modUtilities.h"
+
+#include <wx/button.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+#include <wx/tooltip.h>
+
+namespace nesk::testing {
+namespace {
+
+using modUtilities::DirectoryExists;
+using modUtilities::FromWx;
+using modUtilities::ToWx;
+
+class FormFolderTest : public PartDialogTest {
+protected:
+    FormFolderTest() { station.Write("C:\\Data\\keep.txt", ""); }
+
+    std::string Show(const std::function<void(FormFolder&)>& act, const std::string& base = "C:\\Data") {
+        WhenShown<FormFolder>("FormFolder", act);
+        return FormFolder(nullptr).Invoke(base);
+    }
+
+    // Confirms a name with OK.
+    std::string Make(const std::string& name, const std::string& base = "C:\\Data") {
+        return Show(
+            [&](FormFolder& form) {
+                form.txtFolder->ChangeValue(ToWx(name));
+                Click(form.cmdOK);
+            },
+            base);
+    }
+};
+
+TEST_F(FormFolderTest, ShowsTextsAndPath) {
+    const std::string base = "C:\\Data\\a very long name of a folder\\and another one below it\\R&D\\last";
+    const auto look = [&](FormFolder& form) {
+        EXPECT_EQ(FromWx(form.GetTitle()), "New folder");
+        EXPECT_EQ(FromWx(form.cmdOK->GetLabel()), "OK");
+        EXPECT_EQ(FromWx(form.cmdCancel->GetLabel()), "Cancel");
+        EXPECT_EQ(form.cmdHelp, nullptr);
+        EXPECT_EQ(FromWx(form.lblFolder->GetLabelText()), base + "\\");
+        EXPECT_EQ(FromWx(form.lblFolder->GetToolTipText()), base + "\\");
+        EXPECT_LE(form.lblFolder->GetRect().GetRight(), form.GetClientSize().x);
+        EXPECT_EQ(form.FindWindowByName("txtFolder", &form), form.txtFolder);
+        EXPECT_TRUE(form.txtFolder->HasFocus());
+        EXPECT_EQ(TabOrder(), "txtFolder cmdOK cmdCancel");
+        Click(form.cmdCancel);
+    };
+    EXPECT_EQ(Show(look, base + "   "), "");
+}
+
+TEST_F(FormFolderTest, TypedNameAndEnterMakeTheFolder) {
+    const std::string made = Show([](FormFolder&) {
+        Type("New");
+        Press(WXK_RETURN);
+    });
+    EXPECT_EQ(made, "C:\\Data\\New\\");
+    EXPECT_TRUE(DirectoryExists("C:\\Data\\New"));
+}
+
+TEST_F(FormFolderTest, SeparatorsAroundTheNameGo) {
+    EXPECT_EQ(Make(" \\New\\ "), "C:\\Data\\New\\");
+    EXPECT_TRUE(DirectoryExists("C:\\Data\\New"));
+}
+
+TEST_F(FormFolderTest, NestedFoldersAreMadeLevelByLevel) {
+    EXPECT_EQ(Make("A\\B", "C:\\None\\"), "C:\\None\\A\\B\\");
+    EXPECT_TRUE(DirectoryExists("C:\\None\\A\\B"));
+}
+
+TEST_F(FormFolderTest, AnExistingFolderIsAccepted) {
+    station.Write("C:\\Data\\Old\\keep.txt", "");
+    EXPECT_EQ(Make("old"), "C:\\Data\\old\\");
+    EXPECT_FALSE(std::filesystem::exists(station.Folder() / "drives/c/Data/old"));
+}
+
+TEST_F(FormFolderTest, AnEmptyNameDoesNothing) {
+    const std::string made = Show([](FormFolder& form) {
+        form.txtFolder->ChangeValue(" \\\\ ");
+        Click(form.cmdOK);
+        EXPECT_TRUE(form.IsModal());
+        Press(WXK_ESCAPE);
+    });
+    EXPECT_EQ(made, "");
+}
+
+TEST_F(FormFolderTest, TheColonIsDroppedSilently) {
+    Show([](FormFolder& form) {
+        const auto typeColon = [] { Press(';', wxMOD_SHIFT); };
+        Type("a");
+        typeColon();
+        Type("b");
+        EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "ab");
+        // A refused key replaces no selection.
+        form.txtFolder->SelectAll();
+        typeColon();
+        EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "ab");
+        form.txtFolder->SetInsertionPoint(1);
+        Paste("C:\\X");
+        EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "aC\\Xb");
+        EXPECT_EQ(form.txtFolder->GetInsertionPoint(), 4);
+        Click(form.cmdCancel);
+    });
+}
+
+TEST_F(FormFolderTest, GainingTheFocusSelectsTheText) {
+    Show([](FormFolder& form) {
+        form.txtFolder->ChangeValue("Name");
+        form.cmdOK->SetFocus();
+        Settle();
+        form.txtFolder->SetFocus();
+        Settle();
+        EXPECT_EQ(FromWx(form.txtFolder->GetStringSelection()), "Name");
+        Click(form.cmdCancel);
+    });
+}
+
+TEST_F(FormFolderTest, AFailureIsReportedAndTheDialogStaysOpen) {
+    station.Write("C:\\Data\\File", "");
+    Expect();
+    const std::string made = Show([&](FormFolder& form) {
+        form.txtFolder->ChangeValue("File\\Below");
+        Click(form.cmdOK);
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_NE(messages[0].text.find("C:\\Data\\File"), std::string::npos) << messages[0].text;
+        EXPECT_EQ(messages[0].options, modMessageBox::Option::Critical);
+        EXPECT_TRUE(form.IsModal());
+        EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "File\\Below");
+        form.txtFolder->ChangeValue("Good");
+        Click(form.cmdOK);
+    });
+    EXPECT_EQ(made, "C:\\Data\\Good\\");
+}
+
+TEST_F(FormFolderTest, CancelAndCloseBoxMakeNothing) {
+    const auto type = [](FormFolder& form) { form.txtFolder->ChangeValue("New"); };
+    EXPECT_EQ(Show([&](FormFolder& form) {
+                  type(form);
+                  Click(form.cmdCancel);
+              }),
+              "");
+    EXPECT_EQ(Show([&](FormFolder& form) {
+                  type(form);
+                  form.Close();
+              }),
+              "");
+    EXPECT_FALSE(DirectoryExists("C:\\Data\\New"));
+}
+
+} // namespace
+} // namespace nesk::testing

@@ -1,0 +1,177 @@
+#include "settings/FormSelectMachine.h"
+#include "settings/FormSelectUser.h"
+
+#include "gui/SettingsDialogFixture.h"
+#include "settings/RegEntry.h"
+#include "shell/FormUtilities.h"
+
+#include <wx/button.h>
+#include <wx/listbox.h>
+
+namespace nesk::testing {
+namespace {
+
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+
+class FormSelectFromListTest : public SettingsDialogTest {
+protected:
+    static void Add(const std::string& key, const std::string& displayName) {
+        RegEntry entry;
+        entry.CreateKey(key);
+        entry.SetString("Name", displayName);
+    }
+
+    // Shows the dialog, does something with it, closes it if that did not, and returns its answer.
+    static std::string Machine(const std::function<void(FormSelectMachine&)>& act) {
+        FormSelectMachine dialog(nullptr);
+        const ModalDriver driver(dialog, [&] {
+            act(dialog);
+            if (dialog.IsModal()) PressButton(dialog.cmdCancel);
+        });
+        return dialog.SelectMachine();
+    }
+
+    // Clicks into the line of an entry.
+    static void ClickLine(wxListBox& list, int line, bool twice = false) {
+        // The first line's middle, and the height of a line, from the list's own measure.
+        const int height = list.GetCharHeight();
+        int y = height / 2;
+        while (list.HitTest(wxPoint(20, y)) != line && y < list.GetClientSize().y)
+            ++y;
+        wxUIActionSimulator simulator;
+        simulator.MouseMove(list.ClientToScreen(wxPoint(20, y + height / 3)));
+        Settle();
+        if (twice)
+            simulator.MouseDblClick();
+        else
+            simulator.MouseClick();
+        wxMilliSleep(50);
+        Settle();
+    }
+};
+
+TEST_F(FormSelectFromListTest, ShowsTheMachines) {
+    Add("Machines\\M1", "Bridge & Arm");
+    Add("Machines\\M2", "");
+    const std::string key = Machine([](FormSelectMachine& dialog) {
+        EXPECT_EQ(FromWx(dialog.GetTitle()), LoadResString(32046));
+        EXPECT_EQ(FromWx(dialog.cmdOK->GetLabel()), LoadResString(32004));
+        EXPECT_EQ(FromWx(dialog.cmdCancel->GetLabel()), LoadResString(32005));
+        EXPECT_EQ(FromWx(dialog.cmdHelp->GetLabel()), LoadResString(32008));
+        ASSERT_EQ(dialog.lstMain->GetCount(), 2u);
+        EXPECT_EQ(dialog.lstMain->GetString(0), "Bridge & Arm");
+        EXPECT_EQ(dialog.lstMain->GetString(1), "");
+        Settle();
+        EXPECT_EQ(dialog.lstMain->GetSelection(), wxNOT_FOUND);
+        EXPECT_FALSE(dialog.cmdOK->IsEnabled());
+        EXPECT_EQ(wxWindow::FindWindowByName("lstMain", &dialog), dialog.lstMain);
+    });
+    EXPECT_EQ(key, "");
+}
+
+TEST_F(FormSelectFromListTest, TheSecondOfTwoEqualNames) {
+    Add("Machines\\A", "Bridge");
+    Add("Machines\\B", "Bridge");
+    const std::string key = Machine([](FormSelectMachine& dialog) {
+        ClickLine(*dialog.lstMain, 1);
+        EXPECT_EQ(dialog.lstMain->GetSelection(), 1);
+        EXPECT_TRUE(dialog.IsModal()) << "one click chooses nothing yet";
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_EQ(key, "Machines\\B");
+}
+
+TEST_F(FormSelectFromListTest, ADoubleClickChooses) {
+    Add("Machines\\A", "Bridge");
+    Add("Machines\\B", "Arm");
+    const std::string key = Machine([](FormSelectMachine& dialog) {
+        ClickLine(*dialog.lstMain, 1, true);
+        EXPECT_TRUE(WaitUntil([&] { return !dialog.IsModal(); }));
+    });
+    EXPECT_EQ(key, "Machines\\B");
+}
+
+TEST_F(FormSelectFromListTest, ArrowKeysAndEnterChoose) {
+    Add("Machines\\A", "Bridge");
+    Add("Machines\\B", "Arm");
+    const std::string key = Machine([](FormSelectMachine& dialog) {
+        EXPECT_TRUE(dialog.lstMain->HasFocus());
+        for (int tries = 0; tries < 3 && dialog.lstMain->GetSelection() != 1; ++tries)
+            Press(WXK_DOWN);
+        EXPECT_EQ(dialog.lstMain->GetSelection(), 1);
+        EXPECT_TRUE(dialog.cmdOK->IsEnabled());
+        Press(WXK_RETURN);
+        EXPECT_TRUE(WaitUntil([&] { return !dialog.IsModal(); }));
+    });
+    EXPECT_EQ(key, "Machines\\B");
+}
+
+TEST_F(FormSelectFromListTest, EnterWithoutASelectionDoesNothing) {
+    Add("Machines\\A", "Bridge");
+    const std::string key = Machine([](FormSelectMachine& dialog) {
+        Press(WXK_RETURN);
+        wxMilliSleep(300);
+        Settle();
+        EXPECT_TRUE(dialog.IsModal());
+    });
+    EXPECT_EQ(key, "");
+}
+
+TEST_F(FormSelectFromListTest, EscapeForgetsTheSelection) {
+    Add("Machines\\A", "Bridge");
+    FormSelectMachine dialog(nullptr);
+    {
+        const ModalDriver driver(dialog, [&] {
+            ClickLine(*dialog.lstMain, 0);
+            EXPECT_TRUE(dialog.cmdOK->IsEnabled());
+            Press(WXK_ESCAPE);
+            EXPECT_FALSE(dialog.IsModal());
+        });
+        EXPECT_EQ(dialog.SelectMachine(), "");
+    }
+    // The same when it is asked once more.
+    const ModalDriver driver(dialog, [&] {
+        EXPECT_EQ(dialog.lstMain->GetSelection(), wxNOT_FOUND);
+        EXPECT_FALSE(dialog.cmdOK->IsEnabled());
+        PressButton(dialog.cmdCancel);
+    });
+    EXPECT_EQ(dialog.SelectMachine(), "");
+}
+
+TEST_F(FormSelectFromListTest, WithoutMachinesOnlyCancelLeadsOut) {
+    RegEntry().CreateKey("Machines");
+    const std::string key = Machine([](FormSelectMachine& dialog) {
+        EXPECT_EQ(dialog.lstMain->GetCount(), 0u);
+        EXPECT_FALSE(dialog.cmdOK->IsEnabled());
+        EXPECT_TRUE(dialog.cmdCancel->IsEnabled());
+    });
+    EXPECT_EQ(key, "");
+}
+
+TEST_F(FormSelectFromListTest, AMissingListIsReportedAndEmpty) {
+    Expect();
+    const std::string key = Machine([this](FormSelectMachine& dialog) {
+        EXPECT_EQ(messages.size(), 1u);
+        EXPECT_EQ(dialog.lstMain->GetCount(), 0u);
+        EXPECT_FALSE(dialog.cmdOK->IsEnabled());
+    });
+    EXPECT_EQ(key, "");
+}
+
+TEST_F(FormSelectFromListTest, UsersAreAListOfTheirOwn) {
+    Add("Machines\\M1", "Bridge");
+    Add("Users\\U7", "Smith");
+    FormSelectUser dialog(nullptr);
+    const ModalDriver driver(dialog, [&] {
+        EXPECT_EQ(FromWx(dialog.GetTitle()), LoadResString(32048));
+        ASSERT_EQ(dialog.lstMain->GetCount(), 1u);
+        EXPECT_EQ(dialog.lstMain->GetString(0), "Smith");
+        ClickLine(*dialog.lstMain, 0);
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_EQ(dialog.SelectUser(), "Users\\U7");
+}
+
+} // namespace
+} // namespace nesk::testing

@@ -1,0 +1,232 @@
+#include "gui/GuiFixture.h"
+#include "gui/ModalDriver.h"
+
+#include "menu/FormEditMenu.h"
+#include "menu/FormPicture.h"
+#include "menu/FormSelectMenuPicture.h"
+#include "menu/Menu.h"
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
+#include "platform/OpenFileDialog.h"
+#include "platform/portable/Station.h"
+#include "settings/NeskRegistry.h"
+#include "shell/FormUtilities.h"
+#include "shell/Startup.h"
+#include "shell/modStringRes.h"
+
+#include <fstream>
+
+#include <wx/button.h>
+#include <wx/image.h>
+#include <wx/stattext.h>
+
+namespace nesk::testing {
+namespace {
+
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+
+// The file dialog, answered with a file or called off.
+struct FileDialogScript {
+    FileDialogScript() {
+        platform::SetOpenFileDialog([this](wxWindow*, const platform::OpenFileRequest& asked) {
+            requests.push_back(asked);
+            return choice;
+        });
+    }
+    ~FileDialogScript() { platform::SetOpenFileDialog({}); }
+    FileDialogScript(const FileDialogScript&) = delete;
+    FileDialogScript& operator=(const FileDialogScript&) = delete;
+
+    std::string choice; // Windows path; "" calls the dialog off
+    std::vector<platform::OpenFileRequest> requests;
+};
+
+class PictureDialogTest : public ::testing::Test {
+protected:
+    PictureDialogTest() {
+        station.Write("C:\\Pictures\\x.txt", "no picture");
+        Startup::InitLanguage();
+        NeskRegistry::Instance() = NeskRegistry();
+        NeskRegistry::Instance().DefaultBitmapDirectory = "C:\\Pictures";
+        // Half of the test's pictures are made by the toolkit.
+        if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
+    }
+
+    std::string Host(const std::string& path) const { return platform::portable::ToHostPath(path).string(); }
+
+    void MakePicture(const std::string& path, int width, int height) const {
+        wxImage image(width, height);
+        image.SetRGB(wxRect(0, 0, width, height), 200, 30, 30);
+        ASSERT_TRUE(image.SaveFile(wxString::FromUTF8(Host(path).c_str()), wxBITMAP_TYPE_PNG));
+    }
+
+    TempStation station;
+    FileDialogScript files;
+};
+
+TEST_F(PictureDialogTest, AnEmptyPathStaysEmptyOnOk) {
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path;
+    ModalDriver driver(dialog, [&] {
+        EXPECT_EQ(FromWx(dialog.GetTitle()), LoadResString(32081));
+        EXPECT_FALSE(dialog.picItemHost->ShowsPicture());
+        // The search for a file begins in the folder of the settings.
+        PressButton(dialog.cmdMenuSelect);
+        ASSERT_EQ(files.requests.size(), 1u);
+        EXPECT_EQ(files.requests[0].folder, "C:\\Pictures");
+        EXPECT_EQ(files.requests[0].title, LoadResString(32026));
+        EXPECT_EQ(files.requests[0].file, "");
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Display(path));
+    EXPECT_EQ(path, "");
+}
+
+TEST_F(PictureDialogTest, AChosenFileIsShownAndReturned) {
+    MakePicture("C:\\Pictures\\small.png", 40, 20);
+    files.choice = "C:\\Pictures\\small.png";
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path = "C:\\Gone\\old.bmp";
+    ModalDriver driver(dialog, [&] {
+        EXPECT_FALSE(dialog.picItemHost->ShowsPicture());
+        PressButton(dialog.cmdMenuSelect);
+        EXPECT_TRUE(dialog.picItemHost->ShowsPicture());
+        const wxSize host = dialog.picItemHost->GetClientSize();
+        EXPECT_EQ(dialog.picItemHost->PictureRect(), wxRect((host.x - 40) / 2, (host.y - 20) / 2, 40, 20));
+        EXPECT_EQ(FromWx(dialog.lblFile->GetLabelText()), "C:\\Pictures\\small.png");
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Display(path));
+    EXPECT_EQ(path, "C:\\Pictures\\small.png");
+}
+
+TEST_F(PictureDialogTest, CancelAfterChoosingLeavesThePath) {
+    MakePicture("C:\\Pictures\\small.png", 40, 20);
+    files.choice = "C:\\Pictures\\small.png";
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path = "C:\\old.bmp";
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdMenuSelect);
+        PressKey(WXK_ESCAPE);
+    });
+    EXPECT_FALSE(dialog.Display(path));
+    EXPECT_EQ(path, "C:\\old.bmp");
+}
+
+TEST_F(PictureDialogTest, DeleteEmptiesThePath) {
+    MakePicture("C:\\Pictures\\small.png", 40, 20);
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path = "C:\\Pictures\\small.png";
+    ModalDriver driver(dialog, [&] {
+        EXPECT_TRUE(dialog.picItemHost->ShowsPicture());
+        PressButton(dialog.cmdMenuDelete);
+        EXPECT_FALSE(dialog.picItemHost->ShowsPicture());
+        EXPECT_EQ(FromWx(dialog.lblFile->GetLabelText()), "");
+        dialog.cmdOK->SetFocus();
+        PressKey(WXK_RETURN);
+    });
+    EXPECT_TRUE(dialog.Display(path));
+    EXPECT_EQ(path, "");
+}
+
+TEST_F(PictureDialogTest, AFolderIsNoPictureButIsReturned) {
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path = "C:\\Pictures\\";
+    ModalDriver driver(dialog, [&] {
+        EXPECT_FALSE(dialog.picItemHost->ShowsPicture());
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Display(path));
+    EXPECT_EQ(path, "C:\\Pictures\\");
+}
+
+TEST_F(PictureDialogTest, LargePicturesAreSqueezedInThatDirectionAlone) {
+    MakePicture("C:\\Pictures\\wide.png", 2000, 20);
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path = "C:\\Pictures\\wide.png";
+    ModalDriver driver(dialog, [&] {
+        const wxSize host = dialog.picItemHost->GetClientSize();
+        EXPECT_EQ(dialog.picItemHost->PictureRect(), wxRect(0, (host.y - 20) / 2, host.x, 20));
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Display(path);
+}
+
+TEST_F(PictureDialogTest, DamagedAndHugePicturesDoNoHarm) {
+    // A header that claims 20,000 x 20,000 pixels, random bytes, and a picture that breaks off.
+    station.Write("C:\\Pictures\\huge.png",
+                  std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x4E\x20\0\0\x4E\x20\x08\2\0\0\0", 29));
+    std::string noise = "BM";
+    for (int i = 0; i < 5000; ++i)
+        noise += static_cast<char>(i * 7919 >> 3);
+    station.Write("C:\\Pictures\\noise.bmp", noise);
+    MakePicture("C:\\Pictures\\whole.png", 300, 300);
+    std::ifstream whole(Host("C:\\Pictures\\whole.png"), std::ios::binary);
+    std::string bytes(200, '\0');
+    whole.read(bytes.data(), 200);
+    station.Write("C:\\Pictures\\cut.png", bytes);
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path;
+    ModalDriver driver(dialog, [&] {
+        for (const char* name : {"huge.png", "noise.bmp", "cut.png", "x.txt", "missing.bmp"}) {
+            dialog.picItemHost->SetPath(std::string("C:\\Pictures\\") + name);
+            EXPECT_FALSE(dialog.picItemHost->ShowsPicture()) << name;
+        }
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Display(path));
+    EXPECT_EQ(path, "C:\\Pictures\\missing.bmp") << "the path is not checked";
+}
+
+class EditMenuTest : public PictureDialogTest {
+protected:
+    EditMenuTest() {
+        menu.Initialize("C:\\Neskroot");
+        item = &menu.SubMenus().Add("Brackets", "Menu");
+        item->SetGraphic("C:\\Pictures\\small.png");
+    }
+
+    Menu menu;
+    MenuItem* item = nullptr;
+};
+
+TEST_F(EditMenuTest, OkAfterDeleteStoresAnEmptyPicture) {
+    FormEditMenu dialog(nullptr);
+    ModalDriver driver(dialog, [&] {
+        EXPECT_EQ(FromWx(dialog.GetTitle()), "Brackets");
+        PressButton(dialog.cmdDelete);
+        EXPECT_EQ(item->Graphic(), "C:\\Pictures\\small.png") << "changed on OK alone";
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Edit(*item));
+    EXPECT_EQ(item->Graphic(), "");
+}
+
+TEST_F(EditMenuTest, CancelLeavesThePictureEvenAfterAnotherWasChosen) {
+    MakePicture("C:\\Pictures\\other.png", 10, 10);
+    files.choice = "C:\\Pictures\\other.png";
+    FormEditMenu dialog(nullptr);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdPicture);
+        EXPECT_EQ(dialog.picItemHost->Path(), "C:\\Pictures\\other.png");
+        PressButton(dialog.cmdCancel);
+    });
+    EXPECT_FALSE(dialog.Edit(*item));
+    EXPECT_EQ(item->Graphic(), "C:\\Pictures\\small.png");
+}
+
+TEST_F(EditMenuTest, OkStoresTheChosenPicture) {
+    MakePicture("C:\\Pictures\\other.png", 10, 10);
+    files.choice = "C:\\Pictures\\other.png";
+    FormEditMenu dialog(nullptr);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdPicture);
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Edit(*item));
+    EXPECT_EQ(item->Graphic(), "C:\\Pictures\\other.png");
+}
+
+} // namespace
+} // namespace nesk::testing

@@ -1,0 +1,157 @@
+#include "gui/PartDialogFixture.h"
+
+#include "partedit/FormSelectDrive.h"
+#include "partedit/FormSelectPart.h"
+#include "settings/RegEntry.h"
+#include "shell/FormUtilities.h"
+
+#include <wx/button.h>
+#include <wx/choice.h>
+#include <wx/radiobut.h>
+#include <wx/stattext.h>
+#include <wx/treectrl.h>
+
+namespace nesk::testing {
+namespace {
+
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+
+class FormSelectPartTest : public PartDialogTest {
+protected:
+    FormSelectPartTest() {
+        for (const char* folder :
+             {"D:\\Parts\\Brackets\\Angle", "D:\\Parts\\Brackets\\Plate", "D:\\Parts\\Shaft"})
+            station.Write(std::string(folder) + "\\partinfo.ini", "[Part]\r\nName=x\r\n");
+        RegEntry common;
+        common.CreateKey("Common");
+        common.SetString("RepositoryRoot", "D:\\Parts\\");
+    }
+
+    // The node at the end of a path of texts below the root; not ok when there is none.
+    static wxTreeItemId Node(const FormSelectPart& form, const std::vector<std::string>& path) {
+        wxTreeItemId node = form.tvMain->GetRootItem();
+        for (const std::string& text : path) {
+            wxTreeItemIdValue cookie = nullptr;
+            wxTreeItemId child = form.tvMain->GetFirstChild(node, cookie);
+            while (child.IsOk() && FromWx(form.tvMain->GetItemText(child)) != text)
+                child = form.tvMain->GetNextSibling(child);
+            if (!child.IsOk()) return child;
+            node = child;
+        }
+        return node;
+    }
+
+    static bool WaitForScan(const FormSelectPart& form) {
+        return WaitUntil(
+            [&] { return !form.IsBusy() && form.cmdSelectDrive->IsEnabled() && !form.tvMain->IsEmpty(); });
+    }
+};
+
+TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
+    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
+        ASSERT_TRUE(WaitForScan(form));
+        EXPECT_EQ(FromWx(form.GetTitle()), LoadResString(32047));
+        EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), LoadResString(32069));
+        EXPECT_TRUE(form.tvMain->IsExpanded(form.tvMain->GetRootItem()));
+        EXPECT_FALSE(FromWx(form.lblProgress->GetLabelText()).empty());
+        EXPECT_FALSE(form.cmdOK->IsEnabled());
+        const wxTreeItemId part = Node(form, {"Brackets", "Angle"});
+        ASSERT_TRUE(part.IsOk());
+        form.tvMain->SelectItem(part);
+        EXPECT_TRUE(form.cmdOK->IsEnabled());
+        Click(form.cmdOK);
+    });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Brackets\\Angle\\partinfo.ini");
+}
+
+TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
+    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
+        ASSERT_TRUE(WaitForScan(form));
+        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        form.tvMain->SelectItem(Node(form, {"Brackets"}));
+        EXPECT_FALSE(form.cmdOK->IsEnabled());
+        wxCommandEvent press(wxEVT_BUTTON, form.cmdOK->GetId());
+        form.cmdOK->ProcessWindowEvent(press);
+        EXPECT_TRUE(form.IsModal()) << "the dialog stays open";
+        Click(form.cmdCancel);
+    });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "") << "a folder is no part program";
+}
+
+TEST_F(FormSelectPartTest, CancelKeepsWhatWasSelected) {
+    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
+        ASSERT_TRUE(WaitForScan(form));
+        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        Click(form.cmdCancel);
+    });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
+}
+
+TEST_F(FormSelectPartTest, EnterOnAPartConfirms) {
+    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
+        ASSERT_TRUE(WaitForScan(form));
+        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        form.tvMain->SetFocus();
+        Press(WXK_RETURN);
+    });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
+}
+
+TEST_F(FormSelectPartTest, ALongScanCanBeCalledOff) {
+    for (int i = 0; i < 3000; ++i)
+        station.Write("D:\\Parts\\many\\" + std::to_string(i) + "\\x", "");
+    bool wasBusy = false;
+    WhenShown<FormSelectPart>("FormSelectPart", [&](FormSelectPart& form) {
+        wasBusy = form.IsBusy();
+        Click(form.cmdCancel);
+        EXPECT_FALSE(form.cmdCancel->IsEnabled());
+    });
+    FormSelectPart form(nullptr);
+    EXPECT_EQ(form.SelectPart(), "");
+    EXPECT_TRUE(wasBusy);
+    EXPECT_LT(form.tvMain->GetCount(), 3000u) << "the scan went on to its end";
+}
+
+TEST_F(FormSelectPartTest, AnotherDriveCanBeScanned) {
+    station.Write("E:\\Other\\partinfo.ini", "[Part]\r\nName=x\r\n");
+    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
+        ASSERT_TRUE(WaitForScan(form));
+        Click(form.cmdSelectDrive);
+        ASSERT_TRUE(WaitForScan(form));
+        EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), "E:\\");
+        form.tvMain->SelectItem(Node(form, {"Other"}));
+        Click(form.cmdOK);
+    });
+    WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) {
+        EXPECT_TRUE(form.optDrive[0]->GetValue());
+        EXPECT_FALSE(form.drvSelect->IsEnabled());
+        form.optDrive[1]->SetValue(true);
+        wxCommandEvent choose(wxEVT_RADIOBUTTON, form.optDrive[1]->GetId());
+        form.optDrive[1]->ProcessWindowEvent(choose);
+        EXPECT_TRUE(form.drvSelect->IsEnabled());
+        EXPECT_TRUE(form.lblSelectDrive->IsEnabled());
+        form.drvSelect->SetStringSelection("E:");
+        wxCommandEvent pick(wxEVT_CHOICE, form.drvSelect->GetId());
+        form.drvSelect->ProcessWindowEvent(pick);
+        Click(form.cmdOK);
+    });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "E:\\Other\\partinfo.ini");
+}
+
+TEST_F(FormSelectPartTest, TheDriveDialogAnswers) {
+    WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) { Click(form.cmdOK); });
+    EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "*");
+    WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) { Click(form.cmdCancel); });
+    EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "");
+    WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) {
+        form.optDrive[1]->SetValue(true);
+        wxCommandEvent choose(wxEVT_RADIOBUTTON, form.optDrive[1]->GetId());
+        form.optDrive[1]->ProcessWindowEvent(choose);
+        Press(WXK_RETURN);
+    });
+    EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "C:\\");
+}
+
+} // namespace
+} // namespace nesk::testing

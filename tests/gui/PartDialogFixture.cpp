@@ -1,0 +1,153 @@
+#include "gui/PartDialogFixture.h"
+
+#include "platform/portable/Station.h"
+#include "settings/NeskRegistry.h"
+#include "shell/FormUtilities.h"
+#include "shell/Startup.h"
+
+#include <chrono>
+
+#include <wx/app.h>
+#include <wx/button.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+#include <wx/evtloop.h>
+#include <wx/filedlg.h>
+#include <wx/msgdlg.h>
+#include <wx/textctrl.h>
+#include <wx/uiaction.h>
+
+namespace nesk::testing {
+
+using modUtilities::FromWx;
+using modUtilities::ToWx;
+
+namespace {
+
+constexpr int TickMilliseconds = 20;
+constexpr int MostIdleTicks = 400;
+
+// The modal dialog on top, once it can be worked with.
+wxDialog* ActiveDialog() {
+    for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
+        auto* dialog = dynamic_cast<wxDialog*>(node->GetData());
+        if (dialog != nullptr && dialog->IsModal()) return dialog->IsActive() ? dialog : nullptr;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+PartDialogTest::PartDialogTest() {
+    Startup::InitLanguage();
+    NeskRegistry::Instance() = NeskRegistry();
+    m_timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Watch(); });
+    m_timer.StartOnce(TickMilliseconds);
+}
+
+PartDialogTest::~PartDialogTest() {
+    m_timer.Stop();
+    EXPECT_TRUE(m_steps.empty()) << "a dialog that was expected did not come: " << m_steps.front().name;
+    EXPECT_TRUE(m_files.empty()) << "a file dialog that was expected did not come";
+    EXPECT_EQ(m_expectedBoxes, 0) << "a box of the system that was expected did not come";
+}
+
+void PartDialogTest::Watch() {
+    // Started anew before anything is done, so that it also ticks while a dialog opened from here is up.
+    m_timer.StartOnce(TickMilliseconds);
+    wxDialog* dialog = ActiveDialog();
+    if (dialog != nullptr && !m_steps.empty() && FromWx(dialog->GetName()) == m_steps.front().name) {
+        const Step step = m_steps.front();
+        m_steps.pop_front();
+        m_idleTicks = 0;
+        step.act(*dialog);
+        m_idleTicks = 0;
+    } else if (dialog != nullptr && ++m_idleTicks > MostIdleTicks) {
+        m_idleTicks = 0;
+        ADD_FAILURE() << "nothing was done with the dialog " << FromWx(dialog->GetName());
+        dialog->EndModal(wxID_CANCEL);
+    }
+}
+
+int PartDialogTest::Answer(wxDialog* dialog) {
+    if (const auto* box = dynamic_cast<wxMessageDialog*>(dialog)) {
+        boxes.push_back({FromWx(box->GetCaption()), FromWx(box->GetMessage())});
+        EXPECT_GT(m_expectedBoxes, 0) << "unexpected box: " << boxes.back().text;
+        --m_expectedBoxes;
+        return wxID_OK;
+    }
+    if (auto* files = dynamic_cast<wxFileDialog*>(dialog)) {
+        fileDialogs.push_back(FromWx(files->GetMessage()) + "|" +
+                              platform::portable::ToWindowsPath(FromWx(files->GetDirectory())) + "|" +
+                              FromWx(files->GetFilename()) + "|" + FromWx(files->GetWildcard()));
+        if (m_files.empty()) {
+            ADD_FAILURE() << "unexpected file dialog";
+            return wxID_CANCEL;
+        }
+        const std::string path = m_files.front();
+        m_files.pop_front();
+        if (path.empty()) return wxID_CANCEL;
+        files->SetPath(ToWx(platform::portable::ToHostPath(path).string()));
+        return wxID_OK;
+    }
+    return wxID_NONE;
+}
+
+void PartDialogTest::Click(wxButton* button) {
+    ASSERT_NE(button, nullptr);
+    if (!button->IsEnabled()) return;
+    wxCommandEvent press(wxEVT_BUTTON, button->GetId());
+    press.SetEventObject(button);
+    button->ProcessWindowEvent(press);
+}
+
+void PartDialogTest::Settle() {
+    for (int i = 0; i < 5; ++i) {
+        wxMilliSleep(10);
+        wxTheApp->Yield(true);
+    }
+}
+
+bool PartDialogTest::WaitUntil(const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() > deadline) return false;
+        wxMilliSleep(5);
+        wxTheApp->Yield(true);
+    }
+    return true;
+}
+
+void PartDialogTest::Type(const std::string& text) {
+    wxUIActionSimulator simulator;
+    simulator.Text(text.c_str());
+    Settle();
+}
+
+void PartDialogTest::Press(int key, int modifiers) {
+    wxUIActionSimulator simulator;
+    simulator.Char(key, modifiers);
+    Settle();
+}
+
+void PartDialogTest::Paste(const std::string& text) {
+    ASSERT_TRUE(wxTheClipboard->Open());
+    wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
+    wxTheClipboard->Close();
+    Press('V', wxMOD_CONTROL);
+}
+
+std::string PartDialogTest::TabOrder() {
+    std::string order;
+    const wxWindow* first = wxWindow::FindFocus();
+    constexpr int most = 30;
+    for (int i = 0; i < most; ++i) {
+        const wxWindow* focus = wxWindow::FindFocus();
+        if (i > 0 && focus == first) break;
+        order.append(order.empty() ? "" : " ").append(focus == nullptr ? "-" : FromWx(focus->GetName()));
+        Press(WXK_TAB);
+    }
+    return order;
+}
+
+} // namespace nesk::testing

@@ -1,0 +1,45 @@
+#include "partedit/PartReference.h"
+#include "unit/CoreFixture.h"
+
+namespace nesk {
+namespace {
+
+using modStringRes::FormatResString;
+using modStringRes::LoadResString;
+
+class PartReferenceTest : public testing::CoreTest {};
+
+TEST_F(PartReferenceTest, PathsInReferences) {
+    using PartReference::IniPath;
+    EXPECT_EQ(PartReference::Make("D:\\Parts\\Bracket\\partinfo.ini"), "@D:\\Parts\\Bracket\\partinfo.ini@");
+    EXPECT_EQ(IniPath("@D:\\Parts\\Bracket\\partinfo.ini@"), "D:\\Parts\\Bracket\\partinfo.ini");
+    EXPECT_EQ(IniPath("@D:\\x.ini"), "D:\\x.ini") << "without a closing @ the whole rest counts";
+    EXPECT_EQ(IniPath("@D:\\x.ini@and more@"), "D:\\x.ini");
+    EXPECT_EQ(IniPath("@"), "");
+    EXPECT_EQ(IniPath("@@"), "");
+    EXPECT_EQ(IniPath("BRACKET"), "");
+    EXPECT_EQ(IniPath("a@b@"), "");
+    EXPECT_FALSE(PartReference::RefersToPart(""));
+    EXPECT_FALSE(PartReference::RefersToPart(" @x@"));
+    EXPECT_TRUE(PartReference::RefersToPart("@"));
+}
+
+TEST_F(PartReferenceTest, FoldersOfParts) {
+    EXPECT_EQ(PartReference::PartFolder("D:\\Parts\\Bracket\\partinfo.ini"), "D:\\Parts\\Bracket");
+    EXPECT_EQ(PartReference::PartFolder("D:\\partinfo.ini"), "D:");
+    EXPECT_EQ(PartReference::PartFolder("partinfo.ini"), std::nullopt);
+    EXPECT_EQ(PartReference::PartFolder(""), std::nullopt);
+}
+
+TEST_F(PartReferenceTest, Descriptions) {
+    station.Write("D:\\Parts\\Bracket\\partinfo.ini", "[Part]\r\nName=Bracket 7\r\n");
+    EXPECT_EQ(PartReference::Description("@D:\\Parts\\Bracket\\partinfo.ini@"),
+              FormatResString(32027, "Bracket 7"));
+    EXPECT_EQ(PartReference::Description("@D:\\Parts\\None\\partinfo.ini@"), FormatResString(32027, ""));
+    EXPECT_EQ(PartReference::Description("@"), FormatResString(32027, ""));
+    EXPECT_EQ(PartReference::Description("BRACKET"), LoadResString(32028));
+    EXPECT_EQ(PartReference::Description(""), LoadResString(32028));
+}
+
+} // namespace
+} // namespace nesk

@@ -1,0 +1,168 @@
+#include "partedit/PartScanner.h"
+#include "partedit/RepositoryRoot.h"
+#include "platform/ErrorCode.h"
+#include "settings/RegEntry.h"
+#include "unit/CoreFixture.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace nesk {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Notes the tree of what was found, a line an entry, indented by its level.
+class Recorder : public PartScanVisitor {
+public:
+    Node OnFolder(Node parent, const std::string& path, const std::string& name) override {
+        EXPECT_TRUE(path.ends_with("\\" + name)) << path;
+        levels.push_back(std::make_unique<std::size_t>(Add(parent, name + "/")));
+        return levels.back().get();
+    }
+    void OnPart(Node parent, const std::string& path, const std::string& name) override {
+        EXPECT_TRUE(path.ends_with("\\" + name)) << path;
+        Add(parent, name);
+    }
+    void OnUnreadable(const std::string& path, int code, std::uint32_t) override {
+        unreadable.push_back(path + " " + std::to_string(code));
+    }
+    bool OnProgress(std::size_t foldersRead) override {
+        EXPECT_EQ(foldersRead, calls) << "one call a folder";
+        ++calls;
+        return calls <= mostCalls;
+    }
+
+    std::string tree;
+    std::vector<std::string> unreadable;
+    std::size_t calls = 0;
+    std::size_t mostCalls = 1000000;
+
+private:
+    std::size_t Add(Node parent, const std::string& text) {
+        const std::size_t level = parent == nullptr ? 0 : *static_cast<std::size_t*>(parent) + 1;
+        tree += std::string(level, ' ') + text + "\n";
+        return level;
+    }
+
+    std::vector<std::unique_ptr<std::size_t>> levels;
+};
+
+class PartScannerTest : public testing::CoreTest {
+protected:
+    void MakePart(const std::string& folder, const std::string& name = "Part") const {
+        station.Write(folder + "\\partinfo.ini", "[Part]\r\nName=" + name + "\r\n");
+    }
+
+    fs::path Host(const std::string& path) const { return platform::portable::ToHostPath(path); }
+
+    Recorder recorder;
+};
+
+TEST_F(PartScannerTest, FoldersComeBeforeParts) {
+    MakePart("D:\\Parts\\a part");
+    MakePart("D:\\Parts\\folder\\inner");
+    station.Write("D:\\Parts\\file.txt", "");
+    EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.tree, "folder/\n inner\na part\n");
+    EXPECT_EQ(recorder.calls, 2u) << "the parts are not read as folders";
+}
+
+TEST_F(PartScannerTest, WithoutANameItIsAFolder) {
+    station.Write("D:\\Parts\\nameless\\partinfo.ini", "[Part]\r\nNumber=1\r\n");
+    station.Write("D:\\Parts\\nameless\\empty\\partinfo.ini", "[Part]\r\nName=\r\n");
+    MakePart("D:\\Parts\\nameless\\empty\\part");
+    ScanParts("D:\\Parts", nullptr, recorder);
+    EXPECT_EQ(recorder.tree, "nameless/\n empty/\n  part\n");
+}
+
+TEST_F(PartScannerTest, WhatLiesInAPartIsNotShown) {
+    MakePart("D:\\Parts\\part");
+    MakePart("D:\\Parts\\part\\sub\\other");
+    ScanParts("D:\\Parts", nullptr, recorder);
+    EXPECT_EQ(recorder.tree, "part\n");
+}
+
+TEST_F(PartScannerTest, NamesWithALeadingDotAreLeftOut) {
+    MakePart("D:\\Parts\\.hidden");
+    station.Write("D:\\Parts\\.git\\x\\y", "");
+    ScanParts("D:\\Parts", nullptr, recorder);
+    EXPECT_EQ(recorder.tree, "");
+    EXPECT_TRUE(recorder.unreadable.empty());
+}
+
+TEST_F(PartScannerTest, ADriveIsScannedFromItsRoot) {
+    MakePart("D:\\part");
+    EXPECT_TRUE(ScanParts("D:\\", nullptr, recorder));
+    EXPECT_EQ(recorder.tree, "part\n");
+    EXPECT_EQ(PartInfoPath("D:\\"), "D:\\partinfo.ini");
+    EXPECT_EQ(PartInfoPath("D:\\a"), "D:\\a\\partinfo.ini");
+}
+
+TEST_F(PartScannerTest, AMissingRootGivesAnEmptyTree) {
+    EXPECT_TRUE(ScanParts("D:\\None", nullptr, recorder));
+    EXPECT_EQ(recorder.tree, "");
+    EXPECT_TRUE(recorder.unreadable.empty());
+}
+
+TEST_F(PartScannerTest, AScanThatIsCalledOffStopsAtOnce) {
+    for (const char* name : {"a", "b", "c", "d"})
+        station.Write(std::string("D:\\Parts\\") + name + "\\x", "");
+    recorder.mostCalls = 2;
+    EXPECT_FALSE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.calls, 3u);
+    EXPECT_EQ(recorder.tree.size(), 2 * std::string("a/\n").size());
+}
+
+TEST_F(PartScannerTest, LinksThatLoopAreNotFollowedForEver) {
+    MakePart("D:\\Parts\\folder\\part");
+    fs::create_directory_symlink(Host("D:\\Parts"), Host("D:\\Parts\\folder") / "back");
+    fs::create_directory_symlink(Host("D:\\Parts\\folder"), Host("D:\\Parts") / "twice");
+    EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_NE(recorder.tree.find("folder/\n back/\n"), std::string::npos) << recorder.tree;
+    EXPECT_NE(recorder.tree.find("twice/\n"), std::string::npos) << "another way to a folder is a folder";
+    EXPECT_LT(recorder.tree.size(), 200u);
+}
+
+TEST_F(PartScannerTest, WhatCannotBeReadIsReportedAndTheScanGoesOn) {
+    MakePart("D:\\Parts\\part");
+    fs::create_symlink("/nonexistent/file", Host("D:\\Parts") / "dangling");
+    EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.tree, "part\n");
+    ASSERT_EQ(recorder.unreadable.size(), 1u);
+    EXPECT_TRUE(recorder.unreadable[0].starts_with("D:\\Parts\\dangling ")) << recorder.unreadable[0];
+}
+
+TEST_F(PartScannerTest, VeryDeepFoldersNeedNoDeepStack) {
+    std::string path = "D:\\Parts";
+    for (int i = 0; i < 300; ++i)
+        path += "\\d";
+    MakePart(path + "\\part");
+    EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.calls, 301u);
+    EXPECT_TRUE(recorder.tree.ends_with(std::string(300, ' ') + "part\n"));
+}
+
+class RepositoryRootTest : public testing::CoreTest {
+protected:
+    static void Set(const std::string& key, const std::string& name, const std::string& value) {
+        RegEntry entry;
+        entry.CreateKey(key);
+        entry.SetString(name, value);
+    }
+};
+
+TEST_F(RepositoryRootTest, TheUsersOwnComesFirst) {
+    EXPECT_EQ(RepositoryRoot(), "");
+    Set("Common", "RepositoryRoot", "D:\\Common\\\\");
+    EXPECT_EQ(RepositoryRoot(), "D:\\Common") << "whether it exists or not";
+    Set("Neskworks", "NeskUser", "Users\\U1");
+    EXPECT_EQ(RepositoryRoot(), "D:\\Common");
+    Set("Users\\U1", "RepositoryRoot", "D:\\Own\\");
+    EXPECT_EQ(RepositoryRoot(), "D:\\Common") << "the user's folder does not exist";
+    station.Write("D:\\Own\\x", "");
+    EXPECT_EQ(RepositoryRoot(), "D:\\Own");
+}
+
+} // namespace
+} // namespace nesk
