@@ -142,9 +142,7 @@ bool MenuEditor::SetCaption(const std::string& id, const std::string& caption) {
 }
 
 bool MenuEditor::SetGraphic(const std::string& id, const std::string& graphic) {
-    const MenuEntry* entry = Find(id);
-    if (entry == nullptr) return false;
-    if (entry->Graphic() == graphic) return true;
+    if (Find(id) == nullptr) return false;
     MenuText::Check(graphic, "MenuEditor.SetGraphic");
     return Make(std::make_unique<GraphicChange>(id, graphic)).kind != MenuEvent::Kind::None;
 }
@@ -152,10 +150,7 @@ bool MenuEditor::SetGraphic(const std::string& id, const std::string& graphic) {
 bool MenuEditor::SetPart(const std::string& id, const PartFields& fields) {
     const MenuItem* item = AsItem(Find(id));
     if (item == nullptr) return false;
-    if (PartFieldsOf(*item) == fields) return true;
-    for (const std::string* text : {&fields.graphic, &fields.preview, &fields.programId, &fields.helpFile,
-                                    &fields.historyDir, &fields.historyTitle})
-        MenuText::Check(*text, "MenuEditor.SetPart");
+    CheckPartFields(fields);
     return Make(std::make_unique<PartChange>(id, fields)).kind != MenuEvent::Kind::None;
 }
 

@@ -4,8 +4,8 @@
 
 namespace nesk::platform {
 
-/// Letters of the drives that the station has, in capitals and in the order of the alphabet. A drive without a
-/// medium is among them.
+/// Letters of the drives that the station has, in capitals and in the order of the alphabet. A drive without
+/// a medium is among them.
 ///
 /// On a station that is a folder these are its folders `drives/<letter>`, and Z, the host's own files.
 std::vector<char> DriveLetters();

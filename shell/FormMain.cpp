@@ -1,5 +1,9 @@
 #include "shell/FormMain.h"
 
+#include "menu/FormSelectMenuPicture.h"
+#include "menu/MenuItem.h"
+#include "partedit/FormEditPart.h"
+#include "settings/FormAccess.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormIcons.h"
 #include "shell/FormMenuTree.h"
@@ -64,6 +68,7 @@ FormMain::FormMain()
     tvMain->Bind(wxEVT_TREE_END_LABEL_EDIT, &FormMain::OnEndLabelEdit, this);
     tvMain->Bind(wxEVT_TREE_ITEM_MENU, &FormMain::OnContextMenu, this);
     tvMain->Bind(wxEVT_KEY_DOWN, &FormMain::OnTreeKey, this);
+    tvMain->Bind(wxEVT_TREE_ITEM_ACTIVATED, &FormMain::OnActivated, this);
 
     UpdateTitle();
     UpdateFileMenus();
@@ -200,9 +205,9 @@ void FormMain::Run(MainCommand command) {
     case MainCommand::Remove: Remove(); break;
     case MainCommand::HelpContents: HelpContents(); break;
     case MainCommand::HelpWindow: ShowHelpTopic(); break;
-    case MainCommand::Edit:
-    case MainCommand::SettingsAccess:
-    case MainCommand::SettingsOptions:
+    case MainCommand::Edit: EditSelected(); break;
+    case MainCommand::SettingsAccess: Access(); break;
+    case MainCommand::SettingsOptions: Options(); break;
     case MainCommand::Count: break;
     }
 }
@@ -300,6 +305,30 @@ void FormMain::Remove() {
 void FormMain::Rename() {
     const wxTreeItemId node = tvMain->GetSelection();
     if (node.IsOk() && !m_editingLabel) tvMain->EditLabel(node);
+}
+
+void FormMain::EditSelected() {
+    FinishLabelEdit();
+    const std::string id = tvMain->SelectedKey();
+    const auto* item = dynamic_cast<const MenuItem*>(m_editor.Find(id));
+    if (item == nullptr) return;
+    if (item->IsPart()) {
+        PartFields fields = PartFieldsOf(*item);
+        FormEditPart dialog(this, wxGetDisplaySize().x);
+        if (dialog.Edit(std::string(item->Caption()), fields)) m_editor.SetPart(id, fields);
+    } else {
+        std::string graphic(item->Graphic());
+        FormSelectMenuPicture dialog(this);
+        if (dialog.Display(graphic)) m_editor.SetGraphic(id, graphic);
+    }
+}
+
+void FormMain::Options() {
+    UpdateFileMenus();
+}
+
+void FormMain::Access() {
+    FormAccess(this).Invoke();
 }
 
 void FormMain::HelpContents() {

@@ -73,6 +73,9 @@ private:
     void Move(MainCommand command);
     void Remove();
     void Rename();
+    void EditSelected();
+    void Options();
+    void Access();
     void HelpContents();
     void ShowHelpTopic();
 
@@ -81,6 +84,7 @@ private:
     void OnEndLabelEdit(wxTreeEvent& event);
     void OnContextMenu(wxTreeEvent& event);
     void OnTreeKey(wxKeyEvent& event);
+    void OnActivated(wxTreeEvent& event);
     void FilterLabelEdit();
     void FinishLabelEdit();
     void EditLabelAgain(const std::string& id, const wxString& text);

@@ -86,6 +86,13 @@ void FormMain::OnContextMenu(wxTreeEvent& event) {
     PopupMenu(&menu);
 }
 
+// A double click, or Enter, on an entry.
+void FormMain::OnActivated(wxTreeEvent& event) {
+    // The root has nothing to edit; there the tree may do what it always does.
+    if (event.GetItem() == tvMain->GetRootItem()) return event.Skip();
+    OnCommand(MainCommand::Edit);
+}
+
 // Not every toolkit lets a menu have arrow keys as accelerators: there the tree would take them for its own.
 void FormMain::OnTreeKey(wxKeyEvent& event) {
     for (const MainCommandInfo& info : MainCommandTable()) {

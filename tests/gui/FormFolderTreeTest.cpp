@@ -101,12 +101,15 @@ TEST_F(FormFolderTreeTest, LinksThatLeadBackAreOpenedOneByOne) {
 }
 
 TEST_F(FormFolderTreeTest, NamesAreShownAsTheyAre) {
-    fs::create_directories(Drive() / "R&D" / "Pr\xC3\xBC" "f");
+    fs::create_directories(Drive() / "R&D" /
+                           "Pr\xC3\xBC"
+                           "f");
     fs::create_directories(Drive() / "R&D" / "\xFF");
     tree->SetPath("C:\\R&D");
     EXPECT_EQ(FromWx(tree->GetItemText(tree->GetSelection())), "R&D");
     // A byte that is no text keeps its place in the path.
-    EXPECT_EQ(Children(), "Pr\xC3\xBC" "f \xF4\x8F\xBB\xBF");
+    EXPECT_EQ(Children(), "Pr\xC3\xBC"
+                          "f \xF4\x8F\xBB\xBF");
     tree->SetPath("C:\\R&D\\\xF4\x8F\xBB\xBF");
     EXPECT_EQ(tree->Path(), "C:\\R&D\\\xF4\x8F\xBB\xBF");
 }

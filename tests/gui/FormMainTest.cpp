@@ -334,12 +334,42 @@ TEST_F(FormMainTest, SavingWithoutAMenuRootSaysSo) {
     EXPECT_TRUE(window->Editor().IsDirty());
 }
 
-TEST_F(FormMainTest, CommandsWithoutADialogAreDisabled) {
+TEST_F(FormMainTest, EditOpensTheEditorOfTheEntry) {
     OpenSmallMenu();
+    EXPECT_FALSE(window->mnuMenuEdit->IsEnabled()) << "the root has nothing to edit";
+    Select("R.2");
+    dialogs.Answer(wxID_CANCEL);
+    ASSERT_TRUE(Click(window->mnuMenuEdit));
+    EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32081));
+    EXPECT_FALSE(window->Editor().IsDirty());
     Select("R.1");
-    EXPECT_FALSE(window->mnuMenuEdit->IsEnabled());
-    EXPECT_FALSE(window->mnuSettingsAccess->IsEnabled());
-    EXPECT_FALSE(window->mnuSettingsOptions->IsEnabled());
+    dialogs.Answer(wxID_CANCEL);
+    ASSERT_TRUE(Click(window->mnuMenuEdit));
+    EXPECT_EQ(dialogs.shown.at(1).title, modStringRes::FormatResString(32029, "First"));
+    EXPECT_FALSE(window->Editor().IsDirty());
+    dialogs.Answer(wxID_OK);
+    ASSERT_TRUE(Click(window->mnuMenuEdit));
+    EXPECT_TRUE(window->Editor().IsDirty()) << "a dialog was confirmed";
+}
+
+TEST_F(FormMainTest, ADoubleClickEdits) {
+    OpenSmallMenu();
+    wxTreeEvent onRoot(wxEVT_TREE_ITEM_ACTIVATED, window->tvMain, window->tvMain->GetRootItem());
+    window->tvMain->ProcessWindowEvent(onRoot);
+    EXPECT_TRUE(dialogs.shown.empty());
+    Select("R.2");
+    dialogs.Answer(wxID_OK);
+    wxTreeEvent onSubmenu(wxEVT_TREE_ITEM_ACTIVATED, window->tvMain, window->tvMain->NodeOf("R.2"));
+    window->tvMain->ProcessWindowEvent(onSubmenu);
+    EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32081));
+    EXPECT_TRUE(window->Editor().IsDirty());
+}
+
+TEST_F(FormMainTest, SettingsOpenTheirDialogs) {
+    OpenWindow();
+    dialogs.Answer(wxID_CANCEL);
+    ASSERT_TRUE(Click(window->mnuSettingsAccess));
+    EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32030));
 }
 
 TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {

@@ -1,6 +1,5 @@
 #include "gui/PartDialogFixture.h"
 
-#include "platform/portable/Station.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormUtilities.h"
 #include "shell/Startup.h"
@@ -12,7 +11,6 @@
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 #include <wx/evtloop.h>
-#include <wx/filedlg.h>
 #include <wx/msgdlg.h>
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
@@ -41,12 +39,15 @@ wxDialog* ActiveDialog() {
 PartDialogTest::PartDialogTest() {
     Startup::InitLanguage();
     NeskRegistry::Instance() = NeskRegistry();
+    m_fileDialog = platform::SetOpenFileDialog(
+        [this](wxWindow*, const platform::OpenFileRequest& request) { return AnswerFile(request); });
     m_timer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { Watch(); });
     m_timer.StartOnce(TickMilliseconds);
 }
 
 PartDialogTest::~PartDialogTest() {
     m_timer.Stop();
+    platform::SetOpenFileDialog(m_fileDialog);
     EXPECT_TRUE(m_steps.empty()) << "a dialog that was expected did not come: " << m_steps.front().name;
     EXPECT_TRUE(m_files.empty()) << "a file dialog that was expected did not come";
     EXPECT_EQ(m_expectedBoxes, 0) << "a box of the system that was expected did not come";
@@ -76,21 +77,18 @@ int PartDialogTest::Answer(wxDialog* dialog) {
         --m_expectedBoxes;
         return wxID_OK;
     }
-    if (auto* files = dynamic_cast<wxFileDialog*>(dialog)) {
-        fileDialogs.push_back(FromWx(files->GetMessage()) + "|" +
-                              platform::portable::ToWindowsPath(FromWx(files->GetDirectory())) + "|" +
-                              FromWx(files->GetFilename()) + "|" + FromWx(files->GetWildcard()));
-        if (m_files.empty()) {
-            ADD_FAILURE() << "unexpected file dialog";
-            return wxID_CANCEL;
-        }
-        const std::string path = m_files.front();
-        m_files.pop_front();
-        if (path.empty()) return wxID_CANCEL;
-        files->SetPath(ToWx(platform::portable::ToHostPath(path).string()));
-        return wxID_OK;
-    }
     return wxID_NONE;
+}
+
+std::string PartDialogTest::AnswerFile(const platform::OpenFileRequest& request) {
+    fileDialogs.push_back(request.title + "|" + request.folder + "|" + request.file + "|" + request.filter);
+    if (m_files.empty()) {
+        ADD_FAILURE() << "unexpected file dialog";
+        return "";
+    }
+    const std::string path = m_files.front();
+    m_files.pop_front();
+    return path;
 }
 
 void PartDialogTest::Click(wxButton* button) {

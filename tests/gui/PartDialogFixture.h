@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/OpenFileDialog.h"
 #include "unit/CoreFixture.h"
 
 #include <deque>
@@ -23,16 +24,17 @@ struct SystemBox {
     std::string text;
 };
 
-/// Drives real modal dialogs on a fresh station, also those that open another: what is to be done with each is
-/// announced before it comes up. The boxes of the system are answered without being shown; the program's own
-/// messages go to the recorder of CoreTest. A dialog that nobody announced fails the test and is cancelled.
+/// Drives real modal dialogs on a fresh station, also those that open another: what is to be done with each
+/// is announced before it comes up. The boxes of the system are answered without being shown; the program's
+/// own messages go to the recorder of CoreTest. A dialog that nobody announced fails the test and is
+/// cancelled.
 class PartDialogTest : public CoreTest {
 protected:
     PartDialogTest();
     ~PartDialogTest() override;
 
-    /// Announces what is done with the next dialog of a class, as soon as it is there and active. A dialog that
-    /// it opens in turn is announced after it.
+    /// Announces what is done with the next dialog of a class, as soon as it is there and active. A dialog
+    /// that it opens in turn is announced after it.
     template <typename Form>
     void WhenShown(const std::string& name, std::function<void(Form&)> act) {
         m_steps.push_back({name, [act = std::move(act)](wxDialog& dialog) {
@@ -93,12 +95,14 @@ private:
     };
 
     int Answer(wxDialog* dialog);
+    std::string AnswerFile(const platform::OpenFileRequest& request);
     void Watch();
 
     std::deque<Step> m_steps;
     std::deque<std::string> m_files;
     int m_expectedBoxes = 0;
     int m_idleTicks = 0;
+    platform::OpenFileDialogFunction m_fileDialog; // what was there before
     wxTimer m_timer;
     Hook m_hook{*this};
 };

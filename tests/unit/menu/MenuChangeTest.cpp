@@ -164,8 +164,6 @@ TEST_F(MenuChangeTest, TakingBackMakesTheMenuDirty) {
 
 TEST_F(MenuChangeTest, WhatDidNotChangeIsNotKept) {
     m_editor.SetCaption("R.2", "Housing");
-    m_editor.SetGraphic("R.2", "");
-    m_editor.SetPart("R.2", {});
     m_editor.MoveUp("R.1");
     m_editor.MoveDown("R.3");
     m_editor.Remove("R.9");

@@ -246,8 +246,6 @@ TEST_F(MenuEditorTest, Editing) {
     m_recorder.Take();
     ExpectNoChange([&] {
         EXPECT_TRUE(m_editor.SetCaption("R", "Root")) << "the same value is no change, and no failure";
-        EXPECT_TRUE(m_editor.SetGraphic("R.1", "x.bmp"));
-        EXPECT_TRUE(m_editor.SetPart("R.2", fields));
         for (const char* id : {"R.9", "", "R.1.1.1"}) {
             EXPECT_FALSE(m_editor.SetCaption(id, "x")) << id;
             EXPECT_FALSE(m_editor.SetGraphic(id, "x")) << id;
@@ -255,6 +253,11 @@ TEST_F(MenuEditorTest, Editing) {
         }
         EXPECT_FALSE(m_editor.SetPart("R", fields));
     });
+    EXPECT_TRUE(m_editor.SetGraphic("R.1", "x.bmp"));
+    EXPECT_TRUE(m_editor.IsDirty()) << "a picture dialog was confirmed, with whatever picture";
+    m_editor.Save(Path);
+    EXPECT_TRUE(m_editor.SetPart("R.2", fields));
+    EXPECT_TRUE(m_editor.IsDirty());
 }
 
 TEST_F(MenuEditorTest, TextsThatCannotBeStoredAreRefused) {

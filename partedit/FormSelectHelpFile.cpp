@@ -1,0 +1,100 @@
+#include "partedit/FormSelectHelpFile.h"
+
+#include "menu/MenuText.h"
+#include "partedit/FormTextFilter.h"
+#include "partedit/HelpFileChoice.h"
+#include "platform/OpenFileDialog.h"
+#include "shell/FormUtilities.h"
+#include "shell/NumericKeyFilter.h"
+#include "shell/modStringRes.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+namespace nesk {
+
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+using modUtilities::ToWx;
+
+namespace {
+
+constexpr int TitleText = 32079;
+constexpr int FileText = 32075;
+constexpr int TopicText = 32077;
+constexpr int ChooseFileTitle = 32076;
+constexpr int FileFilter = 32078;
+constexpr int BrowseText = 34200;
+constexpr std::int32_t HelpTopic = 33000;
+
+TextFilter DigitsOnly() {
+    const modUtilities::NumericKeyFilter filter;
+    return {[filter](char32_t key, const std::string& text, std::size_t start, std::size_t end) {
+                return filter.Accepts(key, text, start, end);
+            },
+            [filter](const std::string& text) { return filter.Clean(text); }, true};
+}
+
+} // namespace
+
+FormSelectHelpFile::FormSelectHelpFile(wxWindow* parent)
+    : FormDialog(parent, "FormSelectHelpFile", TitleText, HelpTopic) {
+    lblHelpFile = NewLabel(this, "lblHelpFile", FileText);
+    txtHelpFile = NewTextBox(this, "txtHelpFile");
+    cmdBrowse = NewButton(this, "cmdBrowse", BrowseText);
+    lblHelpTopic = NewLabel(this, "lblHelpTopic", TopicText);
+    txtHelpTopic = NewTextBox(this, "txtHelpTopic");
+
+    auto* file = new wxBoxSizer(wxHORIZONTAL);
+    file->Add(txtHelpFile, wxSizerFlags(1).CentreVertical());
+    file->Add(cmdBrowse, wxSizerFlags().CentreVertical().Border(wxLEFT, Gap()));
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(lblHelpFile);
+    content->Add(file, wxSizerFlags().Expand().Border(wxBOTTOM, Gap()));
+    content->Add(lblHelpTopic);
+    content->Add(txtHelpTopic, wxSizerFlags().Expand());
+    Finish(content);
+
+    SelectAllOnFocus(*txtHelpFile);
+    SelectAllOnFocus(*txtHelpTopic);
+    ApplyTextFilter(*txtHelpTopic, DigitsOnly());
+    cmdBrowse->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnBrowse(); });
+}
+
+bool FormSelectHelpFile::Display(std::string& sFile, std::int32_t& nTopic) {
+    m_file = sFile;
+    m_topic = nTopic;
+    m_defaultFolder = HelpFileChoice::DefaultFolder();
+    txtHelpFile->ChangeValue(ToWx(m_file));
+    txtHelpTopic->ChangeValue(ToWx(std::to_string(m_topic)));
+    txtHelpFile->SetFocus();
+    CentreOnScreen();
+    if (ShowModal() != wxID_OK) return false;
+    sFile = m_file;
+    nTopic = m_topic;
+    return true;
+}
+
+void FormSelectHelpFile::OnBrowse() {
+    const std::string chosen = platform::ShowOpenFileDialog(
+        this, {LoadResString(ChooseFileTitle), HelpFileChoice::InitialFolder(m_file, m_defaultFolder),
+               m_chosen, LoadResString(FileFilter)});
+    if (!chosen.empty()) m_chosen = chosen;
+    // What the file dialog holds counts however it was closed, so one that was called off before a file was
+    // ever chosen in it clears the help file.
+    m_file = m_chosen;
+    txtHelpFile->ChangeValue(ToWx(m_file));
+}
+
+void FormSelectHelpFile::OnOK() {
+    const std::string file = FromWx(txtHelpFile->GetValue());
+    // Refused while it can still be corrected, rather than when the menu is saved.
+    MenuText::Check(file, "FormSelectHelpFile.OnOK");
+    m_file = file;
+    m_topic = HelpFileChoice::Topic(FromWx(txtHelpTopic->GetValue()), m_topic);
+    Accept();
+}
+
+} // namespace nesk

@@ -1,0 +1,38 @@
+#include "partedit/HelpFileChoice.h"
+
+#include "platform/FileSystem.h"
+#include "settings/RegEntry.h"
+#include "shell/NeskError.h"
+#include "shell/modConvert.h"
+#include "shell/modUtilities.h"
+
+namespace nesk::HelpFileChoice {
+
+std::int32_t Topic(const std::string& text, std::int32_t earlier) {
+    try {
+        return modConvert::CLng(text);
+    } catch (const NeskError&) {
+        return earlier;
+    }
+}
+
+std::string DefaultFolder() {
+    std::string folder;
+    try {
+        RegEntry settings;
+        settings.OpenKey("Neskworks");
+        folder = settings.GetString("DefaultSlideDirectory");
+    } catch (const NeskError&) {
+        // Settings that cannot be read name no folder.
+    }
+    return folder.empty() ? platform::ProgramFolder() : folder;
+}
+
+std::string InitialFolder(const std::string& file, const std::string& defaultFolder) {
+    const std::size_t separator = file.rfind('\\');
+    if (separator == std::string::npos) return defaultFolder;
+    const std::string folder = file.substr(0, separator + 1);
+    return modUtilities::DirectoryExists(folder) ? folder : defaultFolder;
+}
+
+} // namespace nesk::HelpFileChoice

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+class wxPrintData;
+class wxWindow;
+
+namespace nesk::platform {
+
+/// The setup of a printer. All texts are UTF-8; the last five are decimal numbers, "" where none was chosen.
+struct PrinterValues {
+    std::string device;      ///< name of the printer
+    std::string driver;      ///< name of its driver
+    std::string orientation; ///< 1 portrait, 2 landscape
+    std::string paperSize;   ///< paper code of Windows, as 9 for A4
+    std::string paperBin;    ///< paper source code of Windows, as 7 for automatic
+    std::string quality;     ///< -1 draft, -2 low, -3 medium, -4 high, or dots an inch
+    std::string zoom;        ///< percent
+
+    bool operator==(const PrinterValues&) const = default;
+};
+
+/// Shows the system's printer dialog, which begins with the system's default printer and the values given,
+/// and waits with a busy pointer.
+/// @return true when it was confirmed; `values` is what was chosen then, and stays as it was otherwise
+bool ShowPrinterSetup(wxWindow* parent, PrinterValues& values);
+
+/// Applies orientation, paper size, paper bin and quality. What is no number, or has no counterpart, leaves
+/// the toolkit's default.
+void ApplyPrinterValues(const PrinterValues& values, wxPrintData& data);
+
+/// What the dialog holds.
+/// @param before  the values that were applied; they stay where the toolkit does not know any
+PrinterValues ReadPrinterValues(const wxPrintData& data, const PrinterValues& before);
+
+} // namespace nesk::platform

@@ -1,0 +1,203 @@
+#include "partedit/FormSelectHistory.h"
+
+#include "gui/PartDialogFixture.h"
+#include "partedit/FormBrowse.h"
+#include "partedit/FormFolderTree.h"
+#include "settings/NeskRegistry.h"
+#include "shell/FormUtilities.h"
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
+
+#include <algorithm>
+
+#include <wx/button.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+namespace nesk::testing {
+namespace {
+
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+using modUtilities::ToWx;
+
+class FormSelectHistoryTest : public PartDialogTest {
+protected:
+    FormSelectHistoryTest() {
+        station.Write("C:\\History\\Old\\file.txt", "");
+        station.Write("C:\\Other\\file.txt", "");
+    }
+
+    bool Show(const std::function<void(FormSelectHistory&)>& act, bool defaultCaption = true) {
+        WhenShown<FormSelectHistory>("FormSelectHistory", act);
+        return FormSelectHistory(nullptr).Display(directory, title, defaultCaption);
+    }
+
+    static void Fill(FormSelectHistory& form, const std::string& newDirectory, const std::string& newTitle) {
+        form.txtHistoryDir->ChangeValue(ToWx(newDirectory));
+        form.txtHistoryTitle->ChangeValue(ToWx(newTitle));
+    }
+
+    std::string directory = "C:\\History";
+    std::string title = "Bracket";
+};
+
+TEST_F(FormSelectHistoryTest, ShowsTextsAndValues) {
+    Show([](FormSelectHistory& form) {
+        EXPECT_EQ(FromWx(form.GetTitle()), "History");
+        EXPECT_EQ(FromWx(form.lblHistoryDir->GetLabel()), "History &folder");
+        EXPECT_EQ(FromWx(form.lblHistoryTitle->GetLabel()), "History &title");
+        EXPECT_EQ(FromWx(form.cmdBrowse->GetLabel()), "&Browse...");
+        EXPECT_EQ(FromWx(form.cmdDefault->GetLabel()), "Use &default");
+        EXPECT_EQ(FromWx(form.cmdHelp->GetLabel()), "&Help");
+        EXPECT_EQ(FromWx(form.txtHistoryDir->GetValue()), "C:\\History");
+        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "Bracket");
+        EXPECT_EQ(TabOrder(), "txtHistoryDir cmdBrowse txtHistoryTitle cmdDefault cmdOK cmdCancel cmdHelp");
+        Click(form.cmdCancel);
+    });
+}
+
+TEST_F(FormSelectHistoryTest, TheCallerChoosesTheCaptionOfDefault) {
+    Show(
+        [](FormSelectHistory& form) {
+            EXPECT_EQ(FromWx(form.cmdDefault->GetLabel()), "&No history");
+            EXPECT_GE(form.cmdDefault->GetSize().x, form.cmdDefault->GetBestSize().x);
+            Click(form.cmdCancel);
+        },
+        false);
+}
+
+TEST_F(FormSelectHistoryTest, OkReturnsTheTrimmedTexts) {
+    EXPECT_TRUE(Show([](FormSelectHistory& form) {
+        Fill(form, "  C:\\Other ", "  Gear & shaft ");
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(directory, "C:\\Other");
+    EXPECT_EQ(title, "Gear & shaft");
+}
+
+TEST_F(FormSelectHistoryTest, TypingAndEnterConfirm) {
+    EXPECT_TRUE(Show([](FormSelectHistory&) {
+        Press('T', wxMOD_ALT);
+        Type("Gear");
+        Press(WXK_RETURN);
+    }));
+    EXPECT_EQ(title, "Gear");
+}
+
+TEST_F(FormSelectHistoryTest, ADirectoryThatDoesNotExistIsRefused) {
+    for (const char* wrong : {"   ", "C:\\None"}) {
+        Expect();
+        messages.clear();
+        EXPECT_FALSE(Show([&](FormSelectHistory& form) {
+            form.cmdOK->SetFocus();
+            Fill(form, wrong, "  Untouched ");
+            Click(form.cmdOK);
+            ASSERT_EQ(messages.size(), 1u);
+            EXPECT_EQ(messages[0].text, "Please check the field History folder");
+            EXPECT_EQ(messages[0].options, modMessageBox::Option::Exclamation);
+            EXPECT_EQ(messages[0].title, LoadResString(32067));
+            Settle();
+            EXPECT_TRUE(form.txtHistoryDir->HasFocus());
+            EXPECT_EQ(FromWx(form.txtHistoryDir->GetValue()), modUtilities::Trim(wrong));
+            EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "  Untouched ");
+            Click(form.cmdCancel);
+        }));
+    }
+    EXPECT_EQ(directory, "C:\\History");
+}
+
+TEST_F(FormSelectHistoryTest, AnEmptyTitleIsRefused) {
+    Expect();
+    EXPECT_FALSE(Show([&](FormSelectHistory& form) {
+        Fill(form, "C:\\Other", "   ");
+        Click(form.cmdOK);
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_EQ(messages[0].text, "Please check the field History title");
+        EXPECT_EQ(messages[0].options, modMessageBox::Option::Exclamation);
+        Settle();
+        EXPECT_TRUE(form.txtHistoryTitle->HasFocus());
+        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "");
+        Click(form.cmdCancel);
+    }));
+    EXPECT_EQ(directory, "C:\\History");
+    EXPECT_EQ(title, "Bracket");
+}
+
+TEST_F(FormSelectHistoryTest, ATitleThatCannotBeStoredIsReported) {
+    Expect();
+    EXPECT_FALSE(Show([&](FormSelectHistory& form) {
+        Fill(form, "C:\\History", "\xE6\x97\xA5");
+        Click(form.cmdOK);
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_NE(messages[0].text.find("\xE6\x97\xA5"), std::string::npos);
+        EXPECT_TRUE(form.IsModal());
+        Click(form.cmdCancel);
+    }));
+    EXPECT_EQ(title, "Bracket");
+}
+
+TEST_F(FormSelectHistoryTest, DefaultEmptiesBothWithoutACheck) {
+    EXPECT_TRUE(Show([](FormSelectHistory& form) {
+        Fill(form, "C:\\None", "");
+        Click(form.cmdDefault);
+    }));
+    EXPECT_EQ(directory, "");
+    EXPECT_EQ(title, "");
+}
+
+TEST_F(FormSelectHistoryTest, CancelAndEscapeRefuse) {
+    EXPECT_FALSE(Show([](FormSelectHistory& form) {
+        Fill(form, "C:\\Other", "Gear");
+        Click(form.cmdCancel);
+    }));
+    EXPECT_FALSE(Show([](FormSelectHistory& form) {
+        Fill(form, "C:\\Other", "Gear");
+        Press(WXK_ESCAPE);
+    }));
+    EXPECT_EQ(directory, "C:\\History");
+    EXPECT_EQ(title, "Bracket");
+}
+
+TEST_F(FormSelectHistoryTest, TheCloseBoxAcceptsTheUnchangedValues) {
+    EXPECT_TRUE(Show([](FormSelectHistory& form) {
+        Fill(form, "C:\\None", "Gear");
+        form.Close();
+    }));
+    EXPECT_EQ(directory, "C:\\History");
+    EXPECT_EQ(title, "Bracket");
+}
+
+TEST_F(FormSelectHistoryTest, BrowseReplacesTheDirectory) {
+    EXPECT_TRUE(Show([&](FormSelectHistory& form) {
+        WhenShown<FormBrowse>("FormBrowse", [](FormBrowse& browse) {
+            std::string prompt = FromWx(browse.lblPrompt->GetLabelText());
+            std::replace(prompt.begin(), prompt.end(), '\n', ' '); // where it was wrapped
+            EXPECT_EQ(prompt, LoadResString(32022));
+            EXPECT_EQ(browse.Dir1->Path(), "C:\\History");
+            browse.Dir1->SetPath("C:\\History\\Old");
+            Click(browse.cmdOK);
+        });
+        Click(form.cmdBrowse);
+        EXPECT_EQ(FromWx(form.txtHistoryDir->GetValue()), "C:\\History\\Old\\");
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(directory, "C:\\History\\Old\\");
+}
+
+TEST_F(FormSelectHistoryTest, BrowsingBeginsAtTheSettingsWhenTheFieldIsEmpty) {
+    NeskRegistry::Instance().HistoryDirectory = "C:\\Other";
+    directory = "";
+    Show([&](FormSelectHistory& form) {
+        WhenShown<FormBrowse>("FormBrowse", [](FormBrowse& browse) {
+            EXPECT_EQ(browse.Dir1->Path(), "C:\\Other");
+            Click(browse.cmdCancel);
+        });
+        Click(form.cmdBrowse);
+        EXPECT_EQ(FromWx(form.txtHistoryDir->GetValue()), "");
+        Click(form.cmdCancel);
+    });
+}
+
+} // namespace
+} // namespace nesk::testing
