@@ -8,6 +8,7 @@
 #include "settings/NeskRegistry.h"
 #include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
 
 #include <memory>
 
@@ -143,7 +144,7 @@ void FormPicture::OnPaintHost(wxPaintEvent&) {
 
 void FormPicture::Choose() {
     const std::string folder =
-        PictureChoice::InitialFolder(m_path, NeskRegistry::Instance().DefaultBitmapDirectory);
+        modUtilities::ExistingFolderOf(m_path, NeskRegistry::Instance().DefaultBitmapDirectory);
     const std::string chosen = platform::ShowOpenFileDialog(
         wxGetTopLevelParent(this), {modStringRes::LoadResString(ChoosePictureTitle), folder, m_path, ""});
     if (chosen.empty()) return;

@@ -8,10 +8,6 @@ namespace nesk::PictureChoice {
 /// True when the path can name a picture file: it is not empty and does not end in "\".
 bool NamesPicture(const std::string& path);
 
-/// Folder in which the search for a picture begins: that of the current picture where it exists, otherwise
-/// `defaultFolder`.
-std::string InitialFolder(const std::string& path, const std::string& defaultFolder);
-
 /// Where a picture is drawn inside its host, in pixels.
 struct Placement {
     int left = 0;

@@ -65,6 +65,7 @@ FormEditPart::FormEditPart(wxWindow* parent, int screenWidth)
     const bool compact = screenWidth <= CompactWidth;
     auto* frames = new wxBoxSizer(wxHORIZONTAL);
     wxSizer* program = MakeProgramRows();
+    if (!compact) txtPartName->SetMinSize(FromDIP(wxSize(ProgramWidth, -1)));
     wxSizer* menuPicture = MakeMenuPictureFrame();
     cmdMenuPicture = NewButton(this, "cmdMenuPicture", MenuPictureText);
     frames->Add(menuPicture, wxSizerFlags(1).Expand().Border(wxRIGHT, Gap()));

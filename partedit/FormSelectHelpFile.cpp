@@ -7,6 +7,7 @@
 #include "shell/FormUtilities.h"
 #include "shell/NumericKeyFilter.h"
 #include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>
@@ -79,7 +80,7 @@ bool FormSelectHelpFile::Display(std::string& sFile, std::int32_t& nTopic) {
 
 void FormSelectHelpFile::OnBrowse() {
     const std::string chosen = platform::ShowOpenFileDialog(
-        this, {LoadResString(ChooseFileTitle), HelpFileChoice::InitialFolder(m_file, m_defaultFolder),
+        this, {LoadResString(ChooseFileTitle), modUtilities::ExistingFolderOf(m_file, m_defaultFolder),
                m_chosen, LoadResString(FileFilter)});
     if (!chosen.empty()) m_chosen = chosen;
     // What the file dialog holds counts however it was closed, so one that was called off before a file was

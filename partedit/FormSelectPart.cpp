@@ -84,6 +84,8 @@ FormSelectPart::FormSelectPart(wxWindow* parent)
 
 std::string FormSelectPart::SelectPart() {
     m_result.clear();
+    m_cancelled = false;
+    cmdCancel->Enable();
     // The scan needs the dialog on the screen, to be watched and called off.
     CallAfter([this] { BuildRepository(); });
     tvMain->SetFocus();

@@ -4,7 +4,6 @@
 #include "settings/RegEntry.h"
 #include "shell/NeskError.h"
 #include "shell/modConvert.h"
-#include "shell/modUtilities.h"
 
 namespace nesk::HelpFileChoice {
 
@@ -26,13 +25,6 @@ std::string DefaultFolder() {
         // Settings that cannot be read name no folder.
     }
     return folder.empty() ? platform::ProgramFolder() : folder;
-}
-
-std::string InitialFolder(const std::string& file, const std::string& defaultFolder) {
-    const std::size_t separator = file.rfind('\\');
-    if (separator == std::string::npos) return defaultFolder;
-    const std::string folder = file.substr(0, separator + 1);
-    return modUtilities::DirectoryExists(folder) ? folder : defaultFolder;
 }
 
 } // namespace nesk::HelpFileChoice

@@ -13,7 +13,4 @@ std::int32_t Topic(const std::string& text, std::int32_t earlier);
 /// otherwise that of this program.
 std::string DefaultFolder();
 
-/// Folder in which browsing begins: that of the help file where it exists, otherwise `defaultFolder`.
-std::string InitialFolder(const std::string& file, const std::string& defaultFolder);
-
 } // namespace nesk::HelpFileChoice

@@ -4,6 +4,7 @@
 #include "menu/MenuItem.h"
 #include "partedit/FormEditPart.h"
 #include "settings/FormAccess.h"
+#include "settings/FormDirectories.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormIcons.h"
 #include "shell/FormMenuTree.h"
@@ -324,7 +325,8 @@ void FormMain::EditSelected() {
 }
 
 void FormMain::Options() {
-    UpdateFileMenus();
+    // Another root folder may exist where the old one did not, and the other way round.
+    if (FormDirectories(this).Invoke()) UpdateFileMenus();
 }
 
 void FormMain::Access() {

@@ -9,23 +9,22 @@ namespace nesk {
 namespace {
 
 constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
-    {MainCommand::FileOpen, "mnuFileOpen", Message::MenuFile, Message::FileOpen, false, true},
-    {MainCommand::FileSave, "mnuFileSave", Message::MenuFile, Message::FileSave, false, true},
-    {MainCommand::FileClose, "mnuFileClose", Message::MenuFile, Message::FileClose, false, true},
-    {MainCommand::FileExit, "mnuFileExit", Message::MenuFile, Message::FileExit, true, true},
-    {MainCommand::AddPart, "mnuMenuAddPart", Message::MenuMenu, Message::AddPart, false, true},
-    {MainCommand::AddSubmenu, "mnuMenuAddSubmenu", Message::MenuMenu, Message::AddSubmenu, false, true},
-    {MainCommand::MoveUp, "mnuMenuUp", Message::MenuMenu, Message::MoveUp, true, true},
-    {MainCommand::MoveDown, "mnuMenuDown", Message::MenuMenu, Message::MoveDown, false, true},
-    {MainCommand::Edit, "mnuMenuEdit", Message::MenuMenu, Message::Edit, true, true},
-    {MainCommand::Rename, "mnuMenuRename", Message::MenuMenu, Message::Rename, false, true},
-    {MainCommand::Remove, "mnuMenuRemove", Message::MenuMenu, Message::Remove, false, true},
-    {MainCommand::SettingsAccess, "mnuSettingsAccess", Message::MenuSettings, Message::SettingsAccess, false,
-     true},
+    {MainCommand::FileOpen, "mnuFileOpen", Message::MenuFile, Message::FileOpen, false},
+    {MainCommand::FileSave, "mnuFileSave", Message::MenuFile, Message::FileSave, false},
+    {MainCommand::FileClose, "mnuFileClose", Message::MenuFile, Message::FileClose, false},
+    {MainCommand::FileExit, "mnuFileExit", Message::MenuFile, Message::FileExit, true},
+    {MainCommand::AddPart, "mnuMenuAddPart", Message::MenuMenu, Message::AddPart, false},
+    {MainCommand::AddSubmenu, "mnuMenuAddSubmenu", Message::MenuMenu, Message::AddSubmenu, false},
+    {MainCommand::MoveUp, "mnuMenuUp", Message::MenuMenu, Message::MoveUp, true},
+    {MainCommand::MoveDown, "mnuMenuDown", Message::MenuMenu, Message::MoveDown, false},
+    {MainCommand::Edit, "mnuMenuEdit", Message::MenuMenu, Message::Edit, true},
+    {MainCommand::Rename, "mnuMenuRename", Message::MenuMenu, Message::Rename, false},
+    {MainCommand::Remove, "mnuMenuRemove", Message::MenuMenu, Message::Remove, false},
+    {MainCommand::SettingsAccess, "mnuSettingsAccess", Message::MenuSettings, Message::SettingsAccess, false},
     {MainCommand::SettingsOptions, "mnuSettingsOptions", Message::MenuSettings, Message::SettingsOptions,
-     false, false},
-    {MainCommand::HelpContents, "mnuHelpContents", Message::MenuHelp, Message::HelpContents, false, true},
-    {MainCommand::HelpWindow, "mnuHelpWindow", Message::MenuHelp, Message::HelpWindow, false, true},
+     false},
+    {MainCommand::HelpContents, "mnuHelpContents", Message::MenuHelp, Message::HelpContents, false},
+    {MainCommand::HelpWindow, "mnuHelpWindow", Message::MenuHelp, Message::HelpWindow, false},
 }};
 
 } // namespace
@@ -60,8 +59,6 @@ MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& sele
     set(MainCommand::SettingsOptions, true);
     set(MainCommand::HelpContents, true);
     set(MainCommand::HelpWindow, true);
-    for (const MainCommandInfo& info : Table)
-        if (!info.available) set(info.command, false);
     return enabled;
 }
 

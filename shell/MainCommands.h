@@ -38,7 +38,6 @@ struct MainCommandInfo {
     int menu;             ///< message number of the menu it stands in
     int text;             ///< message number of its caption, with access key and accelerator
     bool separatorBefore; ///< a line divides it from the command above
-    bool available;       ///< false for a command that has no dialog to open yet
 };
 
 /// All commands, menu by menu, in the order in which they are shown.

@@ -82,6 +82,11 @@ bool DirectoryExists(const std::string& path) {
            (attributes & platform::FileAttribute::Directory) != 0;
 }
 
+std::string ExistingFolderOf(const std::string& file, const std::string& defaultFolder) {
+    const std::string folder = file.substr(0, file.rfind('\\') + 1);
+    return DirectoryExists(folder) ? folder : defaultFolder;
+}
+
 void MakePath(const std::string& path) {
     std::string full = path;
     AddTrailingBackslash(full);

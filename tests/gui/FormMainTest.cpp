@@ -370,6 +370,9 @@ TEST_F(FormMainTest, SettingsOpenTheirDialogs) {
     dialogs.Answer(wxID_CANCEL);
     ASSERT_TRUE(Click(window->mnuSettingsAccess));
     EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32030));
+    dialogs.Answer(wxID_CANCEL);
+    ASSERT_TRUE(Click(window->mnuSettingsOptions));
+    EXPECT_EQ(dialogs.shown.at(1).title, LoadResString(32035));
 }
 
 TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
@@ -381,8 +384,11 @@ TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
     ASSERT_TRUE(WaitUntil([&] { return window->GetClientSize() == wxSize(400, 300); }));
     EXPECT_EQ(window->tvMain->GetPosition(), wxPoint(0, 0));
     EXPECT_EQ(window->tvMain->GetSize(), wxSize(400, 300));
-    EXPECT_GE(window->GetMinClientSize().x, 2000 / 15);
-    EXPECT_GE(window->GetMinClientSize().y, 2000 / 15);
+    // 2,000 twips in pixels of a screen at normal resolution.
+    EXPECT_GE(window->GetMinSize().x, 2000 / 15);
+    EXPECT_GE(window->GetMinSize().y, 2000 / 15);
+    EXPECT_GE(window->tvMain->GetMinSize().x, 2000 / 15);
+    EXPECT_GE(window->tvMain->GetMinSize().y, 2000 / 15);
 }
 
 TEST_F(FormMainTest, ControlsAreFoundByName) {

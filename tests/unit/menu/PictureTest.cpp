@@ -26,14 +26,6 @@ TEST_F(PictureTest, EachSideIsSqueezedByItselfAndThePictureCentred) {
     EXPECT_EQ(Place(400, 400, 100, 80), (Placement{0, 0, 100, 80}));
 }
 
-TEST_F(PictureTest, TheSearchBeginsBesideTheCurrentPicture) {
-    station.Write("C:\\Pictures\\a.bmp", "");
-    EXPECT_EQ(PictureChoice::InitialFolder("", "C:\\Default"), "C:\\Default");
-    EXPECT_EQ(PictureChoice::InitialFolder("C:\\Pictures\\b.bmp", "C:\\Default"), "C:\\Pictures\\");
-    EXPECT_EQ(PictureChoice::InitialFolder("C:\\Gone\\b.bmp", "C:\\Default"), "C:\\Default");
-    EXPECT_EQ(PictureChoice::InitialFolder("b.bmp", "C:\\Default"), "C:\\Default");
-}
-
 std::string Text(const PictureSize& size) {
     return std::to_string(size.width) + "x" + std::to_string(size.height);
 }

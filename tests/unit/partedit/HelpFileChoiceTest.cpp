@@ -33,13 +33,5 @@ TEST_F(HelpFileChoiceTest, WithoutSettingsTheDefaultFolderIsThatOfTheProgram) {
     EXPECT_EQ(DefaultFolder(), platform::ProgramFolder());
 }
 
-TEST_F(HelpFileChoiceTest, BrowsingBeginsAtTheHelpFile) {
-    station.Write("C:\\Help\\part.chm", "");
-    EXPECT_EQ(InitialFolder("C:\\Help\\part.chm", "C:\\Slides"), "C:\\Help\\");
-    EXPECT_EQ(InitialFolder("C:\\Help\\none.chm", "C:\\Slides"), "C:\\Help\\");
-    for (const char* file : {"", "part.chm", "C:\\None\\part.chm"})
-        EXPECT_EQ(InitialFolder(file, "C:\\Slides"), "C:\\Slides") << file;
-}
-
 } // namespace
 } // namespace nesk::HelpFileChoice

@@ -67,6 +67,13 @@ TEST_F(UtilitiesTest, FilesAndFolders) {
     EXPECT_FALSE(DirectoryExists(""));
 }
 
+TEST_F(UtilitiesTest, TheFolderOfAFileWhereItExists) {
+    station.Write("C:\\Pictures\\a.bmp", "");
+    EXPECT_EQ(ExistingFolderOf("C:\\Pictures\\b.bmp", "C:\\Default"), "C:\\Pictures\\");
+    for (const char* file : {"", "b.bmp", "C:\\Gone\\b.bmp", "C:\\Pictures\\a.bmp\\b.bmp"})
+        EXPECT_EQ(ExistingFolderOf(file, "C:\\Default"), "C:\\Default") << file;
+}
+
 TEST_F(UtilitiesTest, MakingAPathCreatesEveryLevel) {
     MakePath("C:\\new\\deeper\\");
     EXPECT_TRUE(DirectoryExists("C:\\new"));

@@ -1,0 +1,244 @@
+#include "settings/FormDirectories.h"
+
+#include "partedit/FormBrowse.h"
+#include "partedit/FormSelectHistory.h"
+#include "partedit/FormTextFilter.h"
+#include "settings/FormSelectMachine.h"
+#include "settings/FormSelectUser.h"
+#include "settings/NeskRegistry.h"
+#include "shell/FormUtilities.h"
+#include "shell/NumericKeyFilter.h"
+#include "shell/modMessageBox.h"
+#include "shell/modStringRes.h"
+
+#include <functional>
+#include <utility>
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+namespace nesk {
+
+using modUtilities::FromWx;
+using modUtilities::NumericKeyFilter;
+using modUtilities::ToWx;
+
+namespace {
+
+constexpr int TitleText = 32035;
+constexpr int RootText = 32036;
+constexpr int SlidesText = 32038;
+constexpr int BitmapText = 32074;
+constexpr int MachineText = 32039;
+constexpr int UserText = 32040;
+constexpr int MaxPartsText = 32087;
+constexpr int SampleSizeText = 32088;
+constexpr int HistoryText = 32083;
+constexpr int PrinterText = 32082;
+constexpr int BrowseText = 34251;
+constexpr int ChooseText = 34252;
+constexpr int RootPrompt = 32023;
+constexpr int SlidesPrompt = 32024;
+constexpr int BitmapPrompt = 32073;
+constexpr std::int32_t HelpTopic = 33007;
+
+// Digits alone may be typed; whatever comes in otherwise is checked when the dialog is confirmed.
+TextFilter NumberFilter() {
+    const NumericKeyFilter digits(false, false);
+    return {[digits](char32_t character, const std::string& text, std::size_t start, std::size_t end) {
+                return digits.Accepts(character, text, start, end);
+            },
+            [](const std::string& text) { return text; }, true};
+}
+
+} // namespace
+
+FormDirectories::FormDirectories(wxWindow* parent)
+    : FormDialog(parent, "FormDirectories", TitleText, HelpTopic) {
+    wxSizer* rows = BuildRows();
+    cmdHistory = NewButton(this, "cmdHistory", HistoryText);
+    cmdPrinter = NewButton(this, "cmdPrinter", PrinterText);
+
+    auto* more = new wxBoxSizer(wxHORIZONTAL);
+    more->Add(cmdHistory);
+    more->Add(cmdPrinter, wxSizerFlags().Border(wxLEFT, Gap()));
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(rows, wxSizerFlags(1).Expand());
+    content->Add(more, wxSizerFlags().Border(wxTOP, Gap()));
+    Finish(content);
+    BindEvents();
+}
+
+wxSizer* FormDirectories::BuildRows() {
+    constexpr int columns = 3;
+    auto* rows = new wxFlexGridSizer(columns, Gap(), Gap());
+    rows->AddGrowableCol(1);
+    const auto add = [&](wxWindow* label, wxWindow* box, wxWindow* button) {
+        rows->Add(label, wxSizerFlags().CentreVertical());
+        rows->Add(box, button == nullptr ? wxSizerFlags().CentreVertical()
+                                         : wxSizerFlags(1).Expand().CentreVertical());
+        if (button == nullptr)
+            rows->AddSpacer(0);
+        else
+            rows->Add(button, wxSizerFlags().Expand());
+    };
+    const auto newNumberBox = [this](const char* name) {
+        auto* box = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(80, -1)), 0,
+                                   wxDefaultValidator, name);
+        ApplyTextFilter(*box, NumberFilter());
+        SelectAllOnFocus(*box);
+        return box;
+    };
+    const auto newNameBox = [this](const char* name) {
+        return new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(280, -1)), wxTE_READONLY,
+                              wxDefaultValidator, name);
+    };
+
+    // In the order in which Tab visits them, each label before the box that its access key leads to.
+    lblRoot = NewLabel(this, "lblRoot", RootText);
+    txtRoot = NewTextBox(this, "txtRoot");
+    cmdRoot = NewButton(this, "cmdRoot", BrowseText);
+    add(lblRoot, txtRoot, cmdRoot);
+    lblSlides = NewLabel(this, "lblSlides", SlidesText);
+    txtSlides = NewTextBox(this, "txtSlides");
+    cmdSlides = NewButton(this, "cmdSlides", BrowseText);
+    add(lblSlides, txtSlides, cmdSlides);
+    lblBitmap = NewLabel(this, "lblBitmap", BitmapText);
+    txtBitmap = NewTextBox(this, "txtBitmap");
+    cmdBitmap = NewButton(this, "cmdBitmap", BrowseText);
+    add(lblBitmap, txtBitmap, cmdBitmap);
+    lblMachine = NewLabel(this, "lblMachine", MachineText);
+    txtMachine = newNameBox("txtMachine");
+    cmdMachine = NewButton(this, "cmdMachine", ChooseText);
+    add(lblMachine, txtMachine, cmdMachine);
+    lblUser = NewLabel(this, "lblUser", UserText);
+    txtUser = newNameBox("txtUser");
+    cmdUser = NewButton(this, "cmdUser", ChooseText);
+    add(lblUser, txtUser, cmdUser);
+    lblMaxParts = NewLabel(this, "lblMaxParts", MaxPartsText);
+    txtMaxParts = newNumberBox("txtMaxParts");
+    add(lblMaxParts, txtMaxParts, nullptr);
+    lblSampleSize = NewLabel(this, "lblSampleSize", SampleSizeText);
+    txtSampleSize = newNumberBox("txtSampleSize");
+    add(lblSampleSize, txtSampleSize, nullptr);
+    return rows;
+}
+
+void FormDirectories::BindEvents() {
+    const auto onPress = [](wxButton* button, std::function<void()> act) {
+        button->Bind(wxEVT_BUTTON, [act = std::move(act)](wxCommandEvent&) { act(); });
+    };
+    onPress(cmdRoot, [this] { BrowseFor(*txtRoot, RootPrompt); });
+    onPress(cmdSlides, [this] { BrowseFor(*txtSlides, SlidesPrompt); });
+    onPress(cmdBitmap, [this] { BrowseFor(*txtBitmap, BitmapPrompt); });
+    onPress(cmdMachine, [this] { ChooseMachine(); });
+    onPress(cmdUser, [this] { ChooseUser(); });
+    onPress(cmdHistory, [this] { ChooseHistory(); });
+    onPress(cmdPrinter, [this] { platform::ShowPrinterSetup(this, m_fields.printer); });
+    // A path that is longer than its box is read in the tooltip.
+    for (wxTextCtrl* box : {txtRoot, txtSlides, txtBitmap, txtMachine, txtUser})
+        box->Bind(wxEVT_TEXT, [box](wxCommandEvent& event) {
+            event.Skip();
+            box->SetToolTip(box->GetValue());
+        });
+}
+
+bool FormDirectories::Invoke() {
+    m_fields = OptionsCheck::Load(NeskRegistry::Instance());
+    ShowFields();
+    txtRoot->SetFocus();
+    return ShowModal() == wxID_OK;
+}
+
+void FormDirectories::OnOK() {
+    ReadFields();
+    OptionsCheck::Numbers numbers;
+    if (const auto fault = OptionsCheck::Check(m_fields, numbers)) return Refuse(*fault);
+    NeskRegistry& settings = NeskRegistry::Instance();
+    OptionsCheck::Apply(m_fields, numbers, settings);
+    settings.Save();
+    Accept();
+}
+
+void FormDirectories::Refuse(const OptionsCheck::Fault& fault) {
+    modMessageBox::ShowMessage(fault.message, modMessageBox::Option::Exclamation, OptionsCheck::FaultTitle());
+    wxTextCtrl& box = BoxOf(fault.field);
+    if (fault.replacement) box.SetValue(ToWx(*fault.replacement));
+    box.SetFocus();
+    // A box that has the focus already does not gain it.
+    if (fault.replacement) modUtilities::SelectAllText(box, true);
+}
+
+wxTextCtrl& FormDirectories::BoxOf(OptionsCheck::Field field) {
+    using OptionsCheck::Field;
+    switch (field) {
+    case Field::Root: return *txtRoot;
+    case Field::Slides: return *txtSlides;
+    case Field::Bitmap: return *txtBitmap;
+    case Field::Machine: return *txtMachine;
+    case Field::User: return *txtUser;
+    case Field::MaxParts: return *txtMaxParts;
+    case Field::SampleSize: break;
+    }
+    return *txtSampleSize;
+}
+
+void FormDirectories::ShowFields() {
+    txtRoot->SetValue(ToWx(m_fields.root));
+    txtSlides->SetValue(ToWx(m_fields.slides));
+    txtBitmap->SetValue(ToWx(m_fields.bitmap));
+    txtMachine->SetValue(ToWx(m_fields.machine));
+    txtUser->SetValue(ToWx(m_fields.user));
+    ApplyHistoryRule();
+}
+
+void FormDirectories::ReadFields() {
+    m_fields.root = FromWx(txtRoot->GetValue());
+    m_fields.slides = FromWx(txtSlides->GetValue());
+    m_fields.bitmap = FromWx(txtBitmap->GetValue());
+    m_fields.machine = FromWx(txtMachine->GetValue());
+    m_fields.user = FromWx(txtUser->GetValue());
+    m_fields.maxParts = FromWx(txtMaxParts->GetValue());
+    m_fields.sampleSize = FromWx(txtSampleSize->GetValue());
+}
+
+void FormDirectories::ApplyHistoryRule() {
+    const bool used = OptionsCheck::ApplyHistoryRule(m_fields);
+    txtMaxParts->SetValue(ToWx(m_fields.maxParts));
+    txtSampleSize->SetValue(ToWx(m_fields.sampleSize));
+    txtMaxParts->Enable(used);
+    txtSampleSize->Enable(used);
+}
+
+void FormDirectories::BrowseFor(wxTextCtrl& box, int promptId) {
+    const std::string folder =
+        FormBrowse(this).Invoke(modStringRes::LoadResString(promptId), FromWx(box.GetValue()));
+    if (!folder.empty()) box.SetValue(ToWx(folder));
+}
+
+void FormDirectories::ChooseMachine() {
+    const std::string key = FormSelectMachine(this).SelectMachine();
+    if (key.empty()) return;
+    m_fields.machineKey = key;
+    OptionsCheck::ShowName(key, m_fields.machine);
+    txtMachine->SetValue(ToWx(m_fields.machine));
+}
+
+void FormDirectories::ChooseUser() {
+    const std::string key = FormSelectUser(this).SelectUser();
+    if (key.empty()) return;
+    m_fields.userKey = key;
+    OptionsCheck::ShowName(key, m_fields.user);
+    txtUser->SetValue(ToWx(m_fields.user));
+}
+
+void FormDirectories::ChooseHistory() {
+    // What is typed in the number boxes stays where there is a history.
+    ReadFields();
+    FormSelectHistory(this).Display(m_fields.historyDirectory, m_fields.historyTitle, false);
+    ApplyHistoryRule();
+}
+
+} // namespace nesk

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "settings/OptionsCheck.h"
+#include "shell/FormDialog.h"
+
+#include <string>
+
+class wxStaticText;
+class wxTextCtrl;
+
+namespace nesk {
+
+/// The administrator's options: the settings of the operator interface.
+class FormDirectories : public FormDialog {
+public:
+    explicit FormDirectories(wxWindow* parent);
+
+    /// Shows the dialog with the settings of the record; OK stores and saves them.
+    /// @return true when it was confirmed
+    bool Invoke();
+
+    // Controls.
+    wxStaticText* lblRoot = nullptr;
+    wxTextCtrl* txtRoot = nullptr;
+    wxButton* cmdRoot = nullptr;
+    wxStaticText* lblSlides = nullptr;
+    wxTextCtrl* txtSlides = nullptr;
+    wxButton* cmdSlides = nullptr;
+    wxStaticText* lblBitmap = nullptr;
+    wxTextCtrl* txtBitmap = nullptr;
+    wxButton* cmdBitmap = nullptr;
+    wxStaticText* lblMachine = nullptr;
+    wxTextCtrl* txtMachine = nullptr; ///< display name of the machine chosen; cannot be typed
+    wxButton* cmdMachine = nullptr;
+    wxStaticText* lblUser = nullptr;
+    wxTextCtrl* txtUser = nullptr; ///< display name of the user chosen; cannot be typed
+    wxButton* cmdUser = nullptr;
+    wxStaticText* lblMaxParts = nullptr;
+    wxTextCtrl* txtMaxParts = nullptr;
+    wxStaticText* lblSampleSize = nullptr;
+    wxTextCtrl* txtSampleSize = nullptr;
+    wxButton* cmdHistory = nullptr;
+    wxButton* cmdPrinter = nullptr;
+
+protected:
+    void OnOK() override;
+
+private:
+    wxSizer* BuildRows();
+    void BindEvents();
+    void ShowFields();
+    void ReadFields();
+    void ApplyHistoryRule();
+    void BrowseFor(wxTextCtrl& box, int promptId);
+    void ChooseMachine();
+    void ChooseUser();
+    void ChooseHistory();
+    void Refuse(const OptionsCheck::Fault& fault);
+    wxTextCtrl& BoxOf(OptionsCheck::Field field);
+
+    OptionsFields m_fields;
+};
+
+} // namespace nesk

@@ -1,0 +1,443 @@
+#include "settings/FormDirectories.h"
+
+#include "gui/PartDialogFixture.h"
+#include "partedit/FormBrowse.h"
+#include "partedit/FormFolderTree.h"
+#include "partedit/FormSelectHistory.h"
+#include "settings/FormSelectMachine.h"
+#include "settings/FormSelectUser.h"
+#include "settings/NeskRegistry.h"
+#include "settings/RegEntry.h"
+#include "shell/FormUtilities.h"
+#include "shell/modStringRes.h"
+
+#include <wx/button.h>
+#include <wx/listbox.h>
+#include <wx/printdlg.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+
+namespace nesk::testing {
+namespace {
+
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+using modUtilities::ToWx;
+
+class FormDirectoriesTest : public PartDialogTest {
+protected:
+    FormDirectoriesTest() {
+        for (const char* folder : {"Root", "Slides", "Pictures", "History", "Other"})
+            station.Write(std::string("C:\\") + folder + "\\x.txt", "");
+        Add("Machines\\M1", "Bridge");
+        Add("Machines\\M2", "Gantry");
+        Add("Users\\U1", "Smith");
+        Add("Users\\U2", "Jones");
+        NeskRegistry& settings = NeskRegistry::Instance();
+        settings.NeskRoot = "C:\\Root";
+        settings.DefaultSlideDirectory = "C:\\Slides";
+        settings.DefaultBitmapDirectory = "C:\\Pictures";
+        settings.NeskMachine = "Machines\\M1";
+        settings.NeskUser = "Users\\U1";
+        settings.HistoryDirectory = "C:\\History";
+        settings.HistoryTitle = "Bolts";
+        settings.HistoryMaxParts = 20;
+        settings.SampleSize = 5;
+    }
+    ~FormDirectoriesTest() override { NeskRegistry::Instance() = NeskRegistry(); }
+
+    static void Add(const std::string& key, const std::string& displayName) {
+        RegEntry entry;
+        entry.CreateKey(key);
+        entry.SetString("Name", displayName);
+    }
+
+    // Shows the dialog, does something with it, closes it if that did not, and returns its answer.
+    bool Show(const std::function<void(FormDirectories&)>& act) {
+        WhenShown<FormDirectories>("FormDirectories", [act](FormDirectories& form) {
+            act(form);
+            if (form.IsModal()) Click(form.cmdCancel);
+        });
+        return FormDirectories(nullptr).Invoke();
+    }
+
+    // Confirms and expects a message about a box, which has the focus then.
+    void Refused(FormDirectories& form, wxTextCtrl* box, const std::string& text) {
+        form.cmdOK->SetFocus();
+        Expect();
+        Click(form.cmdOK);
+        ASSERT_FALSE(messages.empty());
+        EXPECT_EQ(messages.back().text, text);
+        EXPECT_EQ(messages.back().options, 48);
+        EXPECT_EQ(messages.back().title, LoadResString(32067));
+        EXPECT_TRUE(form.IsModal());
+        EXPECT_TRUE(WaitUntil([box] { return box->HasFocus(); })) << FromWx(box->GetName());
+    }
+
+    static std::string Selected(wxTextCtrl* box) { return FromWx(box->GetStringSelection()); }
+
+    // A setting as it lies in the registry; "" when there is none.
+    static std::string Saved(const std::string& name) {
+        RegEntry entry;
+        if (!entry.TestKey("Neskworks")) return "";
+        entry.OpenKey("Neskworks");
+        return entry.GetString(name);
+    }
+};
+
+TEST_F(FormDirectoriesTest, ShowsTextsAndSettings) {
+    const bool confirmed = Show([](FormDirectories& form) {
+        EXPECT_EQ(FromWx(form.GetTitle()), LoadResString(32035));
+        const std::pair<wxWindow*, int> texts[] = {
+            {form.lblRoot, 32036},       {form.lblSlides, 32038},  {form.lblBitmap, 32074},
+            {form.lblMachine, 32039},    {form.lblUser, 32040},    {form.lblMaxParts, 32087},
+            {form.lblSampleSize, 32088}, {form.cmdHistory, 32083}, {form.cmdPrinter, 32082},
+            {form.cmdOK, 32004},         {form.cmdCancel, 32005},  {form.cmdHelp, 32008},
+        };
+        for (const auto& [control, text] : texts)
+            EXPECT_EQ(FromWx(control->GetLabel()), LoadResString(text));
+        EXPECT_EQ(form.txtRoot->GetValue(), "C:\\Root");
+        EXPECT_EQ(form.txtSlides->GetValue(), "C:\\Slides");
+        EXPECT_EQ(form.txtBitmap->GetValue(), "C:\\Pictures");
+        EXPECT_EQ(form.txtMachine->GetValue(), "Bridge");
+        EXPECT_EQ(form.txtUser->GetValue(), "Smith");
+        EXPECT_EQ(form.txtMaxParts->GetValue(), "20");
+        EXPECT_EQ(form.txtSampleSize->GetValue(), "5");
+        EXPECT_TRUE(form.txtMaxParts->IsEnabled());
+        EXPECT_TRUE(form.txtSampleSize->IsEnabled());
+        for (const char* name : {"lblRoot", "txtRoot", "cmdRoot", "cmdSlides", "cmdBitmap", "cmdMachine",
+                                 "cmdUser", "txtMaxParts", "txtSampleSize", "cmdHistory", "cmdPrinter"})
+            EXPECT_NE(wxWindow::FindWindowByName(name, &form), nullptr) << name;
+        EXPECT_EQ(TabOrder(),
+                  "txtRoot cmdRoot txtSlides cmdSlides txtBitmap cmdBitmap txtMachine cmdMachine "
+                  "txtUser cmdUser txtMaxParts txtSampleSize cmdHistory cmdPrinter cmdOK cmdCancel "
+                  "cmdHelp");
+    });
+    EXPECT_FALSE(confirmed);
+}
+
+TEST_F(FormDirectoriesTest, AccessKeysLeadToTheBoxes) {
+    Show([](FormDirectories& form) {
+        const std::pair<int, wxWindow*> keys[] = {
+            {'S', form.txtSlides},   {'P', form.txtBitmap},     {'M', form.txtMachine}, {'U', form.txtUser},
+            {'N', form.txtMaxParts}, {'Z', form.txtSampleSize}, {'R', form.txtRoot}};
+        for (const auto& [key, box] : keys) {
+            Press(key, wxMOD_ALT);
+            EXPECT_TRUE(box->HasFocus()) << FromWx(box->GetName());
+        }
+    });
+}
+
+TEST_F(FormDirectoriesTest, EnterStoresWhatWasTyped) {
+    const bool confirmed = Show([](FormDirectories& form) {
+        form.txtRoot->SetFocus();
+        form.txtRoot->SelectAll();
+        Type("C:\\Other\\");
+        Press('N', wxMOD_ALT);
+        EXPECT_EQ(Selected(form.txtMaxParts), "20") << "gaining the focus selects the number";
+        Type("30");
+        Press(WXK_TAB);
+        EXPECT_EQ(Selected(form.txtSampleSize), "5");
+        Type("7");
+        Press(WXK_RETURN);
+        EXPECT_TRUE(WaitUntil([&] { return !form.IsModal(); }));
+    });
+    EXPECT_TRUE(confirmed);
+    const NeskRegistry& settings = NeskRegistry::Instance();
+    EXPECT_EQ(settings.NeskRoot, "C:\\Other");
+    EXPECT_EQ(settings.HistoryMaxParts, 30);
+    EXPECT_EQ(settings.SampleSize, 7);
+    EXPECT_EQ(Saved("NeskRoot"), "C:\\Other");
+    EXPECT_EQ(Saved("HistoryMaxParts"), "30");
+    EXPECT_EQ(Saved("SampleSize"), "7");
+    EXPECT_EQ(Saved("NeskMachine"), "Machines\\M1");
+}
+
+TEST_F(FormDirectoriesTest, EscapeStoresNothing) {
+    const bool confirmed = Show([](FormDirectories& form) {
+        Type("C:\\Other");
+        Press(WXK_ESCAPE);
+        EXPECT_FALSE(form.IsModal());
+    });
+    EXPECT_FALSE(confirmed);
+    EXPECT_EQ(NeskRegistry::Instance().NeskRoot, "C:\\Root");
+    EXPECT_EQ(Saved("NeskRoot"), "");
+}
+
+TEST_F(FormDirectoriesTest, FaultsKeepTheDialogOpen) {
+    const bool confirmed = Show([this](FormDirectories& form) {
+        const std::string check = LoadResString(32067) + " ";
+        form.txtRoot->SetValue("C:\\Gone");
+        form.txtSlides->SetValue("");
+        form.txtBitmap->SetValue("C:\\Root\\x.txt");
+        form.txtMachine->SetValue("");
+        form.txtUser->SetValue("");
+        form.txtMaxParts->SetValue("1000");
+        form.txtSampleSize->SetValue("0021");
+        Refused(form, form.txtRoot, check + "Root folder");
+        EXPECT_EQ(form.txtRoot->GetValue(), "C:\\Gone") << "everything stays as typed";
+        form.txtRoot->SetValue("C:\\Root");
+        Refused(form, form.txtSlides, check + "Slide folder");
+        form.txtSlides->SetValue("C:\\Slides");
+        Refused(form, form.txtBitmap, check + "Picture folder");
+        form.txtBitmap->SetValue("C:\\Pictures");
+        Refused(form, form.txtMachine, check + "Machine");
+        form.txtMachine->SetValue("Bridge");
+        Refused(form, form.txtUser, check + "User");
+        form.txtUser->SetValue("Smith");
+        Refused(form, form.txtMaxParts, LoadResString(32086));
+        EXPECT_EQ(form.txtMaxParts->GetValue(), "1000");
+        EXPECT_EQ(Selected(form.txtMaxParts), "1000");
+        form.txtMaxParts->SetValue("");
+        Refused(form, form.txtMaxParts, LoadResString(32086));
+        EXPECT_EQ(form.txtMaxParts->GetValue(), "0");
+        form.txtMaxParts->SetValue("20");
+        Refused(form, form.txtSampleSize, check + "Sample size");
+        EXPECT_EQ(form.txtSampleSize->GetValue(), "21");
+        EXPECT_EQ(Selected(form.txtSampleSize), "21");
+        // A fault found while its own box has the focus selects the number too.
+        form.txtSampleSize->SetValue("1");
+        form.txtSampleSize->SetInsertionPointEnd();
+        Expect();
+        Press(WXK_RETURN);
+        EXPECT_TRUE(WaitUntil([&] { return Selected(form.txtSampleSize) == "1"; }));
+        EXPECT_EQ(messages.size(), 9u);
+    });
+    EXPECT_FALSE(confirmed);
+    EXPECT_EQ(Saved("NeskRoot"), "");
+    EXPECT_EQ(NeskRegistry::Instance().SampleSize, 5);
+}
+
+TEST_F(FormDirectoriesTest, OnlyDigitsCanBeTypedIntoTheNumbers) {
+    Show([](FormDirectories& form) {
+        for (wxTextCtrl* box : {form.txtMaxParts, form.txtSampleSize}) {
+            box->SetFocus();
+            box->SelectAll();
+            Type("1a-.2,3 ");
+            EXPECT_EQ(box->GetValue(), "123");
+            Press(WXK_BACK);
+            EXPECT_EQ(box->GetValue(), "12");
+        }
+    });
+}
+
+TEST_F(FormDirectoriesTest, NamesCannotBeTyped) {
+    Show([](FormDirectories& form) {
+        form.txtMachine->SetFocus();
+        Type("x");
+        EXPECT_EQ(form.txtMachine->GetValue(), "Bridge");
+        EXPECT_TRUE(form.txtUser->HasFlag(wxTE_READONLY));
+    });
+}
+
+TEST_F(FormDirectoriesTest, WithoutAHistoryTheNumbersAreNotUsed) {
+    NeskRegistry::Instance().HistoryDirectory = " ";
+    const bool confirmed = Show([](FormDirectories& form) {
+        EXPECT_FALSE(form.txtMaxParts->IsEnabled());
+        EXPECT_FALSE(form.txtSampleSize->IsEnabled());
+        EXPECT_EQ(form.txtMaxParts->GetValue(), "0");
+        EXPECT_EQ(form.txtSampleSize->GetValue(), "0");
+        Click(form.cmdOK);
+    });
+    EXPECT_TRUE(confirmed);
+    EXPECT_EQ(NeskRegistry::Instance().HistoryMaxParts, 0);
+    EXPECT_EQ(NeskRegistry::Instance().SampleSize, 0);
+}
+
+TEST_F(FormDirectoriesTest, TheHistoryDialogSwitchesTheNumbers) {
+    const bool confirmed = Show([this](FormDirectories& form) {
+        form.txtMaxParts->SetValue("44");
+        // Confirmed unchanged: what was typed stays.
+        WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& history) {
+            EXPECT_EQ(history.txtHistoryDir->GetValue(), "C:\\History");
+            EXPECT_EQ(history.txtHistoryTitle->GetValue(), "Bolts");
+            EXPECT_EQ(FromWx(history.cmdDefault->GetLabel()), LoadResString(32094));
+            Click(history.cmdOK);
+        });
+        Click(form.cmdHistory);
+        EXPECT_EQ(form.txtMaxParts->GetValue(), "44");
+        // No history.
+        WhenShown<FormSelectHistory>("FormSelectHistory",
+                                     [](FormSelectHistory& history) { Click(history.cmdDefault); });
+        Click(form.cmdHistory);
+        EXPECT_FALSE(form.txtMaxParts->IsEnabled());
+        EXPECT_FALSE(form.txtSampleSize->IsEnabled());
+        EXPECT_EQ(form.txtMaxParts->GetValue(), "0");
+        // Another one; the numbers have to be given again.
+        WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& history) {
+            EXPECT_EQ(history.txtHistoryDir->GetValue(), "");
+            history.txtHistoryDir->SetValue("C:\\Other");
+            history.txtHistoryTitle->SetValue("Nuts");
+            Click(history.cmdOK);
+        });
+        Click(form.cmdHistory);
+        EXPECT_TRUE(form.txtMaxParts->IsEnabled());
+        EXPECT_TRUE(form.txtSampleSize->IsEnabled());
+        EXPECT_EQ(form.txtMaxParts->GetValue(), "0");
+        form.txtMaxParts->SetValue("0.6");
+        form.txtSampleSize->SetValue("-3");
+        Click(form.cmdOK);
+    });
+    EXPECT_TRUE(confirmed);
+    EXPECT_EQ(Saved("HistoryDirectory"), "C:\\Other");
+    EXPECT_EQ(Saved("HistoryTitle"), "Nuts");
+    EXPECT_EQ(Saved("HistoryMaxParts"), "1");
+    EXPECT_EQ(Saved("SampleSize"), "-3");
+}
+
+TEST_F(FormDirectoriesTest, FoldersAreBrowsedFor) {
+    const bool confirmed = Show([this](FormDirectories& form) {
+        struct Row {
+            wxButton* button;
+            wxTextCtrl* box;
+            int prompt;
+        };
+        for (const Row& row :
+             {Row{form.cmdRoot, form.txtRoot, 32023}, Row{form.cmdSlides, form.txtSlides, 32024},
+              Row{form.cmdBitmap, form.txtBitmap, 32073}}) {
+            const std::string before = FromWx(row.box->GetValue());
+            const auto check = [before, row](FormBrowse& browse) {
+                EXPECT_EQ(FromWx(browse.lblPrompt->GetLabelText()), LoadResString(row.prompt));
+                EXPECT_EQ(browse.Dir1->Path(), before);
+            };
+            WhenShown<FormBrowse>("FormBrowse", [check](FormBrowse& browse) {
+                check(browse);
+                browse.Dir1->SetPath("C:\\Other");
+                Click(browse.cmdCancel);
+            });
+            Click(row.button);
+            EXPECT_EQ(FromWx(row.box->GetValue()), before);
+            WhenShown<FormBrowse>("FormBrowse", [check](FormBrowse& browse) {
+                check(browse);
+                browse.Dir1->SetPath("C:\\Other");
+                Click(browse.cmdOK);
+            });
+            Click(row.button);
+            EXPECT_EQ(row.box->GetValue(), "C:\\Other\\");
+            EXPECT_EQ(row.box->GetToolTipText(), "C:\\Other\\");
+        }
+        Click(form.cmdOK);
+    });
+    EXPECT_TRUE(confirmed);
+    EXPECT_EQ(Saved("NeskRoot"), "C:\\Other");
+    EXPECT_EQ(Saved("DefaultSlideDirectory"), "C:\\Other");
+    EXPECT_EQ(Saved("DefaultBitmapDirectory"), "C:\\Other");
+}
+
+TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
+    const auto choose = [this](FormDirectories& form) {
+        WhenShown<FormSelectMachine>("FormSelectMachine", [](FormSelectMachine& list) {
+            list.lstMain->SetSelection(1);
+            list.cmdOK->Enable();
+            Click(list.cmdOK);
+        });
+        Click(form.cmdMachine);
+        EXPECT_EQ(form.txtMachine->GetValue(), "Gantry");
+        WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) {
+            list.lstMain->SetSelection(1);
+            list.cmdOK->Enable();
+            Click(list.cmdOK);
+        });
+        Click(form.cmdUser);
+        EXPECT_EQ(form.txtUser->GetValue(), "Jones");
+    };
+    EXPECT_FALSE(Show([&](FormDirectories& form) {
+        choose(form);
+        Click(form.cmdCancel);
+    }));
+    EXPECT_EQ(NeskRegistry::Instance().NeskMachine, "Machines\\M1");
+    EXPECT_EQ(NeskRegistry::Instance().NeskUser, "Users\\U1");
+    EXPECT_TRUE(Show([&](FormDirectories& form) {
+        choose(form);
+        // A choice that is called off changes nothing.
+        WhenShown<FormSelectMachine>("FormSelectMachine",
+                                     [](FormSelectMachine& list) { Click(list.cmdCancel); });
+        Click(form.cmdMachine);
+        WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) { Click(list.cmdCancel); });
+        Click(form.cmdUser);
+        EXPECT_EQ(form.txtMachine->GetValue(), "Gantry");
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(Saved("NeskMachine"), "Machines\\M2");
+    EXPECT_EQ(Saved("NeskUser"), "Users\\U2");
+}
+
+// Chooses landscape A3 in the printer dialog, or calls it off.
+class PrinterDialogScript : public wxModalDialogHook {
+public:
+    PrinterDialogScript() { Register(); }
+    ~PrinterDialogScript() override { Unregister(); }
+
+    int answer = wxID_OK;
+
+protected:
+    int Enter(wxDialog* dialog) override {
+        auto* setup = dynamic_cast<wxPageSetupDialogBase*>(dialog);
+        if (setup == nullptr) return wxID_NONE;
+        setup->GetPageSetupDialogData().GetPrintData().SetOrientation(wxLANDSCAPE);
+        setup->GetPageSetupDialogData().GetPrintData().SetPaperId(wxPAPER_A3);
+        return answer;
+    }
+};
+
+TEST_F(FormDirectoriesTest, PrinterValuesAreStoredOnOk) {
+    NeskRegistry& settings = NeskRegistry::Instance();
+    settings.PrinterDevice = "Laser";
+    settings.PrinterOrientation = "1";
+    settings.PrinterPaperSize = "9";
+    settings.PrinterZoom = "75";
+    PrinterDialogScript printer;
+    EXPECT_FALSE(Show([](FormDirectories& form) {
+        Click(form.cmdPrinter);
+        Click(form.cmdCancel);
+    }));
+    EXPECT_EQ(settings.PrinterPaperSize, "9");
+    printer.answer = wxID_CANCEL;
+    EXPECT_TRUE(Show([](FormDirectories& form) {
+        Click(form.cmdPrinter);
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(Saved("PrinterPaperSize"), "9");
+    EXPECT_EQ(Saved("PrinterOrientation"), "1");
+    EXPECT_EQ(Saved("PrinterQuality"), "");
+    printer.answer = wxID_OK;
+    EXPECT_TRUE(Show([](FormDirectories& form) {
+        Click(form.cmdPrinter);
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(Saved("PrinterDevice"), "Laser");
+    EXPECT_EQ(Saved("PrinterOrientation"), "2");
+    EXPECT_EQ(Saved("PrinterPaperSize"), "8");
+    EXPECT_EQ(Saved("PrinterZoom"), "75");
+}
+
+TEST_F(FormDirectoriesTest, AFailedSaveIsReportedAndClosesTheDialog) {
+    // A character that the station's code page cannot store.
+    NeskRegistry::Instance().HistoryTitle = "\xE6\xBC\xA2";
+    const bool confirmed = Show([this](FormDirectories& form) {
+        form.txtRoot->SetValue("C:\\Other");
+        Expect();
+        Click(form.cmdOK);
+        EXPECT_FALSE(form.IsModal());
+    });
+    EXPECT_TRUE(confirmed);
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_EQ(messages[0].title, LoadResString(34123));
+    EXPECT_EQ(Saved("NeskRoot"), "C:\\Other") << "what was written before the failure stays";
+    EXPECT_EQ(Saved("NeskMachine"), "");
+}
+
+TEST_F(FormDirectoriesTest, ANumberThatNothingCanHoldIsReported) {
+    const bool confirmed = Show([this](FormDirectories& form) {
+        form.txtSampleSize->SetValue("-40000");
+        Expect();
+        Click(form.cmdOK);
+        EXPECT_TRUE(form.IsModal());
+    });
+    EXPECT_FALSE(confirmed);
+    EXPECT_EQ(messages.back().title, LoadResString(34123));
+    EXPECT_EQ(Saved("NeskRoot"), "");
+}
+
+} // namespace
+} // namespace nesk::testing
