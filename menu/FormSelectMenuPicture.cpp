@@ -11,7 +11,6 @@
 
 namespace nesk {
 
-using modUtilities::ResText;
 using modUtilities::ToWx;
 
 namespace {
@@ -26,9 +25,8 @@ constexpr std::int32_t HelpTopic = 33003;
 
 FormSelectMenuPicture::FormSelectMenuPicture(wxWindow* parent)
     : FormDialog(parent, "FormSelectMenuPicture", TitleText, HelpTopic) {
-    auto* frame = new wxStaticBoxSizer(wxVERTICAL, this, ResText(FrameText));
+    wxStaticBoxSizer* frame = NewFrame("Frame1", FrameText);
     wxStaticBox* box = frame->GetStaticBox();
-    box->SetName("Frame1");
     picItemHost = new FormPicture(box, "picItemHost", "picItem");
     lblFile = new wxStaticText(box, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "lblFile");

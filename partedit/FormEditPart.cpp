@@ -23,7 +23,6 @@
 namespace nesk {
 
 using modUtilities::FromWx;
-using modUtilities::ResText;
 using modUtilities::ToWx;
 
 namespace {
@@ -102,9 +101,8 @@ wxSizer* FormEditPart::MakeProgramRows() {
 }
 
 wxSizer* FormEditPart::MakeMenuPictureFrame() {
-    auto* frame = new wxStaticBoxSizer(wxVERTICAL, this, ResText(MenuFrameText));
+    wxStaticBoxSizer* frame = NewFrame("Frame1", MenuFrameText);
     Frame1 = frame->GetStaticBox();
-    Frame1->SetName("Frame1");
     picItemHost = new FormPicture(Frame1, "picItemHost", "picItem");
     cmdMenuSelect = NewButton(Frame1, "cmdMenuSelect", SelectText);
     cmdMenuDelete = NewButton(Frame1, "cmdMenuDelete", DeleteText);
@@ -115,9 +113,8 @@ wxSizer* FormEditPart::MakeMenuPictureFrame() {
 }
 
 wxSizer* FormEditPart::MakePreviewFrame() {
-    auto* frame = new wxStaticBoxSizer(wxVERTICAL, this, ResText(PreviewFrameText));
+    wxStaticBoxSizer* frame = NewFrame("Frame2", PreviewFrameText);
     Frame2 = frame->GetStaticBox();
-    Frame2->SetName("Frame2");
     picPreviewHost = new FormPicture(Frame2, "picPreviewHost", "picPreview");
     cmdPreviewSelect = NewButton(Frame2, "cmdPreviewSelect", SelectText);
     cmdPreviewDelete = NewButton(Frame2, "cmdPreviewDelete", DeleteText);
@@ -128,9 +125,8 @@ wxSizer* FormEditPart::MakePreviewFrame() {
 }
 
 wxSizer* FormEditPart::MakeHelpFrame() {
-    auto* frame = new wxStaticBoxSizer(wxVERTICAL, this, ResText(HelpFrameText));
+    wxStaticBoxSizer* frame = NewFrame("Frame3", HelpFrameText);
     Frame3 = frame->GetStaticBox();
-    Frame3->SetName("Frame3");
     cmdHelpFile = NewButton(Frame3, "cmdHelpFile", HelpFileText);
     cmdHistory = NewButton(Frame3, "cmdHistory", HistoryText);
     frame->Add(cmdHelpFile, wxSizerFlags().Expand().Border(wxALL, Gap()));

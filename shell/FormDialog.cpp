@@ -8,6 +8,7 @@
 
 #include <wx/button.h>
 #include <wx/sizer.h>
+#include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -77,6 +78,15 @@ wxStaticText* FormDialog::NewLabel(wxWindow* parent, const char* name, int textI
 wxTextCtrl* FormDialog::NewTextBox(wxWindow* parent, const char* name) {
     return new wxTextCtrl(parent, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(280, -1)), 0,
                           wxDefaultValidator, name);
+}
+
+wxStaticBoxSizer* FormDialog::NewFrame(const char* name, int textId) {
+    auto* frame = new wxStaticBoxSizer(wxVERTICAL, this, ResText(textId));
+    wxStaticBox* box = frame->GetStaticBox();
+    box->SetName(name);
+    // The toolkit leaves the title out when it measures what a frame needs.
+    frame->SetMinSize(box->GetTextExtent(ResText(textId)).x + 4 * Gap(), -1);
+    return frame;
 }
 
 void FormDialog::ShowHelp() {

@@ -6,6 +6,7 @@
 
 class wxButton;
 class wxSizer;
+class wxStaticBoxSizer;
 class wxStaticText;
 class wxTextCtrl;
 
@@ -53,6 +54,9 @@ protected:
 
     /// A text box of one line.
     wxTextCtrl* NewTextBox(wxWindow* parent, const char* name);
+
+    /// A frame with a title by number, which it is wide enough for. `name` is the window name of its box.
+    wxStaticBoxSizer* NewFrame(const char* name, int textId);
 
     /// Space between controls, in pixels.
     int Gap() const { return FromDIP(8); }

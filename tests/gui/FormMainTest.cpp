@@ -375,6 +375,20 @@ TEST_F(FormMainTest, SettingsOpenTheirDialogs) {
     EXPECT_EQ(dialogs.shown.at(1).title, LoadResString(32035));
 }
 
+TEST_F(FormMainTest, ConfirmedOptionsDecideWhetherThereIsAMenuToOpen) {
+    NeskRegistry::Instance().NeskRoot = "C:\\Gone";
+    OpenWindow();
+    EXPECT_FALSE(window->mnuFileOpen->IsEnabled());
+    // The dialog is answered without being shown; another root folder is what it would have stored.
+    NeskRegistry::Instance().NeskRoot = "C:\\Neskroot";
+    dialogs.Answer(wxID_CANCEL);
+    ASSERT_TRUE(Click(window->mnuSettingsOptions));
+    EXPECT_FALSE(window->mnuFileOpen->IsEnabled()) << "nothing was confirmed";
+    dialogs.Answer(wxID_OK);
+    ASSERT_TRUE(Click(window->mnuSettingsOptions));
+    EXPECT_TRUE(window->mnuFileOpen->IsEnabled());
+}
+
 TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
     OpenWindow();
     const wxSize screen = wxGetDisplaySize();
