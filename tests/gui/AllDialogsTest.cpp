@@ -1,0 +1,153 @@
+// What holds of every dialog: its help topic, its access keys, its default button.
+
+#include "unit/CoreFixture.h"
+
+#include "menu/FormEditMenu.h"
+#include "menu/FormSelectMenuPicture.h"
+#include "partedit/FormBrowse.h"
+#include "partedit/FormEditPart.h"
+#include "partedit/FormFolder.h"
+#include "partedit/FormSelectDrive.h"
+#include "partedit/FormSelectHelpFile.h"
+#include "partedit/FormSelectHistory.h"
+#include "partedit/FormSelectPart.h"
+#include "settings/FormAccess.h"
+#include "settings/FormDirectories.h"
+#include "settings/FormSelectMachine.h"
+#include "settings/FormSelectUser.h"
+#include "settings/RegEntry.h"
+#include "shell/FormUtilities.h"
+#include "shell/Startup.h"
+#include "shell/modHelp.h"
+
+#include <cctype>
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <memory>
+#include <thread>
+
+#include <wx/button.h>
+
+namespace nesk::testing {
+namespace {
+
+using modUtilities::FromWx;
+
+constexpr int WideScreen = 1024;
+
+struct DialogCase {
+    const char* name;
+    int helpTopic; // 0 for a dialog without help
+    std::function<std::unique_ptr<FormDialog>()> make;
+};
+
+template <typename Form>
+DialogCase Case(const char* name, int helpTopic) {
+    return {name, helpTopic, [] { return std::make_unique<Form>(nullptr); }};
+}
+
+class AllDialogsTest : public CoreTest, public ::testing::WithParamInterface<DialogCase> {
+protected:
+    AllDialogsTest() {
+        Startup::InitLanguage();
+        // The lists that two of the dialogs show; an installation has both.
+        RegEntry lists;
+        lists.CreateKey("Machines\\M1");
+        lists.CreateKey("Users\\U1");
+        modHelp::SetHelpFile(1033, "OV");
+        // A stand-in for the help viewer notes what it is asked to show.
+        const std::filesystem::path script = station.Folder() / "viewer";
+        std::ofstream(script) << "#!/bin/sh\necho \"$@\" > '" << Log().string() << "'\n";
+        std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+        ::setenv("NESKMANAGER_HELPVIEWER", script.c_str(), 1);
+    }
+    ~AllDialogsTest() override { ::unsetenv("NESKMANAGER_HELPVIEWER"); }
+
+    std::filesystem::path Log() const { return station.Folder() / "shown"; }
+
+    // What the viewer was asked to show; waits for it, since it runs beside the program.
+    std::string Shown() const {
+        std::string line;
+        for (int i = 0; i < 250 && line.empty(); ++i) {
+            std::ifstream file(Log());
+            std::getline(file, line);
+            if (line.empty()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        }
+        return line;
+    }
+};
+
+// The access keys of a dialog's visible controls, with the names of the controls that have them.
+void CollectAccessKeys(const wxWindow& window, std::multimap<char, std::string>& keys) {
+    for (const wxWindow* child : window.GetChildren()) {
+        if (!child->IsShown()) continue;
+        const std::string label = FromWx(child->GetLabel());
+        const std::size_t at = label.find('&');
+        if (at != std::string::npos && at + 1 < label.size() && label[at + 1] != '&') {
+            const auto key = static_cast<unsigned char>(label[at + 1]);
+            keys.emplace(static_cast<char>(std::tolower(key)), FromWx(child->GetName()));
+        }
+        CollectAccessKeys(*child, keys);
+    }
+}
+
+TEST_P(AllDialogsTest, HelpShowsItsTopic) {
+    const std::unique_ptr<FormDialog> dialog = GetParam().make();
+    if (GetParam().helpTopic == 0) {
+        EXPECT_EQ(dialog->cmdHelp, nullptr);
+        return;
+    }
+    ASSERT_NE(dialog->cmdHelp, nullptr);
+    wxCommandEvent press(wxEVT_BUTTON, dialog->cmdHelp->GetId());
+    dialog->cmdHelp->ProcessWindowEvent(press);
+    EXPECT_TRUE(Shown().starts_with("-c " + std::to_string(GetParam().helpTopic) + " ")) << Shown();
+}
+
+TEST_P(AllDialogsTest, F1ShowsTheSameTopic) {
+    const std::unique_ptr<FormDialog> dialog = GetParam().make();
+    wxKeyEvent key(wxEVT_CHAR_HOOK);
+    key.m_keyCode = WXK_F1;
+    dialog->ProcessWindowEvent(key);
+    if (GetParam().helpTopic == 0) {
+        EXPECT_FALSE(std::filesystem::exists(Log()));
+        return;
+    }
+    EXPECT_TRUE(Shown().starts_with("-c " + std::to_string(GetParam().helpTopic) + " ")) << Shown();
+}
+
+TEST_P(AllDialogsTest, NoTwoControlsShareAnAccessKey) {
+    const std::unique_ptr<FormDialog> dialog = GetParam().make();
+    std::multimap<char, std::string> keys;
+    CollectAccessKeys(*dialog, keys);
+    for (auto key = keys.begin(); key != keys.end(); key = keys.upper_bound(key->first))
+        EXPECT_EQ(keys.count(key->first), 1u) << key->first << " of " << key->second;
+}
+
+TEST_P(AllDialogsTest, EnterIsOkAndTheNamesAreGiven) {
+    const std::unique_ptr<FormDialog> dialog = GetParam().make();
+    EXPECT_EQ(dialog->GetDefaultItem(), dialog->cmdOK);
+    EXPECT_EQ(FromWx(dialog->GetName()), GetParam().name);
+    EXPECT_FALSE(FromWx(dialog->GetTitle()).empty());
+    for (const char* name : {"cmdOK", "cmdCancel"})
+        EXPECT_NE(wxWindow::FindWindowByName(name, dialog.get()), nullptr) << name;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Dialogs, AllDialogsTest,
+    ::testing::Values(
+        Case<FormAccess>("FormAccess", 33009), Case<FormSelectMachine>("FormSelectMachine", 33006),
+        Case<FormSelectUser>("FormSelectUser", 33008), Case<FormDirectories>("FormDirectories", 33007),
+        Case<FormBrowse>("FormBrowse", 33002), Case<FormFolder>("FormFolder", 0),
+        Case<FormSelectHistory>("FormSelectHistory", 33005),
+        Case<FormSelectHelpFile>("FormSelectHelpFile", 33000), Case<FormSelectPart>("FormSelectPart", 33004),
+        Case<FormSelectDrive>("FormSelectDrive", 0),
+        DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, WideScreen); }},
+        Case<FormSelectMenuPicture>("FormSelectMenuPicture", 33003),
+        Case<FormEditMenu>("FormEditMenu", 33003)),
+    [](const ::testing::TestParamInfo<DialogCase>& dialog) { return std::string(dialog.param.name); });
+
+} // namespace
+} // namespace nesk::testing
