@@ -14,7 +14,7 @@ namespace nesk {
 
 namespace {
 
-// Part of the file format, not of the language: the operator interface knows the root by it.
+// Part of the file format: it is the same in every language.
 constexpr std::string_view DefaultCaption = "Main Menu";
 
 } // namespace

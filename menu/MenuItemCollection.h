@@ -18,7 +18,7 @@ class MenuItem;
 /// instead of visiting every item.
 class MenuItemCollection {
 public:
-    /// Largest number of children: positions are 16-bit numbers in the operator interface.
+    /// Largest number of children: positions are 16-bit numbers.
     static constexpr int MaxCount = 32767;
 
     MenuItemCollection();

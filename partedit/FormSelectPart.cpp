@@ -134,7 +134,7 @@ void FormSelectPart::OnOK() {
     Close(wxID_OK);
 }
 
-// What was selected before stays the result: the operator interface's own dialog does the same.
+// What was selected before stays the result, which is cleared when the dialog opens and at no other time.
 void FormSelectPart::OnCancel() {
     Close(wxID_CANCEL);
 }

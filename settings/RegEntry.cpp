@@ -205,7 +205,7 @@ void RegEntry::SetString(const std::string& sName, const std::string& sValue) {
     if (!value)
         throw NeskError(5002, "RegEntry.SetValue", Message::RegNotEncodable,
                         {sName, FirstNotEncodable(sValue), std::to_string(platform::CodePage())});
-    // The terminating zero is not written: programs that read these values count without it.
+    // The terminating zero is not written. GetString reads values with and without it.
     if (!name || m_registry.SetValue(m_key, *name, platform::RegType::Text, *value) != ErrorCode::Success)
         throw NeskError(5002, "RegEntry.SetValue", Message::RegValueNotWritten, {sName});
 }
