@@ -141,6 +141,32 @@ TEST_F(PictureDialogTest, AFolderIsNoPictureButIsReturned) {
     EXPECT_EQ(path, "C:\\Pictures\\");
 }
 
+TEST_F(PictureDialogTest, PicturesOfEveryFormatAreShown) {
+    FormSelectMenuPicture dialog(nullptr);
+    wxImage image(32, 24);
+    image.SetRGB(wxRect(0, 0, 32, 24), 20, 120, 200);
+    const struct {
+        const char* path;
+        wxBitmapType type;
+    } formats[] = {{"C:\\Pictures\\a.bmp", wxBITMAP_TYPE_BMP},
+                   {"C:\\Pictures\\a.png", wxBITMAP_TYPE_PNG},
+                   {"C:\\Pictures\\a.jpg", wxBITMAP_TYPE_JPEG},
+                   {"C:\\Pictures\\a.ico", wxBITMAP_TYPE_ICO}};
+    for (const auto& format : formats) {
+        ASSERT_TRUE(image.SaveFile(wxString::FromUTF8(Host(format.path).c_str()), format.type))
+            << format.path;
+        dialog.picItemHost->SetPath(format.path);
+        EXPECT_TRUE(dialog.picItemHost->ShowsPicture()) << format.path;
+        EXPECT_EQ(dialog.picItemHost->PictureRect().GetSize(), wxSize(32, 24)) << format.path;
+    }
+    // One red pixel.
+    station.Write("C:\\Pictures\\a.gif",
+                  std::string("GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2D\1\0;", 35));
+    dialog.picItemHost->SetPath("C:\\Pictures\\a.gif");
+    EXPECT_TRUE(dialog.picItemHost->ShowsPicture());
+    EXPECT_EQ(dialog.picItemHost->PictureRect().GetSize(), wxSize(1, 1));
+}
+
 TEST_F(PictureDialogTest, LargePicturesAreSqueezedInThatDirectionAlone) {
     MakePicture("C:\\Pictures\\wide.png", 2000, 20);
     FormSelectMenuPicture dialog(nullptr);
