@@ -142,7 +142,7 @@ TEST_F(FormSelectHelpFileTest, BrowseReplacesTheFile) {
     }));
     EXPECT_EQ(file, "C:\\Help\\other.hlp");
     ASSERT_EQ(fileDialogs.size(), 1u);
-    EXPECT_EQ(fileDialogs[0], LoadResString(32076) + "|C:\\Help||" + LoadResString(32078));
+    EXPECT_EQ(fileDialogs[0], LoadResString(32076) + "|C:\\Help\\||" + LoadResString(32078));
 }
 
 TEST_F(FormSelectHelpFileTest, BrowsingBeginsAtTheDefaultFolderWhenThatOfTheFileHasGone) {
