@@ -1,4 +1,4 @@
-# A file's name decides its layer: Form* and *App use the toolkit, everything else is core.
+# A file's name decides its layer: Form*, *App and Ui* use the toolkit, everything else is core.
 
 function(nesk_core_sources out)
   set(result)
@@ -6,7 +6,7 @@ function(nesk_core_sources out)
     file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
     list(APPEND result ${files})
   endforeach()
-  list(FILTER result EXCLUDE REGEX "/(Form[A-Za-z]*|[A-Za-z]*App|main)\\.cpp$")
+  list(FILTER result EXCLUDE REGEX "/(Form[A-Za-z]*|[A-Za-z]*App|Ui[A-Za-z]*|main)\\.cpp$")
   set(${out} ${result} PARENT_SCOPE)
 endfunction()
 
@@ -16,6 +16,6 @@ function(nesk_ui_sources out)
     file(GLOB files CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/${folder}/*.cpp)
     list(APPEND result ${files})
   endforeach()
-  list(FILTER result INCLUDE REGEX "/(Form[A-Za-z]*|[A-Za-z]*App)\\.cpp$")
+  list(FILTER result INCLUDE REGEX "/(Form[A-Za-z]*|[A-Za-z]*App|Ui[A-Za-z]*)\\.cpp$")
   set(${out} ${result} PARENT_SCOPE)
 endfunction()

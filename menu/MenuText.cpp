@@ -9,32 +9,12 @@
 
 namespace nesk::MenuText {
 
-namespace {
-
-bool IsContinuation(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
-
-// The first character that has no place in the code page.
-std::string FirstNotEncodable(std::string_view text) {
-    while (!text.empty()) {
-        std::size_t length = 1;
-        while (length < text.size() && IsContinuation(text[length]))
-            ++length;
-        const std::string_view character = text.substr(0, length);
-        if (!platform::ToAnsi(character)) return std::string(character);
-        text.remove_prefix(length);
-    }
-    return "";
-}
-
-} // namespace
-
 std::string Encode(std::string_view text, const std::string& source) {
     std::optional<std::string> bytes = platform::ToAnsi(text);
     if (!bytes)
-        throw NeskError(5000, source, Message::NotEncodable,
-                        {std::string(text), FirstNotEncodable(text), std::to_string(platform::CodePage())});
+        throw NeskError(
+            5000, source, Message::NotEncodable,
+            {std::string(text), platform::FirstNotEncodable(text), std::to_string(platform::CodePage())});
     return std::move(*bytes);
 }
 

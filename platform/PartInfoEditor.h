@@ -19,6 +19,9 @@ enum class PartInfoResult {
 PartInfoResult EditPartInfo(const std::string& partFolder, const std::string& iniPath,
                             std::int32_t languageId);
 
+/// Lets go of the editor at the end of the program, where the station keeps one ready.
+void ReleasePartInfoEditor();
+
 /// Name of that editor, for messages.
 std::string PartInfoEditorName();
 

@@ -2,7 +2,6 @@
 
 #include <string>
 
-class wxPrintData;
 class wxWindow;
 
 namespace nesk::platform {
@@ -24,13 +23,5 @@ struct PrinterValues {
 /// and waits with a busy pointer.
 /// @return true when it was confirmed; `values` is what was chosen then, and stays as it was otherwise
 bool ShowPrinterSetup(wxWindow* parent, PrinterValues& values);
-
-/// Applies orientation, paper size, paper bin and quality. What is no number, or has no counterpart, leaves
-/// the toolkit's default.
-void ApplyPrinterValues(const PrinterValues& values, wxPrintData& data);
-
-/// What the dialog holds.
-/// @param before  the values that were applied; they stay where the toolkit does not know any
-PrinterValues ReadPrinterValues(const wxPrintData& data, const PrinterValues& before);
 
 } // namespace nesk::platform

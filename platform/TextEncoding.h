@@ -27,6 +27,9 @@ std::string FromAnsi(std::string_view bytes);
 /// Encodes UTF-8 text. Nothing when a character has no place in the code page or the text is not valid UTF-8.
 std::optional<std::string> ToAnsi(std::string_view text);
 
+/// The first character of a text that ToAnsi does not encode, for a message; "" when it encodes all of it.
+std::string FirstNotEncodable(std::string_view text);
+
 /// Upper-case form of UTF-8 text, character by character: the length in characters never changes ("ß" stays).
 std::string ToUpper(std::string_view text);
 

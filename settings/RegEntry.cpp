@@ -40,18 +40,6 @@ std::string AnsiName(const std::string& name) {
     return platform::ToAnsi(name).value_or(std::string(1, '\0'));
 }
 
-// The first character that cannot be encoded, for the message.
-std::string FirstNotEncodable(const std::string& text) {
-    for (std::size_t at = 0; at < text.size();) {
-        std::size_t end = at + 1;
-        while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
-            ++end;
-        if (!platform::ToAnsi(std::string_view(text).substr(at, end - at))) return text.substr(at, end - at);
-        at = end;
-    }
-    return "";
-}
-
 // Closes a key at the end of its scope, errors included.
 class KeyCloser {
 public:
@@ -204,7 +192,7 @@ void RegEntry::SetString(const std::string& sName, const std::string& sValue) {
     const std::optional<std::string> value = platform::ToAnsi(sValue);
     if (!value)
         throw NeskError(5002, "RegEntry.SetValue", Message::RegNotEncodable,
-                        {sName, FirstNotEncodable(sValue), std::to_string(platform::CodePage())});
+                        {sName, platform::FirstNotEncodable(sValue), std::to_string(platform::CodePage())});
     // The terminating zero is not written. GetString reads values with and without it.
     if (!name || m_registry.SetValue(m_key, *name, platform::RegType::Text, *value) != ErrorCode::Success)
         throw NeskError(5002, "RegEntry.SetValue", Message::RegValueNotWritten, {sName});

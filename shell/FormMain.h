@@ -7,7 +7,7 @@
 
 #include <wx/frame.h>
 
-class wxInfoBar;
+class wxInfoBarGeneric;
 class wxMenu;
 class wxMenuItem;
 class wxStatusBar;
@@ -32,7 +32,7 @@ public:
     // Controls.
     FormMenuTree* tvMain = nullptr;
     wxStatusBar* sbMain = nullptr;
-    wxInfoBar* ibIncomplete = nullptr;
+    wxInfoBarGeneric* ibIncomplete = nullptr;
     wxMenu* mnuMenu = nullptr;
     wxMenuItem* mnuFileOpen = nullptr;
     wxMenuItem* mnuFileSave = nullptr;

@@ -1,5 +1,6 @@
 #include "shell/NeskApp.h"
 
+#include "platform/PartInfoEditor.h"
 #include "shell/FormMain.h"
 #include "shell/FormMessageBox.h"
 #include "shell/FormUtilities.h"
@@ -31,6 +32,11 @@ bool NeskApp::OnInit() {
         window->Show();
     });
     return GetTopWindow() != nullptr;
+}
+
+int NeskApp::OnExit() {
+    platform::ReleasePartInfoEditor();
+    return wxApp::OnExit();
 }
 
 bool NeskApp::OnExceptionInMainLoop() {

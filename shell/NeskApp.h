@@ -8,6 +8,7 @@ namespace nesk {
 class NeskApp : public wxApp {
 public:
     bool OnInit() override;
+    int OnExit() override;
     bool OnExceptionInMainLoop() override;
 };
 

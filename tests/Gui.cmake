@@ -1,12 +1,18 @@
 # Tests that need a display: scripts/with-display gives them one.
 
-file(GLOB gui_sources CONFIGURE_DEPENDS gui/*.cpp)
+nesk_test_sources(gui_sources gui)
 add_executable(gui_tests ${gui_sources})
-target_link_libraries(gui_tests PRIVATE nesk_ui GTest::gtest)
-target_include_directories(gui_tests PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+target_link_libraries(gui_tests PRIVATE nesk_ui nesk_test_station GTest::gtest)
 nesk_warnings(gui_tests)
 add_dependencies(gui_tests nesk_texts nesk_help)
 gtest_discover_tests(gui_tests DISCOVERY_MODE PRE_TEST PROPERTIES LABELS gui TIMEOUT 60 RUN_SERIAL TRUE)
+
+if(WIN32)
+  # The same resources as the program's, so that windows look and scale as they do there.
+  nesk_windows_program(gui_tests)
+  set_target_properties(gui_tests PROPERTIES WIN32_EXECUTABLE OFF)
+  return()
+endif()
 
 file(GLOB e2e_tests CONFIGURE_DEPENDS e2e/*.sh)
 foreach(script ${e2e_tests})

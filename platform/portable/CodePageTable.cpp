@@ -1,11 +1,11 @@
-#include "platform/portable/CodePageTable.h"
+#include "platform/common/CodePageTable.h"
 
 #include <map>
 #include <memory>
 #include <mutex>
 #include <unicode/ucnv.h>
 
-namespace nesk::platform::portable {
+namespace nesk::platform::common {
 
 namespace {
 
@@ -97,17 +97,6 @@ CodePageTable::CodePageTable(int codePage) : m_codePage(codePage), m_codes(0x100
     }
 }
 
-char16_t CodePageTable::Decode(std::string_view bytes, std::size_t& length) const {
-    length = 1;
-    const auto first = static_cast<unsigned char>(bytes[0]);
-    if (first < 0x80) return first;
-    if (m_singles[first] != 0 || m_doubles.empty() || bytes.size() < 2) return m_singles[first];
-    const auto second = static_cast<unsigned char>(bytes[1]);
-    const char16_t character = m_doubles[(first - 0x80U) * std::size_t{256} + second];
-    if (character != 0) length = 2;
-    return character;
-}
-
 const CodePageTable& CodePageTable::Get(int codePage) {
     static std::mutex mutex;
     static std::map<int, std::unique_ptr<const CodePageTable>> tables;
@@ -118,4 +107,4 @@ const CodePageTable& CodePageTable::Get(int codePage) {
     return *table;
 }
 
-} // namespace nesk::platform::portable
+} // namespace nesk::platform::common

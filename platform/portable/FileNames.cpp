@@ -1,7 +1,7 @@
 #include "platform/portable/FileNames.h"
 
 #include "platform/TextEncoding.h"
-#include "platform/portable/Utf8.h"
+#include "platform/common/Utf8.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -10,14 +10,10 @@ namespace nesk::platform::portable {
 
 namespace {
 
+using common::Utf8Length;
+
 // The four bytes of U+10FE00 + byte: F4 8F B8..BB 80..BF.
 constexpr std::string_view EscapeLead = "\xF4\x8F";
-
-void AppendEscaped(std::string& text, unsigned char byte) {
-    text += EscapeLead;
-    text += static_cast<char>(0xB8 + (byte >> 6));
-    text += static_cast<char>(0x80 + (byte & 0x3F));
-}
 
 bool IsEscape(std::string_view sequence) {
     if (sequence.size() != 4 || !sequence.starts_with(EscapeLead)) return false;
@@ -34,19 +30,7 @@ std::size_t CharacterLength(std::string_view text) {
 } // namespace
 
 std::string NameFromHost(std::string_view bytes) {
-    std::string name;
-    name.reserve(bytes.size());
-    while (!bytes.empty()) {
-        const std::size_t length = Utf8Length(bytes);
-        if (length == 0) {
-            AppendEscaped(name, static_cast<unsigned char>(bytes.front()));
-            bytes.remove_prefix(1);
-        } else {
-            name += bytes.substr(0, length);
-            bytes.remove_prefix(length);
-        }
-    }
-    return name;
+    return common::Utf8FromBytes(bytes);
 }
 
 std::string NameToHost(std::string_view name) {

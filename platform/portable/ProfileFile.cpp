@@ -3,8 +3,8 @@
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
 #include "platform/TextEncoding.h"
+#include "platform/common/Utf8.h"
 #include "platform/portable/ProfileText.h"
-#include "platform/portable/Utf8.h"
 
 #include <algorithm>
 #include <memory>
@@ -54,7 +54,7 @@ std::string Default(std::string_view text, std::size_t longest) {
     std::string result;
     std::size_t bytes = 0;
     while (!text.empty()) {
-        const std::size_t length = std::max<std::size_t>(portable::Utf8Length(text), 1);
+        const std::size_t length = std::max<std::size_t>(common::Utf8Length(text), 1);
         const std::string_view character = text.substr(0, length);
         bytes += ToAnsi(character).value_or("?").size();
         if (bytes > longest) break;

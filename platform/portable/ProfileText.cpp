@@ -2,7 +2,7 @@
 
 #include "platform/ErrorCode.h"
 #include "platform/TextEncoding.h"
-#include "platform/portable/Utf8.h"
+#include "platform/common/Utf8.h"
 
 #include <algorithm>
 
@@ -11,7 +11,6 @@ namespace nesk::platform::portable {
 namespace {
 
 // What a byte is turned into that the code page cannot decode.
-constexpr char32_t EscapeBase = 0x10FE00;
 constexpr char32_t EndMark = 0x1A;
 
 bool IsBlank(char32_t character) {
@@ -50,7 +49,7 @@ bool ProfileLine::NameIs(std::string_view text) const {
     if (kept.size() < name.Length()) return false;
     std::string utf8;
     for (const char32_t character : kept)
-        Utf8Append(utf8, character);
+        common::Utf8Append(utf8, character);
     return EqualNoCase(utf8, text);
 }
 
@@ -64,23 +63,23 @@ std::string ProfileLine::Value(std::size_t longest) const {
     // A caller in C would see the value up to here.
     content = content.substr(0, content.find(U'\0'));
 
-    const CodePageTable& codePage = CodePageTable::Get(CodePage());
+    const common::CodePageTable& codePage = common::CodePageTable::Get(CodePage());
     std::string text;
     std::size_t bytes = 0;
     for (char32_t character : content) {
-        const bool single = character < 0x80 || character >= EscapeBase;
+        const bool single = character < 0x80 || character >= common::EscapeBase;
         const std::uint16_t code = single ? std::uint16_t{1} : codePage.Encode(character);
         if (code == 0) character = '?';
         bytes += code > 0xFF ? 2 : 1;
         if (bytes > longest) break;
-        Utf8Append(text, character);
+        common::Utf8Append(text, character);
     }
     return text;
 }
 
 ProfileReader::ProfileReader(FileReader& file, std::size_t longestName, std::size_t longestValue)
     : m_file(file)
-    , m_codePage(CodePageTable::Get(CodePage()))
+    , m_codePage(common::CodePageTable::Get(CodePage()))
     , m_longestName(longestName)
     , m_longestValue(longestValue) {
     m_wide = Require(2) && m_buffer[0] == '\xFF' && m_buffer[1] == '\xFE';
@@ -123,7 +122,7 @@ bool ProfileReader::NextCharacter(char32_t& character) {
         // to do.
         Require(2);
         character = m_codePage.Decode({m_buffer.data() + m_at, m_end - m_at}, length);
-        if (character == 0) character = EscapeBase + byte;
+        if (character == 0) character = common::EscapeBase + byte;
     }
     m_at += length;
     return true;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/FileSystem.h"
-#include "platform/portable/CodePageTable.h"
+#include "platform/common/CodePageTable.h"
 
 #include <array>
 #include <cstddef>
@@ -69,7 +69,7 @@ private:
     bool Require(std::size_t count);
 
     FileReader& m_file;
-    const CodePageTable& m_codePage;
+    const common::CodePageTable& m_codePage;
     std::size_t m_longestName;
     std::size_t m_longestValue;
     std::array<char, 16384> m_buffer;

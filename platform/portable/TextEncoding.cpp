@@ -1,137 +1,32 @@
 #include "platform/TextEncoding.h"
 
-#include "platform/portable/CodePageTable.h"
-#include "platform/portable/Utf8.h"
+#include "platform/common/StationText.h"
 
-#include <algorithm>
-#include <array>
 #include <atomic>
-#include <cstdint>
-#include <cstring>
 #include <unicode/uchar.h>
 
 namespace nesk::platform {
 
 namespace {
 
-using portable::CodePageTable;
-
-constexpr char32_t EscapeBase = 0x10FE00;
-
-struct LanguageCodePage {
-    int languageId;
-    int codePage;
-};
-
-// Languages whose code page is not 1252.
-constexpr std::array<LanguageCodePage, 25> Languages{{
-    {1028, 950},  {1041, 932},  {1042, 949},  {2052, 936},  {1054, 874},  {1045, 1250}, {1029, 1250},
-    {1038, 1250}, {1048, 1250}, {1050, 1250}, {1051, 1250}, {1052, 1250}, {1060, 1250}, {1026, 1251},
-    {1049, 1251}, {1058, 1251}, {1059, 1251}, {1032, 1253}, {1055, 1254}, {1037, 1255}, {1025, 1256},
-    {1061, 1257}, {1062, 1257}, {1063, 1257}, {1066, 1258},
-}};
-
 // The tables never change, so that text can be converted while another thread selects a code page.
-std::atomic<const CodePageTable*>& Selected() {
-    static std::atomic<const CodePageTable*> table{&CodePageTable::Get(1252)};
+std::atomic<const common::CodePageTable*>& Selected() {
+    static std::atomic<const common::CodePageTable*> table{&common::CodePageTable::Get(1252)};
     return table;
-}
-
-// Called for every text that is loaded or saved, nearly all of which is ASCII: eight bytes at a time.
-bool IsAscii(std::string_view text) {
-    constexpr std::uint64_t HighBits = 0x8080808080808080;
-    while (text.size() >= sizeof(std::uint64_t)) {
-        std::uint64_t bytes = 0;
-        std::memcpy(&bytes, text.data(), sizeof bytes);
-        if ((bytes & HighBits) != 0) return false;
-        text.remove_prefix(sizeof bytes);
-    }
-    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
 } // namespace
 
-int CodePageOfLanguage(int languageId) {
-    const auto found =
-        std::find_if(Languages.begin(), Languages.end(),
-                     [&](const LanguageCodePage& language) { return language.languageId == languageId; });
-    return found != Languages.end() ? found->codePage : 1252;
-}
-
 void SelectCodePage(int languageId) {
-    Selected() = &CodePageTable::Get(CodePageOfLanguage(languageId));
+    Selected() = &common::CodePageTable::Get(CodePageOfLanguage(languageId));
 }
 
-int CodePage() {
-    return Selected().load()->CodePage();
+const common::CodePageTable& common::SelectedCodePage() {
+    return *Selected();
 }
 
-std::string FromAnsi(std::string_view bytes) {
-    if (IsAscii(bytes)) return std::string(bytes);
-    const CodePageTable& codePage = *Selected();
-    std::string text;
-    text.reserve(bytes.size() * 2);
-    while (!bytes.empty()) {
-        const auto byte = static_cast<unsigned char>(bytes.front());
-        std::size_t length = 1;
-        if (byte < 0x80)
-            text += bytes.front();
-        else if (const char16_t character = codePage.Decode(bytes, length); character != 0)
-            portable::Utf8Append(text, character);
-        // Only the offending byte is passed through: what follows it may well be a character.
-        else
-            portable::Utf8Append(text, EscapeBase + byte);
-        bytes.remove_prefix(length);
-    }
-    return text;
-}
-
-std::optional<std::string> ToAnsi(std::string_view text) {
-    if (IsAscii(text)) return std::string(text);
-    const CodePageTable& codePage = *Selected();
-    std::string bytes;
-    bytes.reserve(text.size());
-    while (!text.empty()) {
-        const std::size_t length = portable::Utf8Length(text);
-        if (length == 0) return std::nullopt;
-        const char32_t character = portable::Utf8Decode(text.substr(0, length));
-        text.remove_prefix(length);
-        if (character < 0x80) {
-            bytes += static_cast<char>(character);
-        } else if (character >= EscapeBase + 0x80 && character <= EscapeBase + 0xFF) {
-            // Lower bytes are never escaped; an escaped line end that was typed in would break the file.
-            bytes += static_cast<char>(character - EscapeBase);
-        } else {
-            const std::uint16_t code = codePage.Encode(character);
-            if (code == 0) return std::nullopt;
-            if (code > 0xFF) bytes += static_cast<char>(code >> 8);
-            bytes += static_cast<char>(code & 0xFF);
-        }
-    }
-    return bytes;
-}
-
-std::string ToUpper(std::string_view text) {
-    std::string upper;
-    upper.reserve(text.size());
-    while (!text.empty()) {
-        const char c = text.front();
-        const std::size_t length = portable::Utf8Length(text);
-        if (static_cast<unsigned char>(c) < 0x80) {
-            upper += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-        } else if (length == 0) {
-            upper += c;
-        } else {
-            const auto character = static_cast<UChar32>(portable::Utf8Decode(text.substr(0, length)));
-            portable::Utf8Append(upper, static_cast<char32_t>(u_toupper(character)));
-        }
-        text.remove_prefix(length == 0 ? 1 : length);
-    }
-    return upper;
-}
-
-bool EqualNoCase(std::string_view a, std::string_view b) {
-    return a == b || ToUpper(a) == ToUpper(b);
+char32_t common::UpperCase(char32_t character) {
+    return static_cast<char32_t>(u_toupper(static_cast<UChar32>(character)));
 }
 
 } // namespace nesk::platform

@@ -32,6 +32,9 @@ std::string PartInfoEditorName() {
     return name != nullptr && *name != '\0' ? name : DefaultCommand;
 }
 
+// Every call starts the command anew.
+void ReleasePartInfoEditor() {}
+
 PartInfoResult EditPartInfo(const std::string& partFolder, const std::string& iniPath,
                             std::int32_t languageId) {
     const std::string command = FindCommand().fn_str().data();

@@ -1,5 +1,6 @@
 // What holds of every dialog: its help topic, its access keys, its default button.
 
+#include "gui/Recorders.h"
 #include "unit/CoreFixture.h"
 
 #include "menu/FormEditMenu.h"
@@ -21,13 +22,9 @@
 #include "shell/modHelp.h"
 
 #include <cctype>
-#include <chrono>
-#include <cstdlib>
-#include <fstream>
 #include <functional>
 #include <map>
 #include <memory>
-#include <thread>
 
 #include <wx/button.h>
 
@@ -58,26 +55,9 @@ protected:
         lists.CreateKey("Machines\\M1");
         lists.CreateKey("Users\\U1");
         modHelp::SetHelpFile(1033, "OV");
-        // A stand-in for the help viewer notes what it is asked to show.
-        const std::filesystem::path script = station.Folder() / "viewer";
-        std::ofstream(script) << "#!/bin/sh\necho \"$@\" > '" << Log().string() << "'\n";
-        std::filesystem::permissions(script, std::filesystem::perms::owner_all);
-        ::setenv("NESKMANAGER_HELPVIEWER", script.c_str(), 1);
     }
-    ~AllDialogsTest() override { ::unsetenv("NESKMANAGER_HELPVIEWER"); }
 
-    std::filesystem::path Log() const { return station.Folder() / "shown"; }
-
-    // What the viewer was asked to show; waits for it, since it runs beside the program.
-    std::string Shown() const {
-        std::string line;
-        for (int i = 0; i < 250 && line.empty(); ++i) {
-            std::ifstream file(Log());
-            std::getline(file, line);
-            if (line.empty()) std::this_thread::sleep_for(std::chrono::milliseconds(20));
-        }
-        return line;
-    }
+    HelpRecorder help{station};
 };
 
 // The access keys of a dialog's visible controls, with the names of the controls that have them.
@@ -103,7 +83,7 @@ TEST_P(AllDialogsTest, HelpShowsItsTopic) {
     ASSERT_NE(dialog->cmdHelp, nullptr);
     wxCommandEvent press(wxEVT_BUTTON, dialog->cmdHelp->GetId());
     dialog->cmdHelp->ProcessWindowEvent(press);
-    EXPECT_TRUE(Shown().starts_with("-c " + std::to_string(GetParam().helpTopic) + " ")) << Shown();
+    EXPECT_EQ(help.Shown(), std::to_string(GetParam().helpTopic));
 }
 
 TEST_P(AllDialogsTest, F1ShowsTheSameTopic) {
@@ -112,10 +92,10 @@ TEST_P(AllDialogsTest, F1ShowsTheSameTopic) {
     key.m_keyCode = WXK_F1;
     dialog->ProcessWindowEvent(key);
     if (GetParam().helpTopic == 0) {
-        EXPECT_FALSE(std::filesystem::exists(Log()));
+        EXPECT_FALSE(help.WasCalled());
         return;
     }
-    EXPECT_TRUE(Shown().starts_with("-c " + std::to_string(GetParam().helpTopic) + " ")) << Shown();
+    EXPECT_EQ(help.Shown(), std::to_string(GetParam().helpTopic));
 }
 
 TEST_P(AllDialogsTest, NoTwoControlsShareAnAccessKey) {

@@ -1,21 +1,18 @@
 #include "gui/GuiFixture.h"
 #include "gui/ModalDriver.h"
+#include "gui/Recorders.h"
 
 #include "menu/FormPicture.h"
 #include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "partedit/FormEditPart.h"
-#include "platform/portable/Station.h"
+#include "platform/PartInfoEditor.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormUtilities.h"
 #include "shell/Startup.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
-
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
 
 #include <wx/button.h>
 #include <wx/filedlg.h>
@@ -34,210 +31,175 @@ constexpr int WideScreen = 1024;
 
 class FormEditPartTest : public ::testing::Test {
 protected:
-  FormEditPartTest() {
-    station.Write("D:\\Parts\\Bracket\\partinfo.ini",
-                  "[Part]\r\nName=Bracket 7\r\n");
-    Startup::InitLanguage();
-    NeskRegistry::Instance() = NeskRegistry();
-    menu.Initialize("C:\\Neskroot");
-    item = &menu.SubMenus().Add("Angle", "Part Program");
-    item->SetGraphic("C:\\a.bmp");
-    item->SetPreview("C:\\b.bmp");
-    item->SetProgramID("@D:\\Parts\\Bracket\\partinfo.ini@");
-    item->SetHelpFile("C:\\help.chm");
-    item->SetHelpTopic(12);
-    item->SetHistoryDir("D:\\History");
-    item->SetHistoryTitle("Angles");
-    m_before = modMessageBox::SetHook(
-        [this](const std::string &text, std::int16_t, const std::string &) {
-          messages.push_back(text);
-          return modMessageBox::Result::Ok;
+    FormEditPartTest() {
+        station.Write("D:\\Parts\\Bracket\\partinfo.ini", "[Part]\r\nName=Bracket 7\r\n");
+        Startup::InitLanguage();
+        NeskRegistry::Instance() = NeskRegistry();
+        menu.Initialize("C:\\Neskroot");
+        item = &menu.SubMenus().Add("Angle", "Part Program");
+        item->SetGraphic("C:\\a.bmp");
+        item->SetPreview("C:\\b.bmp");
+        item->SetProgramID("@D:\\Parts\\Bracket\\partinfo.ini@");
+        item->SetHelpFile("C:\\help.chm");
+        item->SetHelpTopic(12);
+        item->SetHistoryDir("D:\\History");
+        item->SetHistoryTitle("Angles");
+        m_before = modMessageBox::SetHook([this](const std::string& text, std::int16_t, const std::string&) {
+            messages.push_back(text);
+            return modMessageBox::Result::Ok;
         });
-  }
+    }
 
-  ~FormEditPartTest() override {
-    modMessageBox::SetHook(m_before);
-    ::unsetenv("NESKMANAGER_EDITPIF");
-  }
+    ~FormEditPartTest() override { modMessageBox::SetHook(m_before); }
 
-  // A stand-in for the part-information editor: notes its arguments and renames
-  // the part.
-  void InstallEditor(int exitCode) {
-    const std::filesystem::path script = station.Folder() / "editpif";
-    std::ofstream(script) << "#!/bin/sh\nprintf '%s|' \"$#\" \"$@\" > '"
-                          << (station.Folder() / "log").string()
-                          << "'\nprintf '[Part]\\nName=Renamed\\n' > '"
-                          << platform::portable::ToHostPath(
-                                 "D:\\Parts\\Bracket\\partinfo.ini")
-                                 .string()
-                          << "'\nexit " << exitCode << "\n";
-    std::filesystem::permissions(script, std::filesystem::perms::owner_all);
-    ::setenv("NESKMANAGER_EDITPIF", script.c_str(), 1);
-  }
-
-  std::string EditorLog() const {
-    std::ifstream file(station.Folder() / "log");
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-  }
-
-  TempStation station;
-  Menu menu;
-  MenuItem *item = nullptr;
-  std::vector<std::string> messages;
+    TempStation station;
+    PartInfoRecorder editor{station};
+    Menu menu;
+    MenuItem* item = nullptr;
+    std::vector<std::string> messages;
 
 private:
-  modMessageBox::Hook m_before;
+    modMessageBox::Hook m_before;
 };
 
 TEST_F(FormEditPartTest, ShowsTheItem) {
-  FormEditPart dialog(nullptr, WideScreen);
-  ModalDriver driver(dialog, [&] {
-    EXPECT_EQ(FromWx(dialog.GetTitle()), FormatResString(32029, "Angle"));
-    EXPECT_EQ(FromWx(dialog.txtPartName->GetValue()),
-              "@D:\\Parts\\Bracket\\partinfo.ini@");
-    EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()),
-              FormatResString(32027, "Bracket 7"));
-    EXPECT_TRUE(dialog.cmdSlideShow->IsEnabled());
-    EXPECT_EQ(dialog.picItemHost->Path(), "C:\\a.bmp");
-    EXPECT_EQ(dialog.picPreviewHost->Path(), "C:\\b.bmp");
-    for (const char *name :
-         {"txtPartName",    "cmdSelectPart",    "lblDescription",
-          "cmdSlideShow",   "Frame1",           "picItemHost",
-          "picItem",        "cmdMenuSelect",    "cmdMenuDelete",
-          "cmdMenuPicture", "Frame2",           "picPreviewHost",
-          "picPreview",     "cmdPreviewSelect", "cmdPreviewDelete",
-          "Frame3",         "cmdHelpFile",      "cmdHistory",
-          "cmdOK",          "cmdCancel",        "cmdHelp"})
-      EXPECT_NE(wxWindow::FindWindowByName(name, &dialog), nullptr) << name;
-    PressButton(dialog.cmdOK);
-  });
-  const PartFields before = PartFieldsOf(*item);
-  EXPECT_TRUE(dialog.Edit(item));
-  EXPECT_EQ(PartFieldsOf(*item), before) << "confirmed as it was";
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        EXPECT_EQ(FromWx(dialog.GetTitle()), FormatResString(32029, "Angle"));
+        EXPECT_EQ(FromWx(dialog.txtPartName->GetValue()), "@D:\\Parts\\Bracket\\partinfo.ini@");
+        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), FormatResString(32027, "Bracket 7"));
+        EXPECT_TRUE(dialog.cmdSlideShow->IsEnabled());
+        EXPECT_EQ(dialog.picItemHost->Path(), "C:\\a.bmp");
+        EXPECT_EQ(dialog.picPreviewHost->Path(), "C:\\b.bmp");
+        for (const char* name : {"txtPartName",    "cmdSelectPart",    "lblDescription",
+                                 "cmdSlideShow",   "Frame1",           "picItemHost",
+                                 "picItem",        "cmdMenuSelect",    "cmdMenuDelete",
+                                 "cmdMenuPicture", "Frame2",           "picPreviewHost",
+                                 "picPreview",     "cmdPreviewSelect", "cmdPreviewDelete",
+                                 "Frame3",         "cmdHelpFile",      "cmdHistory",
+                                 "cmdOK",          "cmdCancel",        "cmdHelp"})
+            EXPECT_NE(wxWindow::FindWindowByName(name, &dialog), nullptr) << name;
+        PressButton(dialog.cmdOK);
+    });
+    const PartFields before = PartFieldsOf(*item);
+    EXPECT_TRUE(dialog.Edit(item));
+    EXPECT_EQ(PartFieldsOf(*item), before) << "confirmed as it was";
 }
 
 TEST_F(FormEditPartTest, AMissingItemIsNotEdited) {
-  FormEditPart dialog(nullptr, WideScreen);
-  EXPECT_FALSE(dialog.Edit(nullptr));
+    FormEditPart dialog(nullptr, WideScreen);
+    EXPECT_FALSE(dialog.Edit(nullptr));
 }
 
 TEST_F(FormEditPartTest, TheLayoutFollowsTheScreen) {
-  FormEditPart wide(nullptr, 641);
-  EXPECT_TRUE(wide.Frame1->IsShown());
-  EXPECT_FALSE(wide.cmdMenuPicture->IsShown());
-  FormEditPart compact(nullptr, 640);
-  EXPECT_FALSE(compact.Frame1->IsShown());
-  EXPECT_TRUE(compact.cmdMenuPicture->IsShown());
-  EXPECT_LE(compact.GetSize().x, 640);
+    FormEditPart wide(nullptr, 641);
+    EXPECT_TRUE(wide.Frame1->IsShown());
+    EXPECT_FALSE(wide.cmdMenuPicture->IsShown());
+    FormEditPart compact(nullptr, 640);
+    EXPECT_FALSE(compact.Frame1->IsShown());
+    EXPECT_TRUE(compact.cmdMenuPicture->IsShown());
+    EXPECT_LE(compact.GetSize().x, 640);
 }
 
 TEST_F(FormEditPartTest, TheDescriptionFollowsTheText) {
-  FormEditPart dialog(nullptr, WideScreen);
-  ModalDriver driver(dialog, [&] {
-    dialog.txtPartName->SetValue("BRACKET");
-    EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()),
-              LoadResString(32028));
-    EXPECT_FALSE(dialog.cmdSlideShow->IsEnabled());
-    dialog.txtPartName->SetValue("@");
-    EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()),
-              FormatResString(32027, ""));
-    EXPECT_TRUE(dialog.cmdSlideShow->IsEnabled());
-    dialog.txtPartName->SetValue("two\nlines");
-    EXPECT_EQ(FromWx(dialog.txtPartName->GetValue()), "two lines");
-    PressButton(dialog.cmdOK);
-  });
-  EXPECT_TRUE(dialog.Edit(item));
-  EXPECT_EQ(item->ProgramID(), "two lines")
-      << "a plain program name is stored as it stands";
-  EXPECT_EQ(item->Caption(), "Angle");
-  EXPECT_EQ(item->MenuType(), "Part Program");
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        dialog.txtPartName->SetValue("BRACKET");
+        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), LoadResString(32028));
+        EXPECT_FALSE(dialog.cmdSlideShow->IsEnabled());
+        dialog.txtPartName->SetValue("@");
+        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), FormatResString(32027, ""));
+        EXPECT_TRUE(dialog.cmdSlideShow->IsEnabled());
+        dialog.txtPartName->SetValue("two\nlines");
+        EXPECT_EQ(FromWx(dialog.txtPartName->GetValue()), "two lines");
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Edit(item));
+    EXPECT_EQ(item->ProgramID(), "two lines") << "a plain program name is stored as it stands";
+    EXPECT_EQ(item->Caption(), "Angle");
+    EXPECT_EQ(item->MenuType(), "Part Program");
 }
 
 TEST_F(FormEditPartTest, CancelLeavesThePictures) {
-  FormEditPart dialog(nullptr, WideScreen);
-  ModalDriver driver(dialog, [&] {
-    PressButton(dialog.cmdMenuDelete);
-    PressButton(dialog.cmdPreviewDelete);
-    PressKey(WXK_ESCAPE);
-  });
-  EXPECT_FALSE(dialog.Edit(item));
-  EXPECT_EQ(item->Graphic(), "C:\\a.bmp");
-  EXPECT_EQ(item->Preview(), "C:\\b.bmp");
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdMenuDelete);
+        PressButton(dialog.cmdPreviewDelete);
+        PressKey(WXK_ESCAPE);
+    });
+    EXPECT_FALSE(dialog.Edit(item));
+    EXPECT_EQ(item->Graphic(), "C:\\a.bmp");
+    EXPECT_EQ(item->Preview(), "C:\\b.bmp");
 }
 
 TEST_F(FormEditPartTest, DeletedPicturesAreGoneOnOk) {
-  FormEditPart dialog(nullptr, WideScreen);
-  ModalDriver driver(dialog, [&] {
-    PressButton(dialog.cmdMenuDelete);
-    PressButton(dialog.cmdPreviewDelete);
-    PressButton(dialog.cmdOK);
-  });
-  EXPECT_TRUE(dialog.Edit(item));
-  EXPECT_EQ(item->Graphic(), "");
-  EXPECT_EQ(item->Preview(), "");
-  EXPECT_EQ(item->HelpTopic(), 12);
-  EXPECT_EQ(item->HistoryTitle(), "Angles");
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdMenuDelete);
+        PressButton(dialog.cmdPreviewDelete);
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Edit(item));
+    EXPECT_EQ(item->Graphic(), "");
+    EXPECT_EQ(item->Preview(), "");
+    EXPECT_EQ(item->HelpTopic(), 12);
+    EXPECT_EQ(item->HistoryTitle(), "Angles");
 }
 
 TEST_F(FormEditPartTest, TheInformationEditorGetsItsThreeArguments) {
-  InstallEditor(0);
-  FormEditPart dialog(nullptr, WideScreen);
-  ModalDriver driver(dialog, [&] {
-    PressButton(dialog.cmdSlideShow);
-    EXPECT_EQ(EditorLog(),
-              "3|D:\\Parts\\Bracket|D:\\Parts\\Bracket\\partinfo.ini|1033|");
-    EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()),
-              FormatResString(32027, "Renamed"));
-    PressButton(dialog.cmdCancel);
-  });
-  dialog.Edit(item);
-  EXPECT_TRUE(messages.empty());
+    editor.Install("D:\\Parts\\Bracket\\partinfo.ini");
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdSlideShow);
+        EXPECT_EQ(editor.Log(), "D:\\Parts\\Bracket|D:\\Parts\\Bracket\\partinfo.ini|1033|");
+        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), FormatResString(32027, "Renamed"));
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Edit(item);
+    EXPECT_TRUE(messages.empty());
 }
 
 TEST_F(FormEditPartTest, AMissingOrFailingEditorGivesAMessage) {
-  FormEditPart dialog(nullptr, WideScreen);
-  ModalDriver driver(dialog, [&] {
-    ::setenv("NESKMANAGER_EDITPIF", "no-such-editor", 1);
-    PressButton(dialog.cmdSlideShow);
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_EQ(messages[0], FormatResString(34301, "no-such-editor"));
-    InstallEditor(3);
-    PressButton(dialog.cmdSlideShow);
-    ASSERT_EQ(messages.size(), 2u);
-    EXPECT_TRUE(dialog.IsModal()) << "the dialog stays open";
-    PressButton(dialog.cmdCancel);
-  });
-  dialog.Edit(item);
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdSlideShow);
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_EQ(messages[0], FormatResString(34301, platform::PartInfoEditorName()));
+        editor.InstallFailing();
+        PressButton(dialog.cmdSlideShow);
+        ASSERT_EQ(messages.size(), 2u);
+        EXPECT_TRUE(dialog.IsModal()) << "the dialog stays open";
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Edit(item);
 }
 
 TEST_F(FormEditPartTest, AReferenceWithoutAFolderStartsNoEditor) {
-  InstallEditor(0);
-  item->SetProgramID("@");
-  FormEditPart dialog(nullptr, WideScreen);
-  ModalDriver driver(dialog, [&] {
-    PressButton(dialog.cmdSlideShow);
-    EXPECT_EQ(EditorLog(), "");
-    PressButton(dialog.cmdCancel);
-  });
-  dialog.Edit(item);
-  EXPECT_TRUE(messages.empty());
+    editor.Install("D:\\Parts\\Bracket\\partinfo.ini");
+    item->SetProgramID("@");
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdSlideShow);
+        EXPECT_EQ(editor.Log(), "");
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Edit(item);
+    EXPECT_TRUE(messages.empty());
 }
 
 TEST_F(FormEditPartTest, ATextThatCannotBeStoredKeepsTheDialogOpen) {
-  FormEditPart dialog(nullptr, WideScreen);
-  ModalDriver driver(dialog, [&] {
-    dialog.txtPartName->SetValue(ToWx("部品"));
-    PressButton(dialog.cmdOK);
-    ASSERT_EQ(messages.size(), 1u);
-    EXPECT_NE(messages[0].find("部"), std::string::npos);
-    EXPECT_TRUE(dialog.IsModal());
-    dialog.txtPartName->SetValue("PART");
-    PressButton(dialog.cmdOK);
-  });
-  EXPECT_TRUE(dialog.Edit(item));
-  EXPECT_EQ(item->ProgramID(), "PART");
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        dialog.txtPartName->SetValue(ToWx("部品"));
+        PressButton(dialog.cmdOK);
+        ASSERT_EQ(messages.size(), 1u);
+        EXPECT_NE(messages[0].find("部"), std::string::npos);
+        EXPECT_TRUE(dialog.IsModal());
+        dialog.txtPartName->SetValue("PART");
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Edit(item));
+    EXPECT_EQ(item->ProgramID(), "PART");
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "gui/PartDialogFixture.h"
 #include "shell/FormUtilities.h"
 #include "shell/modUtilities.h"
+#include "unit/FileBytes.h"
 
 #include <wx/button.h>
 #include <wx/stattext.h>
@@ -76,7 +77,7 @@ TEST_F(FormFolderTest, NestedFoldersAreMadeLevelByLevel) {
 TEST_F(FormFolderTest, AnExistingFolderIsAccepted) {
     station.Write("C:\\Data\\Old\\keep.txt", "");
     EXPECT_EQ(Make("old"), "C:\\Data\\old\\");
-    EXPECT_FALSE(std::filesystem::exists(station.Folder() / "drives/c/Data/old"));
+    EXPECT_EQ(FilesIn("C:\\Data"), "Old keep.txt");
 }
 
 TEST_F(FormFolderTest, AnEmptyNameDoesNothing) {

@@ -25,7 +25,7 @@ protected:
         Settle();
     }
 
-    fs::path Drive() const { return station.Folder() / "drives" / "c"; }
+    static fs::path Drive() { return TempStation::Host("C:\\"); }
 
     // What lies below the selected node, one blank between the names.
     std::string Children() const {

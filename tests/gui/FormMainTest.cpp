@@ -271,7 +271,7 @@ TEST_F(FormMainTest, AFailedSaveKeepsTheWindowOpen) {
     OpenSmallMenu();
     ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
     // A folder of this name cannot be replaced by a backup.
-    std::filesystem::create_directories(station.Folder() / "drives/c/Neskroot/menu.cfg.bak/x");
+    std::filesystem::create_directories(TempStation::Host("C:\\Neskroot\\menu.cfg.bak\\x"));
     dialogs.Answer(wxID_OK);
     ASSERT_TRUE(Click(window->mnuFileSave));
     EXPECT_NE(dialogs.shown.at(0).text.find("C:\\Neskroot\\menu.cfg.bak"), std::string::npos);
@@ -305,7 +305,7 @@ TEST_F(FormMainTest, ADamagedFileIsShownAsFarAsItGoes) {
     dialogs.Answer(wxID_YES);
     ASSERT_TRUE(Click(window->mnuFileSave));
     EXPECT_NE(dialogs.shown.at(2).text.find("menu.cfg.damaged"), std::string::npos);
-    EXPECT_TRUE(std::filesystem::exists(station.Folder() / "drives/c/Neskroot/menu.cfg.damaged"));
+    EXPECT_TRUE(std::filesystem::exists(TempStation::Host("C:\\Neskroot\\menu.cfg.damaged")));
     EXPECT_FALSE(window->ibIncomplete->IsShown());
     EXPECT_NE(MenuOnDisk(), damaged);
 }

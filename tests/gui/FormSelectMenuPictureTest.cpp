@@ -8,7 +8,6 @@
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "platform/OpenFileDialog.h"
-#include "platform/portable/Station.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormUtilities.h"
 #include "shell/Startup.h"
@@ -53,7 +52,7 @@ protected:
         if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
     }
 
-    std::string Host(const std::string& path) const { return platform::portable::ToHostPath(path).string(); }
+    std::string Host(const std::string& path) const { return TempStation::Host(path).string(); }
 
     void MakePicture(const std::string& path, int width, int height) const {
         wxImage image(width, height);

@@ -42,15 +42,19 @@ protected:
         return node;
     }
 
-    static bool WaitForScan(const FormSelectPart& form) {
-        return WaitUntil(
-            [&] { return !form.IsBusy() && form.cmdSelectDrive->IsEnabled() && !form.tvMain->IsEmpty(); });
+    static bool IsScanned(const FormSelectPart& form) {
+        return !form.IsBusy() && form.cmdSelectDrive->IsEnabled() && !form.tvMain->IsEmpty();
+    }
+
+    // Announces what is done with the dialog after its scan, which cannot go on to its end below a test that
+    // waits for it.
+    void WhenScanned(std::function<void(FormSelectPart&)> act) {
+        WhenShown<FormSelectPart>("FormSelectPart", std::move(act), IsScanned);
     }
 };
 
 TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
-    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
-        ASSERT_TRUE(WaitForScan(form));
+    WhenScanned([](FormSelectPart& form) {
         EXPECT_EQ(FromWx(form.GetTitle()), LoadResString(32047));
         EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), LoadResString(32069));
         EXPECT_TRUE(form.tvMain->IsExpanded(form.tvMain->GetRootItem()));
@@ -66,8 +70,7 @@ TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
 }
 
 TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
-    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
-        ASSERT_TRUE(WaitForScan(form));
+    WhenScanned([](FormSelectPart& form) {
         form.tvMain->SelectItem(Node(form, {"Shaft"}));
         form.tvMain->SelectItem(Node(form, {"Brackets"}));
         EXPECT_FALSE(form.cmdOK->IsEnabled());
@@ -80,8 +83,7 @@ TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
 }
 
 TEST_F(FormSelectPartTest, CancelKeepsWhatWasSelected) {
-    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
-        ASSERT_TRUE(WaitForScan(form));
+    WhenScanned([](FormSelectPart& form) {
         form.tvMain->SelectItem(Node(form, {"Shaft"}));
         Click(form.cmdCancel);
     });
@@ -89,8 +91,7 @@ TEST_F(FormSelectPartTest, CancelKeepsWhatWasSelected) {
 }
 
 TEST_F(FormSelectPartTest, EnterOnAPartConfirms) {
-    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
-        ASSERT_TRUE(WaitForScan(form));
+    WhenScanned([](FormSelectPart& form) {
         form.tvMain->SelectItem(Node(form, {"Shaft"}));
         form.tvMain->SetFocus();
         Press(WXK_RETURN);
@@ -115,10 +116,9 @@ TEST_F(FormSelectPartTest, ALongScanCanBeCalledOff) {
 
 TEST_F(FormSelectPartTest, AnotherDriveCanBeScanned) {
     station.Write("E:\\Other\\partinfo.ini", "[Part]\r\nName=x\r\n");
-    WhenShown<FormSelectPart>("FormSelectPart", [](FormSelectPart& form) {
-        ASSERT_TRUE(WaitForScan(form));
+    WhenScanned([](FormSelectPart& form) {
         Click(form.cmdSelectDrive);
-        ASSERT_TRUE(WaitForScan(form));
+        ASSERT_TRUE(IsScanned(form));
         EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), "E:\\");
         form.tvMain->SelectItem(Node(form, {"Other"}));
         Click(form.cmdOK);

@@ -79,7 +79,7 @@ MainWindowTest::~MainWindowTest() {
 }
 
 std::string MainWindowTest::MenuOnDisk() const {
-    std::ifstream file(station.Folder() / "drives" / "c" / "Neskroot" / "menu.cfg", std::ios::binary);
+    std::ifstream file(TempStation::Host("C:\\Neskroot\\menu.cfg"), std::ios::binary);
     std::ostringstream bytes;
     bytes << file.rdbuf();
     return bytes.str();

@@ -57,7 +57,8 @@ void PartDialogTest::Watch() {
     // Started anew before anything is done, so that it also ticks while a dialog opened from here is up.
     m_timer.StartOnce(TickMilliseconds);
     wxDialog* dialog = ActiveDialog();
-    if (dialog != nullptr && !m_steps.empty() && FromWx(dialog->GetName()) == m_steps.front().name) {
+    if (dialog != nullptr && !m_steps.empty() && FromWx(dialog->GetName()) == m_steps.front().name &&
+        m_steps.front().ready(*dialog)) {
         const Step step = m_steps.front();
         m_steps.pop_front();
         m_idleTicks = 0;

@@ -33,14 +33,20 @@ protected:
     PartDialogTest();
     ~PartDialogTest() override;
 
-    /// Announces what is done with the next dialog of a class, as soon as it is there and active. A dialog
-    /// that it opens in turn is announced after it.
+    /// Announces what is done with the next dialog of a class, as soon as it is there and active, and ready
+    /// where that is asked for. A dialog that it opens in turn is announced after it.
     template <typename Form>
-    void WhenShown(const std::string& name, std::function<void(Form&)> act) {
-        m_steps.push_back({name, [act = std::move(act)](wxDialog& dialog) {
+    void WhenShown(const std::string& name, std::function<void(Form&)> act,
+                   std::function<bool(const Form&)> ready = nullptr) {
+        m_steps.push_back({name,
+                           [act = std::move(act)](wxDialog& dialog) {
                                auto* form = dynamic_cast<Form*>(&dialog);
                                ASSERT_NE(form, nullptr);
                                act(*form);
+                           },
+                           [ready = std::move(ready)](const wxDialog& dialog) {
+                               const auto* form = dynamic_cast<const Form*>(&dialog);
+                               return !ready || form == nullptr || ready(*form);
                            }});
     }
 
@@ -78,6 +84,7 @@ private:
     struct Step {
         std::string name;
         std::function<void(wxDialog&)> act;
+        std::function<bool(const wxDialog&)> ready;
     };
 
     class Hook : public wxModalDialogHook {

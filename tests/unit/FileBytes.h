@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/portable/Station.h"
+#include "unit/platform/TempStation.h"
 
 #include <filesystem>
 #include <fstream>
@@ -14,15 +14,14 @@ namespace nesk::testing {
 /// @param windowsPath  for example "C:\\Data\\file.txt"
 inline std::string FileBytes(const std::string& windowsPath) {
     std::ostringstream bytes;
-    bytes << std::ifstream(platform::portable::ToHostPath(windowsPath), std::ios::binary).rdbuf();
+    bytes << std::ifstream(TempStation::Host(windowsPath), std::ios::binary).rdbuf();
     return bytes.str();
 }
 
 /// The names in a folder of the station, in their order, one blank between them.
 inline std::string FilesIn(const std::string& windowsFolder) {
     std::set<std::string> names;
-    for (const auto& entry :
-         std::filesystem::directory_iterator(platform::portable::ToHostPath(windowsFolder)))
+    for (const auto& entry : std::filesystem::directory_iterator(TempStation::Host(windowsFolder)))
         names.insert(entry.path().filename().string());
     std::string text;
     for (const std::string& name : names)

@@ -43,7 +43,7 @@ std::string Describe(const MenuEntry& entry) {
 class MenuChangeTest : public nesk::testing::CoreTest, public MenuEditorListener {
 protected:
     MenuChangeTest() {
-        std::filesystem::create_directories(platform::portable::ToHostPath(Folder));
+        std::filesystem::create_directories(TempStation::Host(Folder));
         m_editor.SetListener(this);
         m_editor.SetChangeKeeper(
             [this](std::unique_ptr<MenuChange> change) { m_changes.push_back(std::move(change)); });

@@ -50,7 +50,7 @@ private:
 class MenuEditorTest : public nesk::testing::CoreTest {
 protected:
     MenuEditorTest() : m_recorder(m_editor) {
-        std::filesystem::create_directories(platform::portable::ToHostPath(Folder));
+        std::filesystem::create_directories(TempStation::Host(Folder));
         m_editor.SetListener(&m_recorder);
     }
 

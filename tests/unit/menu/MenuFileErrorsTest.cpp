@@ -23,7 +23,7 @@ const std::string Path = Folder + "\\menu.cfg";
 class MenuFileErrorsTest : public nesk::testing::CoreTest {
 protected:
     MenuFileErrorsTest() {
-        fs::create_directories(platform::portable::ToHostPath(Folder));
+        fs::create_directories(TempStation::Host(Folder));
         m_menu.Initialize(Folder);
     }
 
@@ -128,7 +128,7 @@ TEST_F(MenuFileErrorsTest, TooManyChildren) {
 }
 
 TEST_F(MenuFileErrorsTest, AHistoryThatCannotBeRegisteredEndsTheLoad) {
-    std::ofstream(station.Folder() / "registry.db", std::ios::binary) << std::string(8192, 'x');
+    station.BreakSettings();
     station.Write(Path,
                   "BLOCK MENU\nBLOCK SUBMENU\nCAPTION=A\nEND\nBLOCK SUBMENU\nHISTORY_DIR=C:\\H\nEND\nEND\n");
     const NeskError error = ErrorOf([&] { m_menu.LoadFromFile(Path); });
@@ -187,7 +187,10 @@ TEST_F(MenuFileErrorsTest, PlacesWhereNothingCanBeSaved) {
         int number;
     } table[] = {
         {"C:\\None\\menu.cfg", RuntimeError::PathNotFound},
+#ifdef NESK_PORTABLE_STATION
+        // Windows says so too, but for a missing drive Wine says that the file was not found.
         {"Q:\\menu.cfg", RuntimeError::PathNotFound},
+#endif
         {"C:\\Neskroot", RuntimeError::PermissionDenied},
     };
     for (const auto& row : table) {

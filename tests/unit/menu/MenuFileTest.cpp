@@ -27,7 +27,7 @@ protected:
         m_menu.Initialize("C:\\Neskroot");
     }
 
-    static fs::path Host(const std::string& path) { return platform::portable::ToHostPath(path); }
+    static fs::path Host(const std::string& path) { return TempStation::Host(path); }
 
     void Load(const std::string& bytes) {
         station.Write(Path, bytes);
@@ -148,6 +148,7 @@ TEST_F(MenuFileTest, ALongMenuIsTheSameAfterReadingAndWriting) {
     EXPECT_TRUE(FileBytes(Path) == bytes);
 }
 
+#ifdef NESK_PORTABLE_STATION
 TEST_F(MenuFileTest, AnotherCodePage) {
     platform::SelectCodePage(1041);
     m_menu.SubMenus().Add("日本語 表示 ｱ", "Menu").SetPreview(platform::FromAnsi("\x81\xFD"));
@@ -162,6 +163,7 @@ TEST_F(MenuFileTest, AnotherCodePage) {
     read.SaveToFile(Path);
     EXPECT_EQ(FileBytes(Path), bytes);
 }
+#endif
 
 TEST_F(MenuFileTest, WhatTheReaderForgives) {
     const struct {

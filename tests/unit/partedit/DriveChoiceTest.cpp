@@ -10,7 +10,7 @@ namespace {
 class DriveChoiceTest : public nesk::testing::CoreTest {};
 
 TEST_F(DriveChoiceTest, DrivesAreListedInSmallLetters) {
-    std::filesystem::create_directory(station.Folder() / "drives" / "d");
+    station.AddDrive('D');
     EXPECT_EQ(Labels(), (std::vector<std::string>{"c:", "d:", "z:"}));
 }
 

@@ -50,11 +50,11 @@ private:
 
 class PartScannerTest : public testing::CoreTest {
 protected:
-    void MakePart(const std::string& folder, const std::string& name = "Part") const {
+    void MakePart(const std::string& folder, const std::string& name = "Part") {
         station.Write(folder + "\\partinfo.ini", "[Part]\r\nName=" + name + "\r\n");
     }
 
-    fs::path Host(const std::string& path) const { return platform::portable::ToHostPath(path); }
+    static fs::path Host(const std::string& path) { return TempStation::Host(path); }
 
     Recorder recorder;
 };
@@ -114,6 +114,7 @@ TEST_F(PartScannerTest, AScanThatIsCalledOffStopsAtOnce) {
     EXPECT_EQ(recorder.tree.size(), 2 * std::string("a/\n").size());
 }
 
+#ifdef NESK_PORTABLE_STATION
 TEST_F(PartScannerTest, LinksThatLoopAreNotFollowedForEver) {
     MakePart("D:\\Parts\\folder\\part");
     fs::create_directory_symlink(Host("D:\\Parts"), Host("D:\\Parts\\folder") / "back");
@@ -132,6 +133,7 @@ TEST_F(PartScannerTest, WhatCannotBeReadIsReportedAndTheScanGoesOn) {
     ASSERT_EQ(recorder.unreadable.size(), 1u);
     EXPECT_TRUE(recorder.unreadable[0].starts_with("D:\\Parts\\dangling ")) << recorder.unreadable[0];
 }
+#endif
 
 TEST_F(PartScannerTest, VeryDeepFoldersNeedNoDeepStack) {
     std::string path = "D:\\Parts";
@@ -139,8 +141,14 @@ TEST_F(PartScannerTest, VeryDeepFoldersNeedNoDeepStack) {
         path += "\\d";
     MakePart(path + "\\part");
     EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+#ifdef NESK_PORTABLE_STATION
     EXPECT_EQ(recorder.calls, 301u);
     EXPECT_TRUE(recorder.tree.ends_with(std::string(300, ' ') + "part\n"));
+#else
+    // The system reads no profile file whose path has more than 260 characters: the part is one folder more.
+    EXPECT_EQ(recorder.calls, 302u);
+    EXPECT_TRUE(recorder.tree.ends_with(std::string(300, ' ') + "part/\n"));
+#endif
 }
 
 class RepositoryRootTest : public testing::CoreTest {

@@ -3,16 +3,18 @@
 #include "platform/TextEncoding.h"
 #include "unit/platform/TempStation.h"
 
-#include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <string>
+#include <vector>
+#ifdef NESK_PORTABLE_STATION
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <vector>
+#endif
 
 namespace nesk::platform {
 namespace {
@@ -59,14 +61,11 @@ const std::vector<Case> Plain = {
     {"MissingKey", "[Part]\r\nTitle=no\r\n", "default"},
     {"KeyOfALaterSection", "[Part]\r\n[Tool]\r\nName=no\r\n", "default"},
     {"KeyBeforeAnySection", "Name=no\r\n[Part]\r\n", "default"},
-    {"KeyBeforeAnySectionAskedWithoutSection", "Name=no\r\n[Part]\r\n", "default", ""},
-    {"SectionWithoutName", "[]\r\nName=Bracket\r\n", "Bracket", ""},
     {"EmptyValue", "[Part]\r\nName=\r\nX=1\r\n", ""},
     {"BlankValue", "[Part]\r\nName=  \t \r\n", ""},
     {"EmptyValueAtTheEnd", "[Part]\r\nName=", ""},
     {"ValueWithEqualSigns", "[Part]\r\nName=a=b==c\r\n", "a=b==c"},
     {"LineWithoutEqualSign", "[Part]\r\nName\r\n", "default"},
-    {"LineWithoutEqualSignBeforeTheKey", "[Part]\r\nName\r\nName=Bracket\r\n", "Bracket"},
     {"ZeroByteEndsTheValue", "[Part]\r\nName=Brac\0ket\r\n"s, "Brac"},
 };
 INSTANTIATE_TEST_SUITE_P(Plain, ProfileCase, ::testing::ValuesIn(Plain),
@@ -75,7 +74,6 @@ INSTANTIATE_TEST_SUITE_P(Plain, ProfileCase, ::testing::ValuesIn(Plain),
 const std::vector<Case> Names = {
     {"SectionInOtherCase", "[pARt]\r\nName=Bracket\r\n", "Bracket"},
     {"KeyInOtherCase", "[Part]\r\nnAMe=Bracket\r\n", "Bracket"},
-    {"UmlautInOtherCase", "[TEIL\xDC]\r\nGR\xD6SSE=5\r\n", "5", "Teil\u00FC", "Gr\u00F6sse"},
     {"FirstSectionCounts", "[Part]\r\nName=one\r\n[PART]\r\nName=two\r\n", "one"},
     {"SecondSectionIsNotRead", "[Part]\r\nX=1\r\n[Part]\r\nName=two\r\n", "default"},
     {"FirstKeyCounts", "[Part]\r\nName=one\r\nNAME=two\r\n", "one"},
@@ -85,11 +83,7 @@ const std::vector<Case> Names = {
     {"BlanksAroundKey", "[Part]\r\n \t Name \t =Bracket\r\n", "Bracket"},
     {"BlanksInsideKey", "[Part]\r\nPart Name=Bracket\r\n", "Bracket", "Part", "Part Name"},
     {"BlanksAroundNamesAskedFor", "[Part]\r\nName=Bracket\r\n", "Bracket", "  Part ", " Name  "},
-    {"TabsInNamesAskedForStay", "[Part]\r\nName=no\r\n", "default", "Part", "\tName"},
-    {"NameEndsAtFirstBracket", "[Part]x]\r\nName=Bracket\r\n", "Bracket"},
-    {"NameWithClosingBracketIsNeverFound", "[Part]x]\r\nName=no\r\n", "default", "Part]x"},
     {"OpeningBracketInName", "[[Part]\r\nName=Bracket\r\n", "Bracket", "[Part"},
-    {"HeaderWithoutClosingBracket", "[Part  \r\nName=Bracket\r\n", "Bracket"},
     {"HeaderWithoutOpeningBracket", "Part]\r\nName=no\r\n", "default"},
     {"EntryBehindHeader", "[Part]Name=no\r\n", "default"},
     {"BracketBehindKeyIsNoHeader", "[Part]\r\nX=[Tool]\r\nName=Bracket\r\n", "Bracket"},
@@ -117,21 +111,50 @@ const std::vector<Case> Values = {
     {"EmptyQuotes", "[Part]\r\nName=\"\"\r\n", ""},
     {"CommentLine", "[Part]\r\n;Name=no\r\nName=Bracket\r\n", "Bracket"},
     {"CommentLineBehindBlanks", "[Part]\r\n \t;Name=no\r\n", "default"},
-    {"CommentIsNoKey", "[Part]\r\n;Name=no\r\n", "default", "Part", ";Name"},
     {"CommentedHeader", "[Part]\r\n;[Tool]\r\nName=Bracket\r\n", "Bracket"},
     {"SemicolonInValueIsData", "[Part]\r\nName=Bracket ; left\r\n", "Bracket ; left"},
     {"SemicolonAtTheStartOfValueIsData", "[Part]\r\nName=;Bracket\r\n", ";Bracket"},
     {"NumberSignIsNoComment", "[Part]\r\n#Name=Bracket\r\n", "Bracket", "Part", "#Name"},
     {"EndMarkAfterTheText", "[Part]\r\nName=Bracket\r\n\x1A", "Bracket"},
-    {"EndMarkInTheValue", "[Part]\r\nName=Brac\x1Aket\r\n", "Brac"},
-    {"NothingIsReadBehindTheEndMark", "[Part]\r\n\x1AName=no\r\nName=no\r\n", "default"},
     {"Umlauts", "[Part]\r\nName=Geh\xE4use \x80\r\n", "Geh\u00E4use \u20AC"},
-    {"Utf8MarkHidesTheFirstHeader", "\xEF\xBB\xBF[Part]\r\nName=no\r\n[Tool]\r\nName=no\r\n", "default"},
     {"Utf8MarkLeavesLaterHeaders", "\xEF\xBB\xBF\r\n[Part]\r\nName=Bracket\r\n", "Bracket"},
-    {"BigEndianUtf16IsNotUnderstood", "\xFE\xFF\0[\0P\0a\0r\0t\0]\0\n\0N\0a\0m\0e\0=\0x\0\n"s, "default"},
 };
 INSTANTIATE_TEST_SUITE_P(Values, ProfileCase, ::testing::ValuesIn(Values),
                          [](const auto& tested) { return tested.param.name; });
+
+#ifdef NESK_PORTABLE_STATION
+// What Wine answers otherwise than Windows, and how.
+const std::vector<Case> UnlikeWine = {
+    // Wine: "no"
+    {"KeyBeforeAnySectionAskedWithoutSection", "Name=no\r\n[Part]\r\n", "default", ""},
+    // Wine: "default"
+    {"SectionWithoutName", "[]\r\nName=Bracket\r\n", "Bracket", ""},
+    // Wine: "default"
+    {"LineWithoutEqualSignBeforeTheKey", "[Part]\r\nName\r\nName=Bracket\r\n", "Bracket"},
+    // Wine: "default"
+    {"UmlautInOtherCase", "[TEIL\xDC]\r\nGR\xD6SSE=5\r\n", "5", "Teil\u00FC", "Gr\u00F6sse"},
+    // Wine: "no"
+    {"TabsInNamesAskedForStay", "[Part]\r\nName=no\r\n", "default", "Part", "\tName"},
+    // Wine: "default"
+    {"NameEndsAtFirstBracket", "[Part]x]\r\nName=Bracket\r\n", "Bracket"},
+    // Wine: "no"
+    {"NameWithClosingBracketIsNeverFound", "[Part]x]\r\nName=no\r\n", "default", "Part]x"},
+    // Wine: "default"
+    {"HeaderWithoutClosingBracket", "[Part  \r\nName=Bracket\r\n", "Bracket"},
+    // Wine: "no"
+    {"CommentIsNoKey", "[Part]\r\n;Name=no\r\n", "default", "Part", ";Name"},
+    // Wine: "Brac\x1Aket"
+    {"EndMarkInTheValue", "[Part]\r\nName=Brac\x1Aket\r\n", "Brac"},
+    // Wine: "no"
+    {"NothingIsReadBehindTheEndMark", "[Part]\r\n\x1AName=no\r\nName=no\r\n", "default"},
+    // Wine: "no"
+    {"Utf8MarkHidesTheFirstHeader", "\xEF\xBB\xBF[Part]\r\nName=no\r\n[Tool]\r\nName=no\r\n", "default"},
+    // Wine: "x"
+    {"BigEndianUtf16IsNotUnderstood", "\xFE\xFF\0[\0P\0a\0r\0t\0]\0\n\0N\0a\0m\0e\0=\0x\0\n"s, "default"},
+};
+INSTANTIATE_TEST_SUITE_P(UnlikeWine, ProfileCase, ::testing::ValuesIn(UnlikeWine),
+                         [](const auto& tested) { return tested.param.name; });
+#endif
 
 class ProfileFileTest : public ::testing::Test {
 protected:
@@ -159,13 +182,17 @@ TEST_F(ProfileFileTest, ReadsUtf16) {
     EXPECT_EQ("Geh\u00E4use \u20AC", Read());
 }
 
+#ifdef NESK_PORTABLE_STATION
 TEST_F(ProfileFileTest, AnswersAQuestionMarkForWhatTheCodePageLacks) {
     m_station.Write(File, Wide(u"[Part]\r\nName=\u90E8\u54C1 5\r\n"));
     EXPECT_EQ("?? 5", Read());
     SelectCodePage(1041);
     EXPECT_EQ("\u90E8\u54C1 5", Read());
 }
+#endif
 
+#ifdef NESK_PORTABLE_STATION
+// Wine makes a character of the half and what stands behind it in memory: "Bracket?".
 TEST_F(ProfileFileTest, ReadsUtf16ThatEndsInHalfACharacter) {
     m_station.Write(File, Wide(u"[Part]\r\nName=Bracket") + "x");
     EXPECT_EQ("Bracket", Read());
@@ -185,6 +212,7 @@ TEST_F(ProfileFileTest, KeepsBytesThatCannotBeDecoded) {
     EXPECT_EQ("a\U0010FEFF\U0010FE82", name);
     EXPECT_EQ("a\xFF\x82", ToAnsi(name));
 }
+#endif
 
 TEST_F(ProfileFileTest, CutsLongValuesToTheBuffer) {
     m_station.Write(File, "[Part]\r\nName=" + std::string(5000, 'x') + "\r\n");
@@ -199,13 +227,21 @@ TEST_F(ProfileFileTest, CutsLongValuesToTheBuffer) {
 TEST_F(ProfileFileTest, DropsQuotesBeforeItCuts) {
     m_station.Write(File, "[Part]\r\nName=  \"" + std::string(5000, 'x') + "\"  \r\n");
     EXPECT_EQ(std::string(4095, 'x'), Read(4096));
+#ifdef NESK_PORTABLE_STATION
+    // Wine cuts before it drops the quotes: two characters are missing.
     EXPECT_EQ(std::string(5000, 'x'), Read(5001));
+#endif
+    EXPECT_EQ(std::string(5000, 'x'), Read(5003));
     EXPECT_EQ(std::string(5000, 'x'), Read(5002));
 }
 
 TEST_F(ProfileFileTest, CountsBytesOfTheCodePage) {
     m_station.Write(File, "[Part]\r\nName=\xE4\xF6\xFC\x80\r\n");
     EXPECT_EQ("\u00E4\u00F6\u00FC", Read(4));
+}
+
+#ifdef NESK_PORTABLE_STATION
+TEST_F(ProfileFileTest, CutsNoCharacterOfTwoBytes) {
     SelectCodePage(1041);
     m_station.Write(File, "[Part]\r\nName=\x95\x5C\x95\x69\r\n");
     EXPECT_EQ("\u8868\u54C1", Read(5));
@@ -213,11 +249,15 @@ TEST_F(ProfileFileTest, CountsBytesOfTheCodePage) {
     EXPECT_EQ("\u8868", Read(3));
     EXPECT_EQ("", Read(2));
 }
+#endif
 
 TEST_F(ProfileFileTest, DropsTheBlanksBehindTheDefault) {
     EXPECT_EQ("  none", Read(Capacity, "  none   "));
     EXPECT_EQ("none\t", Read(Capacity, "none\t "));
+#ifdef NESK_PORTABLE_STATION
+    // Wine leaves one blank.
     EXPECT_EQ("", Read(Capacity, "   "));
+#endif
     EXPECT_EQ("no", Read(3, "none"));
     EXPECT_EQ("\u00E4\u00F6", Read(3, "\u00E4\u00F6\u00FC"));
     EXPECT_EQ("", Read(0, "none"));
@@ -232,16 +272,17 @@ TEST_F(ProfileFileTest, AnswersTheDefaultForWhatIsNoFile) {
     EXPECT_EQ("default", Read());
     EXPECT_EQ("default", ReadProfileString("", "Part", "Name", "default", Capacity));
     EXPECT_EQ("default", ReadProfileString("\\\\server\\share\\x.ini", "Part", "Name", "default", Capacity));
-    std::filesystem::create_directories(portable::ToHostPath(File));
+    std::filesystem::create_directories(TempStation::Host(File));
     EXPECT_EQ("default", Read());
 }
 
+#ifdef NESK_PORTABLE_STATION
 TEST_F(ProfileFileTest, DoesNotWaitForAPipe) {
-    std::filesystem::create_directories(portable::ToHostPath("C:\\Parts"));
-    ASSERT_EQ(0, ::mkfifo(portable::ToHostPath(File).c_str(), 0600));
+    std::filesystem::create_directories(TempStation::Host("C:\\Parts"));
+    ASSERT_EQ(0, ::mkfifo(TempStation::Host(File).c_str(), 0600));
     // Without a writer an open that waits would never return; with one, a read would.
     EXPECT_EQ("default", Read());
-    const int both = ::open(portable::ToHostPath(File).c_str(), O_RDWR | O_CLOEXEC);
+    const int both = ::open(TempStation::Host(File).c_str(), O_RDWR | O_CLOEXEC);
     ASSERT_GE(both, 0);
     EXPECT_EQ("default", Read());
     ::close(both);
@@ -278,7 +319,7 @@ template <class Action>
 
 TEST_F(ProfileFileTest, ReadsAHugeFileWithLittleMemory) {
     m_station.Write(File, "[Part]\r\nName=Bracket\r\n");
-    const std::filesystem::path host = portable::ToHostPath(File);
+    const std::filesystem::path host = TempStation::Host(File);
     // A hole: zero bytes, which are a single line.
     std::filesystem::resize_file(host, 2'000'000'000);
     EXPECT_TRUE(NeedsLittleMemory([] { return Read() == "Bracket"; }));
@@ -295,6 +336,7 @@ TEST_F(ProfileFileTest, ReadsAHugeValueWithLittleMemory) {
     // Windows never gives more, however large the buffer.
     EXPECT_TRUE(NeedsLittleMemory([] { return Read(1'000'000'000) == std::string(65535, 'x'); }));
 }
+#endif
 
 } // namespace
 } // namespace nesk::platform

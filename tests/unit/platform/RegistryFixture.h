@@ -21,8 +21,11 @@ protected:
 
     static Registry& Reg() { return StationRegistry(); }
 
+    /// The key that paths begin at.
+    static RegKey Root() { return s_root; }
+
     /// Opens a key, creating what is missing; 0 and a failure when that is not possible.
-    static RegKey Create(const std::string& path, RegKey parent = LocalMachine,
+    static RegKey Create(const std::string& path, RegKey parent = Root(),
                          std::uint32_t access = RegAccess::ReadWrite) {
         RegKey key = 0;
         EXPECT_EQ(ErrorCode::Success, Reg().CreateKey(parent, path, access, key)) << path;
@@ -33,7 +36,7 @@ protected:
     /// The result of opening a key, which is closed again.
     static int OpenResult(const std::string& path, std::uint32_t access = RegAccess::ReadWrite) {
         RegKey key = 1;
-        const int result = Reg().OpenKey(LocalMachine, path, access, key);
+        const int result = Reg().OpenKey(Root(), path, access, key);
         if (result == ErrorCode::Success) {
             EXPECT_NE(0U, key);
             EXPECT_EQ(ErrorCode::Success, Reg().CloseKey(key));
@@ -78,6 +81,19 @@ protected:
     }
 
     TempStation station;
+
+    static inline RegKey s_root = LocalMachine;
+};
+
+/// The same for the tests of either kind of station. They begin at a key of their own: Windows lets nobody
+/// make any directly below the real root.
+class RegistryKeyFixture : public RegistryFixture {
+protected:
+    RegistryKeyFixture() { s_root = Create("SOFTWARE\\Quarndale\\Test"); }
+    ~RegistryKeyFixture() override {
+        Reg().CloseKey(s_root);
+        s_root = LocalMachine;
+    }
 };
 
 } // namespace nesk::platform::testing

@@ -6,7 +6,7 @@ namespace {
 using namespace std::string_literals;
 using Names = std::vector<std::string>;
 
-class RegistryValueTest : public testing::RegistryFixture {};
+class RegistryValueTest : public testing::RegistryKeyFixture {};
 
 TEST_F(RegistryValueTest, ReadsWhatWasWritten) {
     const RegKey key = Create("A");
@@ -34,7 +34,13 @@ TEST_F(RegistryValueTest, ReadsWhatWasWritten) {
         ASSERT_EQ(ErrorCode::Success, Reg().QueryValue(key, "x", &type, data.data(), &size));
         EXPECT_EQ(sample.type, type);
         EXPECT_EQ(sample.data, data.substr(0, size));
-        EXPECT_EQ(std::string(64 - size, '#'), data.substr(size)) << "nothing may be written behind the data";
+        std::string rest(64 - size, '#');
+#ifndef NESK_PORTABLE_STATION
+        // Where there is room Windows ends a text that was stored without a zero.
+        if (sample.type == RegType::Text || sample.type == RegType::ExpandText)
+            if (!sample.data.empty() && sample.data.back() != '\0') rest.front() = '\0';
+#endif
+        EXPECT_EQ(rest, data.substr(size)) << "nothing else may be written behind the data";
     }
     EXPECT_EQ(Names{"x"}, Values(key));
 }
@@ -66,6 +72,7 @@ TEST_F(RegistryValueTest, GivesEveryByteOfATextBack) {
     }
 }
 
+#ifdef NESK_PORTABLE_STATION
 TEST_F(RegistryValueTest, AnswersAQuestionMarkForWhatTheCodePageLacks) {
     SelectCodePage(1041);
     const RegKey key = Create("A\\\x95\x5C\x95\x69");
@@ -81,6 +88,7 @@ TEST_F(RegistryValueTest, AnswersAQuestionMarkForWhatTheCodePageLacks) {
     EXPECT_STREQ("?", name.data());
     EXPECT_EQ("<?>\0"s, std::string(data.data(), size));
 }
+#endif
 
 TEST_F(RegistryValueTest, MatchesValuesWithoutRegardToCase) {
     const RegKey key = Create("A");
@@ -152,6 +160,8 @@ TEST_F(RegistryValueTest, DeletesValues) {
     EXPECT_EQ(ErrorCode::FileNotFound, Reg().DeleteValue(key, "Gr\xF6sse"));
 }
 
+#ifdef NESK_PORTABLE_STATION
+// Windows does so as well, but does not promise it; Wine has values in the order of their names.
 TEST_F(RegistryValueTest, EnumeratesValuesInTheOrderOfTheirFirstWriting) {
     const RegKey key = Create("A");
     for (const char* name : {"z", "m", "a", "", "b"})
@@ -162,14 +172,15 @@ TEST_F(RegistryValueTest, EnumeratesValuesInTheOrderOfTheirFirstWriting) {
     ASSERT_EQ(ErrorCode::Success, Set(key, "z", "new"));
     EXPECT_EQ((Names{"m", "a", "", "b", "z"}), Values(key));
 }
+#endif
 
 TEST_F(RegistryValueTest, EndsAnEnumeration) {
     const RegKey key = Create("A");
     std::array<char, 16> buffer{};
     std::uint32_t size = 16;
     EXPECT_EQ(ErrorCode::NoMoreItems, Reg().EnumKey(key, 0, buffer.data(), 16));
-    EXPECT_EQ(ErrorCode::NoMoreItems, Reg().EnumKey(LocalMachine, 1, buffer.data(), 16));
-    EXPECT_EQ(ErrorCode::NoMoreItems, Reg().EnumKey(LocalMachine, 0xFFFFFFFF, buffer.data(), 16));
+    EXPECT_EQ(ErrorCode::NoMoreItems, Reg().EnumKey(Root(), 1, buffer.data(), 16));
+    EXPECT_EQ(ErrorCode::NoMoreItems, Reg().EnumKey(Root(), 0xFFFFFFFF, buffer.data(), 16));
     EXPECT_EQ(ErrorCode::NoMoreItems,
               Reg().EnumValue(key, 0, buffer.data(), &size, nullptr, nullptr, nullptr));
 }
@@ -182,9 +193,15 @@ TEST_F(RegistryValueTest, NeedsRoomForANameAndItsZero) {
         std::string name = "########";
         std::uint32_t size = capacity;
         EXPECT_EQ(ErrorCode::MoreData, Reg().EnumKey(key, 0, name.data(), capacity));
+        EXPECT_EQ("########", name);
         EXPECT_EQ(ErrorCode::MoreData,
                   Reg().EnumValue(key, 0, name.data(), &size, nullptr, nullptr, nullptr));
+#ifdef NESK_PORTABLE_STATION
+        // Wine writes as much of the name as there is room for.
         EXPECT_EQ("########", name);
+#else
+        EXPECT_EQ(std::string(8 - capacity, '#'), name.substr(capacity));
+#endif
     }
     std::string name = "########";
     std::uint32_t size = 5;

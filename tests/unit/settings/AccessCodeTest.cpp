@@ -63,7 +63,7 @@ TEST_F(AccessCodeTest, TheLongestCodeIsReadBack) {
 
 TEST_F(AccessCodeTest, AFailedSaveIsReportedOnce) {
     // A folder where the registry's file belongs cannot be opened as one.
-    std::filesystem::create_directory(station.Folder() / "registry.db");
+    station.BreakSettings();
     Expect();
     EXPECT_TRUE(AccessCode::Store("1", "1"));
     EXPECT_EQ(messages.size(), 1u);

@@ -108,7 +108,13 @@ TEST_F(NeskRegistryTest, SavingWritesEveryFieldInItsOrder) {
         expected.push_back("HistoryMaxParts=35");
         expected.push_back("SampleSize=-12");
     }
-    EXPECT_EQ(Stored(), expected);
+    std::vector<std::string> stored = Stored();
+#ifndef NESK_PORTABLE_STATION
+    // Windows promises no order of values, and Wine has them in that of their names.
+    std::sort(stored.begin(), stored.end());
+    std::sort(expected.begin(), expected.end());
+#endif
+    EXPECT_EQ(stored, expected);
 }
 
 TEST_F(NeskRegistryTest, WhatWasSavedIsLoaded) {
@@ -218,7 +224,10 @@ TEST_F(NeskRegistryTest, TheFirstFailureEndsASaveAndIsShown) {
     record.Save();
     const std::vector<std::string> stored = Stored();
     ASSERT_EQ(stored.size(), 8u) << "what was written before stays, nothing is written behind";
+    EXPECT_EQ(1, std::count(stored.begin(), stored.end(), "NeskMachine=" + record.NeskMachine));
+#ifdef NESK_PORTABLE_STATION
     EXPECT_TRUE(stored.back().starts_with("NeskMachine="));
+#endif
     const NeskError error(5002, "RegEntry.SetValue", Message::RegNotEncodable, {"NeskUser", "日", "1252"});
     EXPECT_EQ(messages.at(0).text, modUtilities::ErrorText(error));
     EXPECT_EQ(messages[0].options, modMessageBox::Option::Critical);
@@ -226,7 +235,7 @@ TEST_F(NeskRegistryTest, TheFirstFailureEndsASaveAndIsShown) {
 }
 
 TEST_F(NeskRegistryTest, ARegistryThatCannotBeUsed) {
-    std::filesystem::create_directory(station.Folder() / "registry.db");
+    station.BreakSettings();
     NeskRegistry record = FullRecord();
     record.Load();
     EXPECT_EQ(record.NeskRoot, "");

@@ -2,6 +2,7 @@
 #include "platform/ErrorCode.h"
 #include "unit/CoreFixture.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace nesk {
@@ -70,7 +71,7 @@ TEST_F(RegEntryTest, WithoutAnOpenKey) {
     EXPECT_EQ(names, Texts{"kept"});
     EXPECT_EQ(entry.QueryValues(values), 0);
     EXPECT_TRUE(values.empty());
-    EXPECT_FALSE(std::filesystem::exists(station.Folder() / "registry.db")) << "nothing was written";
+    EXPECT_FALSE(entry.TestKey("")) << "nothing was written";
 }
 
 TEST_F(RegEntryTest, StringsAreWrittenWithoutAZero) {
@@ -84,11 +85,18 @@ TEST_F(RegEntryTest, StringsAreWrittenWithoutAZero) {
     EXPECT_EQ(entry.GetString("a"), "Müller") << "names match in any case";
     entry.SetString("A", std::string(1000, 'x'));
     EXPECT_EQ(entry.GetString("A"), "") << "written, but too long to be read";
+}
+
+#ifdef NESK_PORTABLE_STATION
+TEST_F(RegEntryTest, StringsAreWrittenInTheCodePage) {
+    RegEntry entry;
+    entry.CreateKey("T");
     platform::SelectCodePage(1041);
     entry.SetString("B", "日本");
     EXPECT_EQ(Raw("T", "B"), "1:\x93\xFA\x96\x7B");
     EXPECT_EQ(entry.GetString("B"), "日本");
 }
+#endif
 
 TEST_F(RegEntryTest, TheEmptyTextRemovesTheValue) {
     RegEntry entry;
@@ -244,14 +252,22 @@ TEST_F(RegEntryTest, ValuesComeWithTheirTypes) {
     entry.OpenKey("T");
     std::vector<RegValue> values(3);
     EXPECT_EQ(entry.QueryValues(values), 6);
-    std::string text;
+    Texts found;
     for (const RegValue& value : values)
-        text +=
-            value.name.substr(0, 8) + "|" + std::to_string(value.type) + "|" + value.data.substr(0, 8) + "\n";
-    EXPECT_EQ(text,
-              "text|1|Müller\nNumber|4|\x01\0\0\0\n|2|%x%\nmulti|7|a\0b\0\nnnnnnnnn|3|bbbbbbbb\nempty|0|\n"s);
-    EXPECT_EQ(values[4].name, longName);
-    EXPECT_EQ(values[4].data, big + "\0"s) << "bytes keep their zero";
+        found.push_back(value.name.substr(0, 8) + "|" + std::to_string(value.type) + "|" +
+                        value.data.substr(0, 8));
+    Texts expected{"text|1|Müller",   "Number|4|\x01\0\0\0"s, "|2|%x%",
+                   "multi|7|a\0b\0"s, "nnnnnnnn|3|bbbbbbbb",  "empty|0|"};
+#ifndef NESK_PORTABLE_STATION
+    // Windows promises no order of values, and Wine has them in that of their names.
+    std::sort(found.begin(), found.end());
+    std::sort(expected.begin(), expected.end());
+#endif
+    EXPECT_EQ(found, expected);
+    const auto longest = std::find_if(values.begin(), values.end(),
+                                      [&](const RegValue& value) { return value.name == longName; });
+    ASSERT_NE(longest, values.end());
+    EXPECT_EQ(longest->data, big + "\0"s) << "bytes keep their zero";
     EXPECT_EQ(entry.QueryValues(values), 6) << "the values take the place of those before";
 }
 

@@ -49,6 +49,7 @@ TEST_F(HelpTest, TheEndingDecidesTheFormat) {
     EXPECT_TRUE(modHelp::IsHtmlHelp());
 }
 
+#ifdef NESK_PORTABLE_STATION
 TEST_F(HelpTest, WhatCannotBeShownIsSaid) {
     modHelp::SetHelpFile(1033, "T");
     Expect();
@@ -67,6 +68,7 @@ TEST_F(HelpTest, WhatCannotBeShownIsSaid) {
     ::unsetenv("NESKMANAGER_HELPVIEWER");
     EXPECT_EQ(messages.at(2).text, modStringRes::FormatResString(34161, modHelp::HelpFile()));
 }
+#endif
 
 } // namespace
 } // namespace nesk

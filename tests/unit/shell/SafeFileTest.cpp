@@ -104,7 +104,7 @@ class SafeFileTest : public nesk::testing::CoreTest {
 protected:
     SafeFileTest() { fs::create_directories(Host(Folder)); }
 
-    static fs::path Host(const std::string& path) { return platform::portable::ToHostPath(path); }
+    static fs::path Host(const std::string& path) { return TempStation::Host(path); }
 
     static void Save(const std::string& bytes, const Backup& backup = {BackupPath, true},
                      FileSystem& files = platform::StationFiles()) {
@@ -237,6 +237,7 @@ TEST_F(SafeFileTest, WhatStandsThereAndCannotBeLookedAtIsNotReplaced) {
     EXPECT_EQ(FileBytes(Path), "old");
 }
 
+#ifdef NESK_PORTABLE_STATION
 TEST_F(SafeFileTest, AccessRightsSurvive) {
     using fs::perms;
     const auto rights = perms::owner_read | perms::owner_write | perms::group_read;
@@ -247,6 +248,7 @@ TEST_F(SafeFileTest, AccessRightsSurvive) {
     EXPECT_EQ(fs::status(Host(Path)).permissions(), rights);
     EXPECT_EQ(fs::status(Host(BackupPath)).permissions(), rights);
 }
+#endif
 
 TEST_F(SafeFileTest, AWriteProtectedFileIsRefused) {
     station.Write(Path, "old");

@@ -9,6 +9,10 @@
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
 #include "unit/FileBytes.h"
+#include "unit/platform/StringLibrary.h"
+#ifdef NESK_PORTABLE_STATION
+#include "platform/portable/Station.h"
+#endif
 
 #include <stdexcept>
 
@@ -20,7 +24,7 @@ using modStringRes::FormatResString;
 class StartupTest : public nesk::testing::CoreTest {
 protected:
     ~StartupTest() override {
-        platform::portable::UseStation("/nonexistent/station");
+        station.Leave();
         Startup::InitLanguage();
         modHelp::SetHelpFile(1033, "OV");
         NeskRegistry::Instance() = {};
@@ -42,9 +46,11 @@ protected:
         return shown;
     }
 
+#ifdef NESK_PORTABLE_STATION
     void WriteStore(const std::string& bytes) const {
         std::ofstream(station.Folder() / "registry.db", std::ios::binary) << bytes;
     }
+#endif
 };
 
 TEST_F(StartupTest, WithoutSettings) {
@@ -64,11 +70,17 @@ TEST_F(StartupTest, Languages) {
         {"", 1033, 1252},     {"1031", 1031, 1252}, {"1041", 1041, 932}, {" 1042 ", 1042, 949},
         {"1033", 1033, 1252}, {"-1", -1, 1252},     {"0", 0, 1252},      {"2147483647", 2147483647, 1252},
     };
+    [[maybe_unused]] const int systemCodePage = platform::CodePage();
     for (const auto& row : table) {
         StoreLanguage(row.stored);
         Startup::InitLanguage();
         EXPECT_EQ(Startup::LanguageID(), row.languageId) << row.stored;
+        EXPECT_EQ(platform::CodePageOfLanguage(row.languageId), row.codePage) << row.stored;
+#ifdef NESK_PORTABLE_STATION
         EXPECT_EQ(platform::CodePage(), row.codePage) << row.stored;
+#else
+        EXPECT_EQ(platform::CodePage(), systemCodePage) << "the system's code page stays";
+#endif
     }
 }
 
@@ -83,7 +95,7 @@ TEST_F(StartupTest, TextsAndHelpFollowTheLanguage) {
     RegEntry settings;
     settings.OpenKey("Orvane\\Settings");
     settings.SetString("InstallDirectory", "C:\\Orvane");
-    station.Write("C:\\Orvane\\Bin\\DEU45000.DLL", "NeskManager string table 1\n45001\tdeutsch\n");
+    nesk::testing::WriteStringLibrary(station, "C:\\Orvane\\Bin\\DEU45000.DLL", {{45001, "deutsch"}});
     station.Write("C:\\Orvane\\Bin\\OVDEU.chm", "help");
     EXPECT_EQ(Start(), 1);
     EXPECT_EQ(modStringRes::LoadResString(45001), "deutsch");
@@ -120,6 +132,7 @@ TEST_F(StartupTest, SettingsAndHelpAreThereBeforeTheWindow) {
     EXPECT_TRUE(shown);
 }
 
+#ifdef NESK_PORTABLE_STATION
 TEST_F(StartupTest, ADamagedStore) {
     std::string bytes(8192, '\0');
     for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -157,9 +170,10 @@ TEST_F(StartupTest, AStoreWithDamagedPages) {
               FormatResString(Message::StoreDamaged, platform::StationRegistry().Location(),
                               platform::ErrorCode::RegistryCorrupt));
 }
+#endif
 
 TEST_F(StartupTest, AStoreThatMayNotBeOpened) {
-    std::filesystem::create_directory(station.Folder() / "registry.db");
+    station.BreakSettings();
     Expect();
     EXPECT_EQ(Start(), 1);
     EXPECT_EQ(messages.at(0).text,

@@ -2,6 +2,7 @@
 #include "settings/RegEntry.h"
 #include "shell/modStringRes.h"
 #include "unit/CoreFixture.h"
+#include "unit/platform/StringLibrary.h"
 
 #include <filesystem>
 
@@ -21,8 +22,11 @@ protected:
         settings.SetString("InstallDirectory", " C:\\Orvane ");
     }
 
-    void WriteLibrary(const std::string& name, const std::string& lines) {
-        station.Write("C:\\Orvane\\Bin\\" + name, "NeskManager string table 1\n" + lines);
+    // A library that is loaded could not be removed with the station.
+    ~StringResTest() override { modStringRes::FreeStringRes(); }
+
+    void WriteLibrary(const std::string& name, const std::map<std::uint16_t, std::string>& strings) {
+        testing::WriteStringLibrary(station, "C:\\Orvane\\Bin\\" + name, strings);
     }
 };
 
@@ -44,15 +48,18 @@ TEST_F(StringResTest, TextsComeFromTheProgramFolder) {
 
 TEST_F(StringResTest, AMissingLibraryIsSaidSo) {
     EXPECT_EQ(LoadResString(45123), "Error: Resource File Not Found");
-    WriteLibrary("ENU45000.DLL", "45000\tnone %0%\n45123\tfound\n");
+    WriteLibrary("ENU45000.DLL", {{45000, "none %0%"}, {45123, "found"}});
     EXPECT_EQ(LoadResString(45123), "found") << "a failure must not be remembered";
 }
 
 TEST_F(StringResTest, ALibraryIsLoadedOnceForItsBlock) {
-    WriteLibrary("ENU45000.DLL", "45000\tnone %0%\n45001\tone\n45999\tlast\n");
-    WriteLibrary("ENU46000.DLL", "46000\tother block\n");
+    WriteLibrary("ENU45000.DLL", {{45000, "none %0%"}, {45001, "one"}, {45999, "last"}});
+    WriteLibrary("ENU46000.DLL", {{46000, "other block"}});
     EXPECT_EQ(LoadResString(45001), "one");
-    std::filesystem::remove_all(station.Folder() / "drives" / "c" / "Orvane");
+    // Windows lets nobody remove a library that is loaded, but anybody rename it.
+    for (const std::string block : {"45000", "46000"})
+        std::filesystem::rename(TempStation::Host("C:\\Orvane\\Bin\\ENU" + block + ".DLL"),
+                                TempStation::Host("C:\\Orvane\\Bin\\" + block));
     EXPECT_EQ(LoadResString(45999), "last") << "the library was loaded again";
     EXPECT_EQ(LoadResString(46000), "Error: Resource File Not Found") << "a block has its own library";
     modStringRes::FreeStringRes();
@@ -60,25 +67,25 @@ TEST_F(StringResTest, ALibraryIsLoadedOnceForItsBlock) {
 }
 
 TEST_F(StringResTest, AMissingTextGivesTheBaseTextWithItsNumber) {
-    WriteLibrary("ENU45000.DLL", "45000\tno text %0%!\n");
+    WriteLibrary("ENU45000.DLL", {{45000, "no text %0%!"}});
     EXPECT_EQ(LoadResString(45017), "no text 45017!");
     EXPECT_EQ(LoadResString(45000), "no text %0%!");
 }
 
 TEST_F(StringResTest, ALibraryWithoutBaseTextDoesNotHang) {
-    WriteLibrary("ENU45000.DLL", "45001\tone\n");
+    WriteLibrary("ENU45000.DLL", {{45001, "one"}});
     EXPECT_EQ(LoadResString(45017), "Error: Resource File Not Found");
 }
 
 TEST_F(StringResTest, LongTextsAreCut) {
     WriteLibrary("ENU45000.DLL",
-                 "45000\tx\n45001\t" + std::string(1023, 'a') + "\n45002\t" + std::string(1030, 'b') + "\n");
+                 {{45000, "x"}, {45001, std::string(1023, 'a')}, {45002, std::string(1030, 'b')}});
     EXPECT_EQ(LoadResString(45001), std::string(1023, 'a'));
     EXPECT_EQ(LoadResString(45002), std::string(1023, 'b'));
 }
 
 TEST_F(StringResTest, PlaceholdersAreReplacedInTheirOrder) {
-    WriteLibrary("ENU45000.DLL", "45000\tx\n45001\t%0% and %3% and %0%\n45002\t%9%-%1%\n");
+    WriteLibrary("ENU45000.DLL", {{45000, "x"}, {45001, "%0% and %3% and %0%"}, {45002, "%9%-%1%"}});
     EXPECT_EQ(FormatResString(45001, "a", "b", "c", "d"), "a and d and a");
     EXPECT_EQ(FormatResString(45001, "<%3%>", "b", "c", "d"), "<d> and d and <d>");
     EXPECT_EQ(FormatResString(45001, "a", "b", "c", "<%0%>"), "a and <%0%> and a");
@@ -89,8 +96,7 @@ TEST_F(StringResTest, PlaceholdersAreReplacedInTheirOrder) {
 }
 
 TEST_F(StringResTest, AnotherLanguageHasItsOwnLibraries) {
-    WriteLibrary("DEU45000.DLL", "45000\tkein Text %0%\n45001\tGr\xC3\xBC\xC3\x9F"
-                                 "e\n");
+    WriteLibrary("DEU45000.DLL", {{45000, "kein Text %0%"}, {45001, "Grüße"}});
     modStringRes::InitStringRes(1031);
     EXPECT_EQ(LoadResString(45001), "Grüße");
     modStringRes::InitStringRes(1033);

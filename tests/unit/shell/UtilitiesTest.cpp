@@ -1,5 +1,4 @@
 #include "platform/FileSystem.h"
-#include "platform/portable/Station.h"
 #include "settings/RegEntry.h"
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"

@@ -1,3 +1,4 @@
+#include "platform/portable/Station.h"
 #include "unit/platform/RegistryFixture.h"
 
 #include <chrono>

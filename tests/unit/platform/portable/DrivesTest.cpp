@@ -3,6 +3,7 @@
 #include "unit/platform/TempStation.h"
 
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace nesk::platform {

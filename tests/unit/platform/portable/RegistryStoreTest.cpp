@@ -1,4 +1,5 @@
 #include "platform/portable/Database.h"
+#include "platform/portable/Station.h"
 #include "unit/platform/RegistryFixture.h"
 
 #include <csignal>
@@ -86,6 +87,13 @@ TEST_F(RegistryStoreTest, IsNotMadeByReading) {
     EXPECT_EQ(ErrorCode::FileNotFound, Reg().DeleteKey(LocalMachine, "A"));
     EXPECT_TRUE(Subkeys(LocalMachine).empty());
     EXPECT_FALSE(fs::exists(station.Folder() / "new"));
+}
+
+TEST_F(RegistryStoreTest, RefusesAHandleThatIsNotOpenOnANewStationToo) {
+    RegKey key = 1;
+    EXPECT_EQ(ErrorCode::InvalidHandle, Reg().OpenKey(4711, "x", RegAccess::Read, key));
+    EXPECT_EQ(ErrorCode::InvalidHandle, Reg().CreateKey(4711, "x", RegAccess::ReadWrite, key));
+    EXPECT_FALSE(std::filesystem::exists(station.Folder() / "registry.db"));
 }
 
 TEST_F(RegistryStoreTest, IsMadeByCreatingAKey) {

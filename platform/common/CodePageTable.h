@@ -6,12 +6,15 @@
 #include <string_view>
 #include <vector>
 
-namespace nesk::platform::portable {
+namespace nesk::platform::common {
 
 /// An ANSI code page as Windows defines it: bytes below 0x80 are ASCII, every other character has one byte or
 /// two. A table never changes once it is made, so any thread may use it.
 class CodePageTable {
 public:
+    /// Number of the code page that is UTF-8, which a Windows PC may be set to. Its table is empty.
+    static constexpr int Utf8 = 65001;
+
     /// The table of a code page number: 874, 932, 936, 949, 950 or 1250 to 1258. Any other number gives 1252.
     /// Made on first use, it lives until the process ends.
     static const CodePageTable& Get(int codePage);
@@ -20,7 +23,16 @@ public:
 
     /// Decodes the character at the front of `bytes`, which must not be empty, and sets `length` to its
     /// number of bytes. 0, with `length` 1, when the byte there is 0x80 or above and begins no character.
-    char16_t Decode(std::string_view bytes, std::size_t& length) const;
+    char16_t Decode(std::string_view bytes, std::size_t& length) const {
+        length = 1;
+        const auto first = static_cast<unsigned char>(bytes[0]);
+        if (first < 0x80) return first;
+        if (m_singles[first] != 0 || m_doubles.empty() || bytes.size() < 2) return m_singles[first];
+        const auto second = static_cast<unsigned char>(bytes[1]);
+        const char16_t character = m_doubles[(first - 0x80U) * std::size_t{256} + second];
+        if (character != 0) length = 2;
+        return character;
+    }
 
     /// The bytes of a character, those of a two-byte one as first * 256 + second. 0 when the code page lacks
     /// the character, and for U+0000 to U+007F. A character with several codes has the one that Windows
@@ -38,4 +50,4 @@ private:
     std::vector<std::uint16_t> m_codes;
 };
 
-} // namespace nesk::platform::portable
+} // namespace nesk::platform::common

@@ -1,4 +1,4 @@
-#include "platform/PrinterSetup.h"
+#include "platform/portable/UiPrinterData.h"
 
 #include "gui/SettingsDialogFixture.h"
 
@@ -10,9 +10,9 @@
 namespace nesk::testing {
 namespace {
 
-using platform::ApplyPrinterValues;
 using platform::PrinterValues;
-using platform::ReadPrinterValues;
+using platform::portable::ApplyPrinterValues;
+using platform::portable::ReadPrinterValues;
 
 const PrinterValues Nothing;
 

@@ -1,5 +1,6 @@
 #include "platform/HelpViewer.h"
 
+#include "platform/portable/Station.h"
 #include "unit/platform/TempStation.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
-#include "platform/portable/Utf8.h"
+#include "platform/common/Utf8.h"
 
-namespace nesk::platform::portable {
+namespace nesk::platform::common {
 
 std::size_t Utf8Length(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -48,4 +48,21 @@ void Utf8Append(std::string& text, char32_t character) {
     }
 }
 
-} // namespace nesk::platform::portable
+std::string Utf8FromBytes(std::string_view bytes) {
+    std::string text;
+    text.reserve(bytes.size());
+    while (!bytes.empty()) {
+        std::size_t length = Utf8Length(bytes);
+        const char32_t character = length != 0 ? Utf8Decode(bytes.substr(0, length)) : EscapeBase;
+        if (character >= EscapeBase && character <= EscapeBase + 0xFF) {
+            length = 1;
+            Utf8Append(text, EscapeBase + static_cast<unsigned char>(bytes.front()));
+        } else {
+            text += bytes.substr(0, length);
+        }
+        bytes.remove_prefix(length);
+    }
+    return text;
+}
+
+} // namespace nesk::platform::common

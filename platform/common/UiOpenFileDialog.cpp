@@ -1,6 +1,6 @@
 #include "platform/OpenFileDialog.h"
 
-#include "platform/portable/Station.h"
+#include "platform/common/NativePath.h"
 
 #include <utility>
 
@@ -15,10 +15,11 @@ wxString ToWx(const std::string& text) {
 }
 
 // The folder that stands for a Windows path; the station's C: when there is none.
-std::string HostFolder(const std::string& folder) {
-    const std::filesystem::path host = portable::ToHostPath(folder);
+wxString NativeFolder(const std::string& folder) {
+    const std::filesystem::path native = common::ToNativePath(folder);
     std::error_code error;
-    return std::filesystem::is_directory(host, error) ? host.string() : portable::ToHostPath("C:\\").string();
+    const bool exists = std::filesystem::is_directory(native, error);
+    return wxString((exists ? native : common::ToNativePath("C:\\")).c_str(), wxConvFile);
 }
 
 OpenFileDialogFunction& Replacement() {
@@ -33,10 +34,12 @@ std::string ShowOpenFileDialog(wxWindow* parent, const OpenFileRequest& request)
     const std::string name = request.file.substr(request.file.find_last_of('\\') + 1);
     const wxString filter =
         request.filter.empty() ? wxString(wxFileSelectorDefaultWildcardStr) : ToWx(request.filter);
-    wxFileDialog dialog(parent, ToWx(request.title), wxString(HostFolder(request.folder).c_str(), wxConvFile),
-                        ToWx(name), filter, wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    wxFileDialog dialog(parent, ToWx(request.title), NativeFolder(request.folder), ToWx(name), filter,
+                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() != wxID_OK) return "";
-    return portable::ToWindowsPath(std::filesystem::path(dialog.GetPath().fn_str().data()));
+    const wxString chosen = dialog.GetPath();
+    const std::filesystem::path::value_type* const native = chosen.fn_str();
+    return common::FromNativePath(native);
 }
 
 OpenFileDialogFunction SetOpenFileDialog(OpenFileDialogFunction dialog) {

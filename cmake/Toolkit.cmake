@@ -1,0 +1,13 @@
+# wxWidgets as one target.
+add_library(nesk_toolkit INTERFACE)
+if(WIN32)
+  # The static build brings a description of itself, with all that it needs of the system.
+  find_package(wxWidgets 3.2 REQUIRED CONFIG)
+  target_link_libraries(nesk_toolkit INTERFACE wx::core wx::base)
+else()
+  find_package(wxWidgets 3.2 REQUIRED COMPONENTS core base)
+  target_include_directories(nesk_toolkit SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
+  target_compile_definitions(nesk_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
+  target_compile_options(nesk_toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
+  target_link_libraries(nesk_toolkit INTERFACE ${wxWidgets_LIBRARIES})
+endif()

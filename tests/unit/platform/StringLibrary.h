@@ -1,0 +1,16 @@
+#pragma once
+
+#include "unit/platform/TempStation.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+namespace nesk::testing {
+
+/// Writes a language library as this kind of station loads it.
+/// @param strings  what it holds, in UTF-8
+void WriteStringLibrary(TempStation& station, const std::string& windowsPath,
+                        const std::map<std::uint16_t, std::string>& strings);
+
+} // namespace nesk::testing
