@@ -6,10 +6,24 @@ set(text_outputs)
 foreach(table ${text_tables})
   cmake_path(GET table STEM name)
   set(library ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name}.DLL)
-  add_custom_command(OUTPUT ${library}
-    COMMAND ${Python3_EXECUTABLE} ${CMAKE_SOURCE_DIR}/languages/build.py ${table} ${library}
-    DEPENDS ${table} ${CMAKE_SOURCE_DIR}/languages/build.py
-    COMMENT "Texts ${name}" VERBATIM)
+  set(builder ${CMAKE_SOURCE_DIR}/languages/build.py)
+  if(WIN32)
+    # A module that holds a string table and no code.
+    set(script ${CMAKE_BINARY_DIR}/texts/${name}.rc)
+    set(object ${CMAKE_BINARY_DIR}/texts/${name}.res.o)
+    add_custom_command(OUTPUT ${library}
+      COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/texts ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
+      COMMAND ${Python3_EXECUTABLE} ${builder} --resource-script ${table} ${script}
+      COMMAND ${CMAKE_RC_COMPILER} -O coff ${script} ${object}
+      COMMAND ${CMAKE_C_COMPILER} -shared -nostdlib -Wl,--entry=0 -s -o ${library} ${object}
+      DEPENDS ${table} ${builder}
+      COMMENT "Texts ${name}" VERBATIM)
+  else()
+    add_custom_command(OUTPUT ${library}
+      COMMAND ${Python3_EXECUTABLE} ${builder} ${table} ${library}
+      DEPENDS ${table} ${builder}
+      COMMENT "Texts ${name}" VERBATIM)
+  endif()
   list(APPEND text_outputs ${library})
 endforeach()
 add_custom_target(nesk_texts ALL DEPENDS ${text_outputs})

@@ -2,6 +2,7 @@
 """Builds a language library from its string table.
 
     build.py SOURCE OUTPUT
+    build.py --resource-script SOURCE OUTPUT
 
 A string table holds the texts of one language and one block of a thousand numbers. Its name says which:
 ENU32000.txt is English, numbers 32000 to 32999. It is UTF-8 text:
@@ -10,7 +11,8 @@ ENU32000.txt is English, numbers 32000 to 32999. It is UTF-8 text:
     32014 The text up to the end of the line, with \\n for a new line, \\t for a tab and \\\\ for a backslash.
 
 The library is UTF-8 text too: a first line that names the format, then one line a text, number, tab, text, with
-the same escapes, sorted by number.
+the same escapes, sorted by number. A Windows library is a module with a string table, which the resource compiler
+makes of the resource script.
 """
 
 import os
@@ -163,6 +165,23 @@ def library_bytes(table):
     return ("\n".join(lines) + "\n").encode("utf-8")
 
 
+def resource_script(table):
+    """The resource script that holds `table`. Characters that are not ASCII are written as their UTF-16 units, so
+    that no code page matters."""
+    # Neutral: found whatever the language of the system is, as the library's name alone says its language.
+    lines = ["LANGUAGE 0, 0", "STRINGTABLE", "BEGIN"]
+    for number in sorted(table.strings):
+        units = table.strings[number].encode("utf-16-le")
+        text = ""
+        for low, high in zip(units[::2], units[1::2]):
+            plain = high == 0 and 32 <= low < 127 and chr(low) not in '"\\'
+            # Four digits always, so that a digit that follows is not taken for a fifth.
+            text += chr(low) if plain else f"\\x{high:02X}{low:02X}"
+        lines.append(f'  {number}, L"{text}"')
+    lines.append("END")
+    return ("\r\n".join(lines) + "\r\n").encode("ascii")
+
+
 def write_whole(path, content):
     """Writes a file so that `path` is complete or untouched."""
     folder = os.path.dirname(os.path.abspath(path))
@@ -180,12 +199,16 @@ def write_whole(path, content):
 
 
 def main(arguments):
+    form = library_bytes
+    if arguments[:1] == ["--resource-script"]:
+        form = resource_script
+        arguments = arguments[1:]
     if len(arguments) != 2:
-        print("usage: build.py SOURCE OUTPUT", file=sys.stderr)
+        print("usage: build.py [--resource-script] SOURCE OUTPUT", file=sys.stderr)
         return 2
     source, output = arguments
     try:
-        write_whole(output, library_bytes(read_table(source)))
+        write_whole(output, form(read_table(source)))
     except TableError as error:
         print(error, file=sys.stderr)
         return 1

@@ -1,0 +1,116 @@
+#include "platform/windows/FileReplace.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/windows/Handle.h"
+
+#include <aclapi.h>
+#include <memory>
+
+namespace nesk::platform::windows {
+
+namespace {
+
+constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+struct LocalFreer {
+    void operator()(void* memory) const { ::LocalFree(memory); }
+};
+
+// Forces a file that is closed already to the disk.
+int FlushFile(const std::wstring& path) {
+    const Handle file(
+        ::CreateFileW(path.c_str(), GENERIC_WRITE, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    return file && ::FlushFileBuffers(file.Get()) != 0 ? ErrorCode::Success : LastError();
+}
+
+// Where a link leads to; the path itself when it is none or leads nowhere.
+std::wstring FinalPath(const std::wstring& path) {
+    const DWORD attributes = ::GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+        return path;
+    const Handle file(::CreateFileW(path.c_str(), 0, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!file) return path;
+    std::wstring target(::GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+    target.resize(::GetFinalPathNameByHandleW(file.Get(), target.data(), static_cast<DWORD>(target.size()),
+                                              FILE_NAME_NORMALIZED));
+    return target.empty() ? path : target;
+}
+
+// File systems without access rights of their own, and some of other makers, cannot replace a file but rename
+// one over it.
+bool CannotReplace(DWORD error) {
+    return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ||
+           error == ERROR_CALL_NOT_IMPLEMENTED;
+}
+
+} // namespace
+
+int CopyAccessRights(const std::wstring& from, const std::wstring& to) {
+    constexpr SECURITY_INFORMATION rights = DACL_SECURITY_INFORMATION;
+    constexpr SECURITY_INFORMATION owners = OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION;
+    PSID owner = nullptr;
+    PSID group = nullptr;
+    PACL list = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    const DWORD read = ::GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, rights | owners, &owner, &group,
+                                               &list, nullptr, &descriptor);
+    const std::unique_ptr<void, LocalFreer> memory(descriptor);
+    if (read != ERROR_SUCCESS) return CannotReplace(read) ? ErrorCode::Success : static_cast<int>(read);
+
+    std::wstring target = to;
+    // Only administrators may give files away; for everybody else failing is no error.
+    ::SetNamedSecurityInfoW(target.data(), SE_FILE_OBJECT, owners, owner, group, nullptr, nullptr);
+    SECURITY_DESCRIPTOR_CONTROL control = 0;
+    DWORD revision = 0;
+    ::GetSecurityDescriptorControl(descriptor, &control, &revision);
+    const SECURITY_INFORMATION inheritance = (control & SE_DACL_PROTECTED) != 0
+                                                 ? PROTECTED_DACL_SECURITY_INFORMATION
+                                                 : UNPROTECTED_DACL_SECURITY_INFORMATION;
+    return static_cast<int>(::SetNamedSecurityInfoW(target.data(), SE_FILE_OBJECT, rights | inheritance,
+                                                    nullptr, nullptr, list, nullptr));
+}
+
+int KeepCopy(const std::wstring& path, const std::wstring& copy, bool mayReplace) {
+    if (path.empty() || copy.empty()) return ErrorCode::PathNotFound;
+    if (!mayReplace && ::GetFileAttributesW(copy.c_str()) != INVALID_FILE_ATTRIBUTES)
+        return ErrorCode::AlreadyExists;
+    const std::wstring temporary = copy + L"." + std::to_wstring(::GetCurrentProcessId()) + L"~";
+    if (::CopyFileW(path.c_str(), temporary.c_str(), FALSE) == 0) return LastError();
+    // A copy of a write-protected file is protected as well: it could be neither flushed nor replaced by the
+    // next.
+    ::SetFileAttributesW(temporary.c_str(), FILE_ATTRIBUTE_NORMAL);
+    int result = FlushFile(temporary);
+    const DWORD flags = MOVEFILE_WRITE_THROUGH | (mayReplace ? DWORD{MOVEFILE_REPLACE_EXISTING} : 0);
+    if (result == ErrorCode::Success && ::MoveFileExW(temporary.c_str(), copy.c_str(), flags) == 0)
+        result = LastError();
+    if (result != ErrorCode::Success) ::DeleteFileW(temporary.c_str());
+    return result;
+}
+
+int ReplaceOrMove(const std::wstring& path, const std::wstring& replacement) {
+    if (path.empty() || replacement.empty()) return ErrorCode::PathNotFound;
+    const std::wstring target = FinalPath(path);
+    const DWORD attributes = ::GetFileAttributesW(target.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return ::MoveFileExW(replacement.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH) != 0
+                   ? ErrorCode::Success
+                   : LastError();
+    if ((attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0)
+        return ErrorCode::AccessDenied;
+    // Replacing keeps what belongs to the file and not to its contents: access rights, encryption, when it
+    // was made.
+    if (::ReplaceFileW(target.c_str(), replacement.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
+                       nullptr) == 0) {
+        const DWORD error = ::GetLastError();
+        if (!CannotReplace(error)) return static_cast<int>(error);
+        if (::MoveFileExW(replacement.c_str(), target.c_str(),
+                          MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
+            return LastError();
+    }
+    // The contents are on the disk already; that this one fails, when another program holds the file, is no
+    // harm.
+    FlushFile(target);
+    return ErrorCode::Success;
+}
+
+} // namespace nesk::platform::windows

@@ -1,0 +1,33 @@
+#include "platform/ProfileFile.h"
+
+#include "platform/TextEncoding.h"
+
+#include <algorithm>
+#include <vector>
+#include <windows.h>
+
+namespace nesk::platform {
+
+namespace {
+
+// No value is ever longer, however large the buffer.
+constexpr std::size_t LargestBuffer = 65536;
+
+// What the code page cannot hold is a name that stands in no file, and no file's name.
+std::string Narrow(const std::string& text) {
+    return ToAnsi(text).value_or("?");
+}
+
+} // namespace
+
+std::string ReadProfileString(const std::string& file, const std::string& section, const std::string& key,
+                              const std::string& defaultValue, std::size_t capacity) {
+    if (capacity == 0) return "";
+    std::vector<char> buffer(std::min(capacity, LargestBuffer));
+    const DWORD length =
+        ::GetPrivateProfileStringA(Narrow(section).c_str(), Narrow(key).c_str(), Narrow(defaultValue).c_str(),
+                                   buffer.data(), static_cast<DWORD>(buffer.size()), Narrow(file).c_str());
+    return FromAnsi({buffer.data(), length});
+}
+
+} // namespace nesk::platform
