@@ -10,4 +10,8 @@ else()
   target_compile_definitions(nesk_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
   target_compile_options(nesk_toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
   target_link_libraries(nesk_toolkit INTERFACE ${wxWidgets_LIBRARIES})
+  # The print dialog of the toolkit below, which can be used without printing.
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(GTK_PRINT REQUIRED IMPORTED_TARGET gtk+-unix-print-3.0)
+  target_link_libraries(nesk_toolkit INTERFACE PkgConfig::GTK_PRINT)
 endif()

@@ -113,9 +113,9 @@ public:
     /// Removes an entry with everything below it. False for the root and for an unknown id.
     bool Remove(const std::string& id);
 
-    /// Gives an entry another caption or picture, or a part button other fields. The caption that it has already
-    /// is no change; a picture or fields always are one, since the user confirmed a dialog. False for an unknown
-    /// id. Raises 5000 for a text that cannot be stored.
+    /// Gives an entry another caption or picture, or a part button other fields. The caption that it has
+    /// already is no change; a picture or fields always are one, since the user confirmed a dialog. False for
+    /// an unknown id. Raises 5000 for a text that cannot be stored.
     bool SetCaption(const std::string& id, const std::string& caption);
     bool SetGraphic(const std::string& id, const std::string& graphic);
     bool SetPart(const std::string& id, const PartFields& fields);

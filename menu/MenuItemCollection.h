@@ -53,8 +53,8 @@ public:
     /// Removes all children but the last, which goes with the collection, and forgets the owner.
     void Terminate();
 
-    /// Appends an item whose parent is the owner. Raises Overflow when there are MaxCount children, and leaves
-    /// the item to the caller then.
+    /// Appends an item whose parent is the owner. Raises Overflow when there are MaxCount children, and
+    /// leaves the item to the caller then.
     MenuItem& Append(std::unique_ptr<MenuItem>&& item);
 
     /// Puts an item back at a 1-based position. Its parent must be the owner. Bounds as for Item, Count + 1

@@ -18,57 +18,57 @@ class MenuItem;
 /// works on copies; nothing is checked.
 class FormEditPart : public FormDialog {
 public:
-  /// @param screenWidth  in pixels. Up to 640 the menu picture has no frame of
-  /// its own and is chosen by
-  ///                     cmdMenuPicture.
-  FormEditPart(wxWindow *parent, int screenWidth);
+    /// @param screenWidth  in pixels. Up to 640 the menu picture has no frame of
+    /// its own and is chosen by
+    ///                     cmdMenuPicture.
+    FormEditPart(wxWindow* parent, int screenWidth);
 
-  /// Shows the dialog for a button.
-  /// @param caption  the button's caption, for the title
-  /// @param fields   what the dialog starts with; replaced by what was entered
-  /// when it is confirmed
-  /// @return true when the dialog was confirmed
-  bool Edit(const std::string &caption, PartFields &fields);
+    /// Shows the dialog for a button.
+    /// @param caption  the button's caption, for the title
+    /// @param fields   what the dialog starts with; replaced by what was entered
+    /// when it is confirmed
+    /// @return true when the dialog was confirmed
+    bool Edit(const std::string& caption, PartFields& fields);
 
-  /// The same for an item, which gets the fields when the dialog is confirmed.
-  /// Null is not shown and not confirmed.
-  bool Edit(MenuItem *item);
+    /// The same for an item, which gets the fields when the dialog is confirmed.
+    /// Null is not shown and not confirmed.
+    bool Edit(MenuItem* item);
 
-  // Controls.
-  wxStaticText *lblPartName = nullptr;
-  wxTextCtrl *txtPartName = nullptr;
-  wxButton *cmdSelectPart = nullptr;
-  wxStaticText *lblDescription = nullptr;
-  wxButton *cmdSlideShow = nullptr;
-  wxWindow *Frame1 = nullptr;
-  FormPicture *picItemHost = nullptr;
-  wxButton *cmdMenuSelect = nullptr;
-  wxButton *cmdMenuDelete = nullptr;
-  wxButton *cmdMenuPicture = nullptr;
-  wxWindow *Frame2 = nullptr;
-  FormPicture *picPreviewHost = nullptr;
-  wxButton *cmdPreviewSelect = nullptr;
-  wxButton *cmdPreviewDelete = nullptr;
-  wxWindow *Frame3 = nullptr;
-  wxButton *cmdHelpFile = nullptr;
-  wxButton *cmdHistory = nullptr;
+    // Controls.
+    wxStaticText* lblPartName = nullptr;
+    wxTextCtrl* txtPartName = nullptr;
+    wxButton* cmdSelectPart = nullptr;
+    wxStaticText* lblDescription = nullptr;
+    wxButton* cmdSlideShow = nullptr;
+    wxWindow* Frame1 = nullptr;
+    FormPicture* picItemHost = nullptr;
+    wxButton* cmdMenuSelect = nullptr;
+    wxButton* cmdMenuDelete = nullptr;
+    wxButton* cmdMenuPicture = nullptr;
+    wxWindow* Frame2 = nullptr;
+    FormPicture* picPreviewHost = nullptr;
+    wxButton* cmdPreviewSelect = nullptr;
+    wxButton* cmdPreviewDelete = nullptr;
+    wxWindow* Frame3 = nullptr;
+    wxButton* cmdHelpFile = nullptr;
+    wxButton* cmdHistory = nullptr;
 
 protected:
-  void OnOK() override;
+    void OnOK() override;
 
 private:
-  wxSizer *MakeProgramRows();
-  wxSizer *MakeMenuPictureFrame();
-  wxSizer *MakePreviewFrame();
-  wxSizer *MakeHelpFrame();
-  void BindControls();
-  PartFields Entered() const;
-  void RefreshDescription();
-  void SelectPart();
-  void EditPartInformation();
-  void ChooseFromLibrary();
+    wxSizer* MakeProgramRows();
+    wxSizer* MakeMenuPictureFrame();
+    wxSizer* MakePreviewFrame();
+    wxSizer* MakeHelpFrame();
+    void BindControls();
+    PartFields Entered() const;
+    void RefreshDescription();
+    void SelectPart();
+    void EditPartInformation();
+    void ChooseFromLibrary();
 
-  PartFields m_fields; // what has no control of its own: help and history
+    PartFields m_fields; // what has no control of its own: help and history
 };
 
 } // namespace nesk

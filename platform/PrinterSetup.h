@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 class wxWindow;
@@ -23,5 +24,12 @@ struct PrinterValues {
 /// and waits with a busy pointer.
 /// @return true when it was confirmed; `values` is what was chosen then, and stays as it was otherwise
 bool ShowPrinterSetup(wxWindow* parent, PrinterValues& values);
+
+/// What ShowPrinterSetup calls.
+using PrinterSetupFunction = std::function<bool(wxWindow* parent, PrinterValues& values)>;
+
+/// Puts something else in the place of the system's dialog; an empty function brings that back. A test needs
+/// it, for which printers there are differs from machine to machine. Returns what was there before.
+PrinterSetupFunction SetPrinterSetup(PrinterSetupFunction setup);
 
 } // namespace nesk::platform

@@ -83,6 +83,10 @@ void FormAccess::ReplaceBox(wxTextCtrl*& box, wxWindow* label, bool masked) {
     box->MoveAfterInTabOrder(label);
     GetSizer()->Replace(old, box, true);
     old->Destroy();
+    // Windows finds the box of an access key by the order in which the windows lie, where a new one comes
+    // last.
+    for (wxWindow* child : GetChildren())
+        child->Lower();
 }
 
 } // namespace nesk

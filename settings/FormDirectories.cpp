@@ -53,6 +53,17 @@ TextFilter NumberFilter() {
             [](const std::string& text) { return text; }, true};
 }
 
+// A box that shows a name. It is read-only, and yet Tab leads to it everywhere, so that the keyboard alone
+// reaches a name that is longer than its box; on Windows the toolkit leaves such boxes out.
+class NameBox final : public wxTextCtrl {
+public:
+    NameBox(wxWindow* parent, const char* name) {
+        Create(parent, wxID_ANY, "", wxDefaultPosition, parent->FromDIP(wxSize(280, -1)), wxTE_READONLY,
+               wxDefaultValidator, name);
+    }
+    bool AcceptsFocusFromKeyboard() const override { return AcceptsFocus(); }
+};
+
 } // namespace
 
 FormDirectories::FormDirectories(wxWindow* parent)
@@ -91,10 +102,7 @@ wxSizer* FormDirectories::BuildRows() {
         SelectAllOnFocus(*box);
         return box;
     };
-    const auto newNameBox = [this](const char* name) {
-        return new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(280, -1)), wxTE_READONLY,
-                              wxDefaultValidator, name);
-    };
+    const auto newNameBox = [this](const char* name) { return new NameBox(this, name); };
 
     // In the order in which Tab visits them, each label before the box that its access key leads to.
     lblRoot = NewLabel(this, "lblRoot", RootText);

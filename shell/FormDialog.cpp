@@ -20,6 +20,9 @@ FormDialog::FormDialog(wxWindow* parent, const char* name, int titleId, std::int
     : wxDialog(parent, wxID_ANY, ResText(titleId), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, name)
     , m_helpTopic(helpTopic) {
+    // On Windows a window that can be resized shows an icon, which is not its owner's by itself.
+    if (const auto* owner = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(parent)))
+        SetIcons(owner->GetIcons());
     // Escape is handled here, so that it does what cmdCancel does and the close box can do something else.
     SetEscapeId(wxID_NONE);
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {

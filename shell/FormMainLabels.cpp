@@ -45,6 +45,9 @@ void FormMain::FinishLabelEdit() {
 }
 
 void FormMain::OnEndLabelEdit(wxTreeEvent& event) {
+    // Wine's tree reports the end of an edit once more when the text box, going, loses the focus: with what
+    // was typed, even if that had been called off or refused.
+    if (!m_editingLabel) return event.Veto();
     m_editingLabel = false;
     const std::string id = tvMain->KeyOf(event.GetItem());
     if (id.empty()) event.Veto();

@@ -72,6 +72,9 @@ void SafeFile::KeepBackup(const Backup& backup) {
     if (backup.path.empty()) return;
     const int result = m_files.KeepCopy(m_path, backup.path, backup.mayReplace);
     if (result == ErrorCode::Success) return;
+    // When it is the file itself that cannot be read, the user must hear its name and not the copy's.
+    std::unique_ptr<platform::FileReader> reader;
+    Check(m_files.OpenForReading(m_path, reader), m_path);
     const NeskError cause = FileError(result, "SafeFile", backup.path);
     throw NeskError(cause.number, cause.source, Message::BackupFailed,
                     {backup.path, modUtilities::MessageText(cause)});

@@ -30,7 +30,8 @@ bool FileExists(const std::string& path);
 /// True when the path names an existing folder.
 bool DirectoryExists(const std::string& path);
 
-/// The folder of a file, up to and including its last "\", where that folder exists; otherwise `defaultFolder`.
+/// The folder of a file, up to and including its last "\", where that folder exists; otherwise
+/// `defaultFolder`.
 std::string ExistingFolderOf(const std::string& file, const std::string& defaultFolder);
 
 /// Creates every missing level of a folder. Raises the run-time error of the first level that cannot be

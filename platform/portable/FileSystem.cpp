@@ -6,6 +6,7 @@
 #include "platform/portable/HostError.h"
 #include "platform/portable/Station.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -38,8 +39,31 @@ std::uint32_t AttributesOf(const struct stat& status, std::string_view name) {
 // A missing file in a missing directory is "path not found", as Windows tells the two apart.
 int MissingCode(const fs::path& host, int error) {
     struct stat status {};
-    if (error == ENOENT && ::stat(host.parent_path().c_str(), &status) != 0) return ErrorCode::PathNotFound;
+    // So is a drive that is not there.
+    const bool isDrive = host.parent_path() == portable::StationFolder() / "drives";
+    if (error == ENOENT && (isDrive || ::stat(host.parent_path().c_str(), &status) != 0))
+        return ErrorCode::PathNotFound;
     return ErrorFromErrno(error, ErrorCode::ReadFault);
+}
+
+// The host's file of a Windows path, or why the path can name none.
+int Locate(const std::string& path, fs::path& host) {
+    host = ToHostPath(path);
+    if (host.empty()) return ErrorCode::PathNotFound;
+    const bool drive = path.size() >= 2 && path[1] == ':';
+    // The host's own files may have any name.
+    if (drive && (path[0] == 'Z' || path[0] == 'z')) return ErrorCode::Success;
+    const std::string_view names = std::string_view(path).substr(drive ? 2 : 0);
+    const auto isForbidden = [](char c) {
+        return static_cast<unsigned char>(c) < 0x20 || std::strchr("<>:\"|?*", c) != nullptr;
+    };
+    if (std::any_of(names.begin(), names.end(), isForbidden)) return ErrorCode::InvalidName;
+    struct stat status {};
+    // Only a folder may be named with a separator behind it.
+    if ((path.back() == '\\' || path.back() == '/') && ::stat(host.c_str(), &status) == 0 &&
+        !S_ISDIR(status.st_mode))
+        return ErrorCode::InvalidName;
+    return ErrorCode::Success;
 }
 
 // Where a link leads to, so that replacing a linked file replaces the file and keeps the link.
@@ -147,8 +171,8 @@ class HostFileSystem final : public FileSystem {
 public:
     int Attributes(const std::string& path, std::uint32_t& attributes) override {
         attributes = 0;
-        const fs::path host = ToHostPath(path);
-        if (host.empty()) return ErrorCode::PathNotFound;
+        fs::path host;
+        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
         struct stat status {};
         if (::stat(host.c_str(), &status) != 0) return MissingCode(host, errno);
         attributes = AttributesOf(status, host.filename().string());
@@ -162,9 +186,10 @@ public:
         const std::string name = slash == std::string::npos ? pattern : pattern.substr(slash + 1);
         if (name.find_first_of("*?") == std::string::npos) return SearchOne(pattern, search, first);
         const std::string folder = slash == std::string::npos ? "C:\\" : pattern.substr(0, slash + 1);
-        const fs::path host = ToHostPath(folder);
+        fs::path host;
+        if (const int result = Locate(folder, host); result != ErrorCode::Success) return result;
         auto found = std::make_unique<PatternSearch>(host, name);
-        if (host.empty() || !found->IsOpen()) return ErrorCode::PathNotFound;
+        if (!found->IsOpen()) return ErrorCode::PathNotFound;
         const int result = found->Next(first);
         if (result == ErrorCode::NoMoreItems) return ErrorCode::FileNotFound;
         if (result == ErrorCode::Success) search = std::move(found);
@@ -172,8 +197,8 @@ public:
     }
 
     int MakeFolder(const std::string& path) override {
-        const fs::path host = ToHostPath(path);
-        if (host.empty()) return ErrorCode::PathNotFound;
+        fs::path host;
+        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
         if (::mkdir(host.c_str(), 0777) == 0) return ErrorCode::Success;
         return MissingCode(host, errno) == ErrorCode::FileNotFound ? ErrorCode::PathNotFound
                                                                    : MissingCode(host, errno);
@@ -181,8 +206,8 @@ public:
 
     int OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) override {
         reader.reset();
-        const fs::path host = ToHostPath(path);
-        if (host.empty()) return ErrorCode::PathNotFound;
+        fs::path host;
+        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
         // Without O_NONBLOCK, opening a pipe that nobody writes to would hang the program.
         FileHandle handle(::open(host.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
         if (!handle) return MissingCode(host, errno);
@@ -195,8 +220,8 @@ public:
 
     int CreateNew(const std::string& path, std::unique_ptr<FileWriter>& writer) override {
         writer.reset();
-        const fs::path host = ToHostPath(path);
-        if (host.empty()) return ErrorCode::PathNotFound;
+        fs::path host;
+        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
         FileHandle handle(::open(host.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
         if (!handle) return MissingCode(host, errno);
         writer = std::make_unique<HostWriter>(std::move(handle));
@@ -204,8 +229,8 @@ public:
     }
 
     int RemoveFile(const std::string& path) override {
-        const fs::path host = ToHostPath(path);
-        if (host.empty()) return ErrorCode::PathNotFound;
+        fs::path host;
+        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
         return ::unlink(host.c_str()) != 0 ? MissingCode(host, errno) : ErrorCode::Success;
     }
 
@@ -223,9 +248,11 @@ public:
     }
 
     int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
-        const fs::path source = FinalPath(ToHostPath(path));
-        const fs::path target = ToHostPath(copy);
-        if (source.empty() || target.empty()) return ErrorCode::PathNotFound;
+        fs::path source;
+        fs::path target;
+        if (const int result = Locate(path, source); result != ErrorCode::Success) return result;
+        if (const int result = Locate(copy, target); result != ErrorCode::Success) return result;
+        source = FinalPath(source);
         struct stat status {};
         if (::stat(source.c_str(), &status) != 0) return MissingCode(source, errno);
         if (!mayReplace && ::lstat(target.c_str(), &status) == 0) return ErrorCode::AlreadyExists;
@@ -244,9 +271,11 @@ public:
     }
 
     int Replace(const std::string& path, const std::string& replacement) override {
-        const fs::path target = FinalPath(ToHostPath(path));
-        const fs::path source = ToHostPath(replacement);
-        if (target.empty() || source.empty()) return ErrorCode::PathNotFound;
+        fs::path target;
+        fs::path source;
+        if (const int result = Locate(path, target); result != ErrorCode::Success) return result;
+        if (const int result = Locate(replacement, source); result != ErrorCode::Success) return result;
+        target = FinalPath(target);
         struct stat status {};
         if (::stat(target.c_str(), &status) == 0) {
             if (S_ISDIR(status.st_mode)) return ErrorCode::AccessDenied;
@@ -260,8 +289,8 @@ public:
 private:
     static int SearchOne(const std::string& path, std::unique_ptr<DirectorySearch>& search,
                          DirectoryEntry& first) {
-        const fs::path host = ToHostPath(path);
-        if (host.empty()) return ErrorCode::PathNotFound;
+        fs::path host;
+        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
         struct stat status {};
         if (::stat(host.c_str(), &status) != 0) return MissingCode(host, errno);
         first.name = NameFromHost(host.filename().string());

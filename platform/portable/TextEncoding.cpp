@@ -26,7 +26,13 @@ const common::CodePageTable& common::SelectedCodePage() {
 }
 
 char32_t common::UpperCase(char32_t character) {
-    return static_cast<char32_t>(u_toupper(static_cast<UChar32>(character)));
+    // As on Windows, which knows no case beyond the characters of one UTF-16 unit.
+    if (character > 0xFFFF) return character;
+    const auto given = static_cast<UChar32>(character);
+    const UChar32 upper = u_toupper(given);
+    // Windows turns a character only into one that it would turn back: neither a final sigma nor a dotless i
+    // changes.
+    return u_tolower(upper) == given ? static_cast<char32_t>(upper) : character;
 }
 
 } // namespace nesk::platform

@@ -1,46 +1,50 @@
 #include "platform/portable/UiPrinterData.h"
 
+#include "platform/portable/PaperSizes.h"
+
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <optional>
-
-#include <wx/cmndata.h>
+#include <string_view>
 
 namespace nesk::platform::portable {
 
 namespace {
 
-// Paper codes of Windows that follow one another, and the toolkit's number of the first of them.
-struct PaperRange {
-    int firstCode;
-    wxPaperSize firstPaper;
-    int count;
-};
-constexpr std::array Papers = {
-    PaperRange{1, wxPAPER_LETTER, 1},    PaperRange{2, wxPAPER_LETTERSMALL, 3},
-    PaperRange{5, wxPAPER_LEGAL, 1},     PaperRange{6, wxPAPER_STATEMENT, 2},
-    PaperRange{8, wxPAPER_A3, 1},        PaperRange{9, wxPAPER_A4, 1},
-    PaperRange{10, wxPAPER_A4SMALL, 14}, PaperRange{24, wxPAPER_CSHEET, 3},
-    PaperRange{27, wxPAPER_ENV_DL, 21},  PaperRange{50, wxPAPER_LETTER_EXTRA, 69},
-};
-
-struct BinCode {
-    int code;
-    wxPrintBin bin;
-};
-constexpr std::array Bins = {BinCode{1, wxPRINTBIN_ONLYONE},        BinCode{2, wxPRINTBIN_LOWER},
-                             BinCode{3, wxPRINTBIN_MIDDLE},         BinCode{4, wxPRINTBIN_MANUAL},
-                             BinCode{5, wxPRINTBIN_ENVELOPE},       BinCode{6, wxPRINTBIN_ENVMANUAL},
-                             BinCode{7, wxPRINTBIN_AUTO},           BinCode{8, wxPRINTBIN_TRACTOR},
-                             BinCode{9, wxPRINTBIN_SMALLFMT},       BinCode{10, wxPRINTBIN_LARGEFMT},
-                             BinCode{11, wxPRINTBIN_LARGECAPACITY}, BinCode{14, wxPRINTBIN_CASSETTE},
-                             BinCode{15, wxPRINTBIN_FORMSOURCE}};
-
+// Codes of Windows.
+constexpr int Portrait = 1;
 constexpr int Landscape = 2;
 constexpr int AutomaticBin = 7;
-// Both count four qualities from -1 to -4: Windows from draft to high, the toolkit from high to draft.
-constexpr int BestQuality = -4;
-constexpr int QualitySum = -5;
+constexpr int CustomPaper = 256;
+constexpr int MediumQuality = -3;
+
+struct Bin {
+    int code;
+    std::string_view name;
+};
+constexpr std::array Bins = {Bin{1, "only-one"},
+                             Bin{2, "lower"},
+                             Bin{3, "middle"},
+                             Bin{4, "manual"},
+                             Bin{5, "envelope"},
+                             Bin{6, "envelope-manual"},
+                             Bin{7, "auto"},
+                             Bin{8, "tractor"},
+                             Bin{9, "small-format"},
+                             Bin{10, "large-format"},
+                             Bin{11, "large-capacity"},
+                             Bin{14, "cassette"},
+                             Bin{15, "form-source"},
+                             Bin{1, "upper"}};
+
+struct Quality {
+    int code;
+    GtkPrintQuality quality;
+};
+constexpr std::array Qualities = {Quality{-1, GTK_PRINT_QUALITY_DRAFT}, Quality{-2, GTK_PRINT_QUALITY_LOW},
+                                  Quality{MediumQuality, GTK_PRINT_QUALITY_NORMAL},
+                                  Quality{-4, GTK_PRINT_QUALITY_HIGH}};
 
 std::optional<int> Number(const std::string& text) {
     int number = 0;
@@ -49,64 +53,91 @@ std::optional<int> Number(const std::string& text) {
     return number;
 }
 
-std::optional<wxPaperSize> PaperOf(const std::string& text) {
-    const int code = Number(text).value_or(0);
-    for (const PaperRange& range : Papers)
-        if (code >= range.firstCode && code < range.firstCode + range.count)
-            return static_cast<wxPaperSize>(range.firstPaper + code - range.firstCode);
-    return std::nullopt;
+bool IsLandscape(const PrinterData& data) {
+    const GtkPageOrientation orientation = gtk_page_setup_get_orientation(data.page.get());
+    return orientation == GTK_PAGE_ORIENTATION_LANDSCAPE ||
+           orientation == GTK_PAGE_ORIENTATION_REVERSE_LANDSCAPE;
 }
 
-std::string PaperText(wxPaperSize paper, const std::string& before) {
-    for (const PaperRange& range : Papers)
-        if (paper >= range.firstPaper && paper < range.firstPaper + range.count)
-            return std::to_string(range.firstCode + paper - range.firstPaper);
-    return before;
+std::string PaperNameOf(const PrinterData& data) {
+    return gtk_paper_size_get_name(gtk_page_setup_get_paper_size(data.page.get()));
 }
 
-std::optional<wxPrintBin> BinOf(const std::string& text) {
-    const std::optional<int> code = Number(text);
-    for (const BinCode& entry : Bins)
-        if (code == entry.code) return entry.bin;
-    return std::nullopt;
+std::string Setting(const PrinterData& data, const char* key) {
+    const char* const text = gtk_print_settings_get(data.settings.get(), key);
+    return text != nullptr ? text : "";
 }
 
-std::string BinText(wxPrintBin bin, const std::string& before) {
-    for (const BinCode& entry : Bins)
-        if (entry.bin == bin) return std::to_string(entry.code);
-    // A bin of the printer's own, which the toolkit cannot name.
-    return before.empty() ? std::to_string(AutomaticBin) : before;
+int BinCode(std::string_view name) {
+    for (const Bin& bin : Bins)
+        if (bin.name == name) return bin.code;
+    return AutomaticBin;
 }
 
-std::optional<int> QualityOf(const std::string& text) {
-    const std::optional<int> code = Number(text);
-    if (!code || *code == 0 || *code < BestQuality) return std::nullopt;
-    return *code > 0 ? *code : QualitySum - *code;
-}
-
-std::string QualityText(int quality) {
-    return std::to_string(quality > 0 ? quality : QualitySum - quality);
+int QualityCode(const PrinterData& data) {
+    // Dots an inch say more than a name.
+    if (!Setting(data, GTK_PRINT_SETTINGS_RESOLUTION).empty())
+        return gtk_print_settings_get_resolution(data.settings.get());
+    const GtkPrintQuality chosen = gtk_print_settings_get_quality(data.settings.get());
+    for (const Quality& quality : Qualities)
+        if (quality.quality == chosen) return quality.code;
+    return MediumQuality;
 }
 
 } // namespace
 
-void ApplyPrinterValues(const PrinterValues& values, wxPrintData& data) {
-    data.SetOrientation(Number(values.orientation) == Landscape ? wxLANDSCAPE : wxPORTRAIT);
-    if (const auto paper = PaperOf(values.paperSize)) data.SetPaperId(*paper);
-    if (const auto bin = BinOf(values.paperBin)) data.SetBin(*bin);
-    if (const auto quality = QualityOf(values.quality)) data.SetQuality(*quality);
+PrinterData ApplyPrinterValues(const PrinterValues& values) {
+    PrinterData data;
+    GtkPrintSettings* const settings = data.settings.get();
+    const GtkPageOrientation orientation = Number(values.orientation) == Landscape
+                                               ? GTK_PAGE_ORIENTATION_LANDSCAPE
+                                               : GTK_PAGE_ORIENTATION_PORTRAIT;
+    gtk_page_setup_set_orientation(data.page.get(), orientation);
+    gtk_print_settings_set_orientation(settings, orientation);
+    if (const std::string name = PaperName(Number(values.paperSize).value_or(0)); !name.empty()) {
+        GtkPaperSize* const paper = gtk_paper_size_new(name.c_str());
+        gtk_page_setup_set_paper_size_and_default_margins(data.page.get(), paper);
+        gtk_print_settings_set_paper_size(settings, paper);
+        gtk_paper_size_free(paper);
+    }
+    const std::optional<int> code = Number(values.paperBin);
+    for (const Bin& bin : Bins)
+        if (code == bin.code) {
+            gtk_print_settings_set_default_source(settings, std::string(bin.name).c_str());
+            break;
+        }
+    const std::optional<int> quality = Number(values.quality);
+    if (quality && *quality > 0) gtk_print_settings_set_resolution(settings, *quality);
+    for (const Quality& named : Qualities)
+        if (quality == named.code) gtk_print_settings_set_quality(settings, named.quality);
+    if (const std::optional<int> zoom = Number(values.zoom); zoom && *zoom > 0)
+        gtk_print_settings_set_scale(settings, *zoom);
+    return data;
 }
 
-PrinterValues ReadPrinterValues(const wxPrintData& data, const PrinterValues& before) {
+PrinterValues ReadPrinterValues(const PrinterData& chosen, const PrinterValues& before,
+                                const PrinterData& shown) {
     PrinterValues values = before;
-    if (!data.GetPrinterName().empty()) values.device = data.GetPrinterName().utf8_string();
+    if (const std::string name = Setting(chosen, GTK_PRINT_SETTINGS_PRINTER); !name.empty())
+        values.device = name;
     // The toolkit knows no drivers, and that of another printer would be wrong.
     if (values.device != before.device) values.driver.clear();
-    values.orientation = data.GetOrientation() == wxLANDSCAPE ? "2" : "1";
-    values.paperSize = PaperText(data.GetPaperId(), before.paperSize);
-    values.paperBin = BinText(data.GetBin(), before.paperBin);
-    values.quality = QualityText(data.GetQuality());
-    if (values.zoom.empty()) values.zoom = "100";
+    if (before.orientation.empty() || IsLandscape(chosen) != IsLandscape(shown))
+        values.orientation = std::to_string(IsLandscape(chosen) ? Landscape : Portrait);
+    if (const std::string paper = PaperNameOf(chosen);
+        before.paperSize.empty() || paper != PaperNameOf(shown))
+        values.paperSize = std::to_string(PaperCode(paper).value_or(CustomPaper));
+    const std::string bin = Setting(chosen, GTK_PRINT_SETTINGS_DEFAULT_SOURCE);
+    if (before.paperBin.empty() || (!bin.empty() && bin != Setting(shown, GTK_PRINT_SETTINGS_DEFAULT_SOURCE)))
+        values.paperBin = std::to_string(BinCode(bin));
+    const bool hasQuality = !Setting(chosen, GTK_PRINT_SETTINGS_QUALITY).empty() ||
+                            !Setting(chosen, GTK_PRINT_SETTINGS_RESOLUTION).empty();
+    if (before.quality.empty() || (hasQuality && QualityCode(chosen) != QualityCode(shown)))
+        values.quality = std::to_string(QualityCode(chosen));
+    const long zoom = std::lround(gtk_print_settings_get_scale(chosen.settings.get()));
+    if (before.zoom.empty() || (!Setting(chosen, GTK_PRINT_SETTINGS_SCALE).empty() &&
+                                zoom != std::lround(gtk_print_settings_get_scale(shown.settings.get()))))
+        values.zoom = std::to_string(zoom);
     return values;
 }
 

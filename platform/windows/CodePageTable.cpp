@@ -9,10 +9,10 @@ namespace nesk::platform::common {
 
 namespace {
 
-// The system decodes bytes that a code page leaves out to these control characters, or to characters of the
-// private use area that only it knows.
+// Bytes that a code page leaves out are decoded to control characters, or to characters at the end of the
+// private use area that mean nothing to any other program; those of the area's start are the user's own.
 bool IsPlaceholder(wchar_t character) {
-    return (character >= 0x80 && character < 0xA0) || (character >= 0xF8F0 && character <= 0xF8FF);
+    return character >= 0xF880 && character <= 0xF8FF;
 }
 
 // The character that the whole of `bytes` stands for; 0 when there is none.

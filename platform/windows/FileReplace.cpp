@@ -43,6 +43,27 @@ bool CannotReplace(DWORD error) {
            error == ERROR_CALL_NOT_IMPLEMENTED;
 }
 
+// Another program has one of the files open: often one that looks through every new file.
+bool IsHeld(DWORD error) {
+    return error == ERROR_UNABLE_TO_REMOVE_REPLACED || error == ERROR_UNABLE_TO_MOVE_REPLACEMENT ||
+           error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2;
+}
+
+// Puts `replacement` in the place of `target`, which exists, by the system's own function. It keeps what
+// belongs to the file and not to its contents: access rights, encryption, when it was made. When it fails
+// halfway, it leaves the old file under the name given for it, from where it is fetched back.
+DWORD ReplaceExisting(const std::wstring& target, const std::wstring& replacement) {
+    const std::wstring old = target + L".old." + std::to_wstring(::GetCurrentProcessId()) + L"~";
+    const bool done = ::ReplaceFileW(target.c_str(), replacement.c_str(), old.c_str(),
+                                     REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0;
+    const DWORD error = done ? ERROR_SUCCESS : ::GetLastError();
+    if (!done && ::GetFileAttributesW(target.c_str()) == INVALID_FILE_ATTRIBUTES)
+        ::MoveFileExW(old.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH);
+    else
+        ::DeleteFileW(old.c_str());
+    return error;
+}
+
 } // namespace
 
 int CopyAccessRights(const std::wstring& from, const std::wstring& to) {
@@ -97,11 +118,8 @@ int ReplaceOrMove(const std::wstring& path, const std::wstring& replacement) {
                    : LastError();
     if ((attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0)
         return ErrorCode::AccessDenied;
-    // Replacing keeps what belongs to the file and not to its contents: access rights, encryption, when it
-    // was made.
-    if (::ReplaceFileW(target.c_str(), replacement.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr,
-                       nullptr) == 0) {
-        const DWORD error = ::GetLastError();
+    if (const DWORD error = ReplaceExisting(target, replacement); error != ERROR_SUCCESS) {
+        if (IsHeld(error)) return ErrorCode::SharingViolation;
         if (!CannotReplace(error)) return static_cast<int>(error);
         if (::MoveFileExW(replacement.c_str(), target.c_str(),
                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)

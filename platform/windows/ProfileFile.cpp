@@ -1,6 +1,8 @@
 #include "platform/ProfileFile.h"
 
 #include "platform/TextEncoding.h"
+#include "platform/common/ProfileSearch.h"
+#include "platform/windows/WideText.h"
 
 #include <algorithm>
 #include <vector>
@@ -23,6 +25,9 @@ std::string Narrow(const std::string& text) {
 std::string ReadProfileString(const std::string& file, const std::string& section, const std::string& key,
                               const std::string& defaultValue, std::size_t capacity) {
     if (capacity == 0) return "";
+    // The system reads no profile file whose path is longer.
+    if (windows::FilePath(file).size() >= MAX_PATH)
+        return common::SearchProfile(file, section, key, defaultValue, capacity);
     std::vector<char> buffer(std::min(capacity, LargestBuffer));
     const DWORD length =
         ::GetPrivateProfileStringA(Narrow(section).c_str(), Narrow(key).c_str(), Narrow(defaultValue).c_str(),

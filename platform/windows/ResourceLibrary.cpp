@@ -1,7 +1,9 @@
 #include "platform/ResourceLibrary.h"
 
+#include "platform/windows/ModuleFile.h"
 #include "platform/windows/WideText.h"
 
+#include <limits>
 #include <windows.h>
 // The system defines this name as a macro.
 #undef FreeModule
@@ -17,18 +19,21 @@ HMODULE ToSystem(ModuleHandle module) {
 } // namespace
 
 ModuleHandle LoadModule(const std::string& path) {
+    const std::wstring file = windows::FilePath(path);
+    if (!windows::IsWholeModule(file)) return 0;
     // Loaded for its strings alone: no code of the library runs, and a library made for the operator
     // interface serves the 64-bit program as well.
-    const HMODULE module = ::LoadLibraryExW(windows::FilePath(path).c_str(), nullptr,
-                                            LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
+    const HMODULE module =
+        ::LoadLibraryExW(file.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
     return reinterpret_cast<ModuleHandle>(module);
 }
 
 int ReadModuleString(ModuleHandle module, std::uint32_t id, char* buffer, int capacity) {
     if (buffer == nullptr || capacity <= 0) return 0;
     buffer[0] = '\0';
-    // Module 0 would be the program itself.
-    return module != 0 ? ::LoadStringA(ToSystem(module), id, buffer, capacity) : 0;
+    // Module 0 would be the program itself, and of a larger number the system would take the lower half.
+    if (module == 0 || id > std::numeric_limits<std::uint16_t>::max()) return 0;
+    return ::LoadStringA(ToSystem(module), id, buffer, capacity);
 }
 
 void FreeModule(ModuleHandle module) {

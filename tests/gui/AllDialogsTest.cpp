@@ -25,6 +25,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <ostream>
 
 #include <wx/button.h>
 
@@ -40,6 +41,11 @@ struct DialogCase {
     int helpTopic; // 0 for a dialog without help
     std::function<std::unique_ptr<FormDialog>()> make;
 };
+
+// What the test framework calls a case.
+void PrintTo(const DialogCase& dialog, std::ostream* text) {
+    *text << dialog.name;
+}
 
 template <typename Form>
 DialogCase Case(const char* name, int helpTopic) {

@@ -26,7 +26,7 @@ protected:
         FormAccess dialog(nullptr);
         const ModalDriver driver(dialog, [&] {
             act(dialog);
-            if (dialog.IsModal()) PressButton(dialog.cmdCancel);
+            if (IsOpen(dialog)) PressButton(dialog.cmdCancel);
         });
         dialog.Invoke();
     }
@@ -63,7 +63,7 @@ TEST_F(FormAccessTest, TypedCodesAreStoredByEnter) {
         EXPECT_TRUE(dialog.txtCode2->HasFocus());
         Type("1234");
         Press(WXK_RETURN);
-        EXPECT_TRUE(WaitUntil([&] { return !dialog.IsModal(); }));
+        EXPECT_TRUE(WaitUntil([&] { return !IsOpen(dialog); }));
     });
     EXPECT_EQ(NeskRegistry::Instance().ExitKey, "1234");
     EXPECT_EQ(StoredCode(), "1234");
@@ -107,7 +107,7 @@ TEST_F(FormAccessTest, DifferentCodesAreRefusedAndKept) {
         EXPECT_EQ(messages[0].text, LoadResString(32014));
         EXPECT_EQ(messages[0].title, LoadResString(32015));
         EXPECT_EQ(messages[0].options, 64);
-        EXPECT_TRUE(dialog.IsModal());
+        EXPECT_TRUE(IsOpen(dialog));
         EXPECT_EQ(dialog.txtCode1->GetValue(), "1234");
         EXPECT_EQ(dialog.txtCode2->GetValue(), "12345");
         EXPECT_TRUE(WaitUntil([&] { return dialog.txtCode2->HasFocus(); }));
@@ -141,7 +141,7 @@ TEST_F(FormAccessTest, EscapeAndCancelChangeNothing) {
                 Press(WXK_ESCAPE);
             else
                 PressButton(dialog.cmdCancel);
-            EXPECT_FALSE(dialog.IsModal());
+            EXPECT_FALSE(IsOpen(dialog));
         });
         EXPECT_EQ(NeskRegistry::Instance().ExitKey, "77");
     }

@@ -13,9 +13,9 @@
 
 #include <wx/button.h>
 #include <wx/listbox.h>
-#include <wx/printdlg.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/utils.h>
 
 namespace nesk::testing {
 namespace {
@@ -56,7 +56,7 @@ protected:
     bool Show(const std::function<void(FormDirectories&)>& act) {
         WhenShown<FormDirectories>("FormDirectories", [act](FormDirectories& form) {
             act(form);
-            if (form.IsModal()) Click(form.cmdCancel);
+            if (IsOpen(form)) Click(form.cmdCancel);
         });
         return FormDirectories(nullptr).Invoke();
     }
@@ -70,7 +70,7 @@ protected:
         EXPECT_EQ(messages.back().text, text);
         EXPECT_EQ(messages.back().options, 48);
         EXPECT_EQ(messages.back().title, LoadResString(32067));
-        EXPECT_TRUE(form.IsModal());
+        EXPECT_TRUE(IsOpen(form));
         EXPECT_TRUE(WaitUntil([box] { return box->HasFocus(); })) << FromWx(box->GetName());
     }
 
@@ -140,7 +140,7 @@ TEST_F(FormDirectoriesTest, EnterStoresWhatWasTyped) {
         EXPECT_EQ(Selected(form.txtSampleSize), "5");
         Type("7");
         Press(WXK_RETURN);
-        EXPECT_TRUE(WaitUntil([&] { return !form.IsModal(); }));
+        EXPECT_TRUE(WaitUntil([&] { return !IsOpen(form); }));
     });
     EXPECT_TRUE(confirmed);
     const NeskRegistry& settings = NeskRegistry::Instance();
@@ -157,7 +157,7 @@ TEST_F(FormDirectoriesTest, EscapeStoresNothing) {
     const bool confirmed = Show([](FormDirectories& form) {
         Type("C:\\Other");
         Press(WXK_ESCAPE);
-        EXPECT_FALSE(form.IsModal());
+        EXPECT_FALSE(IsOpen(form));
     });
     EXPECT_FALSE(confirmed);
     EXPECT_EQ(NeskRegistry::Instance().NeskRoot, "C:\\Root");
@@ -363,21 +363,29 @@ TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
 }
 
 // Chooses landscape A3 in the printer dialog, or calls it off.
-class PrinterDialogScript : public wxModalDialogHook {
+class PrinterDialogScript {
 public:
-    PrinterDialogScript() { Register(); }
-    ~PrinterDialogScript() override { Unregister(); }
+    PrinterDialogScript()
+        : m_before(platform::SetPrinterSetup([this](wxWindow* parent, platform::PrinterValues& values) {
+            EXPECT_NE(dynamic_cast<FormDirectories*>(parent), nullptr);
+            EXPECT_TRUE(wxIsBusy());
+            ++shown;
+            begun = values;
+            if (!confirmed) return false;
+            values.orientation = "2";
+            values.paperSize = "8";
+            return true;
+        })) {}
+    ~PrinterDialogScript() { platform::SetPrinterSetup(m_before); }
+    PrinterDialogScript(const PrinterDialogScript&) = delete;
+    PrinterDialogScript& operator=(const PrinterDialogScript&) = delete;
 
-    int answer = wxID_OK;
+    bool confirmed = true;
+    int shown = 0;
+    platform::PrinterValues begun; // with which the dialog began
 
-protected:
-    int Enter(wxDialog* dialog) override {
-        auto* setup = dynamic_cast<wxPageSetupDialogBase*>(dialog);
-        if (setup == nullptr) return wxID_NONE;
-        setup->GetPageSetupDialogData().GetPrintData().SetOrientation(wxLANDSCAPE);
-        setup->GetPageSetupDialogData().GetPrintData().SetPaperId(wxPAPER_A3);
-        return answer;
-    }
+private:
+    platform::PrinterSetupFunction m_before;
 };
 
 TEST_F(FormDirectoriesTest, PrinterValuesAreStoredOnOk) {
@@ -392,7 +400,7 @@ TEST_F(FormDirectoriesTest, PrinterValuesAreStoredOnOk) {
         Click(form.cmdCancel);
     }));
     EXPECT_EQ(settings.PrinterPaperSize, "9");
-    printer.answer = wxID_CANCEL;
+    printer.confirmed = false;
     EXPECT_TRUE(Show([](FormDirectories& form) {
         Click(form.cmdPrinter);
         Click(form.cmdOK);
@@ -400,11 +408,13 @@ TEST_F(FormDirectoriesTest, PrinterValuesAreStoredOnOk) {
     EXPECT_EQ(Saved("PrinterPaperSize"), "9");
     EXPECT_EQ(Saved("PrinterOrientation"), "1");
     EXPECT_EQ(Saved("PrinterQuality"), "");
-    printer.answer = wxID_OK;
+    printer.confirmed = true;
     EXPECT_TRUE(Show([](FormDirectories& form) {
         Click(form.cmdPrinter);
         Click(form.cmdOK);
     }));
+    EXPECT_EQ(printer.shown, 3);
+    EXPECT_EQ(printer.begun, (platform::PrinterValues{"Laser", "", "1", "9", "", "", "75"}));
     EXPECT_EQ(Saved("PrinterDevice"), "Laser");
     EXPECT_EQ(Saved("PrinterOrientation"), "2");
     EXPECT_EQ(Saved("PrinterPaperSize"), "8");
@@ -418,7 +428,7 @@ TEST_F(FormDirectoriesTest, AFailedSaveIsReportedAndClosesTheDialog) {
         form.txtRoot->SetValue("C:\\Other");
         Expect();
         Click(form.cmdOK);
-        EXPECT_FALSE(form.IsModal());
+        EXPECT_FALSE(IsOpen(form));
     });
     EXPECT_TRUE(confirmed);
     ASSERT_EQ(messages.size(), 1u);
@@ -432,7 +442,7 @@ TEST_F(FormDirectoriesTest, ANumberThatNothingCanHoldIsReported) {
         form.txtSampleSize->SetValue("-40000");
         Expect();
         Click(form.cmdOK);
-        EXPECT_TRUE(form.IsModal());
+        EXPECT_TRUE(IsOpen(form));
     });
     EXPECT_FALSE(confirmed);
     EXPECT_EQ(messages.back().title, LoadResString(34123));

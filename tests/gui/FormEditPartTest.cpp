@@ -168,7 +168,7 @@ TEST_F(FormEditPartTest, AMissingOrFailingEditorGivesAMessage) {
         editor.InstallFailing();
         PressButton(dialog.cmdSlideShow);
         ASSERT_EQ(messages.size(), 2u);
-        EXPECT_TRUE(dialog.IsModal()) << "the dialog stays open";
+        EXPECT_TRUE(IsOpen(dialog)) << "the dialog stays open";
         PressButton(dialog.cmdCancel);
     });
     dialog.Edit(item);
@@ -194,7 +194,7 @@ TEST_F(FormEditPartTest, ATextThatCannotBeStoredKeepsTheDialogOpen) {
         PressButton(dialog.cmdOK);
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].find("部"), std::string::npos);
-        EXPECT_TRUE(dialog.IsModal());
+        EXPECT_TRUE(IsOpen(dialog));
         dialog.txtPartName->SetValue("PART");
         PressButton(dialog.cmdOK);
     });

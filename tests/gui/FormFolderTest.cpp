@@ -84,7 +84,7 @@ TEST_F(FormFolderTest, AnEmptyNameDoesNothing) {
     const std::string made = Show([](FormFolder& form) {
         form.txtFolder->ChangeValue(" \\\\ ");
         Click(form.cmdOK);
-        EXPECT_TRUE(form.IsModal());
+        EXPECT_TRUE(IsOpen(form));
         Press(WXK_ESCAPE);
     });
     EXPECT_EQ(made, "");
@@ -130,7 +130,7 @@ TEST_F(FormFolderTest, AFailureIsReportedAndTheDialogStaysOpen) {
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].text.find("C:\\Data\\File"), std::string::npos) << messages[0].text;
         EXPECT_EQ(messages[0].options, modMessageBox::Option::Critical);
-        EXPECT_TRUE(form.IsModal());
+        EXPECT_TRUE(IsOpen(form));
         EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "File\\Below");
         form.txtFolder->ChangeValue("Good");
         Click(form.cmdOK);

@@ -17,6 +17,8 @@ protected:
         frame = new wxFrame(nullptr, wxID_ANY, "Tree");
         tree = new FormFolderTree(frame, "Dir1");
         frame->Show();
+        // On Windows the system has folders on drive C:.
+        station.AddDrive('D');
         for (const char* folder : {"Data/beta/Deep", "Data/Alpha", "data2"})
             fs::create_directories(Drive() / folder);
     }
@@ -25,7 +27,7 @@ protected:
         Settle();
     }
 
-    static fs::path Drive() { return TempStation::Host("C:\\"); }
+    static fs::path Drive() { return TempStation::Host("D:\\"); }
 
     // What lies below the selected node, one blank between the names.
     std::string Children() const {
@@ -47,35 +49,36 @@ TEST_F(FormFolderTreeTest, StandsNowhereAtFirst) {
 }
 
 TEST_F(FormFolderTreeTest, GoesToAFolderAndOpensIt) {
-    tree->SetPath("c:\\");
-    EXPECT_EQ(tree->Path(), "C:\\");
+    tree->SetPath("d:\\");
+    EXPECT_EQ(tree->Path(), "D:\\");
     EXPECT_EQ(Children(), "Data data2");
-    tree->SetPath("C:\\DATA\\");
-    EXPECT_EQ(tree->Path(), "C:\\Data");
+    tree->SetPath("D:\\DATA\\");
+    EXPECT_EQ(tree->Path(), "D:\\Data");
     EXPECT_EQ(Children(), "Alpha beta");
     EXPECT_TRUE(tree->IsExpanded(tree->GetSelection()));
-    tree->SetPath("C:\\Data\\beta\\Deep");
-    EXPECT_EQ(tree->Path(), "C:\\Data\\beta\\Deep");
+    tree->SetPath("D:\\Data\\beta\\Deep");
+    EXPECT_EQ(tree->Path(), "D:\\Data\\beta\\Deep");
     EXPECT_EQ(Children(), "");
     EXPECT_FALSE(tree->ItemHasChildren(tree->GetSelection()));
 }
 
 TEST_F(FormFolderTreeTest, GoesAsFarAsThePathExists) {
-    tree->SetPath("C:\\Data\\None\\Deep");
-    EXPECT_EQ(tree->Path(), "C:\\Data");
+    tree->SetPath("D:\\Data\\None\\Deep");
+    EXPECT_EQ(tree->Path(), "D:\\Data");
 }
 
 TEST_F(FormFolderTreeTest, ChangesTheDrive) {
-    fs::create_directories(station.Folder() / "drives" / "d" / "Other");
-    tree->SetPath("C:\\Data");
-    tree->SetPath("d:");
-    EXPECT_EQ(tree->Path(), "D:\\");
-    EXPECT_EQ(tree->Drive(), 'D');
+    station.AddDrive('E');
+    fs::create_directories(TempStation::Host("E:\\Other"));
+    tree->SetPath("D:\\Data");
+    tree->SetPath("e:");
+    EXPECT_EQ(tree->Path(), "E:\\");
+    EXPECT_EQ(tree->Drive(), 'E');
     EXPECT_EQ(Children(), "Other");
 }
 
 TEST_F(FormFolderTreeTest, AFolderIsReadWhenItIsOpened) {
-    tree->SetPath("C:\\");
+    tree->SetPath("D:\\");
     wxTreeItemIdValue cookie = nullptr;
     const wxTreeItemId data = tree->GetFirstChild(tree->GetRootItem(), cookie);
     EXPECT_EQ(tree->GetChildrenCount(data), 0u);
@@ -85,43 +88,52 @@ TEST_F(FormFolderTreeTest, AFolderIsReadWhenItIsOpened) {
 }
 
 TEST_F(FormFolderTreeTest, AFolderMadeInTheMeantimeIsFoundInItsPlace) {
-    tree->SetPath("C:\\Data");
+    tree->SetPath("D:\\Data");
     fs::create_directories(Drive() / "Data" / "Aztec" / "Sun");
-    tree->SetPath("C:\\Data\\Aztec\\Sun\\");
-    EXPECT_EQ(tree->Path(), "C:\\Data\\Aztec\\Sun");
-    tree->SetPath("C:\\Data");
+    tree->SetPath("D:\\Data\\Aztec\\Sun\\");
+    EXPECT_EQ(tree->Path(), "D:\\Data\\Aztec\\Sun");
+    tree->SetPath("D:\\Data");
     EXPECT_EQ(Children(), "Alpha Aztec beta");
 }
 
+#ifdef NESK_PORTABLE_STATION
 TEST_F(FormFolderTreeTest, LinksThatLeadBackAreOpenedOneByOne) {
     fs::create_directory_symlink(Drive() / "Data", Drive() / "Data" / "loop");
-    tree->SetPath("C:\\Data\\loop\\loop\\loop");
-    EXPECT_EQ(tree->Path(), "C:\\Data\\loop\\loop\\loop");
+    tree->SetPath("D:\\Data\\loop\\loop\\loop");
+    EXPECT_EQ(tree->Path(), "D:\\Data\\loop\\loop\\loop");
     EXPECT_EQ(Children(), "Alpha beta loop");
 }
 
+TEST_F(FormFolderTreeTest, AByteThatIsNoTextKeepsItsPlaceInThePath) {
+    fs::create_directories(Drive() / "Data" / "beta" / "\xFF");
+    tree->SetPath("D:\\Data\\beta");
+    EXPECT_EQ(Children(), "Deep \xF4\x8F\xBB\xBF");
+    tree->SetPath("D:\\Data\\beta\\\xF4\x8F\xBB\xBF");
+    EXPECT_EQ(tree->Path(), "D:\\Data\\beta\\\xF4\x8F\xBB\xBF");
+}
+#endif
+
 TEST_F(FormFolderTreeTest, NamesAreShownAsTheyAre) {
-    fs::create_directories(Drive() / "R&D" /
-                           "Pr\xC3\xBC"
-                           "f");
-    fs::create_directories(Drive() / "R&D" / "\xFF");
-    tree->SetPath("C:\\R&D");
+    for (const char* folder : {"Pr\xC3\xBC"
+                               "f",
+                               "A&B", "\xE6\xBC\xA2"})
+        fs::create_directories(TempStation::Host(std::string("D:\\R&D\\") + folder));
+    tree->SetPath("D:\\R&D");
     EXPECT_EQ(FromWx(tree->GetItemText(tree->GetSelection())), "R&D");
-    // A byte that is no text keeps its place in the path.
-    EXPECT_EQ(Children(), "Pr\xC3\xBC"
-                          "f \xF4\x8F\xBB\xBF");
-    tree->SetPath("C:\\R&D\\\xF4\x8F\xBB\xBF");
-    EXPECT_EQ(tree->Path(), "C:\\R&D\\\xF4\x8F\xBB\xBF");
+    EXPECT_EQ(Children(), "A&B Pr\xC3\xBC"
+                          "f \xE6\xBC\xA2");
+    tree->SetPath("D:\\R&D\\\xE6\xBC\xA2");
+    EXPECT_EQ(tree->Path(), "D:\\R&D\\\xE6\xBC\xA2");
 }
 
 TEST_F(FormFolderTreeTest, AFolderThatCannotBeReadIsReported) {
-    tree->SetPath("C:\\");
+    tree->SetPath("D:\\");
     fs::remove_all(Drive() / "Data");
     Expect();
     wxTreeItemIdValue cookie = nullptr;
     tree->Expand(tree->GetFirstChild(tree->GetRootItem(), cookie));
     ASSERT_EQ(messages.size(), 1u);
-    EXPECT_NE(messages[0].text.find("C:\\Data"), std::string::npos);
+    EXPECT_NE(messages[0].text.find("D:\\Data"), std::string::npos);
 }
 
 } // namespace

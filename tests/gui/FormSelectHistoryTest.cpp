@@ -131,7 +131,7 @@ TEST_F(FormSelectHistoryTest, ATitleThatCannotBeStoredIsReported) {
         Click(form.cmdOK);
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].text.find("\xE6\x97\xA5"), std::string::npos);
-        EXPECT_TRUE(form.IsModal());
+        EXPECT_TRUE(IsOpen(form));
         Click(form.cmdCancel);
     }));
     EXPECT_EQ(title, "Bracket");

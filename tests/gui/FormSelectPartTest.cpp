@@ -76,7 +76,7 @@ TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
         EXPECT_FALSE(form.cmdOK->IsEnabled());
         wxCommandEvent press(wxEVT_BUTTON, form.cmdOK->GetId());
         form.cmdOK->ProcessWindowEvent(press);
-        EXPECT_TRUE(form.IsModal()) << "the dialog stays open";
+        EXPECT_TRUE(IsOpen(form)) << "the dialog stays open";
         Click(form.cmdCancel);
     });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "") << "a folder is no part program";

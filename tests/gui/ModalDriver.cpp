@@ -23,14 +23,18 @@ ModalDriver::ModalDriver(wxDialog& dialog, std::function<void()> act)
 
 void ModalDriver::OnTimer() {
     ++m_ticks;
-    if (!m_done && m_dialog.IsModal() && m_dialog.IsActive()) {
+    if (!m_done && IsOpen(m_dialog) && m_dialog.IsActive()) {
         m_done = true;
         m_act();
     } else if (m_ticks > MostTicks) {
         m_timer.Stop();
         ADD_FAILURE() << "the dialog " << m_dialog.GetName() << " was not ended";
-        if (m_dialog.IsModal()) m_dialog.EndModal(wxID_CANCEL);
+        if (IsOpen(m_dialog)) m_dialog.EndModal(wxID_CANCEL);
     }
+}
+
+bool IsOpen(const wxDialog& dialog) {
+    return dialog.IsModal() && dialog.IsShown();
 }
 
 void PressButton(wxWindow* button) {

@@ -24,6 +24,10 @@ private:
     bool m_done = false;
 };
 
+/// Whether a modal dialog waits for an answer. Not every toolkit's IsModal tells: on Windows it holds until
+/// the call that showed the dialog has returned, although the dialog has its answer and is hidden.
+bool IsOpen(const wxDialog& dialog);
+
 /// Presses a button of a dialog.
 void PressButton(wxWindow* button);
 

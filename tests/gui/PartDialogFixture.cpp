@@ -8,6 +8,7 @@
 
 #include <wx/app.h>
 #include <wx/button.h>
+#include <wx/choice.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 #include <wx/evtloop.h>
@@ -29,7 +30,7 @@ constexpr int MostIdleTicks = 400;
 wxDialog* ActiveDialog() {
     for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
         auto* dialog = dynamic_cast<wxDialog*>(node->GetData());
-        if (dialog != nullptr && dialog->IsModal()) return dialog->IsActive() ? dialog : nullptr;
+        if (dialog != nullptr && IsOpen(*dialog)) return dialog->IsActive() ? dialog : nullptr;
     }
     return nullptr;
 }
@@ -134,6 +135,14 @@ void PartDialogTest::Paste(const std::string& text) {
     wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
     wxTheClipboard->Close();
     Press('V', wxMOD_CONTROL);
+}
+
+std::string PartDialogTest::FocusName([[maybe_unused]] const wxChoice& list) {
+#ifdef NESK_PORTABLE_STATION
+    return "-";
+#else
+    return FromWx(list.GetName());
+#endif
 }
 
 std::string PartDialogTest::TabOrder() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gui/ModalDriver.h"
 #include "platform/OpenFileDialog.h"
 #include "unit/CoreFixture.h"
 
@@ -15,6 +16,7 @@
 #include <wx/timer.h>
 
 class wxButton;
+class wxChoice;
 
 namespace nesk::testing {
 
@@ -73,9 +75,11 @@ protected:
     static void Settle();
 
     /// Names of the controls in the order in which Tab visits them, one blank between them, starting at the
-    /// control that has the focus and ending before it comes again. "-" stands for a drop-down list, which
-    /// keeps from the toolkit that it has the focus.
+    /// control that has the focus and ending before it comes again.
     static std::string TabOrder();
+
+    /// What TabOrder calls a drop-down list: "-" where the list keeps from the toolkit that it has the focus.
+    static std::string FocusName(const wxChoice& list);
 
     std::vector<SystemBox> boxes;         ///< message boxes of the system that came up
     std::vector<std::string> fileDialogs; ///< "title|folder|name|filter" of each file dialog that came up

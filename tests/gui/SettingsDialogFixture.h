@@ -38,11 +38,11 @@ protected:
         }
     }
 
-    /// Waits until a condition holds; false when it did not within three seconds.
-    static bool WaitUntil(const std::function<bool()>& condition) {
+    /// Waits until a condition holds; false when it did not in that time.
+    static bool WaitUntil(const std::function<bool()>& condition, long milliseconds = 3000) {
         const wxStopWatch watch;
         while (!condition()) {
-            if (watch.Time() > 3000) return false;
+            if (watch.Time() > milliseconds) return false;
             wxMilliSleep(5);
             Settle();
         }

@@ -1,213 +1,231 @@
 #include "platform/portable/UiPrinterData.h"
 
 #include "gui/SettingsDialogFixture.h"
+#include "platform/portable/PaperSizes.h"
 
-#include <wx/cmndata.h>
+#include <functional>
+
+#include <gtk/gtkunixprint.h>
 #include <wx/frame.h>
-#include <wx/modalhook.h>
-#include <wx/printdlg.h>
+#include <wx/timer.h>
+#include <wx/utils.h>
 
 namespace nesk::testing {
 namespace {
 
 using platform::PrinterValues;
 using platform::portable::ApplyPrinterValues;
+using platform::portable::PrinterData;
 using platform::portable::ReadPrinterValues;
 
 const PrinterValues Nothing;
 
-// What comes back when the values are applied and read again without a change.
-PrinterValues Kept(const PrinterValues& values) {
-    wxPrintData data;
-    ApplyPrinterValues(values, data);
-    return ReadPrinterValues(data, values);
+// What is read when `chosen` was chosen in a dialog that showed the values of `before`.
+PrinterValues Choose(const PrinterValues& chosen, const PrinterValues& before = Nothing) {
+    return ReadPrinterValues(ApplyPrinterValues(chosen), before, ApplyPrinterValues(before));
+}
+
+std::string PaperOf(const PrinterData& data) {
+    return gtk_paper_size_get_name(gtk_page_setup_get_paper_size(data.page.get()));
+}
+
+void SetPaper(GtkPageSetup* page, const char* name) {
+    GtkPaperSize* const paper = gtk_paper_size_new(name);
+    gtk_page_setup_set_paper_size_and_default_margins(page, paper);
+    gtk_paper_size_free(paper);
 }
 
 TEST(PrinterValues, AreApplied) {
-    wxPrintData data;
-    ApplyPrinterValues({"Laser", "laserdrv", "2", "9", "4", "600", "50"}, data);
-    EXPECT_EQ(data.GetOrientation(), wxLANDSCAPE);
-    EXPECT_EQ(data.GetPaperId(), wxPAPER_A4);
-    EXPECT_EQ(data.GetBin(), wxPRINTBIN_MANUAL);
-    EXPECT_EQ(data.GetQuality(), 600);
-    EXPECT_EQ(data.GetPrinterName(), "") << "the dialog begins with the default printer";
-    ApplyPrinterValues({"", "", "1", "1", "7", "-4", ""}, data);
-    EXPECT_EQ(data.GetOrientation(), wxPORTRAIT);
-    EXPECT_EQ(data.GetPaperId(), wxPAPER_LETTER);
-    EXPECT_EQ(data.GetBin(), wxPRINTBIN_AUTO);
-    EXPECT_EQ(data.GetQuality(), wxPRINT_QUALITY_HIGH);
+    const PrinterData data = ApplyPrinterValues({"Laser", "laserdrv", "2", "8", "4", "600", "50"});
+    EXPECT_EQ(gtk_page_setup_get_orientation(data.page.get()), GTK_PAGE_ORIENTATION_LANDSCAPE);
+    EXPECT_EQ(PaperOf(data), "iso_a3");
+    EXPECT_STREQ(gtk_print_settings_get_default_source(data.settings.get()), "manual");
+    EXPECT_EQ(gtk_print_settings_get_resolution(data.settings.get()), 600);
+    EXPECT_EQ(gtk_print_settings_get_scale(data.settings.get()), 50);
+    EXPECT_EQ(gtk_print_settings_get_printer(data.settings.get()), nullptr)
+        << "the dialog begins with the default printer";
+    const PrinterData other = ApplyPrinterValues({"", "", "1", "1", "7", "-4", ""});
+    EXPECT_EQ(gtk_page_setup_get_orientation(other.page.get()), GTK_PAGE_ORIENTATION_PORTRAIT);
+    EXPECT_EQ(PaperOf(other), "na_letter");
+    EXPECT_STREQ(gtk_print_settings_get_default_source(other.settings.get()), "auto");
+    EXPECT_EQ(gtk_print_settings_get_quality(other.settings.get()), GTK_PRINT_QUALITY_HIGH);
+    EXPECT_EQ(gtk_print_settings_get_scale(other.settings.get()), 100);
 }
 
 TEST(PrinterValues, WhatIsNoCodeLeavesTheDefault) {
-    const wxPrintData fresh;
+    const PrinterData fresh;
     for (const char* text : {"", "x", "9x", " 9", "0", "48", "119", "256", "-9", "99999999999999999999"}) {
-        wxPrintData data;
-        ApplyPrinterValues({"", "", text, text, "12", "0", text}, data);
-        EXPECT_EQ(data.GetOrientation(), wxPORTRAIT) << text;
-        EXPECT_EQ(data.GetPaperId(), fresh.GetPaperId()) << text;
-        EXPECT_EQ(data.GetBin(), fresh.GetBin());
-        EXPECT_EQ(data.GetQuality(), fresh.GetQuality());
+        const PrinterData data = ApplyPrinterValues({"", "", text, text, "12", "0", "0"});
+        EXPECT_EQ(gtk_page_setup_get_orientation(data.page.get()), GTK_PAGE_ORIENTATION_PORTRAIT) << text;
+        EXPECT_EQ(PaperOf(data), PaperOf(fresh)) << text;
+        EXPECT_EQ(gtk_print_settings_get_default_source(data.settings.get()), nullptr);
+        EXPECT_FALSE(gtk_print_settings_has_key(data.settings.get(), GTK_PRINT_SETTINGS_QUALITY));
+        EXPECT_FALSE(gtk_print_settings_has_key(data.settings.get(), GTK_PRINT_SETTINGS_RESOLUTION));
+        EXPECT_FALSE(gtk_print_settings_has_key(data.settings.get(), GTK_PRINT_SETTINGS_SCALE));
     }
 }
 
 TEST(PrinterValues, AreReadAsDecimalText) {
-    wxPrintData data;
-    data.SetPrinterName(wxString::FromUTF8("Büro"));
-    data.SetOrientation(wxLANDSCAPE);
-    data.SetPaperId(wxPAPER_A3);
-    data.SetBin(wxPRINTBIN_FORMSOURCE);
-    data.SetQuality(1200);
-    EXPECT_EQ(ReadPrinterValues(data, Nothing), (PrinterValues{"Büro", "", "2", "8", "15", "1200", "100"}));
-    data.SetQuality(wxPRINT_QUALITY_DRAFT);
-    EXPECT_EQ(ReadPrinterValues(data, Nothing).quality, "-1");
-    data.SetQuality(wxPRINT_QUALITY_LOW);
-    EXPECT_EQ(ReadPrinterValues(data, Nothing).quality, "-2");
-    data.SetQuality(wxPRINT_QUALITY_MEDIUM);
-    EXPECT_EQ(ReadPrinterValues(data, Nothing).quality, "-3");
+    const PrinterData data = ApplyPrinterValues({"", "", "2", "8", "15", "1200", "75"});
+    gtk_print_settings_set_printer(data.settings.get(), "Büro");
+    EXPECT_EQ(ReadPrinterValues(data, Nothing, PrinterData()),
+              (PrinterValues{"Büro", "", "2", "8", "15", "1200", "75"}));
 }
 
-TEST(PrinterValues, EveryPaperCodeComesBack) {
-    wxPrintData data;
-    int codes = 0;
+TEST(PrinterValues, HaveDefaultsWhereTheDialogSaysNothing) {
+    const PrinterData data;
+    SetPaper(data.page.get(), "iso_a4");
+    EXPECT_EQ(ReadPrinterValues(data, Nothing, data), (PrinterValues{"", "", "1", "9", "7", "-3", "100"}));
+}
+
+TEST(PrinterValues, EveryPaperIsKnownToTheToolkit) {
     for (int code = 1; code <= 118; ++code) {
-        if (code == 48 || code == 49) continue; // not assigned
-        const std::string text = std::to_string(code);
-        data.SetPaperId(wxPAPER_NONE);
-        ApplyPrinterValues({"", "", "", text, "", "", ""}, data);
-        EXPECT_NE(data.GetPaperId(), wxPAPER_NONE) << code;
-        EXPECT_EQ(ReadPrinterValues(data, Nothing).paperSize, text);
-        ++codes;
-    }
-    EXPECT_EQ(codes, 116);
-    // One from the front and the end of each group that is numbered through.
-    const std::pair<const char*, wxPaperSize> known[] = {
-        {"2", wxPAPER_LETTERSMALL}, {"4", wxPAPER_LEDGER},
-        {"5", wxPAPER_LEGAL},       {"7", wxPAPER_EXECUTIVE},
-        {"11", wxPAPER_A5},         {"23", wxPAPER_ENV_14},
-        {"24", wxPAPER_CSHEET},     {"26", wxPAPER_ESHEET},
-        {"27", wxPAPER_ENV_DL},     {"42", wxPAPER_ISO_B4},
-        {"47", wxPAPER_ENV_INVITE}, {"50", wxPAPER_LETTER_EXTRA},
-        {"66", wxPAPER_A2},         {"70", wxPAPER_A6},
-        {"88", wxPAPER_B6_JIS},     {"118", wxPAPER_PENV_10_ROTATED},
-    };
-    for (const auto& [text, paper] : known) {
-        ApplyPrinterValues({"", "", "", text, "", "", ""}, data);
-        EXPECT_EQ(data.GetPaperId(), paper) << text;
+        const std::string name = platform::portable::PaperName(code);
+        if (name.empty()) continue;
+        GtkPaperSize* const paper = gtk_paper_size_new(name.c_str());
+        EXPECT_FALSE(gtk_paper_size_is_custom(paper)) << name;
+        gtk_paper_size_free(paper);
+        const PrinterValues before{"", "", "1", "66", "", "", ""};
+        const std::string read = Choose({"", "", "1", std::to_string(code), "", "", ""}, before).paperSize;
+        EXPECT_EQ(platform::portable::PaperName(std::stoi(read)), name) << code;
     }
 }
 
 TEST(PrinterValues, EveryBinAndQualityComesBack) {
     for (const char* bin : {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "14", "15"})
-        EXPECT_EQ(Kept({"", "", "", "", bin, "", ""}).paperBin, bin);
+        EXPECT_EQ(Choose({"", "", "", "", bin, "", ""}).paperBin, bin);
     for (const char* quality : {"-1", "-2", "-3", "-4", "1", "300", "2400"})
-        EXPECT_EQ(Kept({"", "", "", "", "", quality, ""}).quality, quality);
+        EXPECT_EQ(Choose({"", "", "", "", "", quality, ""}).quality, quality);
 }
 
 TEST(PrinterValues, WhatTheToolkitCannotNameStays) {
-    wxPrintData data;
-    data.SetPaperId(wxPAPER_NONE);
-    const PrinterValues before = {"Laser", "laserdrv", "1", "256", "257", "-3", "75"};
-    ApplyPrinterValues(before, data);
-    EXPECT_EQ(ReadPrinterValues(data, before), before);
-    EXPECT_EQ(ReadPrinterValues(data, Nothing).paperBin, "7");
+    for (const PrinterValues& before : {PrinterValues{"Laser", "laserdrv", "1", "118", "257", "-3", "75"},
+                                        PrinterValues{"Laser", "laserdrv", "2", "55", "x", "-9", "75"}})
+        EXPECT_EQ(Choose(before, before), before);
+}
+
+TEST(PrinterValues, APaperWithoutACodeIsOfTheUsersOwnSize) {
+    const PrinterData data;
+    GtkPaperSize* const paper = gtk_paper_size_new_custom("own", "Own", 111, 222, GTK_UNIT_MM);
+    gtk_page_setup_set_paper_size(data.page.get(), paper);
+    gtk_paper_size_free(paper);
+    const PrinterValues before{"", "", "1", "9", "", "", ""};
+    EXPECT_EQ(ReadPrinterValues(data, before, ApplyPrinterValues(before)).paperSize, "256");
 }
 
 TEST(PrinterValues, AnotherPrinterLosesTheDriver) {
-    wxPrintData data;
-    data.SetPrinterName("Laser");
-    EXPECT_EQ(ReadPrinterValues(data, {"Laser", "laserdrv", "", "", "", "", ""}).driver, "laserdrv");
-    EXPECT_EQ(ReadPrinterValues(data, {"Plotter", "plotdrv", "", "", "", "", ""}).driver, "");
+    const PrinterData data;
+    gtk_print_settings_set_printer(data.settings.get(), "Laser");
+    EXPECT_EQ(ReadPrinterValues(data, {"Laser", "laserdrv", "", "", "", "", ""}, data).driver, "laserdrv");
+    EXPECT_EQ(ReadPrinterValues(data, {"Plotter", "plotdrv", "", "", "", "", ""}, data).driver, "");
 }
 
-// The printer dialog, answered without being shown.
-class PrinterScript : public wxModalDialogHook {
-public:
-    explicit PrinterScript(int answer) : m_answer(answer) { Register(); }
-    ~PrinterScript() override { Unregister(); }
-
-    wxPrintData before;
-    bool busy = false;
-    int shown = 0;
-
+// The toolkit's own dialog on a machine that need not have a printer: it can always print to a file.
+class PrintDialogTest : public SettingsDialogTest {
 protected:
-    int Enter(wxDialog* dialog) override {
-        auto* setup = dynamic_cast<wxPageSetupDialogBase*>(dialog);
-        if (setup == nullptr) return wxID_NONE;
-        ++shown;
-        busy = wxIsBusy();
-        wxPrintData& data = setup->GetPageSetupDialogData().GetPrintData();
-        before = data;
-        data.SetPrinterName("Laser 2");
-        data.SetOrientation(wxPORTRAIT);
-        data.SetPaperId(wxPAPER_A5);
-        return m_answer;
-    }
-
-private:
-    int m_answer;
-};
-
-TEST(PrinterSetup, ConfirmedValuesAreReadBack) {
-    PrinterScript script(wxID_OK);
-    PrinterValues values = {"Laser 1", "laserdrv", "2", "8", "2", "-3", "75"};
-    EXPECT_TRUE(platform::ShowPrinterSetup(nullptr, values));
-    EXPECT_EQ(script.shown, 1);
-    EXPECT_TRUE(script.busy);
-    EXPECT_FALSE(wxIsBusy());
-    EXPECT_EQ(script.before.GetOrientation(), wxLANDSCAPE);
-    EXPECT_EQ(script.before.GetPaperId(), wxPAPER_A3);
-    EXPECT_EQ(script.before.GetBin(), wxPRINTBIN_LOWER);
-    EXPECT_EQ(script.before.GetQuality(), wxPRINT_QUALITY_MEDIUM);
-    EXPECT_EQ(values, (PrinterValues{"Laser 2", "", "1", "11", "2", "-3", "75"}));
-}
-
-TEST(PrinterSetup, CancelKeepsTheValues) {
-    PrinterScript script(wxID_CANCEL);
-    const PrinterValues before = {"Laser 1", "laserdrv", "2", "8", "2", "-3", ""};
-    PrinterValues values = before;
-    EXPECT_FALSE(platform::ShowPrinterSetup(nullptr, values));
-    EXPECT_EQ(script.shown, 1);
-    EXPECT_FALSE(wxIsBusy());
-    EXPECT_EQ(values, before);
-}
-
-// The system's own dialog, which knows no printer of this machine.
-class SystemPrinterDialogTest : public SettingsDialogTest {
-protected:
-    SystemPrinterDialogTest() {
+    PrintDialogTest() {
         m_parent->Show();
         m_parent->Raise();
         EXPECT_TRUE(WaitUntil([&] { return m_parent->IsActive(); }));
     }
-    ~SystemPrinterDialogTest() override { m_parent->Destroy(); }
+    ~PrintDialogTest() override { m_parent->Destroy(); }
 
-    // Shows the dialog and presses a key until it is gone.
-    bool Show(PrinterValues& values, int key, int modifiers) {
+    static GtkPrintUnixDialog* Dialog() {
+        GtkPrintUnixDialog* dialog = nullptr;
+        GList* const windows = gtk_window_list_toplevels();
+        for (GList* node = windows; node != nullptr; node = node->next)
+            if (GTK_IS_PRINT_UNIX_DIALOG(node->data)) dialog = GTK_PRINT_UNIX_DIALOG(node->data);
+        g_list_free(windows);
+        return dialog;
+    }
+
+    // The button that confirms can be pressed once a printer is selected.
+    static bool CanConfirm(GtkPrintUnixDialog* dialog) {
+        GtkWidget* const confirm = gtk_dialog_get_widget_for_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+        return gtk_widget_is_sensitive(confirm);
+    }
+
+    // Shows the dialog, and does something with it as soon as it can be confirmed.
+    bool Show(PrinterValues& values, std::function<void(GtkPrintUnixDialog*)> act) {
+        int ticks = 0;
         wxTimer timer;
         timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-            if (!m_parent->IsActive()) PressKey(key, modifiers);
+            GtkPrintUnixDialog* const dialog = Dialog();
+            if (dialog == nullptr) return;
+            if (act && CanConfirm(dialog)) {
+                busy = wxIsBusy();
+                std::exchange(act, nullptr)(dialog);
+            } else if (++ticks > 200) {
+                ADD_FAILURE() << "the dialog stayed open";
+                gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_CANCEL);
+            }
         });
-        timer.Start(400);
-        return platform::ShowPrinterSetup(m_parent, values);
+        timer.Start(50);
+        const bool confirmed = platform::ShowPrinterSetup(m_parent, values);
+        EXPECT_EQ(Dialog(), nullptr) << "the dialog is gone";
+        EXPECT_FALSE(wxIsBusy());
+        return confirmed;
     }
+
+    bool busy = false; ///< how the pointer was while the dialog was shown
 
 private:
     wxFrame* m_parent = new wxFrame(nullptr, wxID_ANY, "Parent");
 };
 
-TEST_F(SystemPrinterDialogTest, ConfirmedUnchangedItKeepsTheValues) {
+TEST_F(PrintDialogTest, ShowsTheValues) {
+    PrinterValues values{"Laser", "laserdrv", "2", "8", "2", "-3", "75"};
+    Show(values, [](GtkPrintUnixDialog* dialog) {
+        GtkPageSetup* const page = gtk_print_unix_dialog_get_page_setup(dialog);
+        EXPECT_STREQ(gtk_paper_size_get_name(gtk_page_setup_get_paper_size(page)), "iso_a3");
+        EXPECT_EQ(gtk_page_setup_get_orientation(page), GTK_PAGE_ORIENTATION_LANDSCAPE);
+        GtkPrintSettings* const settings = gtk_print_unix_dialog_get_settings(dialog);
+        EXPECT_EQ(gtk_print_settings_get_scale(settings), 75);
+        g_object_unref(settings);
+        gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_CANCEL);
+    });
+    EXPECT_TRUE(busy);
+}
+
+TEST_F(PrintDialogTest, WhatIsChosenIsReadBack) {
+    PrinterValues values{"Laser", "laserdrv", "2", "8", "257", "-4", "75"};
+    std::string printer;
+    EXPECT_TRUE(Show(values, [&](GtkPrintUnixDialog* dialog) {
+        GtkPageSetup* const page = gtk_page_setup_new();
+        SetPaper(page, "iso_a5");
+        gtk_page_setup_set_orientation(page, GTK_PAGE_ORIENTATION_PORTRAIT);
+        gtk_print_unix_dialog_set_page_setup(dialog, page);
+        g_object_unref(page);
+        printer = gtk_printer_get_name(gtk_print_unix_dialog_get_selected_printer(dialog));
+        gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+    }));
+    EXPECT_FALSE(printer.empty());
+    EXPECT_EQ(values, (PrinterValues{printer, "", "1", "11", "257", "-4", "75"}));
+}
+
+TEST_F(PrintDialogTest, ConfirmedUnchangedItTakesThePrinterAlone) {
     for (const char* quality : {"-4", "-1", "600"}) {
-        const PrinterValues before = {"Laser", "laserdrv", "2", "8", "257", quality, "75"};
-        PrinterValues values = before;
-        EXPECT_TRUE(Show(values, 'A', wxMOD_ALT));
-        EXPECT_EQ(values, before) << values.quality;
+        PrinterValues values = {"", "laserdrv", "2", "55", "257", quality, "75"};
+        EXPECT_TRUE(Show(values, [&](GtkPrintUnixDialog* dialog) {
+            gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+        }));
+        EXPECT_NE(values.device, "");
+        EXPECT_EQ(values, (PrinterValues{values.device, "", "2", "55", "257", quality, "75"}));
     }
 }
 
-TEST_F(SystemPrinterDialogTest, EscapeCancels) {
+TEST_F(PrintDialogTest, EscapeCancels) {
+    PrinterValues values{"Laser", "laserdrv", "2", "8", "257", "-4", "75"};
+    const PrinterValues before = values;
+    EXPECT_FALSE(Show(values, [](GtkPrintUnixDialog*) { PressKey(WXK_ESCAPE, 0); }));
+    EXPECT_EQ(values, before);
+}
+
+TEST_F(PrintDialogTest, EnterConfirms) {
     PrinterValues values;
-    EXPECT_FALSE(Show(values, WXK_ESCAPE, 0));
-    EXPECT_EQ(values, Nothing);
+    EXPECT_TRUE(Show(values, [](GtkPrintUnixDialog*) { PressKey(WXK_RETURN, 0); }));
+    EXPECT_EQ(values.zoom, "100");
+    EXPECT_NE(values.paperSize, "");
 }
 
 } // namespace

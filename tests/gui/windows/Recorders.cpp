@@ -1,5 +1,7 @@
 #include "gui/Recorders.h"
 
+#include "platform/PartInfoEditor.h"
+
 #include <array>
 #include <fstream>
 #include <sstream>
@@ -42,12 +44,18 @@ void SetKey(const std::wstring& key, const wchar_t* name, const std::wstring& va
         throw std::runtime_error("the test's COM object cannot be registered");
 }
 
-} // namespace
-
-HelpRecorder::HelpRecorder(const TempStation& station) : m_log(station.Folder() / "shown") {
+bool InstallHelpViewer() {
     const fs::path viewer = Module(L"FakeHelpViewer.dll");
     if (::CopyFileW(viewer.c_str(), (SystemFolder() / "hhctrl.ocx").c_str(), FALSE) == 0)
         throw std::runtime_error("the test's help viewer cannot be installed");
+    return true;
+}
+
+} // namespace
+
+HelpRecorder::HelpRecorder(const TempStation& station) : m_log(station.Folder() / "shown") {
+    // Once the program has loaded the viewer its file cannot be replaced any more; it is the right one then.
+    [[maybe_unused]] static const bool installed = InstallHelpViewer();
     ::SetEnvironmentVariableW(L"NESK_TEST_HELP_LOG", m_log.c_str());
 }
 
@@ -71,9 +79,12 @@ bool HelpRecorder::WasCalled() const {
 
 PartInfoRecorder::PartInfoRecorder(const TempStation& station) : m_folder(station.Folder()) {
     ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, ProgramIdKey);
+    // The program keeps the object from an earlier test.
+    platform::ReleasePartInfoEditor();
 }
 
 PartInfoRecorder::~PartInfoRecorder() {
+    platform::ReleasePartInfoEditor();
     ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, ProgramIdKey);
     ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, ClassKey);
 }

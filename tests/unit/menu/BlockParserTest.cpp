@@ -161,6 +161,7 @@ TEST_F(BlockParserTest, ControlBytesAreData) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Windows has one code page, the system's own.
 TEST_F(BlockParserTest, BytesThatCannotBeDecodedSurvive) {
     platform::SelectCodePage(1041);
     // 82 A0 is a character of this code page; 82 alone, FD and A0 are none.

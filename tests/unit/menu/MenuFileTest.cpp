@@ -149,6 +149,7 @@ TEST_F(MenuFileTest, ALongMenuIsTheSameAfterReadingAndWriting) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Windows has one code page, the system's own.
 TEST_F(MenuFileTest, AnotherCodePage) {
     platform::SelectCodePage(1041);
     m_menu.SubMenus().Add("日本語 表示 ｱ", "Menu").SetPreview(platform::FromAnsi("\x81\xFD"));

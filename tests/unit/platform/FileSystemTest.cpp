@@ -121,6 +121,7 @@ TEST_F(FileSystemTest, Reading) {
     EXPECT_EQ(files.OpenForReading("D:\\none\\file", reader), ErrorCode::PathNotFound);
     EXPECT_EQ(files.OpenForReading("D:\\", reader), ErrorCode::AccessDenied);
 #ifdef NESK_PORTABLE_STATION
+    // The pipes of Windows lie in no folder.
     ASSERT_EQ(::mkfifo(Host("pipe").c_str(), 0600), 0);
     EXPECT_EQ(files.OpenForReading("D:\\pipe", reader), ErrorCode::AccessDenied) << "and it does not wait";
 #endif
@@ -131,11 +132,13 @@ TEST_F(FileSystemTest, CreatingIsExclusiveAndPrivate) {
     EXPECT_EQ(Create("D:\\file", "bytes"), ErrorCode::Success);
     EXPECT_EQ(Contents("file"), "bytes");
 #ifdef NESK_PORTABLE_STATION
+    // On Windows a file has the rights of its folder.
     EXPECT_EQ(fs::status(Host("file")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 #endif
     std::unique_ptr<FileWriter> writer;
     EXPECT_EQ(files.CreateNew("D:\\FILE", writer), ErrorCode::AlreadyExists);
 #ifdef NESK_PORTABLE_STATION
+    // Windows lets administrators alone make links, and Wine none.
     fs::create_symlink("/tmp/elsewhere", Host("link"));
     EXPECT_EQ(files.CreateNew("D:\\link", writer), ErrorCode::AlreadyExists) << "links are not followed";
 #endif
@@ -143,6 +146,7 @@ TEST_F(FileSystemTest, CreatingIsExclusiveAndPrivate) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Windows has no limit that could stand in for the end of a disk.
 TEST_F(FileSystemTest, AFullDiskIsReported) {
     std::unique_ptr<FileWriter> writer;
     ASSERT_EQ(files.CreateNew("D:\\file", writer), ErrorCode::Success);
@@ -182,6 +186,7 @@ TEST_F(FileSystemTest, AProtectedFileIsNotReplaced) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Windows lets administrators alone make links, and Wine none.
 TEST_F(FileSystemTest, ReplacingALinkedFileKeepsTheLink) {
     station.Write("D:\\real\\file", "old");
     fs::create_symlink(Host("real/file"), Host("link"));
@@ -222,6 +227,7 @@ TEST_F(FileSystemTest, TheCopyOfAProtectedFileIsNotProtected) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Those of Windows are tested in windows/FileReplaceTest.cpp.
 TEST_F(FileSystemTest, AccessRightsAreTakenOver) {
     station.Write("D:\\old", "");
     station.Write("D:\\new", "");

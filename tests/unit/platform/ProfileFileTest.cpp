@@ -183,6 +183,7 @@ TEST_F(ProfileFileTest, ReadsUtf16) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Windows has one code page, the system's own.
 TEST_F(ProfileFileTest, AnswersAQuestionMarkForWhatTheCodePageLacks) {
     m_station.Write(File, Wide(u"[Part]\r\nName=\u90E8\u54C1 5\r\n"));
     EXPECT_EQ("?? 5", Read());
@@ -235,12 +236,26 @@ TEST_F(ProfileFileTest, DropsQuotesBeforeItCuts) {
     EXPECT_EQ(std::string(5000, 'x'), Read(5002));
 }
 
+// Windows itself reads none whose path has more than 260 characters.
+TEST_F(ProfileFileTest, ReadsAFileInADeepFolder) {
+    std::string file = "C:\\Parts";
+    for (int i = 0; i < 30; ++i)
+        file += "\\folder of parts";
+    file += "\\partinfo.ini";
+    m_station.Write(file, "[Part]\r\nName= \"Geh\xE4use\" \r\n");
+    EXPECT_EQ("Geh\u00E4use", ReadProfileString(file, "PART", " name ", "default", Capacity));
+    EXPECT_EQ("Geh", ReadProfileString(file, "Part", "Name", "default", 4));
+    EXPECT_EQ("default", ReadProfileString(file, "Part", "Nam", "default ", Capacity));
+    EXPECT_EQ("default", ReadProfileString(file + "x", "Part", "Name", "default", Capacity));
+}
+
 TEST_F(ProfileFileTest, CountsBytesOfTheCodePage) {
     m_station.Write(File, "[Part]\r\nName=\xE4\xF6\xFC\x80\r\n");
     EXPECT_EQ("\u00E4\u00F6\u00FC", Read(4));
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Windows has one code page, the system's own.
 TEST_F(ProfileFileTest, CutsNoCharacterOfTwoBytes) {
     SelectCodePage(1041);
     m_station.Write(File, "[Part]\r\nName=\x95\x5C\x95\x69\r\n");
@@ -277,6 +292,7 @@ TEST_F(ProfileFileTest, AnswersTheDefaultForWhatIsNoFile) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// The pipes of Windows lie in no folder.
 TEST_F(ProfileFileTest, DoesNotWaitForAPipe) {
     std::filesystem::create_directories(TempStation::Host("C:\\Parts"));
     ASSERT_EQ(0, ::mkfifo(TempStation::Host(File).c_str(), 0600));

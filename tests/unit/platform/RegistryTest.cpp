@@ -91,6 +91,7 @@ TEST_F(RegistryTest, LimitsTheLengthOfAKeyName) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Windows has one code page, the system's own.
 TEST_F(RegistryTest, CountsCharactersOfTwoBytesOnce) {
     SelectCodePage(1041);
     std::string longest;
@@ -165,6 +166,7 @@ TEST_F(RegistryTest, KeepsTheRootOpen) {
     EXPECT_EQ("1", Get(Root(), "x"));
     EXPECT_EQ(ErrorCode::Success, Reg().CloseKey(key));
 #ifdef NESK_PORTABLE_STATION
+    // Nobody should write into the real root.
     ASSERT_EQ(ErrorCode::Success, Set(LocalMachine, "x", "1"));
     EXPECT_EQ("1", Get(LocalMachine, "x"));
     EXPECT_EQ(Names{"x"}, Values(LocalMachine));

@@ -73,6 +73,7 @@ TEST_F(RegistryValueTest, GivesEveryByteOfATextBack) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Windows has one code page, the system's own.
 TEST_F(RegistryValueTest, AnswersAQuestionMarkForWhatTheCodePageLacks) {
     SelectCodePage(1041);
     const RegKey key = Create("A\\\x95\x5C\x95\x69");

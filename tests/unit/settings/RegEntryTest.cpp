@@ -88,6 +88,7 @@ TEST_F(RegEntryTest, StringsAreWrittenWithoutAZero) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Windows has one code page, the system's own.
 TEST_F(RegEntryTest, StringsAreWrittenInTheCodePage) {
     RegEntry entry;
     entry.CreateKey("T");

@@ -29,7 +29,8 @@ void AddNumbers(const std::string& line, std::set<int>& numbers) {
             ++end;
         const std::string word = line.substr(at, end - at);
         const bool ours = word.size() == 5 && (word.starts_with("32") || word.starts_with("34"));
-        if (ours && word.find_first_not_of("0123456789") == std::string::npos) numbers.insert(std::stoi(word));
+        if (ours && word.find_first_not_of("0123456789") == std::string::npos)
+            numbers.insert(std::stoi(word));
         at = end;
     }
 }

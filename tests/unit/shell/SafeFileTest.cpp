@@ -238,6 +238,7 @@ TEST_F(SafeFileTest, WhatStandsThereAndCannotBeLookedAtIsNotReplaced) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// Those of Windows are tested in platform/windows/MenuOnWindowsTest.cpp.
 TEST_F(SafeFileTest, AccessRightsSurvive) {
     using fs::perms;
     const auto rights = perms::owner_read | perms::owner_write | perms::group_read;

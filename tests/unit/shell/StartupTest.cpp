@@ -133,6 +133,7 @@ TEST_F(StartupTest, SettingsAndHelpAreThereBeforeTheWindow) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// The registry of Windows is no file of the program's.
 TEST_F(StartupTest, ADamagedStore) {
     std::string bytes(8192, '\0');
     for (std::size_t i = 0; i < bytes.size(); ++i)

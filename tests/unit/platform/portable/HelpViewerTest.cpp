@@ -103,7 +103,7 @@ TEST_F(HelpViewerTest, ShowsATopic) {
 }
 
 TEST_F(HelpViewerTest, KeepsAFileNameOutOfTheShell) {
-    const std::string file = "C:\\Help\\it's $(touch hit) `x` & \"y.chm";
+    const std::string file = "C:\\Help\\it's $(touch hit) `x` & ;y.chm";
     m_station.Write(file, "ITSF");
     ASSERT_EQ(HelpResult::Shown, ShowHtmlHelp(nullptr, file, HtmlHelpCommand::Contents, 0));
     EXPECT_EQ(std::vector{portable::ToHostPath(file).string()}, Recorded("argument"));

@@ -9,7 +9,7 @@
 #include <string_view>
 
 /// The lines of a profile (.ini) file. However large the file and its lines are, the memory used is bounded.
-namespace nesk::platform::portable {
+namespace nesk::platform::common {
 
 /// Text without the white space around it, of which only a beginning is kept.
 class ProfileField {
@@ -79,4 +79,4 @@ private:
     bool m_ended = false;
 };
 
-} // namespace nesk::platform::portable
+} // namespace nesk::platform::common

@@ -1,4 +1,4 @@
-#include "platform/portable/ProfileText.h"
+#include "platform/common/ProfileText.h"
 
 #include "platform/ErrorCode.h"
 #include "platform/TextEncoding.h"
@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace nesk::platform::portable {
+namespace nesk::platform::common {
 
 namespace {
 
@@ -176,4 +176,4 @@ bool ProfileReader::Next(ProfileLine& line) {
     return any;
 }
 
-} // namespace nesk::platform::portable
+} // namespace nesk::platform::common

@@ -1,0 +1,87 @@
+// The order in which Tab visits the controls of the dialogs whose own tests do not ask for it: as they are
+// read.
+
+#include "gui/PartDialogFixture.h"
+
+#include "menu/FormEditMenu.h"
+#include "menu/FormSelectMenuPicture.h"
+#include "partedit/FormEditPart.h"
+#include "partedit/FormSelectDrive.h"
+#include "partedit/FormSelectPart.h"
+#include "settings/FormAccess.h"
+#include "settings/FormSelectMachine.h"
+#include "settings/RegEntry.h"
+#include "shell/FormUtilities.h"
+
+#include <wx/button.h>
+#include <wx/radiobut.h>
+#include <wx/textctrl.h>
+
+namespace nesk::testing {
+namespace {
+
+class TabOrderTest : public PartDialogTest {
+protected:
+    // Shows a dialog, readies it, and gives the order that starts at one of its controls.
+    std::string OrderOf(
+        FormDialog& dialog, const char* first, std::function<void()> ready = [] {}) {
+        std::string order;
+        WhenShown<FormDialog>(modUtilities::FromWx(dialog.GetName()), [&](FormDialog& form) {
+            ready();
+            wxWindow::FindWindowByName(first, &form)->SetFocus();
+            Settle();
+            order = TabOrder();
+            form.EndModal(wxID_CANCEL);
+        });
+        dialog.ShowModal();
+        return order;
+    }
+};
+
+TEST_F(TabOrderTest, OfThePartEditor) {
+    FormEditPart wide(nullptr, 1024);
+    const auto makeReady = [](FormEditPart& form) {
+        // A part program has its information edited.
+        return [&form] { form.txtPartName->SetValue("@C:\\p\\partinfo.ini@"); };
+    };
+    EXPECT_EQ(OrderOf(wide, "txtPartName", makeReady(wide)),
+              "txtPartName cmdSelectPart cmdSlideShow cmdMenuSelect cmdMenuDelete cmdPreviewSelect "
+              "cmdPreviewDelete cmdHelpFile cmdHistory cmdOK cmdCancel cmdHelp");
+    FormEditPart compact(nullptr, 640);
+    EXPECT_EQ(OrderOf(compact, "txtPartName", makeReady(compact)),
+              "txtPartName cmdSelectPart cmdSlideShow cmdMenuPicture cmdPreviewSelect cmdPreviewDelete "
+              "cmdHelpFile cmdHistory cmdOK cmdCancel cmdHelp");
+}
+
+TEST_F(TabOrderTest, OfThePartTree) {
+    FormSelectPart form(nullptr);
+    EXPECT_EQ(OrderOf(form, "tvMain", [&] { form.cmdOK->Enable(); }),
+              "tvMain cmdSelectDrive cmdOK cmdCancel cmdHelp");
+}
+
+TEST_F(TabOrderTest, OfTheDriveDialog) {
+    FormSelectDrive form(nullptr);
+    EXPECT_EQ(OrderOf(form, "cmdOK"), "cmdOK cmdCancel optDrive0");
+}
+
+TEST_F(TabOrderTest, OfTheMachineList) {
+    RegEntry lists;
+    lists.CreateKey("Machines\\M1");
+    FormSelectMachine form(nullptr);
+    EXPECT_EQ(OrderOf(form, "lstMain"), "lstMain cmdOK cmdCancel cmdHelp");
+}
+
+TEST_F(TabOrderTest, OfTheAccessCode) {
+    FormAccess form(nullptr);
+    EXPECT_EQ(OrderOf(form, "txtCode1"), "txtCode1 txtCode2 chkShow cmdOK cmdCancel cmdHelp");
+}
+
+TEST_F(TabOrderTest, OfThePictureDialogs) {
+    FormSelectMenuPicture picture(nullptr);
+    EXPECT_EQ(OrderOf(picture, "cmdMenuSelect"), "cmdMenuSelect cmdMenuDelete cmdOK cmdCancel cmdHelp");
+    FormEditMenu menu(nullptr);
+    EXPECT_EQ(OrderOf(menu, "cmdPicture"), "cmdPicture cmdDelete cmdOK cmdCancel cmdHelp");
+}
+
+} // namespace
+} // namespace nesk::testing

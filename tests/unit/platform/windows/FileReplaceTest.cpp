@@ -1,0 +1,145 @@
+#include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
+#include "platform/windows/WideText.h"
+#include "unit/FileBytes.h"
+#include "unit/platform/windows/HeldFile.h"
+#include "unit/platform/windows/Security.h"
+
+#include <gtest/gtest.h>
+
+namespace nesk::platform {
+namespace {
+
+using namespace nesk::testing;
+
+const std::string Folder = "C:\\Data";
+const std::string Path = Folder + "\\file";
+const std::string New = Folder + "\\file.new";
+const std::string Copy = Folder + "\\file.bak";
+
+// Wine keeps access lists as the host's access rights: of a list, whether everybody may write survives.
+constexpr const char* Readable = "D:P(A;;FA;;;BA)(A;;FA;;;SY)(A;;FR;;;WD)";
+constexpr const char* Writable = "D:P(A;;FA;;;BA)(A;;FA;;;SY)(A;;FA;;;WD)";
+
+class FileReplaceTest : public ::testing::Test {
+protected:
+    FileReplaceTest() {
+        station.Write(Path, "old");
+        station.Write(New, "new");
+    }
+
+    TempStation station;
+    FileSystem& files = StationFiles();
+};
+
+TEST_F(FileReplaceTest, AccessRightsAreTakenOver) {
+    for (const char* list : {Writable, Readable}) {
+        SetAccessList(Path, list);
+        SetAccessList(New, list == Readable ? Writable : Readable);
+        const std::string rights = AccessListOf(Path);
+        ASSERT_NE(rights, AccessListOf(New));
+        EXPECT_EQ(ErrorCode::Success, files.CopyAccessRights(Path, New));
+        EXPECT_EQ(rights, AccessListOf(New));
+        EXPECT_EQ(rights, AccessListOf(Path));
+    }
+    EXPECT_EQ(ErrorCode::FileNotFound, files.CopyAccessRights("C:\\Data\\none", New));
+    EXPECT_EQ(ErrorCode::FileNotFound, files.CopyAccessRights(Path, "C:\\Data\\none"));
+}
+
+TEST_F(FileReplaceTest, ReplacingLeavesNothingBehind) {
+    EXPECT_EQ(ErrorCode::Success, files.Replace(Path, New));
+    EXPECT_EQ("new", FileBytes(Path));
+    EXPECT_EQ("file", FilesIn(Folder));
+}
+
+TEST_F(FileReplaceTest, WithoutItsReplacementAFileStays) {
+    EXPECT_EQ(ErrorCode::FileNotFound, files.Replace(Path, "C:\\Data\\none"));
+    EXPECT_EQ("old", FileBytes(Path));
+    EXPECT_EQ("file file.new", FilesIn(Folder));
+    EXPECT_EQ(ErrorCode::PathNotFound, files.Replace(Path, ""));
+    EXPECT_EQ(ErrorCode::PathNotFound, files.Replace("", New));
+    EXPECT_EQ("file file.new", FilesIn(Folder));
+}
+
+// Whatever it lets others do but delete it, a file that another process has open cannot be replaced.
+TEST_F(FileReplaceTest, AFileThatIsHeldIsNotReplaced) {
+    for (const char* sharing : {"", "read", "read write"}) {
+        const HeldFile held(Path, sharing);
+        EXPECT_EQ(ErrorCode::SharingViolation, files.Replace(Path, New)) << sharing;
+        EXPECT_EQ("file file.new", FilesIn(Folder)) << sharing;
+    }
+    EXPECT_EQ("old", FileBytes(Path));
+    EXPECT_EQ(ErrorCode::Success, files.Replace(Path, New));
+    EXPECT_EQ("new", FileBytes(Path));
+}
+
+TEST_F(FileReplaceTest, AFileThatIsReadMayBeReplacedWhenTheReaderLets) {
+    const HeldFile held(Path, "read write delete");
+    EXPECT_EQ(ErrorCode::Success, files.Replace(Path, New));
+    EXPECT_EQ("new", FileBytes(Path));
+}
+
+TEST_F(FileReplaceTest, ACopyThatIsHeldStays) {
+    station.Write(Copy, "older");
+    {
+        const HeldFile held(Copy, "read");
+        EXPECT_EQ(ErrorCode::AccessDenied, files.KeepCopy(Path, Copy, true));
+        EXPECT_EQ("file file.bak file.new", FilesIn(Folder));
+    }
+    EXPECT_EQ("older", FileBytes(Copy));
+    const HeldFile held(Path);
+    EXPECT_EQ(ErrorCode::SharingViolation, files.KeepCopy(Path, Copy, true)) << "what it is a copy of";
+    EXPECT_EQ("older", FileBytes(Copy));
+    EXPECT_EQ("file file.bak file.new", FilesIn(Folder));
+}
+
+TEST_F(FileReplaceTest, AHeldFileIsNotReadOrRemoved) {
+    const HeldFile held(Path);
+    std::unique_ptr<FileReader> reader;
+    EXPECT_EQ(ErrorCode::SharingViolation, files.OpenForReading(Path, reader));
+    EXPECT_EQ(nullptr, reader);
+    EXPECT_EQ(ErrorCode::SharingViolation, files.RemoveFile(Path));
+    std::uint32_t attributes = 0;
+    EXPECT_EQ(ErrorCode::Success, files.Attributes(Path, attributes)) << "which anybody may ask for";
+}
+
+TEST_F(FileReplaceTest, AFileThatIsWrittenBelongsToItsWriterAlone) {
+    std::unique_ptr<FileWriter> writer;
+    ASSERT_EQ(ErrorCode::Success, files.CreateNew(Copy, writer));
+    ASSERT_EQ(ErrorCode::Success, writer->Write("half"));
+    std::unique_ptr<FileReader> reader;
+    EXPECT_EQ(ErrorCode::SharingViolation, files.OpenForReading(Copy, reader));
+    ASSERT_EQ(ErrorCode::Success, writer->Close());
+    EXPECT_EQ(ErrorCode::Success, files.OpenForReading(Copy, reader));
+}
+
+TEST_F(FileReplaceTest, DevicesAreNoFiles) {
+    std::unique_ptr<FileReader> reader;
+    for (const char* device : {"NUL", "C:\\Data\\NUL", "\\\\.\\NUL"})
+        EXPECT_EQ(ErrorCode::AccessDenied, files.OpenForReading(device, reader)) << device;
+    EXPECT_EQ(nullptr, reader);
+}
+
+TEST_F(FileReplaceTest, HiddenFilesAndThoseOfTheSystemAreFound) {
+    const struct {
+        DWORD given;
+        std::uint32_t expected;
+    } table[] = {
+        {FILE_ATTRIBUTE_HIDDEN, FileAttribute::Hidden},
+        {FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM, FileAttribute::Hidden | FileAttribute::System},
+        {FILE_ATTRIBUTE_READONLY, FileAttribute::ReadOnly}};
+    for (const auto& row : table) {
+        ASSERT_NE(0, ::SetFileAttributesW(windows::ToWide(Path).c_str(), row.given));
+        std::uint32_t attributes = 0;
+        EXPECT_EQ(ErrorCode::Success, files.Attributes(Path, attributes));
+        EXPECT_EQ(row.expected, attributes & ~FileAttribute::Archive);
+        std::unique_ptr<DirectorySearch> search;
+        DirectoryEntry entry;
+        ASSERT_EQ(ErrorCode::Success, files.Search("C:\\Data\\f*e", search, entry));
+        EXPECT_EQ("file", entry.name);
+        EXPECT_EQ(row.expected, entry.attributes & ~FileAttribute::Archive);
+    }
+}
+
+} // namespace
+} // namespace nesk::platform

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+/// Who may do what with a file or a registry key, in the system's own notation of access lists, as
+/// "D:P(A;;FA;;;BA)(A;;FR;;;WD)".
+namespace nesk::testing {
+
+std::string AccessListOf(const std::string& windowsPath);
+void SetAccessList(const std::string& windowsPath, const std::string& list);
+
+/// The same of a key below HKEY_LOCAL_MACHINE.
+std::string KeyAccessListOf(const std::string& key);
+void SetKeyAccessList(const std::string& key, const std::string& list);
+
+} // namespace nesk::testing
