@@ -10,12 +10,20 @@ foreach(table ${text_tables})
   if(WIN32)
     # A module that holds a string table and no code.
     set(script ${CMAKE_BINARY_DIR}/texts/${name}.rc)
-    set(object ${CMAKE_BINARY_DIR}/texts/${name}.res.o)
+    if(MSVC)
+      set(object ${CMAKE_BINARY_DIR}/texts/${name}.res)
+      set(compile /nologo /fo ${object} ${script})
+      set(link ${CMAKE_LINKER} /NOLOGO /DLL /NOENTRY /OUT:${library} ${object})
+    else()
+      set(object ${CMAKE_BINARY_DIR}/texts/${name}.res.o)
+      set(compile -O coff ${script} ${object})
+      set(link ${CMAKE_C_COMPILER} -shared -nostdlib -Wl,--entry=0 -s -o ${library} ${object})
+    endif()
     add_custom_command(OUTPUT ${library}
       COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/texts ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}
       COMMAND ${Python3_EXECUTABLE} ${builder} --resource-script ${table} ${script}
-      COMMAND ${CMAKE_RC_COMPILER} -O coff ${script} ${object}
-      COMMAND ${CMAKE_C_COMPILER} -shared -nostdlib -Wl,--entry=0 -s -o ${library} ${object}
+      COMMAND ${CMAKE_RC_COMPILER} ${compile}
+      COMMAND ${link}
       DEPENDS ${table} ${builder}
       COMMENT "Texts ${name}" VERBATIM)
   else()

@@ -1,5 +1,12 @@
 # Warnings that every target of ours is built with.
 function(nesk_warnings target)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /W4 /utf-8)
+    if(NESK_WERROR)
+      target_compile_options(${target} PRIVATE /WX)
+    endif()
+    return()
+  endif()
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast
     -Wcast-align -Woverloaded-virtual -Wconversion -Wsign-conversion -Wformat=2)
   # GCC 12 warns of overlapping copies inside std::string where there are none (its bug 105329).

@@ -1,0 +1,47 @@
+# What is installed, and the packages made of it.
+#
+# The program looks for its language libraries and its help file beside itself, so all of them share a folder.
+
+set(program_files ${text_outputs} ${help_file})
+if(WIN32)
+  install(TARGETS NeskManager RUNTIME DESTINATION . COMPONENT program)
+  install(FILES ${program_files} DESTINATION . COMPONENT program)
+  install(FILES LICENSE DESTINATION . RENAME LICENSE.txt COMPONENT program)
+else()
+  include(GNUInstallDirs)
+  set(program_folder ${CMAKE_INSTALL_LIBDIR}/neskmanager)
+  install(TARGETS NeskManager RUNTIME DESTINATION ${program_folder} COMPONENT program)
+  install(FILES ${program_files} DESTINATION ${program_folder} COMPONENT program)
+  # A relative link, so that the tree can be looked at in another place.
+  install(CODE "
+    file(MAKE_DIRECTORY \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR})
+    file(CREATE_LINK ../${program_folder}/NeskManager
+      \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/neskmanager SYMBOLIC)" COMPONENT program)
+  install(FILES packaging/linux/neskmanager.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT program)
+  install(FILES packaging/NeskManager.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
+    RENAME neskmanager.svg COMPONENT program)
+  install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/neskmanager RENAME copyright COMPONENT program)
+  install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/neskmanager COMPONENT program)
+endif()
+
+if(WIN32)
+  # ./package makes the installer and the archive of what is installed.
+  return()
+endif()
+set(CPACK_PACKAGE_NAME neskmanager)
+set(CPACK_PACKAGE_VENDOR "the NeskManager developers")
+set(CPACK_PACKAGE_CONTACT "the NeskManager developers <neskmanager@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Supervisor's editor for the Vorlan operator interface")
+set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
+set(CPACK_COMPONENTS_ALL program)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_VERBATIM_VARIABLES ON)
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION editors)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xchm, fonts-dejavu-core, adwaita-icon-theme, librsvg2-common")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+  "Builds and maintains the tree of menus from which operators of coordinate\nmeasuring machines start their programs, and sets the interface's options.")
+include(CPack)

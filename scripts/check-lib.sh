@@ -1,0 +1,44 @@
+# Checks of packages. Sourced with the name of what is checked in $subject.
+
+fail() {
+  echo "$subject: FAILED: $*" >&2
+  exit 1
+}
+
+passed() { echo "$subject: $*"; }
+
+exists() {
+  local path
+  for path in "$@"; do [[ -e $path || -L $path ]] || fail "$path is missing"; done
+}
+
+absent() {
+  local path
+  for path in "$@"; do [[ ! -e $path && ! -L $path ]] || fail "$path is there"; done
+}
+
+# wait_for WHAT COMMAND...: until the command succeeds, for half a minute at the most.
+wait_for() {
+  local what=$1 i
+  shift
+  for ((i = 0; i < 150; ++i)); do
+    "$@" >/dev/null 2>&1 && return
+    sleep 0.2
+  done
+  fail "$what did not come"
+}
+
+window() { xdotool search --onlyvisible --name '^NeskManager'; }
+
+# starts COMMAND...: the program shows its main window, and ends when that is closed.
+starts() {
+  local program id
+  "$@" &
+  program=$!
+  wait_for "the main window" window
+  id=$(window | head -n 1)
+  [[ -z ${while_running:-} ]] || "$while_running"
+  xdotool windowactivate --sync "$id" key ctrl+q
+  wait_for "the end of the program" eval '! kill -0 '"$program"
+  wait "$program" || fail "the program ended with $?"
+}
