@@ -45,8 +45,8 @@ protected:
             event.Skip();
         };
         list.Bind(wxEVT_LEFT_DOWN, note);
-        // On a busy machine a click under Wine is missed now and then: one that the list never saw is made
-        // again.
+        // Now and then a click under Wine does not reach the list, for a reason not found yet: one that it
+        // never saw is made again.
         for (int tries = 0; tries < 3 && !arrived; ++tries) {
             wxUIActionSimulator simulator;
             simulator.MouseMove(list.ClientToScreen(wxPoint(20, y + height / 3)));
