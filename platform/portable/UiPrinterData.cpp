@@ -120,7 +120,7 @@ PrinterValues ReadPrinterValues(const PrinterData& chosen, const PrinterValues& 
     PrinterValues values = before;
     if (const std::string name = Setting(chosen, GTK_PRINT_SETTINGS_PRINTER); !name.empty())
         values.device = name;
-    // The toolkit knows no drivers, and that of another printer would be wrong.
+    // The driver of another printer would be wrong.
     if (values.device != before.device) values.driver.clear();
     if (before.orientation.empty() || IsLandscape(chosen) != IsLandscape(shown))
         values.orientation = std::to_string(IsLandscape(chosen) ? Landscape : Portrait);

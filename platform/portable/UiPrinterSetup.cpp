@@ -2,7 +2,9 @@
 
 #include "platform/portable/UiPrinterData.h"
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 
 #include <gtk/gtkunixprint.h>
 #include <wx/window.h>
@@ -74,6 +76,20 @@ public:
         return data;
     }
 
+    // What drives the selected printer: "cups" for one of that print system. The toolkit has a class for each
+    // of them and tells no more; a printer that is a file is of the general class.
+    std::string Driver() const {
+        GtkPrinter* const printer = gtk_print_unix_dialog_get_selected_printer(m_dialog);
+        if (printer == nullptr) return "";
+        constexpr std::string_view general = "GtkPrinter";
+        const std::string_view name = G_OBJECT_TYPE_NAME(printer);
+        if (!name.starts_with(general) || name == general) return "file";
+        std::string driver(name.substr(general.size()));
+        std::transform(driver.begin(), driver.end(), driver.begin(),
+                       [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; });
+        return driver;
+    }
+
 private:
     GtkPrintUnixDialog* m_dialog;
 };
@@ -90,6 +106,7 @@ bool common::AskForPrinterSetup(wxWindow* parent, PrinterValues& values) {
     dialog.Show(shown);
     if (!dialog.IsConfirmed()) return false;
     values = portable::ReadPrinterValues(dialog.Chosen(), values, shown);
+    if (values.driver.empty()) values.driver = dialog.Driver();
     return true;
 }
 

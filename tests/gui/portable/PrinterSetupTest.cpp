@@ -200,7 +200,9 @@ TEST_F(PrintDialogTest, WhatIsChosenIsReadBack) {
         gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
     }));
     EXPECT_FALSE(printer.empty());
-    EXPECT_EQ(values, (PrinterValues{printer, "", "1", "11", "257", "-4", "75"}));
+    EXPECT_NE(values.driver, "");
+    EXPECT_NE(values.driver, "laserdrv") << "another printer's";
+    EXPECT_EQ(values, (PrinterValues{printer, values.driver, "1", "11", "257", "-4", "75"}));
 }
 
 TEST_F(PrintDialogTest, ConfirmedUnchangedItTakesThePrinterAlone) {
@@ -210,7 +212,8 @@ TEST_F(PrintDialogTest, ConfirmedUnchangedItTakesThePrinterAlone) {
             gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
         }));
         EXPECT_NE(values.device, "");
-        EXPECT_EQ(values, (PrinterValues{values.device, "", "2", "55", "257", quality, "75"}));
+        EXPECT_EQ(values, (PrinterValues{values.device, values.driver, "2", "55", "257", quality, "75"}));
+        EXPECT_NE(values.driver, "laserdrv") << "another printer's";
     }
 }
 
