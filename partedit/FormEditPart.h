@@ -18,20 +18,18 @@ class MenuItem;
 /// works on copies; nothing is checked.
 class FormEditPart : public FormDialog {
 public:
-    /// @param screenWidth  in pixels. Up to 640 the menu picture has no frame of
-    /// its own and is chosen by
+    /// @param screenWidth  in pixels. Up to 640 the menu picture has no frame of its own and is chosen by
     ///                     cmdMenuPicture.
     FormEditPart(wxWindow* parent, int screenWidth);
 
     /// Shows the dialog for a button.
     /// @param caption  the button's caption, for the title
-    /// @param fields   what the dialog starts with; replaced by what was entered
-    /// when it is confirmed
+    /// @param fields   what the dialog starts with; replaced by what was entered when it is confirmed
     /// @return true when the dialog was confirmed
     bool Edit(const std::string& caption, PartFields& fields);
 
-    /// The same for an item, which gets the fields when the dialog is confirmed.
-    /// Null is not shown and not confirmed.
+    /// The same for an item, which gets the fields when the dialog is confirmed. Null is not shown and not
+    /// confirmed.
     bool Edit(MenuItem* item);
 
     // Controls.
