@@ -1,13 +1,4 @@
-# Cross compiler for 32-bit Windows, with POSIX threads.
-set(CMAKE_SYSTEM_NAME Windows)
+# Cross compiler for 32-bit Windows.
 set(CMAKE_SYSTEM_PROCESSOR x86)
-set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)
-set(CMAKE_CXX_COMPILER i686-w64-mingw32-g++-posix)
-set(CMAKE_RC_COMPILER i686-w64-mingw32-windres)
-# Folder of the libraries that scripts/build-windows-toolkit built.
-set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES NESK_TOOLKIT)
-set(CMAKE_FIND_ROOT_PATH ${NESK_TOOLKIT} /usr/i686-w64-mingw32)
-set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
-set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
-set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(mingw i686-w64-mingw32)
+include(${CMAKE_CURRENT_LIST_DIR}/MinGW.cmake)
