@@ -56,8 +56,9 @@ private:
 } // namespace
 
 struct RegEntry::Contents {
+    std::string name;
     std::vector<RegValue> values; // with their data as stored
-    std::vector<std::pair<std::string, Contents>> subkeys;
+    std::vector<Contents> subkeys;
 };
 
 RegEntry::RegEntry(platform::Registry& registry) : m_registry(registry), m_basePath("SOFTWARE\\Quarndale") {}
@@ -271,7 +272,8 @@ RegEntry::Contents RegEntry::ReadContents(RegKey key) {
         if (OpenLevel(key, name, subkey) != ErrorCode::Success)
             throw NeskError(5001, "RegEntry.CopyInternal", Message::RegKeyNotOpened, {name});
         const KeyCloser closer(m_registry, subkey);
-        contents.subkeys.emplace_back(name, ReadContents(subkey));
+        contents.subkeys.push_back(ReadContents(subkey));
+        contents.subkeys.back().name = name;
     }
     return contents;
 }
@@ -295,8 +297,8 @@ void RegEntry::CopyInternal(RegKey target, const Contents& contents) {
         if (m_registry.SetValue(target, AnsiName(value.name), value.type, value.data) != ErrorCode::Success)
             throw NeskError(5002, "RegEntry.CopyInternal", Message::RegValueNotWritten, {value.name});
     }
-    for (const auto& [name, below] : contents.subkeys) {
-        const RegKey subkey = CreateInternal(target, name);
+    for (const Contents& below : contents.subkeys) {
+        const RegKey subkey = CreateInternal(target, below.name);
         const KeyCloser closer(m_registry, subkey);
         CopyInternal(subkey, below);
     }

@@ -4,6 +4,7 @@ nesk_test_sources(gui_sources gui)
 add_executable(gui_tests ${gui_sources})
 target_link_libraries(gui_tests PRIVATE nesk_ui nesk_test_station GTest::gtest)
 nesk_warnings(gui_tests)
+nesk_precompile(gui_tests <gtest/gtest.h> <wx/wx.h> <wx/listctrl.h> <wx/treectrl.h> <wx/uiaction.h>)
 add_dependencies(gui_tests nesk_texts nesk_help)
 gtest_discover_tests(gui_tests DISCOVERY_MODE PRE_TEST PROPERTIES LABELS gui TIMEOUT 60 RUN_SERIAL TRUE)
 

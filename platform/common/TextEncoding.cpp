@@ -29,6 +29,14 @@ constexpr std::array<LanguageCodePage, 25> Languages{{
     {1061, 1257}, {1062, 1257}, {1063, 1257}, {1066, 1258},
 }};
 
+// The bytes of one character as CodePageTable numbers them.
+std::uint16_t CodeOf(std::string_view bytes) {
+    unsigned code = 0;
+    for (const char c : bytes)
+        code = code * 256 + static_cast<unsigned char>(c);
+    return static_cast<std::uint16_t>(code);
+}
+
 // Called for every text that is loaded or saved, nearly all of which is ASCII: eight bytes at a time.
 bool IsAscii(std::string_view text) {
     constexpr std::uint64_t HighBits = 0x8080808080808080;
@@ -60,16 +68,24 @@ std::string FromAnsi(std::string_view bytes) {
     if (codePage.CodePage() == CodePageTable::Utf8) return common::Utf8FromBytes(bytes);
     std::string text;
     text.reserve(bytes.size() * 2);
+    bool afterKept = false;
     while (!bytes.empty()) {
         const auto byte = static_cast<unsigned char>(bytes.front());
         std::size_t length = 1;
-        if (byte < 0x80)
+        bool keep = false;
+        if (byte < 0x80) {
             text += bytes.front();
-        else if (const char16_t character = codePage.Decode(bytes, length); character != 0)
-            common::Utf8Append(text, character);
-        // Only the offending byte is passed through: what follows it may well be a character.
-        else
-            common::Utf8Append(text, EscapeBase + byte);
+        } else {
+            const char16_t character = codePage.Decode(bytes, length);
+            // A character with several codes is not always written as it was read, and with its other code
+            // it could make a character with a kept byte before it.
+            keep = character == 0 ||
+                   (afterKept && codePage.Encode(character) != CodeOf(bytes.substr(0, length)));
+            // Only the offending byte is passed through: what follows it may well be a character.
+            if (keep) length = 1;
+            common::Utf8Append(text, keep ? EscapeBase + byte : char32_t{character});
+        }
+        afterKept = keep;
         bytes.remove_prefix(length);
     }
     return text;

@@ -39,10 +39,7 @@ std::uint32_t AttributesOf(const struct stat& status, std::string_view name) {
 // A missing file in a missing directory is "path not found", as Windows tells the two apart.
 int MissingCode(const fs::path& host, int error) {
     struct stat status {};
-    // So is a drive that is not there.
-    const bool isDrive = host.parent_path() == portable::StationFolder() / "drives";
-    if (error == ENOENT && (isDrive || ::stat(host.parent_path().c_str(), &status) != 0))
-        return ErrorCode::PathNotFound;
+    if (error == ENOENT && ::stat(host.parent_path().c_str(), &status) != 0) return ErrorCode::PathNotFound;
     return ErrorFromErrno(error, ErrorCode::ReadFault);
 }
 
@@ -53,12 +50,18 @@ int Locate(const std::string& path, fs::path& host) {
     const bool drive = path.size() >= 2 && path[1] == ':';
     // The host's own files may have any name.
     if (drive && (path[0] == 'Z' || path[0] == 'z')) return ErrorCode::Success;
+    // No drive has such a name; a file of drive C: must not get it instead.
+    const char lower = static_cast<char>(path[0] | 0x20);
+    if (drive && (lower < 'a' || lower > 'z')) return ErrorCode::PathNotFound;
     const std::string_view names = std::string_view(path).substr(drive ? 2 : 0);
     const auto isForbidden = [](char c) {
         return static_cast<unsigned char>(c) < 0x20 || std::strchr("<>:\"|?*", c) != nullptr;
     };
     if (std::any_of(names.begin(), names.end(), isForbidden)) return ErrorCode::InvalidName;
     struct stat status {};
+    // A drive that is not there is neither read nor made.
+    if (host.parent_path() == portable::StationFolder() / "drives" && ::stat(host.c_str(), &status) != 0)
+        return ErrorCode::PathNotFound;
     // Only a folder may be named with a separator behind it.
     if ((path.back() == '\\' || path.back() == '/') && ::stat(host.c_str(), &status) == 0 &&
         !S_ISDIR(status.st_mode))

@@ -1,10 +1,12 @@
 #include "platform/Drives.h"
 #include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
 #include "unit/platform/TempStation.h"
 
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace nesk::platform {
 namespace {
@@ -55,6 +57,16 @@ TEST_F(DrivesTest, ADriveWithoutAMediumIsNotReady) {
     EXPECT_EQ(CheckDrive('D'), ErrorCode::NotReady);
     fs::remove(Drive("d") / ".notready");
     EXPECT_EQ(CheckDrive('D'), ErrorCode::Success);
+}
+
+TEST_F(DrivesTest, NoDriveIsMadeByNamingIt) {
+    FileSystem& files = StationFiles();
+    for (const char* path : {"Q:", "Q:.", "Q:\\", "Q:\\a\\..", "Q:\\.."}) {
+        std::unique_ptr<FileWriter> writer;
+        EXPECT_EQ(files.MakeFolder(path), ErrorCode::PathNotFound) << path;
+        EXPECT_EQ(files.CreateNew(path, writer), ErrorCode::PathNotFound) << path;
+        EXPECT_FALSE(fs::exists(Drive("q"))) << path;
+    }
 }
 
 } // namespace

@@ -1,0 +1,128 @@
+// A menu file of any content. What loads without an error is the same menu after saving and loading, and from
+// the first save on not a byte of its file changes. What does not load is left alone.
+
+#include "fuzz/Fuzz.h"
+#include "menu/BlockParser.h"
+#include "menu/MenuEditor.h"
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
+#include "menu/PartFields.h"
+#include "unit/FileBytes.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+namespace nesk::fuzz {
+
+namespace {
+
+using nesk::testing::FileBytes;
+
+const std::string Folder = "C:\\Neskroot";
+const std::string Path = Folder + "\\menu.cfg";
+const std::string Copy = Folder + "\\copy.cfg";
+
+// One entry of a tree with its place, without what lies below.
+struct Entry {
+    int depth;
+    std::string caption;
+    std::string menuType;
+    PartFields fields;
+
+    bool operator==(const Entry&) const = default;
+};
+
+std::vector<Entry> EntriesOf(Menu& menu) {
+    std::vector<Entry> entries;
+    std::vector<std::pair<MenuEntry*, int>> open{{&menu, 0}};
+    while (!open.empty()) {
+        const auto [entry, depth] = open.back();
+        open.pop_back();
+        const auto* item = dynamic_cast<const MenuItem*>(entry);
+        PartFields fields;
+        if (item != nullptr)
+            fields = PartFieldsOf(*item);
+        else
+            fields.graphic = entry->Graphic();
+        entries.push_back({depth, std::string(entry->Caption()),
+                           std::string(item != nullptr ? item->MenuType() : ""), std::move(fields)});
+        for (int i = entry->ChildCount(); i > 0; --i) {
+            MenuItem& child = entry->SubMenus().Item(i);
+            Require(child.ParentMenu() == entry, "an item points to its parent");
+            open.emplace_back(&child, depth + 1);
+        }
+    }
+    return entries;
+}
+
+void CheckIds(Menu& menu) {
+    MenuEntry* entry = &menu;
+    // The last entry of each level is as good as any and keeps deep menus fast.
+    for (int level = 0; level < 50 && entry->ChildCount() > 0; ++level) {
+        entry = &entry->SubMenus().Item(entry->ChildCount());
+        Require(menu.Find(entry->ID()) == entry, "an entry is found by its id");
+    }
+}
+
+void SaveTwice(MenuEditor& editor) {
+    const std::vector<Entry> entries = EntriesOf(*editor.OpenMenu());
+    editor.Save(Copy);
+    Require(!editor.IsDirty() && !editor.IsIncomplete(), "a saved menu is clean");
+    const std::string bytes = FileBytes(Copy);
+    MenuEditor again;
+    const std::optional<NeskError> error = again.Open(Folder, Copy);
+    Require(!error, "what was saved can be loaded");
+    Require(EntriesOf(*again.OpenMenu()) == entries, "what was saved is loaded as it was");
+    Require(again.CheckSave(Copy) == SaveHazard::None, "what was just loaded may be saved");
+    again.Save(Copy);
+    Require(FileBytes(Copy) == bytes, "loading and saving changes no byte");
+    Require(FileBytes(Copy + ".bak") == bytes, "the version before is kept");
+}
+
+void LoadMenu(Surroundings& surroundings, const std::string& bytes) {
+    surroundings.station.Write(Path, bytes);
+    MenuEditor editor;
+    const std::optional<NeskError> error = editor.Open(Folder, Path);
+    Require(editor.IsOpen() && !editor.IsDirty(), "a menu that was opened is clean");
+    Require(editor.IsIncomplete() == error.has_value(), "an error leaves the menu incomplete");
+    Require(FileBytes(Path) == bytes, "opening changes no file");
+    CheckIds(*editor.OpenMenu());
+    if (!error) return SaveTwice(editor);
+    Require(error->file == Path, "an error names the file");
+    const auto lines =
+        std::count_if(bytes.begin(), bytes.end(), [](char c) { return c == '\n' || c == '\r'; });
+    Require(error->line >= 0 && error->line <= lines + 1, "an error names a line of the file");
+    Require(editor.CheckSave(Path) == SaveHazard::Incomplete, "saving half a menu is a hazard");
+}
+
+// Reading goes on behind an error, and every call takes at least a line.
+void ReadTokens(const std::string& bytes) {
+    BlockParser parser;
+    parser.OpenFile(Path, false);
+    std::int32_t line = 0;
+    for (std::size_t calls = 0;; ++calls) {
+        Require(calls <= bytes.size() + 1, "reading comes to an end");
+        try {
+            if (parser.GetToken() == BlockParser::TokenEndFile) break;
+        } catch (const NeskError& error) {
+            Require(error.number == 5000, "a line that is no token is error 5000");
+        }
+        Require(parser.CurrentLine() > line, "the line number grows");
+        line = parser.CurrentLine();
+    }
+    Require(parser.GetToken() == BlockParser::TokenEndFile, "the end stays the end");
+}
+
+} // namespace
+
+} // namespace nesk::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace nesk::fuzz;
+    return WithEachCodePage(data, size, [](Surroundings& surroundings, const std::string& bytes) {
+        LoadMenu(surroundings, bytes);
+        ReadTokens(bytes);
+    });
+}

@@ -1,0 +1,420 @@
+// Random edits of the open menu, each compared with what MenuModel says. A failure names the seed of its
+// sequence and the edit; the same seed gives the same sequence again.
+
+#include "unit/menu/MenuModel.h"
+#include "menu/MenuEditor.h"
+#include "menu/MenuItem.h"
+#include "settings/RegEntry.h"
+#include "unit/CoreFixture.h"
+#include "unit/FileBytes.h"
+#include "unit/menu/MenuModelTexts.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <limits>
+
+namespace nesk {
+namespace {
+
+using nesk::testing::FileBytes;
+using nesk::testing::FirstDifference;
+using nesk::testing::MenuModel;
+using nesk::testing::ModelEntry;
+using nesk::testing::Random;
+using nesk::testing::TextRules;
+
+const std::string Folder = "C:\\Neskroot";
+const std::string Path = Folder + "\\menu.cfg";
+const std::string HistoryKey = "Neskworks\\Historys";
+constexpr int EditsOfASequence = 200;
+// A tree that grows without end makes the sequences slow and tells nothing more.
+constexpr std::size_t ManyEntries = 25;
+
+class MenuModelTest : public nesk::testing::CoreTest, public MenuEditorListener {
+protected:
+    MenuModelTest() { std::filesystem::create_directories(TempStation::Host(Folder)); }
+
+    void OnMenuReplaced() override {}
+    void OnMenuEvent(const MenuEvent& event) override { m_events.push_back(event); }
+    void OnStateChanged() override {}
+
+    // Whether sequences save and load. Each save waits for the disk, so most of the many sequences do not.
+    bool m_withFiles = true;
+
+    // Runs sequences with the seeds from `first` on and stops at the first that fails.
+    void RunSequences(const TextRules& rules, unsigned first, unsigned count) {
+        platform::SelectCodePage(rules.languageId);
+        m_rules = &rules;
+        for (unsigned seed = first; seed < first + count; ++seed) {
+            SCOPED_TRACE("seed " + std::to_string(seed));
+            RunSequence(seed);
+            if (HasFailure()) return;
+        }
+    }
+
+    // What the menu file holds when a sequence begins, and the model of it; without it there is no file.
+    std::string m_startFile;
+    MenuModel m_startModel;
+
+private:
+    // One text that the model takes as stored, with the number of the message that refuses it otherwise.
+    struct Text {
+        std::string text;
+        int refusal;
+    };
+
+    Text MakeText() {
+        std::string text = m_rules->Make(*m_random);
+        const int refusal = m_rules->Refusal(text);
+        return {std::move(text), refusal};
+    }
+
+    void RunSequence(unsigned seed) {
+        Random random(seed);
+        m_random = &random;
+        std::filesystem::remove(TempStation::Host(Path));
+        m_onDisk = MenuModel();
+        m_exists = !m_startFile.empty();
+        if (m_exists) {
+            station.Write(Path, m_startFile);
+            m_onDisk = m_startModel;
+        }
+        MenuEditor editor;
+        m_editor = &editor;
+        editor.SetListener(this);
+        editor.SetChangeKeeper([this](std::unique_ptr<MenuChange> change) {
+            m_changes.resize(m_made);
+            m_changes.push_back(std::move(change));
+        });
+        m_action = "open";
+        Load();
+        for (m_step = 1; m_step <= EditsOfASequence && !HasFailure(); ++m_step) {
+            Edit();
+            Compare();
+        }
+        m_action = "the way through a file";
+        if (!HasFailure() && m_withFiles && seed % 4 == 0) ThroughAFile();
+        m_changes.clear();
+        m_editor = nullptr;
+    }
+
+    std::string Where() const { return "edit " + std::to_string(m_step) + ": " + m_action; }
+
+    void Compare() {
+        ASSERT_EQ(FirstDifference(*m_editor->OpenMenu(), m_model.Root()), "") << Where();
+        ASSERT_EQ(m_editor->IsDirty(), m_dirty) << Where();
+        ASSERT_FALSE(m_editor->IsIncomplete()) << Where();
+        ASSERT_EQ(m_editor->Path(), m_exists && m_pathKnown ? Path : "") << Where();
+    }
+
+    // Mostly an entry that exists.
+    std::string SomeId() {
+        static const std::vector<std::string> none = {"",     "X",      "R.",       "R.0",
+                                                      "R.01", "R.9999", "R.1.9999", "r"};
+        return m_random->OneIn(15) ? m_random->Of(none) : m_random->Of(m_model.Ids());
+    }
+
+    void Edit() {
+        m_events.clear();
+        const std::string id = SomeId();
+        const bool full = m_model.Ids().size() > ManyEntries;
+        const std::size_t kind = m_random->Below(1000);
+        if (kind < 150)
+            full ? Remove(id) : Add(id, MenuItem::SubmenuType);
+        else if (kind < 350)
+            full ? Remove(id) : Add(id, MenuItem::PartType);
+        else if (kind < 430)
+            Remove(id);
+        else if (kind < 580)
+            Move(id, m_random->OneIn(2));
+        else if (kind < 680)
+            SetCaption(id);
+        else if (kind < 740)
+            SetGraphic(id);
+        else if (kind < 850)
+            SetPart(id);
+        else if (kind < 930)
+            Undo();
+        else if (kind < 995 || !m_withFiles)
+            Redo();
+        else if (kind < 998)
+            Save();
+        else
+            Load();
+    }
+
+    // Makes an edit of which the model says whether it is possible. A text that is refused comes first.
+    template <typename Call, typename ModelCall>
+    void Make(const std::string& action, const std::string& id, int refusal, Call call, ModelCall modelCall) {
+        m_action = action + " " + id;
+        const MenuModel before = m_model;
+        const std::size_t made = m_made;
+        const bool possible = modelCall();
+        if (possible && refusal != 0) {
+            m_model = before;
+            try {
+                call();
+                FAIL() << Where() << " was not refused";
+            } catch (const NeskError& error) {
+                ASSERT_EQ(error.number, 5000) << Where();
+                ASSERT_EQ(error.messageId, refusal) << Where();
+            }
+            ASSERT_TRUE(m_events.empty()) << Where();
+            return;
+        }
+        ASSERT_EQ(call(), possible) << Where();
+        if (!possible) {
+            ASSERT_TRUE(m_events.empty()) << Where();
+            return;
+        }
+        ASSERT_EQ(m_changes.size(), made + 1) << Where();
+        m_states.resize(made + 1);
+        m_states.push_back(m_model.Root());
+        m_made = made + 1;
+        m_dirty = true;
+        CheckEvent(before.Root());
+    }
+
+    void Add(const std::string& id, std::string_view type) {
+        const Text caption = MakeText();
+        std::string added;
+        const auto add = [&] {
+            added = type == MenuItem::PartType ? m_editor->AddPart(id, caption.text)
+                                               : m_editor->AddSubmenu(id, caption.text);
+            return !added.empty();
+        };
+        Make("add below", id, caption.refusal, add, [&] { return m_model.Add(id, caption.text, type); });
+        if (!added.empty()) {
+            EXPECT_EQ(added, m_model.LastId()) << Where();
+        }
+    }
+
+    void Remove(const std::string& id) {
+        Make(
+            "remove", id, 0, [&] { return m_editor->Remove(id); }, [&] { return m_model.Remove(id); });
+    }
+
+    void Move(const std::string& id, bool up) {
+        const bool enabled = up ? m_editor->CommandsFor(id).moveUp : m_editor->CommandsFor(id).moveDown;
+        Make(
+            up ? "move up" : "move down", id, 0,
+            [&] { return up ? m_editor->MoveUp(id) : m_editor->MoveDown(id); },
+            [&] {
+                const bool possible = m_model.Move(id, up);
+                EXPECT_EQ(enabled, possible) << Where();
+                return possible;
+            });
+    }
+
+    void SetCaption(const std::string& id) {
+        const Text caption = MakeText();
+        const ModelEntry* entry = m_model.Find(id).entry;
+        if (entry != nullptr && entry->caption == caption.text) {
+            m_action = "same caption " + id;
+            ASSERT_TRUE(m_editor->SetCaption(id, caption.text)) << Where();
+            ASSERT_TRUE(m_events.empty()) << Where();
+            return;
+        }
+        Make(
+            "caption", id, caption.refusal, [&] { return m_editor->SetCaption(id, caption.text); },
+            [&] { return m_model.SetCaption(id, caption.text); });
+    }
+
+    void SetGraphic(const std::string& id) {
+        const Text graphic = MakeText();
+        Make(
+            "graphic", id, graphic.refusal, [&] { return m_editor->SetGraphic(id, graphic.text); },
+            [&] { return m_model.SetGraphic(id, graphic.text); });
+    }
+
+    void SetPart(const std::string& id) {
+        PartFields fields;
+        int refusal = 0;
+        for (std::string* field : {&fields.graphic, &fields.preview, &fields.programId, &fields.helpFile,
+                                   &fields.historyDir, &fields.historyTitle}) {
+            // Each history directory costs the reader a few values of the registry.
+            if (field == &fields.historyDir && !m_random->OneIn(8)) continue;
+            Text text = MakeText();
+            if (refusal == 0) refusal = text.refusal;
+            *field = std::move(text.text);
+        }
+        static const std::vector<std::int32_t> topics = {
+            0, 1, -1, 1000, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};
+        fields.helpTopic = m_random->Of(topics);
+        Make(
+            "fields", id, refusal, [&] { return m_editor->SetPart(id, fields); },
+            [&] { return m_model.SetPart(id, fields); });
+    }
+
+    void Undo() {
+        m_action = "undo";
+        if (m_made == 0) return;
+        GoTo(m_made - 1, m_editor->Undo(*m_changes[m_made - 1]));
+    }
+
+    void Redo() {
+        m_action = "redo";
+        if (m_made == m_changes.size()) return;
+        GoTo(m_made + 1, m_editor->Redo(*m_changes[m_made]));
+    }
+
+    void GoTo(std::size_t made, bool done) {
+        ASSERT_TRUE(done) << Where();
+        const ModelEntry before = m_model.Root();
+        m_model.Restore(m_states[made]);
+        m_made = made;
+        m_dirty = true;
+        CheckEvent(before);
+    }
+
+    // There was one event, and it tells what became of the tree.
+    void CheckEvent(const ModelEntry& before) {
+        ASSERT_EQ(m_events.size(), 1u) << Where();
+        const MenuEvent& event = m_events.back();
+        MenuModel old;
+        old.Restore(before);
+        const bool was = old.Find(event.id).entry != nullptr;
+        const MenuModel::Place place = m_model.Find(event.id);
+        ASSERT_EQ(was, event.kind != MenuEvent::Kind::Added) << Where();
+        ASSERT_EQ(place.entry != nullptr, event.kind != MenuEvent::Kind::Removed) << Where();
+        if (event.kind != MenuEvent::Kind::Added && event.kind != MenuEvent::Kind::Moved) return;
+        ASSERT_EQ(event.parentId, place.parent->id) << Where();
+        ASSERT_EQ(event.position, static_cast<int>(place.index) + 1) << Where();
+    }
+
+    void Save() {
+        m_action = "save";
+        const bool existed = m_exists;
+        const std::string before = FileBytes(Path);
+        ASSERT_EQ(m_editor->CheckSave(Path), SaveHazard::None) << Where();
+        m_editor->Save(Path);
+        m_exists = m_pathKnown = true;
+        m_dirty = false;
+        m_onDisk = m_model;
+        if (existed) {
+            ASSERT_EQ(FileBytes(Path + ".bak"), before) << Where();
+        }
+    }
+
+    void Load() {
+        m_action = "load";
+        const std::string bytes = FileBytes(Path);
+        const std::optional<NeskError> error = m_editor->Open(Folder, Path);
+        ASSERT_FALSE(error.has_value()) << Where() << ": " << error->source << " " << error->number;
+        ASSERT_EQ(FileBytes(Path), bytes) << Where();
+        m_model = m_onDisk;
+        m_model.PassThroughFile(*m_rules, m_histories);
+        m_pathKnown = m_exists;
+        m_dirty = false;
+        m_changes.clear();
+        m_made = 0;
+        m_states = {m_model.Root()};
+        Compare();
+        CheckHistories();
+    }
+
+    // Whatever was read is in the list of the operator interface, in the order of reading.
+    void CheckHistories() {
+        if (m_histories.empty()) return;
+        RegEntry list;
+        list.OpenKey(HistoryKey);
+        const std::string number = std::to_string(m_histories.size());
+        ASSERT_EQ(list.GetString("NumberOfHistorys"), number) << Where();
+        // A longer text is not given back.
+        if (m_histories.back().size() <= 200) {
+            ASSERT_EQ(list.GetString(number + "Directory"), m_histories.back()) << Where();
+        }
+    }
+
+    // Saves, loads and saves again, twice over: from the second file on not a byte changes, and none at all
+    // when a file holds all texts as they are.
+    void ThroughAFile() {
+        Save();
+        const std::string first = FileBytes(Path);
+        const bool unchanged = m_model.IsUnchangedByFile(*m_rules);
+        Load();
+        Save();
+        const std::string second = FileBytes(Path);
+        if (unchanged) {
+            ASSERT_EQ(second, first) << Where();
+        }
+        Load();
+        Save();
+        ASSERT_EQ(FileBytes(Path), second) << Where();
+    }
+
+    const TextRules* m_rules = nullptr;
+    Random* m_random = nullptr;
+    MenuEditor* m_editor = nullptr;
+    MenuModel m_model;
+    MenuModel m_onDisk; // as it was saved
+    bool m_exists = false;
+    bool m_pathKnown = false;
+    bool m_dirty = false;
+    std::vector<std::unique_ptr<MenuChange>> m_changes;
+    std::size_t m_made = 0;           // changes that are not taken back
+    std::vector<ModelEntry> m_states; // the tree after so many changes
+    std::vector<MenuEvent> m_events;
+    std::vector<std::string> m_histories;
+    int m_step = 0;
+    std::string m_action;
+};
+
+TEST_F(MenuModelTest, EditsInMemory) {
+    m_withFiles = false;
+    RunSequences(nesk::testing::WesternTexts(), 1, 1200);
+}
+
+TEST_F(MenuModelTest, MoreEditsInMemory) {
+    m_withFiles = false;
+    RunSequences(nesk::testing::WesternTexts(), 2001, 1200);
+}
+
+TEST_F(MenuModelTest, EditsWithFiles) {
+    RunSequences(nesk::testing::WesternTexts(), 10000, 300);
+}
+
+TEST_F(MenuModelTest, MoreEditsWithFiles) {
+    RunSequences(nesk::testing::WesternTexts(), 11000, 300);
+}
+
+// What other editors write: part buttons with children, types of their own.
+TEST_F(MenuModelTest, EditsOfAMenuFromElsewhere) {
+    m_startFile = "; made by hand\n"
+                  "block menu\n"
+                  "  caption = Station\n"
+                  "  block submenu one\n"
+                  "    menutype=Part Program\n"
+                  "    block submenu\n"
+                  "      menutype=pocket\n"
+                  "      helptopic = &H10\n"
+                  "    end\n"
+                  "  end\n"
+                  "  block submenu\n"
+                  "    unknown=x\n"
+                  "    menutype=Other\n"
+                  "    graphic=a.bmp\n"
+                  "  end\n"
+                  "end\n";
+    m_startModel.SetCaption("R", "Station");
+    m_startModel.Add("R", "", "");
+    m_startModel.Add("R.1", "", "pocket");
+    m_startModel.Find("R.1.1").entry->fields.helpTopic = 16;
+    m_startModel.Find("R.1").entry->menuType = "Part Program";
+    m_startModel.Add("R", "", "Other");
+    m_startModel.SetGraphic("R.2", "a.bmp");
+    RunSequences(nesk::testing::WesternTexts(), 12000, 300);
+}
+
+#ifdef NESK_PORTABLE_STATION
+TEST_F(MenuModelTest, EditsWithBytesThatStandForNothing) {
+    RunSequences(nesk::testing::GreekTexts(), 13000, 300);
+}
+
+TEST_F(MenuModelTest, EditsWithCharactersOfTwoBytes) {
+    RunSequences(nesk::testing::JapaneseTexts(), 14000, 300);
+}
+#endif
+
+} // namespace
+} // namespace nesk
