@@ -1,5 +1,6 @@
 #include "menu/BlockParser.h"
 
+#include "menu/MenuText.h"
 #include "platform/TextEncoding.h"
 #include "shell/Messages.h"
 #include "shell/NeskError.h"
@@ -11,20 +12,36 @@ namespace nesk {
 
 namespace {
 
+// A tab counts as a blank.
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
 std::string_view TrimLeft(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
     return text;
 }
 
 std::string_view TrimRight(std::string_view text) {
-    return text.substr(0, text.find_last_not_of(' ') + 1);
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 // Takes the first word off `text` and what separates it from the next.
 std::string_view TakeWord(std::string_view& text) {
-    const std::string_view word = text.substr(0, text.find(' '));
+    const auto end = std::find_if(text.begin(), text.end(), IsBlank);
+    const std::string_view word = text.substr(0, static_cast<std::size_t>(end - text.begin()));
     text = TrimLeft(text.substr(word.size()));
     return word;
+}
+
+// Longer keys are converted whether they need it or not.
+constexpr std::size_t LongestPlainKey = LineScan::Padding;
+
+bool LiesIn(std::string_view text, const std::string& holder) {
+    return text.data() >= holder.data() && text.data() <= holder.data() + holder.size();
 }
 
 // ASCII bytes never stand for anything else in a line before its "=", so words of the grammar need no
@@ -45,40 +62,61 @@ void BlockParser::OpenFile(const std::string& sFile, bool bWrite) {
 }
 
 void BlockParser::CloseFile() {
+    KeepTexts();
     m_reader.reset();
 }
 
-void BlockParser::ExpandTabs(std::string& line) {
-    std::replace(line.begin(), line.end(), '\t', ' ');
+std::string BlockParser::ExpandTabs(std::string_view source) {
+    std::string result(source);
+    std::replace(result.begin(), result.end(), '\t', ' ');
+    return result;
 }
 
-void BlockParser::CountLine() {
-    if (m_currentLine == std::numeric_limits<std::int32_t>::max())
-        throw NeskError(RuntimeError::Overflow, "BlockParse.GetToken", Message::CounterOverflow,
-                        {std::to_string(m_currentLine)});
-    ++m_currentLine;
+// Reading on ends the reader's block, into which Key and Value may point.
+void BlockParser::KeepTexts() {
+    if (!LiesIn(m_key, m_keyText)) m_keyText = m_key;
+    if (!LiesIn(m_value, m_valueText)) m_valueText = m_value;
+    m_key = m_keyText;
+    m_value = m_valueText;
+}
+
+bool BlockParser::ReadLine(LineReader::Line& line) {
+    if (!m_reader) return false;
+    if (m_reader->NextInBlock(line)) return true;
+    KeepTexts();
+    return m_reader->Next(line);
 }
 
 std::int16_t BlockParser::GetToken() {
-    std::string_view line;
-    while (line.empty()) {
-        if (!m_reader || !m_reader->ReadLine(m_line)) return TokenEndFile;
-        CountLine();
-        ExpandTabs(m_line);
-        line = TrimLeft(TrimRight(m_line));
-        if (line.starts_with(';')) line = {};
-    }
+    LineReader::Line line;
+    do {
+        if (!ReadLine(line)) return TokenEndFile;
+        if (m_currentLine == std::numeric_limits<std::int32_t>::max())
+            throw NeskError(RuntimeError::Overflow, "BlockParse.GetToken", Message::CounterOverflow,
+                            {std::to_string(m_currentLine)});
+        ++m_currentLine;
+    } while (line.first == line.last || *line.first == ';');
     if (ParseKeyValue(line)) return TokenKeyValue;
-    if (ParseEnd(line)) return TokenEndBlock;
-    if (ParseBlock(line)) return TokenStartBlock;
+    const std::string_view text(line.first, static_cast<std::size_t>(line.last - line.first));
+    if (ParseEnd(text)) return TokenEndBlock;
+    if (ParseBlock(text)) return TokenStartBlock;
     throw NeskError(5000, "BlockParse.GetToken", Message::BlockSyntax, {std::to_string(m_currentLine)});
 }
 
-bool BlockParser::ParseKeyValue(std::string_view line) {
-    const std::size_t equals = line.find('=');
-    if (equals == std::string_view::npos) return false;
-    m_key = platform::ToUpper(platform::FromAnsi(TrimRight(line.substr(0, equals))));
-    m_value = platform::FromAnsi(TrimLeft(line.substr(equals + 1)));
+bool BlockParser::ParseKeyValue(const LineReader::Line& line) {
+    if (line.equals == line.last) return false;
+    m_key = TrimRight({line.first, static_cast<std::size_t>(line.equals - line.first)});
+    m_value = TrimLeft({line.equals + 1, static_cast<std::size_t>(line.last - line.equals - 1)});
+    // Files that this program writes need nothing of this for nearly all of their lines.
+    if (!line.isPlain || m_key.size() > LongestPlainKey ||
+        LineScan::HasLowerCase(m_key.data(), m_key.size())) {
+        m_keyText = platform::ToUpper(platform::FromAnsi(ExpandTabs(m_key)));
+        m_key = m_keyText;
+    }
+    if (!line.isPlain && !MenuText::IsPlain(m_value)) {
+        m_valueText = platform::FromAnsi(ExpandTabs(m_value));
+        m_value = m_valueText;
+    }
     return true;
 }
 
@@ -87,9 +125,13 @@ bool BlockParser::ParseEnd(std::string_view line) {
 }
 
 bool BlockParser::ParseBlock(std::string_view line) {
-    if (!EqualsWord(TakeWord(line), "BLOCK")) return false;
-    m_blockType = platform::ToUpper(platform::FromAnsi(TakeWord(line)));
-    m_blockName = platform::FromAnsi(TakeWord(line));
+    // Most blocks begin with the same line as the one before.
+    if (line == m_blockLine) return true;
+    std::string_view rest = line;
+    if (!EqualsWord(TakeWord(rest), "BLOCK")) return false;
+    m_blockType = platform::ToUpper(platform::FromAnsi(TakeWord(rest)));
+    m_blockName = platform::FromAnsi(TakeWord(rest));
+    m_blockLine = line;
     return true;
 }
 

@@ -11,7 +11,8 @@ namespace nesk {
 
 /// Reads a block-structured text file line by line and tells of each line what it is: the start of a block,
 /// the end of one, a key with a value, or the end of the file. Blank lines and lines that begin with ";" are
-/// skipped.
+/// skipped. The texts of a line are valid until the next call of GetToken that returns a token of the same
+/// kind.
 ///
 /// Call OpenFile, then GetToken until it returns TokenEndFile, then CloseFile.
 class BlockParser {
@@ -34,9 +35,9 @@ public:
     std::int16_t GetToken();
 
     /// Key of the last key/value line, upper case.
-    const std::string& Key() const { return m_key; }
+    std::string_view Key() const { return m_key; }
     /// Value of the last key/value line.
-    const std::string& Value() const { return m_value; }
+    std::string_view Value() const { return m_value; }
     /// Name of the last block started; "" when it has none.
     const std::string& BlockName() const { return m_blockName; }
     /// Type of the last block started, upper case; "" when it has none.
@@ -45,16 +46,21 @@ public:
     std::int32_t CurrentLine() const { return m_currentLine; }
 
 private:
-    static void ExpandTabs(std::string& line);
-    bool ParseKeyValue(std::string_view line);
+    static std::string ExpandTabs(std::string_view source);
+    bool ParseKeyValue(const LineReader::Line& line);
     static bool ParseEnd(std::string_view line);
     bool ParseBlock(std::string_view line);
-    void CountLine();
+    bool ReadLine(LineReader::Line& line);
+    void KeepTexts();
 
     std::unique_ptr<LineReader> m_reader;
-    std::string m_line;
-    std::string m_key;
-    std::string m_value;
+    // Views into the reader's block where the text stands there as it is meant, and else into what is beside
+    // them.
+    std::string_view m_key;
+    std::string_view m_value;
+    std::string m_keyText;
+    std::string m_valueText;
+    std::string m_blockLine; // of which the next two are parts
     std::string m_blockName;
     std::string m_blockType;
     std::int32_t m_currentLine = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -25,8 +26,13 @@ private:
     enum class State { Missing, Readable, Unreadable };
 
     State m_state = State::Missing;
+    void AddWords(const char* words);
+
     std::uint64_t m_size = 0;
-    std::uint64_t m_hash = 14695981039346656037u;
+    // Two sums side by side, which a processor can work on at the same time.
+    std::array<std::uint64_t, 2> m_hash{14695981039346656037u, 9650029242287828579u};
+    // Bytes that are not in the sums yet; zeros behind them.
+    std::array<char, 16> m_rest{};
 };
 
 } // namespace nesk

@@ -2,14 +2,16 @@
 
 #include "platform/ErrorCode.h"
 #include "shell/FileErrors.h"
+#include "shell/Messages.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace nesk {
 
 namespace {
 
-constexpr std::size_t BufferSize = std::size_t{1} << 18;
+constexpr std::size_t BlockSize = std::size_t{1} << 18;
 
 bool IsLineEnd(char c) {
     return c == '\n' || c == '\r';
@@ -17,34 +19,79 @@ bool IsLineEnd(char c) {
 
 } // namespace
 
-LineReader::LineReader(const std::string& path) : m_path(path), m_buffer(BufferSize) {
+LineReader::LineReader(const std::string& path)
+    : m_path(path)
+    , m_block(BlockSize + LineScan::Padding)
+    , m_at(m_block.data())
+    , m_end(m_at)
+    , m_searched(m_at) {
     const int result = platform::StationFiles().OpenForReading(path, m_reader);
     if (result != platform::ErrorCode::Success) throw FileError(result, "BlockParser.Open", path);
 }
 
-bool LineReader::Fill() {
-    m_at = m_end = 0;
-    const int result = m_reader->Read(m_buffer.data(), m_buffer.size(), m_end);
-    if (result != platform::ErrorCode::Success) throw FileError(result, "BlockParser.GetToken", m_path);
-    return m_end > 0;
+bool LineReader::TakeAnyLine(Line& line) {
+    const char* const end = std::find_if(std::max(m_at, m_searched), m_end, IsLineEnd);
+    m_searched = end;
+    if (end == m_end) return false;
+    const char* next = end + 1;
+    if (*end == '\r') {
+        // Whether a LF belongs to it is known only with the next block.
+        if (next == m_end && !m_atEndOfFile) return false;
+        if (next < m_end && *next == '\n') ++next;
+    }
+    line = LineTo(end);
+    m_at = next;
+    return true;
 }
 
-bool LineReader::ReadLine(std::string& line) {
-    line.clear();
-    if (m_at == m_end && !Fill()) return false;
-    for (;;) {
-        const auto first = m_buffer.begin() + static_cast<std::ptrdiff_t>(m_at);
-        const auto last = m_buffer.begin() + static_cast<std::ptrdiff_t>(m_end);
-        const auto end = std::find_if(first, last, IsLineEnd);
-        line.append(first, end);
-        m_at = static_cast<std::size_t>(end - m_buffer.begin());
-        if (m_at < m_end) break;
-        if (!Fill()) return true;
+LineReader::Line LineReader::LineTo(const char* end) const {
+    Line line{m_at, end, nullptr, false};
+    while (line.first < end && IsBlank(*line.first))
+        ++line.first;
+    while (line.last > line.first && IsBlank(line.last[-1]))
+        --line.last;
+    line.equals = std::find(line.first, line.last, '=');
+    return line;
+}
+
+bool LineReader::Next(Line& line) {
+    while (!NextInBlock(line)) {
+        if (ReadOn()) continue;
+        // The last line, without an end.
+        if (m_at == m_end) return false;
+        line = LineTo(m_end);
+        m_at = m_end;
+        return true;
     }
-    const bool carriageReturn = m_buffer[m_at] == '\r';
-    ++m_at;
-    // The LF of a CR LF may be the first byte of the next block.
-    if (carriageReturn && (m_at < m_end || Fill()) && m_buffer[m_at] == '\n') ++m_at;
+    return true;
+}
+
+// Moves the line that is begun to the front of the block and fills the rest. False at the end of the file.
+bool LineReader::ReadOn() {
+    if (m_atEndOfFile) return false;
+    const auto begun = static_cast<std::size_t>(m_end - m_at);
+    const auto searched = static_cast<std::size_t>(std::max(m_at, m_searched) - m_at);
+    if (begun > LongestLine) {
+        m_at = m_end;
+        throw NeskError(RuntimeError::OutOfMemory, "BlockParser.GetToken", Message::LineTooLong,
+                        {std::to_string(LongestLine >> 20)});
+    }
+    std::memmove(m_block.data(), m_at, begun);
+    if (begun + LineScan::Padding == m_block.size()) m_block.resize(begun * 2 + LineScan::Padding);
+    m_at = m_block.data();
+    m_end = m_at + begun;
+    m_searched = m_at + searched;
+    std::size_t count = 0;
+    const int result =
+        m_reader->Read(m_block.data() + begun, m_block.size() - LineScan::Padding - begun, count);
+    if (result != platform::ErrorCode::Success) {
+        // Reading can be tried again, behind the line that was cut.
+        m_at = m_end;
+        throw FileError(result, "BlockParser.GetToken", m_path);
+    }
+    m_end += count;
+    std::memset(m_block.data() + begun + count, 0, LineScan::Padding);
+    m_atEndOfFile = count == 0;
     return true;
 }
 

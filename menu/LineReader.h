@@ -1,5 +1,6 @@
 #pragma once
 
+#include "menu/LineScan.h"
 #include "platform/FileSystem.h"
 
 #include <cstddef>
@@ -9,24 +10,55 @@
 
 namespace nesk {
 
-/// Reads a file line by line, as bytes. A line ends with CR LF, LF or CR; the last one may have no end.
+/// Reads a file line by line, as bytes. A line ends with CR LF, LF or CR; the last one may have no end. Lines
+/// are views into a block of the file, which the reader holds.
 class LineReader {
 public:
+    /// Longest line that is read, in bytes.
+    static constexpr std::size_t LongestLine = std::size_t{1} << 28;
+
+    /// A line without its end, and without the blanks and tabs around it.
+    struct Line {
+        const char* first;
+        const char* last;   ///< behind the line
+        const char* equals; ///< the first "=" of the line; `last` when it has none
+        bool isPlain;       ///< it is printable ASCII alone
+    };
+
     /// Opens a file. Raises the run-time error of the failure, FileNotFound among them.
     explicit LineReader(const std::string& path);
 
-    /// Reads the next line, without its end, into `line`. False at the end of the file, and then on every
-    /// further call. Raises the run-time error of a failed read.
-    bool ReadLine(std::string& line);
+    /// The next line, when the block at hand holds all of it. Lines given before stay valid.
+    bool NextInBlock(Line& line) {
+        // The lines that this program writes nearly all end here: printable ASCII, then CR LF.
+        const char* const first = LineScan::SkipBlanks(m_at);
+        const LineScan::Run run = LineScan::FindRun(first);
+        if (run.end[0] != '\r' || run.end[1] != '\n') return TakeAnyLine(line);
+        line = {first, run.end, run.equals, true};
+        while (line.last > first && line.last[-1] == ' ')
+            --line.last;
+        m_at = run.end + 2;
+        return true;
+    }
+
+    /// The next line; reads on when the block at hand does not hold all of it, and lines given before are no
+    /// longer valid then. False at the end of the file, and then on every further call. Raises the run-time
+    /// error of a failed read and OutOfMemory for a line that is longer than LongestLine.
+    bool Next(Line& line);
 
 private:
-    bool Fill();
+    static bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+    bool TakeAnyLine(Line& line);
+    Line LineTo(const char* end) const;
+    bool ReadOn();
 
     std::string m_path;
     std::unique_ptr<platform::FileReader> m_reader;
-    std::vector<char> m_buffer;
-    std::size_t m_at = 0;
-    std::size_t m_end = 0;
+    std::vector<char> m_block; // zeros follow what is read
+    const char* m_at;          // what is not given yet
+    const char* m_end;         // of what is read
+    const char* m_searched;    // up to here, and at or behind m_at, there is no line end
+    bool m_atEndOfFile = false;
 };
 
 } // namespace nesk

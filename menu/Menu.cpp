@@ -19,6 +19,15 @@ constexpr std::string_view DefaultCaption = "Main Menu";
 
 } // namespace
 
+Menu::Menu() : m_memory(std::make_shared<Arena>()) {
+    SetArena(*m_memory);
+}
+
+// Before the memory in which they lie.
+Menu::~Menu() {
+    ReleaseChildren();
+}
+
 bool Menu::Initialize(const std::string& sRootDir) {
     m_rootDirectory = sRootDir;
     SetCaption(DefaultCaption);

@@ -7,10 +7,16 @@ namespace nesk {
 /// The root of the menu tree.
 class Menu final : public MenuEntry {
 public:
+    Menu();
+    ~Menu() override;
+
     /// Makes this a fresh root: caption "Main Menu", no picture.
     /// @param sRootDir  folder that holds the menu file
     /// @return always true
     bool Initialize(const std::string& sRootDir);
+
+    /// Where the items of this tree lie. Whoever takes an item out of the tree and may outlive it holds this.
+    const std::shared_ptr<Arena>& Memory() const { return m_memory; }
 
     const std::string& RootDirectory() const override { return m_rootDirectory; }
     MenuEntry* ParentMenu() const override { return nullptr; }
@@ -33,6 +39,7 @@ protected:
 private:
     void ReadBlocks(class BlockParser& parser, const std::string& sFile);
 
+    std::shared_ptr<Arena> m_memory;
     std::string m_rootDirectory;
 };
 

@@ -51,6 +51,7 @@ MenuEvent AddChange::Revert(Menu& menu) {
     MenuItem* item = FindItem(menu, m_id);
     if (item == nullptr) return {};
     int position = 0;
+    m_memory = menu.Memory();
     m_removed = TakeOut(*item, m_parentId, position);
     return PlainEvent(MenuEvent::Kind::Removed, m_id);
 }
@@ -62,6 +63,7 @@ RemoveChange::~RemoveChange() = default;
 MenuEvent RemoveChange::Apply(Menu& menu) {
     MenuItem* item = FindItem(menu, m_id);
     if (item == nullptr) return {};
+    m_memory = menu.Memory();
     m_removed = TakeOut(*item, m_parentId, m_position);
     return PlainEvent(MenuEvent::Kind::Removed, m_id);
 }

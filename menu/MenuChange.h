@@ -7,6 +7,7 @@
 
 namespace nesk {
 
+class Arena;
 class Menu;
 class MenuItem;
 
@@ -52,6 +53,7 @@ private:
     std::string m_caption;
     std::string m_menuType;
     std::string m_id;
+    std::shared_ptr<Arena> m_memory;     // in which the entry lies
     std::unique_ptr<MenuItem> m_removed; // the entry while the change is taken back
 };
 
@@ -67,6 +69,7 @@ private:
     std::string m_id;
     std::string m_parentId;
     int m_position = 0;
+    std::shared_ptr<Arena> m_memory;
     std::unique_ptr<MenuItem> m_removed;
 };
 

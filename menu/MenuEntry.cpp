@@ -77,6 +77,10 @@ MenuEntry* MenuEntry::Find(const std::string& sKey) {
     return entry;
 }
 
+void MenuEntry::ReleaseChildren() {
+    m_subMenus.reset();
+}
+
 void MenuEntry::Terminate() {
     if (m_subMenus) m_subMenus->Terminate();
     m_subMenus.reset();

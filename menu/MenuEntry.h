@@ -1,5 +1,7 @@
 #pragma once
 
+#include "menu/Arena.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -16,6 +18,8 @@ class MenuItemCollection;
 /// An id is "R" for the root, and below it the parent's id, "." and a counter of the parent's that starts
 /// at 1. Ids are never used twice while a tree lives and are not stored in the file. An entry keeps its
 /// counter alone; the text is made when it is asked for.
+///
+/// The items of a tree and all its texts lie in the arena of its root.
 class MenuEntry {
 public:
     virtual ~MenuEntry();
@@ -23,11 +27,11 @@ public:
     MenuEntry& operator=(const MenuEntry&) = delete;
 
     std::string_view Caption() const { return m_caption; }
-    void SetCaption(std::string_view value) { m_caption = value; }
+    void SetCaption(std::string_view value) { m_caption = Kept(value); }
 
     /// Picture file, as a Windows path; "" for none.
     std::string_view Graphic() const { return m_graphic; }
-    void SetGraphic(std::string_view value) { m_graphic = value; }
+    void SetGraphic(std::string_view value) { m_graphic = Kept(value); }
 
     /// Folder that holds the menu file.
     virtual const std::string& RootDirectory() const = 0;
@@ -61,12 +65,24 @@ public:
 protected:
     MenuEntry();
 
+    /// Sets where the entry's texts and those of the entries below it are kept.
+    void SetArena(Arena& arena) { m_arena = &arena; }
+
+    /// A copy of the text in the arena.
+    std::string_view Kept(std::string_view text) const { return m_arena->Keep(text); }
+
+    /// Ends the lives of all entries below this one.
+    void ReleaseChildren();
+
     /// Number of this entry among the ids of its parent; 0 for the root.
     virtual std::int32_t CounterInParent() const = 0;
 
 private:
-    std::string m_caption;
-    std::string m_graphic;
+    friend class MenuItem; // which lies in its parent's arena
+
+    Arena* m_arena = nullptr;
+    std::string_view m_caption;
+    std::string_view m_graphic;
     std::unique_ptr<MenuItemCollection> m_subMenus;
     std::int32_t m_nextCounter = 1;
 };

@@ -27,6 +27,8 @@ FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& back
     SafeFile file(path);
     m_file = &file;
     m_fingerprint = {};
+    m_buffer.resize(BufferSize);
+    m_used = 0;
     WriteTree();
     FlushBuffer();
     m_file = nullptr;
@@ -72,20 +74,32 @@ void MenuFileWriter::WriteItem(const MenuItem& item, std::size_t level) {
 }
 
 void MenuFileWriter::WriteValue(std::size_t level, std::string_view key, std::string_view text) {
+    if (MenuText::IsPlain(text)) return WriteLine(level, key, text);
     // A value that broke out of its line would make the whole file unreadable.
     if (text.find_first_of("\r\n") != std::string_view::npos) MenuText::Check(text, Source);
     WriteLine(level, key, MenuText::Encode(text, Source));
 }
 
 void MenuFileWriter::WriteLine(std::size_t level, std::string_view text, std::string_view rest) {
-    m_buffer.append(std::min(level, DeepestIndent), '\t').append(text).append(rest).append("\r\n");
-    if (m_buffer.size() >= BufferSize) FlushBuffer();
+    const std::size_t tabs = std::min(level, DeepestIndent);
+    const std::size_t length = tabs + text.size() + rest.size() + 2;
+    if (length > m_buffer.size() - m_used) FlushBuffer();
+    // Only a line with a very long value: the buffer grows with it.
+    if (length > m_buffer.size()) m_buffer.resize(length);
+    char* at = m_buffer.data() + m_used;
+    m_used += length;
+    at = std::fill_n(at, tabs, '\t');
+    at = std::copy(text.begin(), text.end(), at);
+    at = std::copy(rest.begin(), rest.end(), at);
+    at[0] = '\r';
+    at[1] = '\n';
 }
 
 void MenuFileWriter::FlushBuffer() {
-    m_file->Write(m_buffer);
-    m_fingerprint.Add(m_buffer);
-    m_buffer.clear();
+    const std::string_view bytes(m_buffer.data(), m_used);
+    m_file->Write(bytes);
+    m_fingerprint.Add(bytes);
+    m_used = 0;
 }
 
 } // namespace nesk

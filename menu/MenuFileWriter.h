@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace nesk {
 
@@ -34,7 +35,8 @@ private:
 
     Menu& m_menu;
     SafeFile* m_file = nullptr;
-    std::string m_buffer;
+    std::vector<char> m_buffer;
+    std::size_t m_used = 0; // of the buffer
     FileFingerprint m_fingerprint;
 };
 

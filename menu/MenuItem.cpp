@@ -7,12 +7,30 @@
 #include "shell/NeskError.h"
 #include "shell/modConvert.h"
 
+#include <cstring>
 #include <utility>
 
 namespace nesk {
 
+std::unique_ptr<MenuItem> MenuItem::Create(MenuEntry& parent) {
+    std::unique_ptr<MenuItem> item(new (*parent.m_arena) MenuItem);
+    item->Initialize(parent);
+    return item;
+}
+
+namespace {
+
+// Compares with a word of the length that is known to be the same.
+template <std::size_t Size>
+bool Is(std::string_view key, const char (&word)[Size]) {
+    return std::memcmp(key.data(), word, Size - 1) == 0;
+}
+
+} // namespace
+
 void MenuItem::Initialize(MenuEntry& parent) {
     m_parent = &parent;
+    m_arena = parent.m_arena;
     m_counter = parent.NextCounter();
 }
 
@@ -36,31 +54,53 @@ bool MenuItem::MoveDown() {
     return m_parent != nullptr && m_parent->SubMenus().MoveDown(*this);
 }
 
+// Nearly all items are of one of two types, whose names need no room in the arena.
+void MenuItem::SetMenuType(std::string_view value) {
+    if (value == PartType)
+        m_menuType = PartType;
+    else if (value == SubmenuType)
+        m_menuType = SubmenuType;
+    else
+        m_menuType = Kept(value);
+}
+
 void MenuItem::SetFromFile(const BlockParser& parser) {
-    const std::string& key = parser.Key();
-    const std::string& value = parser.Value();
-    if (key == "CAPTION")
-        SetCaption(value);
-    else if (key == "GRAPHIC")
-        SetGraphic(value);
-    else if (key == "PREVIEW")
-        m_preview = value;
-    else if (key == "HELPFILE")
-        m_helpFile = value;
-    else if (key == "HELPTOPIC")
-        m_helpTopic = modConvert::CLng(value);
-    else if (key == "MENUTYPE")
-        m_menuType = value;
-    else if (key == "PROGRAMID")
-        m_programId = value;
-    else if (key == "HISTORY_DIR")
-        m_historyDir = value;
-    else if (key == "HISTORY_TITLE")
-        m_historyTitle = value;
+    const std::string_view key = parser.Key();
+    const std::string_view value = parser.Value();
+    // The length tells most keys apart, so that a key is compared with two others at most.
+    switch (key.size()) {
+    case 7:
+        if (Is(key, "CAPTION"))
+            SetCaption(value);
+        else if (Is(key, "GRAPHIC"))
+            SetGraphic(value);
+        else if (Is(key, "PREVIEW"))
+            SetPreview(value);
+        break;
+    case 8:
+        if (Is(key, "HELPFILE"))
+            SetHelpFile(value);
+        else if (Is(key, "MENUTYPE"))
+            SetMenuType(value);
+        break;
+    case 9:
+        if (Is(key, "HELPTOPIC"))
+            SetHelpTopic(modConvert::CLng(value));
+        else if (Is(key, "PROGRAMID"))
+            SetProgramID(value);
+        break;
+    case 11:
+        if (Is(key, "HISTORY_DIR")) SetHistoryDir(value);
+        break;
+    case 13:
+        if (Is(key, "HISTORY_TITLE")) SetHistoryTitle(value);
+        break;
+    default: break;
+    }
 }
 
 void MenuItem::RegisterHistory() const {
-    if (!m_historyDir.empty()) HistoryList::Append(m_historyDir, m_historyTitle);
+    if (!m_historyDir.empty()) HistoryList::Append(std::string(m_historyDir), std::string(m_historyTitle));
 }
 
 void MenuItem::LoadFromFile(BlockParser& parser) {
@@ -80,9 +120,7 @@ void MenuItem::LoadFromFile(BlockParser& parser) {
             if (parser.BlockType() != "SUBMENU")
                 throw NeskError(5000, "MenuLoad", Message::MenuUnknownBlock,
                                 {std::to_string(parser.CurrentLine()), parser.BlockType()});
-            auto item = std::make_unique<MenuItem>();
-            item->Initialize(current());
-            open.push_back(std::move(item));
+            open.push_back(Create(current()));
             break;
         }
         case BlockParser::TokenEndBlock:

@@ -16,8 +16,14 @@ public:
     static constexpr std::string_view PartType = "Part Program";
     static constexpr std::string_view SubmenuType = "Menu";
 
-    /// Makes the item a child of `parent`, which must outlive it, and takes the parent's next id.
+    /// A new item, initialized for `parent`, in the arena of its tree. It is no child yet.
+    static std::unique_ptr<MenuItem> Create(MenuEntry& parent);
+
+    /// Makes `parent`, which must outlive the item, the entry above it and takes the parent's next id.
     void Initialize(MenuEntry& parent);
+
+    /// An item that is deleted leaves its room to the arena.
+    static void operator delete(void*) noexcept {}
 
     MenuEntry* ParentMenu() const override { return m_parent; }
     void SetParentMenu(MenuEntry* parent) { m_parent = parent; }
@@ -27,20 +33,20 @@ public:
     std::int32_t Counter() const { return m_counter; }
 
     std::string_view MenuType() const { return m_menuType; }
-    void SetMenuType(std::string_view value) { m_menuType = value; }
+    void SetMenuType(std::string_view value);
     std::string_view Preview() const { return m_preview; }
-    void SetPreview(std::string_view value) { m_preview = value; }
+    void SetPreview(std::string_view value) { m_preview = Kept(value); }
     std::string_view HelpFile() const { return m_helpFile; }
-    void SetHelpFile(std::string_view value) { m_helpFile = value; }
+    void SetHelpFile(std::string_view value) { m_helpFile = Kept(value); }
     std::int32_t HelpTopic() const { return m_helpTopic; }
     void SetHelpTopic(std::int32_t value) { m_helpTopic = value; }
     /// Part program: "@", full path of the part's partinfo.ini, "@", or a plain identifier.
     std::string_view ProgramID() const { return m_programId; }
-    void SetProgramID(std::string_view value) { m_programId = value; }
+    void SetProgramID(std::string_view value) { m_programId = Kept(value); }
     std::string_view HistoryDir() const { return m_historyDir; }
-    void SetHistoryDir(std::string_view value) { m_historyDir = value; }
+    void SetHistoryDir(std::string_view value) { m_historyDir = Kept(value); }
     std::string_view HistoryTitle() const { return m_historyTitle; }
-    void SetHistoryTitle(std::string_view value) { m_historyTitle = value; }
+    void SetHistoryTitle(std::string_view value) { m_historyTitle = Kept(value); }
 
     /// True when the item is a part-program button: its type begins with "P" or "p".
     bool IsPart() const;
@@ -59,18 +65,23 @@ protected:
     std::int32_t CounterInParent() const override { return m_counter; }
 
 private:
+    static void* operator new(std::size_t size, Arena& arena) {
+        return arena.Allocate(size, alignof(MenuItem));
+    }
+    static void operator delete(void*, Arena&) noexcept {}
+
     void SetFromFile(const BlockParser& parser);
     void RegisterHistory() const;
 
     MenuEntry* m_parent = nullptr;
     std::int32_t m_counter = 0;
     std::int32_t m_helpTopic = 0;
-    std::string m_menuType;
-    std::string m_preview;
-    std::string m_helpFile;
-    std::string m_programId;
-    std::string m_historyDir;
-    std::string m_historyTitle;
+    std::string_view m_menuType;
+    std::string_view m_preview;
+    std::string_view m_helpFile;
+    std::string_view m_programId;
+    std::string_view m_historyDir;
+    std::string_view m_historyTitle;
 };
 
 } // namespace nesk

@@ -49,8 +49,7 @@ const MenuItem& MenuItemCollection::Item(int position) const {
 
 MenuItem& MenuItemCollection::Add(std::string_view name, std::string_view type) {
     CheckRoom();
-    auto item = std::make_unique<MenuItem>();
-    item->Initialize(*m_owner);
+    std::unique_ptr<MenuItem> item = MenuItem::Create(*m_owner);
     item->SetCaption(name);
     item->SetMenuType(type);
     return Append(std::move(item));
@@ -58,14 +57,16 @@ MenuItem& MenuItemCollection::Add(std::string_view name, std::string_view type) 
 
 void MenuItemCollection::AddItemFromFile(BlockParser& parser) {
     CheckRoom();
-    auto item = std::make_unique<MenuItem>();
-    item->Initialize(*m_owner);
+    std::unique_ptr<MenuItem> item = MenuItem::Create(*m_owner);
     item->LoadFromFile(parser);
     Append(std::move(item));
 }
 
 MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem>&& item) {
-    return Insert(Count() + 1, std::move(item));
+    CheckRoom();
+    m_counters.push_back(item->Counter());
+    m_items.push_back(std::move(item));
+    return *m_items.back();
 }
 
 MenuItem& MenuItemCollection::Insert(int position, std::unique_ptr<MenuItem>&& item) {

@@ -4,10 +4,28 @@
 #include "shell/Messages.h"
 #include "shell/NeskError.h"
 
+#include <cstdint>
+#include <cstring>
 #include <optional>
 #include <utility>
 
 namespace nesk::MenuText {
+
+// Called for every text that is loaded or saved: eight bytes at a time.
+bool IsPlain(std::string_view text) {
+    constexpr std::uint64_t Blanks = 0x2020202020202020;
+    constexpr std::uint64_t HighBits = 0x8080808080808080;
+    const auto isPlain = [](std::uint64_t bytes) { return (((bytes - Blanks) | bytes) & HighBits) == 0; };
+    std::uint64_t bytes = 0;
+    while (text.size() >= sizeof bytes) {
+        std::memcpy(&bytes, text.data(), sizeof bytes);
+        if (!isPlain(bytes)) return false;
+        text.remove_prefix(sizeof bytes);
+    }
+    bytes = Blanks;
+    std::memcpy(&bytes, text.data(), text.size());
+    return isPlain(bytes);
+}
 
 std::string Encode(std::string_view text, const std::string& source) {
     std::optional<std::string> bytes = platform::ToAnsi(text);

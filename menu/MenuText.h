@@ -6,6 +6,9 @@
 /// What a text of a menu may hold.
 namespace nesk::MenuText {
 
+/// True when a text is printable ASCII alone: it is the same in every code page and ends no line.
+bool IsPlain(std::string_view text);
+
 /// The text as bytes of the station's code page. Raises 5000 when a character has no place in it.
 /// @param source  class and operation for the error
 std::string Encode(std::string_view text, const std::string& source);

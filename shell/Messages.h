@@ -79,6 +79,7 @@ constexpr int CounterOverflow = 34134; // %0% line
 constexpr int NoMenuRoot = 34135;
 constexpr int RegNotEncodable = 34136; // %0% value name, %1% character, %2% code page
 constexpr int NoEndingZero = 34137;
+constexpr int LineTooLong = 34138; // %0% largest length in MB
 
 // Opening and saving.
 constexpr int OpenFailed = 34140; // %0% error

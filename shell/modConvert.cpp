@@ -134,6 +134,10 @@ std::int16_t CInt(std::string_view text) {
 }
 
 std::int32_t CLng(std::string_view text) {
+    // A menu file has a number an entry, nearly always a few digits alone.
+    std::int32_t value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc() && end == text.data() + text.size()) return value;
     return ConvertWhole<std::int32_t, std::uint32_t>(text, "CLng");
 }
 

@@ -31,7 +31,9 @@ protected:
                     token = "BLOCK " + parser.BlockType() + "/" + parser.BlockName();
                     break;
                 case BlockParser::TokenEndBlock: token = "END"; break;
-                case BlockParser::TokenKeyValue: token = parser.Key() + "=" + parser.Value(); break;
+                case BlockParser::TokenKeyValue:
+                    token = std::string(parser.Key()).append("=").append(parser.Value());
+                    break;
                 default: return tokens;
                 }
             } catch (const NeskError&) {

@@ -203,8 +203,10 @@ TEST_F(MenuTreeTest, TakingOutAndPuttingBack) {
     std::unique_ptr<MenuItem> item = children.Take(2);
     Add(*item, "below");
     EXPECT_EQ(Ids(m_menu), "R.1 R.3");
-    EXPECT_EQ(ErrorOf([&] { children.Insert(4, std::make_unique<MenuItem>()); }).number,
+    std::unique_ptr<MenuItem> other = MenuItem::Create(m_menu);
+    EXPECT_EQ(ErrorOf([&] { children.Insert(4, std::move(other)); }).number,
               RuntimeError::SubscriptOutOfRange);
+    EXPECT_NE(other, nullptr) << "what was refused stays with the caller";
     EXPECT_EQ(ErrorOf([&] { children.Take(3); }).number, RuntimeError::SubscriptOutOfRange);
     children.Insert(1, std::move(item));
     EXPECT_EQ(Ids(m_menu), "R.2 R.1 R.3");
@@ -223,11 +225,10 @@ TEST_F(MenuTreeTest, ASubmenuHoldsSoManyChildrenAndNoMore) {
     EXPECT_EQ(error.number, RuntimeError::Overflow);
     EXPECT_EQ(error.messageId, Message::TooManyChildren);
     EXPECT_EQ(m_menu.SubMenus().Count(), 32767);
-    MenuItem extra;
-    extra.Initialize(m_menu);
-    EXPECT_EQ(extra.ID(), "R.32768") << "the refusal used no id up";
-    EXPECT_EQ(ErrorOf([&] { m_menu.SubMenus().Append(std::make_unique<MenuItem>()); }).number,
-              RuntimeError::Overflow);
+    std::unique_ptr<MenuItem> extra = MenuItem::Create(m_menu);
+    EXPECT_EQ(extra->ID(), "R.32768") << "the refusal used no id up";
+    EXPECT_EQ(ErrorOf([&] { m_menu.SubMenus().Append(std::move(extra)); }).number, RuntimeError::Overflow);
+    EXPECT_NE(extra, nullptr) << "what was refused stays with the caller";
     m_menu.SubMenus().RemoveItem(m_menu.SubMenus().Item(1));
     EXPECT_EQ(Add(m_menu).ID(), "R.32769");
 }

@@ -1,0 +1,37 @@
+#include "menu/Arena.h"
+
+#include "platform/LargeBlock.h"
+
+#include <algorithm>
+
+namespace nesk {
+
+namespace {
+
+// A small menu takes little, a large one few blocks.
+constexpr std::size_t SmallestBlock = std::size_t{1} << 13;
+constexpr std::size_t LargestBlock = std::size_t{1} << 20;
+
+} // namespace
+
+Arena::~Arena() {
+    for (void* block : m_blocks)
+        platform::FreeLargeBlock(block);
+}
+
+void* Arena::AllocateInNewBlock(std::size_t size) {
+    const std::size_t usual =
+        std::min(SmallestBlock << std::min<std::size_t>(m_blocks.size(), 8), LargestBlock);
+    // What is large has a block of its own, and the one in use goes on being filled.
+    const bool alone = size > usual / 4;
+    m_blocks.push_back(nullptr);
+    auto* const block = static_cast<char*>(platform::AllocateLargeBlock(alone ? size : usual));
+    m_blocks.back() = block;
+    if (!alone) {
+        m_at = block + size;
+        m_end = block + usual;
+    }
+    return block;
+}
+
+} // namespace nesk
