@@ -1,0 +1,73 @@
+#include "bench/Measure.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <fstream>
+#include <string>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace nesk::bench {
+
+namespace {
+
+// A line of the kernel's own account of this process, in bytes.
+double Memory(const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);)
+        if (line.starts_with(name + ":")) return std::stod(line.substr(name.size() + 1)) * 1024;
+    return 0;
+}
+
+[[noreturn]] void Run(const std::function<void()>& prepare, const std::function<void()>& action, int result) {
+    Figures figures;
+    try {
+        prepare();
+        // From here on the peak is that of the action alone.
+        std::ofstream("/proc/self/clear_refs") << "5";
+        const double before = Memory("VmRSS");
+        const auto start = std::chrono::steady_clock::now();
+        action();
+        figures.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        figures.bytes = Memory("VmHWM") - before;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s\n", error.what());
+        ::_exit(1);
+    }
+    const bool written = ::write(result, &figures, sizeof figures) == sizeof figures;
+    // What was loaded is not released one by one: that is no part of what is measured.
+    ::_exit(written ? 0 : 1);
+}
+
+} // namespace
+
+Figures Measure(const std::function<void()>& prepare, const std::function<void()>& action) {
+    int ends[2];
+    std::fflush(nullptr);
+    if (::pipe(ends) != 0) std::abort();
+    const pid_t child = ::fork();
+    if (child < 0) std::abort();
+    if (child == 0) Run(prepare, action, ends[1]);
+    ::close(ends[1]);
+    Figures figures;
+    const bool read = ::read(ends[0], &figures, sizeof figures) == sizeof figures;
+    ::close(ends[0]);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    if (!read || status != 0) {
+        std::fprintf(stderr, "A measured process failed.\n");
+        std::exit(2);
+    }
+    return figures;
+}
+
+double Median(std::vector<double> numbers) {
+    std::sort(numbers.begin(), numbers.end());
+    const std::size_t middle = numbers.size() / 2;
+    return numbers.size() % 2 == 1 ? numbers[middle] : (numbers[middle - 1] + numbers[middle]) / 2;
+}
+
+} // namespace nesk::bench

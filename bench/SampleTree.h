@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace nesk::bench {
+
+/// The nine fields of an entry, as UTF-8.
+struct SampleEntry {
+    std::string caption;
+    std::string graphic;
+    std::string preview;
+    std::string helpFile;
+    std::int32_t helpTopic = 0;
+    std::string menuType;
+    std::string programId;
+    std::string historyDir; ///< always empty: what registering costs is measured by itself
+    std::string historyTitle;
+};
+
+/// What writes a tree in one format. Calls come in the order of the file.
+class SampleWriter {
+public:
+    virtual ~SampleWriter() = default;
+    virtual void BeginMenu() = 0;
+    virtual void BeginItem(const SampleEntry& entry) = 0;
+    virtual void EndItem() = 0;
+    virtual void EndMenu() = 0;
+};
+
+/// Shows a writer a tree as stations have them, only larger: submenus of at most 32 entries, below them part
+/// buttons with paths of usual length. The same every time.
+/// @param items  number of items below the root
+void VisitSampleTree(SampleWriter& writer, int items);
+
+} // namespace nesk::bench
