@@ -19,7 +19,7 @@ const MenuItem* AsItem(const MenuEntry* entry) {
 
 } // namespace
 
-MenuEditor::MenuEditor() = default;
+MenuEditor::MenuEditor(platform::FileSystem& files) : m_files(files) {}
 
 MenuEditor::~MenuEditor() = default;
 
@@ -76,7 +76,7 @@ void MenuEditor::Save(const std::string& path) {
     if (!m_menu) return;
     if (path.empty()) throw NeskError(RuntimeError::PathNotFound, "MenuEditor.Save", Message::NoMenuRoot);
     try {
-        m_fingerprint = MenuFileWriter(*m_menu).Save(path, BackupFor(path));
+        m_fingerprint = MenuFileWriter(*m_menu, m_files).Save(path, BackupFor(path));
     } catch (NeskError& error) {
         if (error.file.empty()) error.file = path;
         throw;

@@ -52,7 +52,8 @@ enum class SaveHazard {
 /// made, shown to the listener and handed to the keeper of changes.
 class MenuEditor {
 public:
-    MenuEditor();
+    /// @param files  where menus are saved
+    explicit MenuEditor(platform::FileSystem& files = platform::StationFiles());
     ~MenuEditor();
     MenuEditor(const MenuEditor&) = delete;
     MenuEditor& operator=(const MenuEditor&) = delete;
@@ -130,6 +131,7 @@ private:
     bool Report(const MenuEvent& event);
     void StateChanged();
 
+    platform::FileSystem& m_files;
     MenuEditorListener* m_listener = nullptr;
     ChangeKeeper m_keeper;
     std::unique_ptr<Menu> m_menu;

@@ -24,7 +24,7 @@ Backup BackupOf(const std::string& path) {
 }
 
 FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& backup) {
-    SafeFile file(path);
+    SafeFile file(path, m_files);
     m_file = &file;
     m_fingerprint = {};
     m_buffer.resize(BufferSize);

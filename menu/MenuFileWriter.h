@@ -19,7 +19,8 @@ Backup BackupOf(const std::string& path);
 /// Writes a menu tree as a block file in the station's code page.
 class MenuFileWriter {
 public:
-    explicit MenuFileWriter(Menu& menu) : m_menu(menu) {}
+    explicit MenuFileWriter(Menu& menu, platform::FileSystem& files = platform::StationFiles())
+        : m_menu(menu), m_files(files) {}
 
     /// Replaces the file `path` by the tree. Raises the run-time error of a failed step, or 5000 for a text
     /// that the code page cannot hold or that would end its line; the file is unchanged then.
@@ -34,6 +35,7 @@ private:
     void FlushBuffer();
 
     Menu& m_menu;
+    platform::FileSystem& m_files;
     SafeFile* m_file = nullptr;
     std::vector<char> m_buffer;
     std::size_t m_used = 0; // of the buffer

@@ -44,7 +44,8 @@ public:
     virtual int Read(char* buffer, std::size_t capacity, std::size_t& count) = 0;
 };
 
-/// A new file open for writing. Destroying it closes the file; the result of that close is lost.
+/// A new file open for writing. Destroying it closes the file; the result of that close is lost. As long as
+/// the object lives, its file is no abandoned one.
 class FileWriter {
 public:
     virtual ~FileWriter() = default;
@@ -55,7 +56,7 @@ public:
     /// Forces what was written to the disk.
     virtual int Flush() = 0;
 
-    /// Closes the file. Nothing may be called afterwards.
+    /// Closes the file. Nothing but the destructor may be called afterwards.
     virtual int Close() = 0;
 };
 
@@ -84,6 +85,10 @@ public:
 
     /// Deletes a file.
     virtual int RemoveFile(const std::string& path) = 0;
+
+    /// Deletes a file that CreateNew made and that nobody works on any more, because the program that did was
+    /// killed. SharingViolation when it may still be in use; the file stays then.
+    virtual int RemoveAbandoned(const std::string& path) = 0;
 
     /// Gives `to` the access rights and the owner of `from`, as far as the user may.
     virtual int CopyAccessRights(const std::string& from, const std::string& to) = 0;

@@ -13,9 +13,14 @@ namespace {
 
 namespace ErrorCode = platform::ErrorCode;
 
-// Names tried for the new file: others belong to editors that save at the same time or were killed while they
-// did.
+// Names tried for the new file: others belong to editors that save at the same time.
 constexpr int TemporaryNames = 100;
+
+// The error of a step. Where the path is not found it is the folder that is missing.
+NeskError Failure(int result, const std::string& path) {
+    const bool folder = result == ErrorCode::PathNotFound;
+    return FileError(result, "SafeFile", folder ? modUtilities::ParentFolder(path) : path);
+}
 
 } // namespace
 
@@ -25,7 +30,8 @@ SafeFile::SafeFile(std::string path, platform::FileSystem& files) : m_files(file
 
 SafeFile::~SafeFile() {
     if (m_temporary.empty()) return;
-    m_writer.reset();
+    // While the writer lives nobody else takes the file for abandoned and its name for a file of his own.
+    if (!m_closed) m_writer->Close();
     m_files.RemoveFile(m_temporary);
 }
 
@@ -33,8 +39,12 @@ void SafeFile::CreateTemporary() {
     int result = ErrorCode::AlreadyExists;
     std::string name;
     for (int i = 1; i <= TemporaryNames && result == ErrorCode::AlreadyExists; ++i) {
-        name = m_path + ".new" + (i > 1 ? std::to_string(i) : "");
+        // The name is one that nobody gives to a file of his own: what an editor left behind that was killed
+        // is removed.
+        name = m_path + ".nesk" + (i > 1 ? std::to_string(i) : "") + "~";
         result = m_files.CreateNew(name, m_writer);
+        if (result == ErrorCode::AlreadyExists && m_files.RemoveAbandoned(name) == ErrorCode::Success)
+            result = m_files.CreateNew(name, m_writer);
     }
     // What the user asked to be written is the file itself; the name beside it would only confuse.
     Check(result, m_path);
@@ -42,7 +52,7 @@ void SafeFile::CreateTemporary() {
 }
 
 void SafeFile::Check(int result, const std::string& path) const {
-    if (result != ErrorCode::Success) throw FileError(result, "SafeFile", path);
+    if (result != ErrorCode::Success) throw Failure(result, path);
 }
 
 void SafeFile::Write(std::string_view bytes) {
@@ -51,21 +61,22 @@ void SafeFile::Write(std::string_view bytes) {
 
 void SafeFile::Commit(const Backup& backup) {
     Check(m_writer->Flush(), m_path);
+    m_closed = true;
     Check(m_writer->Close(), m_path);
-    m_writer.reset();
     std::uint32_t attributes = 0;
     const int found = m_files.Attributes(m_path, attributes);
     if (found == ErrorCode::Success) {
         if ((attributes & (platform::FileAttribute::ReadOnly | platform::FileAttribute::Directory)) != 0)
-            throw FileError(ErrorCode::AccessDenied, "SafeFile", m_path);
+            throw Failure(ErrorCode::AccessDenied, m_path);
         Check(m_files.CopyAccessRights(m_path, m_temporary), m_path);
         KeepBackup(backup);
     } else if (found != ErrorCode::FileNotFound) {
         // Whatever stands there and cannot be looked at must not be replaced unseen.
-        throw FileError(found, "SafeFile", m_path);
+        throw Failure(found, m_path);
     }
     Check(m_files.Replace(m_path, m_temporary), m_path);
     m_temporary.clear();
+    m_writer.reset();
 }
 
 void SafeFile::KeepBackup(const Backup& backup) {
@@ -75,7 +86,7 @@ void SafeFile::KeepBackup(const Backup& backup) {
     // When it is the file itself that cannot be read, the user must hear its name and not the copy's.
     std::unique_ptr<platform::FileReader> reader;
     Check(m_files.OpenForReading(m_path, reader), m_path);
-    const NeskError cause = FileError(result, "SafeFile", backup.path);
+    const NeskError cause = Failure(result, backup.path);
     throw NeskError(cause.number, cause.source, Message::BackupFailed,
                     {backup.path, modUtilities::MessageText(cause)});
 }

@@ -42,6 +42,7 @@ private:
     std::string m_path;
     std::string m_temporary;
     std::unique_ptr<platform::FileWriter> m_writer;
+    bool m_closed = false;
 };
 
 } // namespace nesk

@@ -3,6 +3,7 @@
 #include "platform/ErrorCode.h"
 #include "platform/portable/FileHandle.h"
 #include "platform/portable/FileNames.h"
+#include "platform/portable/HeldFile.h"
 #include "platform/portable/HostError.h"
 #include "platform/portable/Station.h"
 
@@ -76,12 +77,12 @@ fs::path FinalPath(const fs::path& host) {
     return error ? host : real;
 }
 
-int FlushFolder(const fs::path& folder) {
+// Brings the names in a folder to the disk. What they name has been renamed by then and is whole under either
+// name, so there is nothing to tell when this fails: in a folder that may not be read, or on a file system
+// that has no way to do it.
+void FlushFolder(const fs::path& folder) {
     const FileHandle handle(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!handle) return ErrorFromErrno(errno, ErrorCode::WriteFault);
-    // Some file systems have no way to flush a directory; the rename itself has been done by then.
-    if (::fsync(handle.Get()) != 0 && errno != EINVAL) return ErrorFromErrno(errno, ErrorCode::WriteFault);
-    return ErrorCode::Success;
+    if (handle) ::fsync(handle.Get());
 }
 
 class HostReader final : public FileReader {
@@ -103,7 +104,9 @@ private:
 
 class HostWriter final : public FileWriter {
 public:
-    explicit HostWriter(FileHandle handle) : m_handle(std::move(handle)) {}
+    // What holds the file is the open file itself; a second descriptor keeps it open beyond Close.
+    explicit HostWriter(FileHandle handle)
+        : m_handle(std::move(handle)), m_hold(::fcntl(m_handle.Get(), F_DUPFD_CLOEXEC, 0)) {}
 
     int Write(std::string_view bytes) override {
         while (!bytes.empty()) {
@@ -113,6 +116,11 @@ public:
             bytes.remove_prefix(static_cast<std::size_t>(put));
         }
         return ErrorCode::Success;
+    }
+
+    int SetMode(mode_t mode) {
+        return ::fchmod(m_handle.Get(), mode) != 0 ? ErrorFromErrno(errno, ErrorCode::WriteFault)
+                                                   : ErrorCode::Success;
     }
 
     int Flush() override {
@@ -126,6 +134,7 @@ public:
 
 private:
     FileHandle m_handle;
+    FileHandle m_hold;
 };
 
 // A search for a name without wildcards: it has one entry at the most.
@@ -225,8 +234,8 @@ public:
         writer.reset();
         fs::path host;
         if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
-        FileHandle handle(::open(host.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
-        if (!handle) return MissingCode(host, errno);
+        FileHandle handle;
+        if (const int error = portable::CreateHeld(host, handle); error != 0) return MissingCode(host, error);
         writer = std::make_unique<HostWriter>(std::move(handle));
         return ErrorCode::Success;
     }
@@ -235,6 +244,13 @@ public:
         fs::path host;
         if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
         return ::unlink(host.c_str()) != 0 ? MissingCode(host, errno) : ErrorCode::Success;
+    }
+
+    int RemoveAbandoned(const std::string& path) override {
+        fs::path host;
+        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
+        const int error = portable::RemoveUnheld(host);
+        return error != 0 ? MissingCode(host, error) : ErrorCode::Success;
     }
 
     int CopyAccessRights(const std::string& from, const std::string& to) override {
@@ -259,9 +275,12 @@ public:
         struct stat status {};
         if (::stat(source.c_str(), &status) != 0) return MissingCode(source, errno);
         if (!mayReplace && ::lstat(target.c_str(), &status) == 0) return ErrorCode::AlreadyExists;
-        const fs::path temporary = target.string() + "." + std::to_string(::getpid()) + "~";
-        ::unlink(temporary.c_str());
-        if (const int result = CopyContents(source, temporary); result != ErrorCode::Success) {
+        fs::path temporary;
+        FileHandle handle;
+        if (const int error = CreateBeside(target, temporary, handle); error != 0)
+            return MissingCode(temporary, error);
+        HostWriter writer(std::move(handle));
+        if (const int result = CopyContents(source, writer); result != ErrorCode::Success) {
             ::unlink(temporary.c_str());
             return result;
         }
@@ -269,8 +288,9 @@ public:
                                        : ::link(temporary.c_str(), target.c_str());
         const int error = errno;
         if (renamed != 0 || !mayReplace) ::unlink(temporary.c_str());
-        return renamed != 0 ? ErrorFromErrno(error, ErrorCode::WriteFault)
-                            : FlushFolder(target.parent_path());
+        if (renamed != 0) return ErrorFromErrno(error, ErrorCode::WriteFault);
+        FlushFolder(target.parent_path());
+        return ErrorCode::Success;
     }
 
     int Replace(const std::string& path, const std::string& replacement) override {
@@ -286,7 +306,8 @@ public:
             if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) return ErrorCode::AccessDenied;
         }
         if (::rename(source.c_str(), target.c_str()) != 0) return MissingCode(target, errno);
-        return FlushFolder(target.parent_path());
+        FlushFolder(target.parent_path());
+        return ErrorCode::Success;
     }
 
 private:
@@ -302,18 +323,29 @@ private:
         return ErrorCode::Success;
     }
 
-    static int CopyContents(const fs::path& source, const fs::path& target) {
-        const FileHandle in(::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    // Creates the file that a copy is made in; an errno or 0. One that was left by a program that was killed
+    // is removed, one that another program works on is left alone.
+    static int CreateBeside(const fs::path& target, fs::path& temporary, FileHandle& handle) {
+        constexpr int Names = 100;
+        int error = EEXIST;
+        for (int i = 1; i <= Names && error == EEXIST; ++i) {
+            temporary = target.string() + ".nesk" + (i > 1 ? std::to_string(i) : "") + "~";
+            error = portable::CreateHeld(temporary, handle);
+            if (error == EEXIST && portable::RemoveUnheld(temporary) == 0)
+                error = portable::CreateHeld(temporary, handle);
+        }
+        return error;
+    }
+
+    static int CopyContents(const fs::path& source, HostWriter& writer) {
+        FileHandle in(::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
         if (!in) return MissingCode(source, errno);
         struct stat status {};
         if (::fstat(in.Get(), &status) != 0) return ErrorFromErrno(errno, ErrorCode::ReadFault);
         if (!S_ISREG(status.st_mode)) return ErrorCode::AccessDenied;
-        HostReader reader{FileHandle(::dup(in.Get()))};
-        FileHandle out(::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-        if (!out) return MissingCode(target, errno);
-        if (::fchmod(out.Get(), status.st_mode & 07777) != 0)
-            return ErrorFromErrno(errno, ErrorCode::WriteFault);
-        HostWriter writer(std::move(out));
+        if (const int result = writer.SetMode(status.st_mode & 07777); result != ErrorCode::Success)
+            return result;
+        HostReader reader(std::move(in));
         std::array<char, 65536> buffer{};
         for (;;) {
             std::size_t count = 0;

@@ -4,6 +4,7 @@
 #include "platform/windows/Handle.h"
 
 #include <aclapi.h>
+#include <cstdint>
 #include <memory>
 
 namespace nesk::platform::windows {
@@ -11,6 +12,13 @@ namespace nesk::platform::windows {
 namespace {
 
 constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// An hour, in the 100 nanoseconds in which the system counts.
+constexpr std::uint64_t TicksUntilAbandoned = std::uint64_t{3600} * 10'000'000;
+
+std::uint64_t Ticks(const FILETIME& time) {
+    return (std::uint64_t{time.dwHighDateTime} << 32U) | time.dwLowDateTime;
+}
 
 struct LocalFreer {
     void operator()(void* memory) const { ::LocalFree(memory); }
@@ -65,6 +73,18 @@ DWORD ReplaceExisting(const std::wstring& target, const std::wstring& replacemen
 }
 
 } // namespace
+
+int RemoveAbandoned(const std::wstring& path) {
+    if (path.empty()) return ErrorCode::PathNotFound;
+    WIN32_FILE_ATTRIBUTE_DATA found{};
+    if (::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &found) == 0) return LastError();
+    FILETIME now{};
+    ::GetSystemTimeAsFileTime(&now);
+    // Between writing a file and putting it into its place a program does not have it open, so that only its
+    // age tells.
+    if (Ticks(now) < Ticks(found.ftLastWriteTime) + TicksUntilAbandoned) return ErrorCode::SharingViolation;
+    return ::DeleteFileW(path.c_str()) != 0 ? ErrorCode::Success : LastError();
+}
 
 int CopyAccessRights(const std::wstring& from, const std::wstring& to) {
     constexpr SECURITY_INFORMATION rights = DACL_SECURITY_INFORMATION;

@@ -157,6 +157,8 @@ public:
         return ::DeleteFileW(name.c_str()) != 0 ? ErrorCode::Success : LastError();
     }
 
+    int RemoveAbandoned(const std::string& path) override { return windows::RemoveAbandoned(FilePath(path)); }
+
     int CopyAccessRights(const std::string& from, const std::string& to) override {
         return windows::CopyAccessRights(FilePath(from), FilePath(to));
     }

@@ -1,16 +1,14 @@
 #include "platform/portable/Database.h"
 #include "platform/portable/Station.h"
 #include "unit/platform/RegistryFixture.h"
+#include "unit/platform/portable/ChildProcess.h"
 
 #include <csignal>
 #include <fstream>
 #include <functional>
-#include <grp.h>
 #include <iterator>
 #include <sqlite3.h>
 #include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace nesk::platform {
 namespace {
@@ -44,28 +42,19 @@ protected:
     void InOtherProcess(const std::function<void()>& action) const {
         // No open database may be carried into another process.
         portable::UseStation("/nonexistent/station");
-        const pid_t child = ::fork();
-        if (child == 0) {
+        const nesk::testing::ChildEnd end = nesk::testing::InChildProcess([&] {
             portable::UseStation(station.Folder());
             action();
-            std::fflush(nullptr);
-            ::_exit(HasFailure() ? 1 : 0);
-        }
-        int status = 0;
-        ASSERT_EQ(child, ::waitpid(child, &status, 0));
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "see above";
+            return true;
+        });
+        EXPECT_EQ(nesk::testing::ChildEnd::Good, end) << "see above";
         portable::UseStation(station.Folder());
     }
 
     // As InOtherProcess, as a user whom access rights bind.
     void AsPlainUser(const std::function<void()>& action) const {
         InOtherProcess([&] {
-            constexpr unsigned Nobody = 65534;
-            if (::geteuid() == 0) {
-                ASSERT_EQ(0, ::setgroups(0, nullptr));
-                ASSERT_EQ(0, ::setresgid(Nobody, Nobody, Nobody));
-                ASSERT_EQ(0, ::setresuid(Nobody, Nobody, Nobody));
-            }
+            nesk::testing::BecomePlainUser();
             action();
         });
     }

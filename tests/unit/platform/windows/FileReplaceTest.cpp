@@ -5,6 +5,8 @@
 #include "unit/platform/windows/HeldFile.h"
 #include "unit/platform/windows/Security.h"
 
+#include <chrono>
+#include <filesystem>
 #include <gtest/gtest.h>
 
 namespace nesk::platform {
@@ -101,6 +103,22 @@ TEST_F(FileReplaceTest, AHeldFileIsNotReadOrRemoved) {
     EXPECT_EQ(ErrorCode::SharingViolation, files.RemoveFile(Path));
     std::uint32_t attributes = 0;
     EXPECT_EQ(ErrorCode::Success, files.Attributes(Path, attributes)) << "which anybody may ask for";
+}
+
+// What nobody has written to for an hour, and nobody has open, was left by a program that is gone.
+TEST_F(FileReplaceTest, OnlyWhatIsOldAndFreeIsAbandoned) {
+    EXPECT_EQ(ErrorCode::SharingViolation, files.RemoveAbandoned(New)) << "it has just been written";
+    EXPECT_EQ("new", FileBytes(New));
+    const std::filesystem::path host = TempStation::Host(New);
+    std::filesystem::last_write_time(host, std::filesystem::file_time_type::clock::now() -
+                                               std::chrono::minutes(61));
+    {
+        const HeldFile held(New);
+        EXPECT_EQ(ErrorCode::SharingViolation, files.RemoveAbandoned(New));
+    }
+    EXPECT_EQ(ErrorCode::Success, files.RemoveAbandoned(New));
+    EXPECT_EQ("file", FilesIn(Folder));
+    EXPECT_EQ(ErrorCode::FileNotFound, files.RemoveAbandoned(New));
 }
 
 TEST_F(FileReplaceTest, AFileThatIsWrittenBelongsToItsWriterAlone) {

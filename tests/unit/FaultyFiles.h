@@ -1,0 +1,126 @@
+#pragma once
+
+#include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
+
+#include <functional>
+#include <limits>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace nesk::testing {
+
+/// Which operations fail, and how.
+struct Fault {
+    int first = 0; ///< 1-based number of the first operation that fails; 0 for none
+    int code = platform::ErrorCode::DiskFull;
+    bool lasting = false; ///< every later operation fails as well
+    bool done = false;    ///< the operation is carried out and fails all the same, as when an answer is lost
+};
+
+/// The station's files, some operations of which fail. Writes down what is asked of them.
+class FaultyFiles final : public platform::FileSystem {
+public:
+    explicit FaultyFiles(Fault fault = {}) : m_fault(fault) {}
+
+    /// From now on everything works.
+    void Mend() { m_fault = {}; }
+
+    /// Called before each operation with its 1-based number.
+    std::function<void(int)> before;
+
+    /// The operations asked for, in their order.
+    const std::vector<std::string>& Operations() const { return m_operations; }
+
+    /// Those that failed because they were to fail.
+    const std::vector<std::string>& Failed() const { return m_failed; }
+
+    int Attributes(const std::string& path, std::uint32_t& attributes) override {
+        return Run("attributes", [&] { return m_files.Attributes(path, attributes); });
+    }
+    int Search(const std::string& pattern, std::unique_ptr<platform::DirectorySearch>& search,
+               platform::DirectoryEntry& first) override {
+        return Run("search", [&] { return m_files.Search(pattern, search, first); });
+    }
+    int MakeFolder(const std::string& path) override {
+        return Run("folder", [&] { return m_files.MakeFolder(path); });
+    }
+    int OpenForReading(const std::string& path, std::unique_ptr<platform::FileReader>& reader) override {
+        return Run("open", [&] { return m_files.OpenForReading(path, reader); });
+    }
+    int CreateNew(const std::string& path, std::unique_ptr<platform::FileWriter>& writer) override {
+        return Run("create", [&] {
+            std::unique_ptr<platform::FileWriter> file;
+            const int result = m_files.CreateNew(path, file);
+            if (result == platform::ErrorCode::Success)
+                writer = std::make_unique<Writer>(*this, std::move(file));
+            return result;
+        });
+    }
+    int RemoveFile(const std::string& path) override {
+        return Run("remove", [&] { return m_files.RemoveFile(path); });
+    }
+    int RemoveAbandoned(const std::string& path) override {
+        return Run("abandoned", [&] { return m_files.RemoveAbandoned(path); });
+    }
+    int CopyAccessRights(const std::string& from, const std::string& to) override {
+        return Run("rights", [&] { return m_files.CopyAccessRights(from, to); });
+    }
+    int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
+        return Run("copy", [&] { return m_files.KeepCopy(path, copy, mayReplace); });
+    }
+    int Replace(const std::string& path, const std::string& replacement) override {
+        return Run("replace", [&] { return m_files.Replace(path, replacement); });
+    }
+
+private:
+    class Writer final : public platform::FileWriter {
+    public:
+        Writer(FaultyFiles& owner, std::unique_ptr<platform::FileWriter> file)
+            : m_owner(owner), m_file(std::move(file)) {}
+        int Write(std::string_view bytes) override {
+            // A disk that is full takes a part of what it is given.
+            return m_owner.Run(
+                "write", [&] { return m_file->Write(bytes); },
+                [&] { m_file->Write(bytes.substr(0, bytes.size() / 2)); });
+        }
+        int Flush() override {
+            return m_owner.Run("flush", [&] { return m_file->Flush(); });
+        }
+        int Close() override {
+            // A file is closed even when its last bytes cannot be written.
+            return m_owner.Run(
+                "close", [&] { return m_file->Close(); }, [&] { m_file->Close(); });
+        }
+
+    private:
+        FaultyFiles& m_owner;
+        std::unique_ptr<platform::FileWriter> m_file;
+    };
+
+    // Runs an operation, or fails in its place after `failing`.
+    int Run(const char* name, const std::function<int()>& operation,
+            const std::function<void()>& failing = {}) {
+        m_operations.push_back(name);
+        const int number = static_cast<int>(m_operations.size());
+        if (before) before(number);
+        const int last = m_fault.lasting ? std::numeric_limits<int>::max() : m_fault.first;
+        if (m_fault.first == 0 || number < m_fault.first || number > last) return operation();
+        m_failed.push_back(name);
+        if (m_fault.done)
+            operation();
+        else if (failing)
+            failing();
+        return m_fault.code;
+    }
+
+    platform::FileSystem& m_files = platform::StationFiles();
+    Fault m_fault;
+    std::vector<std::string> m_operations;
+    std::vector<std::string> m_failed;
+};
+
+} // namespace nesk::testing
