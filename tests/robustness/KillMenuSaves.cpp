@@ -1,0 +1,189 @@
+// Kills a program that saves a menu, at random moments, and looks at what it leaves: menu.cfg is always one
+// of the versions that were saved, and nothing that is left over piles up or stops the next save.
+
+#include "menu/MenuEditor.h"
+#include "platform/portable/Station.h"
+#include "robustness/Victim.h"
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
+#include "unit/FileBytes.h"
+#include "unit/platform/TempStation.h"
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <random>
+#include <set>
+#include <thread>
+
+namespace nesk {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using std::chrono::microseconds;
+using testing::FileBytes;
+
+const std::string Folder = "C:\\Neskroot";
+const std::string Path = Folder + "\\menu.cfg";
+// The entries of each version: less than a block of the disk, one piece of writing, several pieces.
+constexpr std::array<int, 3> Entries = {2, 300, 2500};
+
+using Editors = std::vector<std::unique_ptr<MenuEditor>>;
+
+// An editor for each version.
+Editors MakeEditors() {
+    Editors editors;
+    for (const int entries : Entries) {
+        editors.push_back(std::make_unique<MenuEditor>());
+        editors.back()->Open("C:\\None", "C:\\None\\menu.cfg");
+        editors.back()->SetCaption("R", "Version of " + std::to_string(entries));
+        for (int i = 0; i < entries; ++i)
+            editors.back()->AddPart("R", std::to_string(i) + std::string(200, 'x'));
+    }
+    return editors;
+}
+
+// The versions in the order in which a process saves them, never the same twice in a row.
+class Order {
+public:
+    explicit Order(unsigned seed) : m_random(seed), m_version(m_random() % Entries.size()) {}
+    std::size_t Version() const { return m_version; }
+    void Next() { m_version = (m_version + 1 + m_random() % (Entries.size() - 1)) % Entries.size(); }
+
+private:
+    std::mt19937 m_random;
+    std::size_t m_version;
+};
+
+// The process that is killed: saves another version each time.
+int SaveForEver(const std::string& station, unsigned seed, const std::string& descriptor) {
+    platform::portable::UseStation(station);
+    const testing::SaveProgress progress(descriptor);
+    const Editors editors = MakeEditors();
+    try {
+        for (Order order(seed);; order.Next()) {
+            progress.Begin();
+            editors[order.Version()]->Save(Path);
+            progress.End();
+        }
+    } catch (const NeskError& error) {
+        std::cerr << "a save failed: " << modUtilities::ErrorText(error) << "\n";
+        return 1;
+    }
+}
+
+class Killer {
+public:
+    Killer() {
+        std::filesystem::create_directories(TempStation::Host(Folder));
+        for (const auto& editor : m_editors) {
+            const auto start = Clock::now();
+            editor->Save(Path);
+            m_longest = std::max(m_longest, Clock::now() - start);
+            m_versions.push_back(FileBytes(Path));
+        }
+        // One that has a version before it, as all that follow.
+        m_editors.back()->Save(Path);
+        m_before = FileBytes(Path);
+    }
+
+    bool Round(std::mt19937& random);
+    bool Finish(int kills);
+
+private:
+    static bool Fail(const std::string& what) {
+        std::cerr << what << "\nin the folder: " << testing::FilesIn(Folder) << "\n";
+        return false;
+    }
+    bool IsVersion(const std::string& bytes) const {
+        return std::find(m_versions.begin(), m_versions.end(), bytes) != m_versions.end();
+    }
+    bool CheckFolder();
+
+    TempStation m_station;
+    Editors m_editors = MakeEditors();
+    std::vector<std::string> m_versions;
+    std::string m_before; // the menu before a round
+    Clock::duration m_longest{};
+    int m_saves = 0;
+    int m_hits = 0;
+    int m_leftMenus = 0;
+    int m_leftBackups = 0;
+};
+
+bool Killer::Round(std::mt19937& random) {
+    const auto seed = static_cast<unsigned>(random());
+    testing::Victim victim({"save", m_station.Folder().string(), std::to_string(seed)});
+    victim.WaitForSave();
+    // Up to two saves later, so that each step of a save has its chance.
+    const auto longest = std::chrono::duration_cast<microseconds>(2 * m_longest).count();
+    std::this_thread::sleep_for(microseconds(random() % static_cast<std::uint64_t>(longest)));
+    if (!victim.Kill()) return Fail("the program that saves ended by itself");
+    m_saves += victim.Ended();
+    m_hits += victim.Begun() > victim.Ended() ? 1 : 0;
+    // What the last save that ended wrote, or the one that began after it.
+    Order order(seed);
+    std::vector<std::string> known = {m_before};
+    for (int save = 1; save <= victim.Begun(); ++save, order.Next()) {
+        if (save >= victim.Ended()) known.push_back(m_versions[order.Version()]);
+        if (save == victim.Ended()) known.erase(known.begin());
+    }
+    m_before = FileBytes(Path);
+    if (std::find(known.begin(), known.end(), m_before) == known.end())
+        return Fail("menu.cfg is neither the version before nor the new one: " +
+                    std::to_string(m_before.size()) + " bytes");
+    return CheckFolder();
+}
+
+bool Killer::CheckFolder() {
+    if (!IsVersion(FileBytes(Path + ".bak"))) return Fail("menu.cfg.bak is no version that was saved");
+    MenuEditor editor;
+    if (const auto error = editor.Open(Folder, Path))
+        return Fail("menu.cfg cannot be read: " + modUtilities::ErrorText(*error));
+    int left = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(TempStation::Host(Folder))) {
+        const std::string name = entry.path().filename().string();
+        if (name == "menu.cfg" || name == "menu.cfg.bak") continue;
+        ++left;
+        ++(name.starts_with("menu.cfg.bak") ? m_leftBackups : m_leftMenus);
+    }
+    // A save makes one file for the menu and one for the backup; both are gone before the next makes its own.
+    return left <= 2 || Fail("what is left over piles up");
+}
+
+bool Killer::Finish(int kills) {
+    std::cout << kills << " kills, " << m_hits
+              << " in the middle of a save, of which left a new menu: " << m_leftMenus
+              << ", a new backup: " << m_leftBackups << "; " << m_saves << " saves ended\n";
+    m_editors.front()->Save(Path);
+    if (FileBytes(Path) != m_versions.front()) return Fail("the last save wrote something else");
+    if (testing::FilesIn(Folder) != "menu.cfg menu.cfg.bak") return Fail("something is left over");
+    if (m_hits < kills / 10 || m_leftMenus < kills / 20 || m_leftBackups == 0 || m_saves == 0)
+        return Fail("too few kills hit a save for this to be a test");
+    return true;
+}
+
+} // namespace
+} // namespace nesk
+
+int main(int count, char** values) {
+    const std::vector<std::string> arguments(values, values + count);
+    nesk::modStringRes::InitStringRes(1033);
+    if (count == 5 && arguments[1] == "save")
+        return nesk::SaveForEver(arguments[2], static_cast<unsigned>(std::stoul(arguments[3])), arguments[4]);
+    const int kills = count > 1 ? std::stoi(arguments[1]) : 300;
+    const unsigned seed =
+        count > 2 ? static_cast<unsigned>(std::stoul(arguments[2])) : std::random_device()();
+    std::cout << "seed " << seed << std::endl;
+    std::mt19937 random(seed);
+    nesk::Killer killer;
+    for (int kill = 1; kill <= kills; ++kill) {
+        if (killer.Round(random)) continue;
+        std::cerr << "after kill " << kill << "\n";
+        return 1;
+    }
+    return killer.Finish(kills) ? 0 : 1;
+}
