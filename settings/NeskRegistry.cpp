@@ -1,6 +1,9 @@
 #include "settings/NeskRegistry.h"
 
+#include "platform/ErrorCode.h"
 #include "settings/RegEntry.h"
+#include "shell/FileErrors.h"
+#include "shell/Messages.h"
 #include "shell/NeskError.h"
 #include "shell/modConvert.h"
 #include "shell/modUtilities.h"
@@ -60,6 +63,17 @@ std::int16_t NumberOrZero(const std::string& text) {
     }
 }
 
+// The error of a save with what the registry answered and where it lies: which setting it was alone tells
+// nobody what to do. An error that the registry has no part in stays as it is.
+NeskError WithReason(const NeskError& error, int result) {
+    if (result == platform::ErrorCode::Success) return error;
+    const NeskError reason = FileError(result, error.source, platform::StationRegistry().Location());
+    return {error.number,
+            error.source,
+            Message::SettingsNotSaved,
+            {modUtilities::MessageText(error), modUtilities::MessageText(reason)}};
+}
+
 } // namespace
 
 NeskRegistry& NeskRegistry::Instance() {
@@ -88,8 +102,8 @@ void NeskRegistry::Load() {
 }
 
 void NeskRegistry::Save() {
+    RegEntry entry;
     try {
-        RegEntry entry;
         const auto writeTexts = [&](const auto& settings) {
             for (const TextSetting& setting : settings)
                 entry.SetString(setting.name, this->*setting.field);
@@ -101,7 +115,7 @@ void NeskRegistry::Save() {
         writeTexts(Identity);
         writeTexts(Printer);
     } catch (const NeskError& error) {
-        modUtilities::ReportError(error);
+        modUtilities::ReportError(WithReason(error, entry.LastResult()));
     }
 }
 

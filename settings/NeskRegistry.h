@@ -17,8 +17,8 @@ public:
     /// name.
     void Load();
 
-    /// Writes the record to the registry. The first failure ends it and is shown as an error report, of which
-    /// the caller is not told; what was written by then stays.
+    /// Writes the record to the registry. The first failure ends it and is shown as an error report with what
+    /// is wrong and where, of which the caller is not told; what was written by then stays.
     void Save();
 
     /// Full path of the menu file; "" when NeskRoot is empty or no existing folder.

@@ -195,7 +195,9 @@ void RegEntry::SetString(const std::string& sName, const std::string& sValue) {
         throw NeskError(5002, "RegEntry.SetValue", Message::RegNotEncodable,
                         {sName, platform::FirstNotEncodable(sValue), std::to_string(platform::CodePage())});
     // The terminating zero is not written. GetString reads values with and without it.
-    if (!name || m_registry.SetValue(m_key, *name, platform::RegType::Text, *value) != ErrorCode::Success)
+    m_lastResult = name ? m_registry.SetValue(m_key, *name, platform::RegType::Text, *value)
+                        : ErrorCode::InvalidParameter;
+    if (m_lastResult != ErrorCode::Success)
         throw NeskError(5002, "RegEntry.SetValue", Message::RegValueNotWritten, {sName});
 }
 

@@ -62,6 +62,7 @@ constexpr int FileInUse = 34108;
 constexpr int DeviceError = 34109; // %1% system code
 constexpr int InvalidName = 34110;
 constexpr int FileExists = 34111;
+constexpr int FileDamaged = 34112; // %1% system code
 
 // Error report.
 constexpr int ErrorPlain = 34120;    // %0% number, %1% text
@@ -79,7 +80,8 @@ constexpr int CounterOverflow = 34134; // %0% line
 constexpr int NoMenuRoot = 34135;
 constexpr int RegNotEncodable = 34136; // %0% value name, %1% character, %2% code page
 constexpr int NoEndingZero = 34137;
-constexpr int LineTooLong = 34138; // %0% largest length in MB
+constexpr int SettingsNotSaved = 34138; // %0% error, %1% what is wrong with the settings store
+constexpr int LineTooLong = 34139; // %0% largest length in MB
 
 // Opening and saving.
 constexpr int OpenFailed = 34140; // %0% error

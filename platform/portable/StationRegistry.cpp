@@ -7,6 +7,7 @@
 #include "platform/portable/Station.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <optional>
 #include <unordered_map>
@@ -25,6 +26,10 @@ constexpr std::uint32_t CreateSubKey = 4;
 constexpr std::uint32_t EnumerateSubKeys = 8;
 constexpr std::uint32_t AnyWrite = SetValue | CreateSubKey;
 } // namespace Right
+
+// How long it is known that another program does not let go of the store. Opening it has waited for that
+// already; whoever asks for several keys in a row must not wait for each.
+constexpr std::chrono::seconds BusyAnswer{2};
 
 constexpr std::size_t LongestValueName = 16383;
 
@@ -67,6 +72,7 @@ public:
     void Reopen() {
         m_store.reset();
         m_handles.clear();
+        m_busyUntil = {};
     }
 
     int OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
@@ -164,7 +170,10 @@ private:
             std::filesystem::create_directories(portable::StationFolder(), error);
             if (error) return ErrorCode::AccessDenied;
         }
-        return RegistryStore::Open(File(), create, m_store);
+        if (std::chrono::steady_clock::now() < m_busyUntil) return ErrorCode::Busy;
+        const int result = RegistryStore::Open(File(), create, m_store);
+        if (result == ErrorCode::Busy) m_busyUntil = std::chrono::steady_clock::now() + BusyAnswer;
+        return result;
     }
 
     int Open(RegKey parent, const std::string& path, std::uint32_t access, bool create, RegKey& key) {
@@ -200,6 +209,7 @@ private:
     }
 
     std::unique_ptr<RegistryStore> m_store;
+    std::chrono::steady_clock::time_point m_busyUntil;
     std::unordered_map<RegKey, Handle> m_handles;
     // Handle numbers start beside those of the predefined keys.
     RegKey m_lastHandle = std::uint64_t{1} << 32;

@@ -243,7 +243,10 @@ TEST_F(NeskRegistryTest, ARegistryThatCannotBeUsed) {
     EXPECT_EQ(record.HistoryMaxParts, 20);
     Expect();
     record.Save();
-    const NeskError error(5000, "RegEntry.CreateInternal", Message::RegLevelNotCreated);
+    const NeskError error(
+        5000, "RegEntry.CreateInternal", Message::SettingsNotSaved,
+        {modStringRes::LoadResString(Message::RegLevelNotCreated),
+         modStringRes::FormatResString(Message::PermissionDenied, platform::StationRegistry().Location())});
     EXPECT_EQ(messages.at(0).text, modUtilities::ErrorText(error));
 }
 

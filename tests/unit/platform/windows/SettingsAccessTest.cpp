@@ -71,7 +71,9 @@ TEST_F(SettingsAccessTest, SavingSaysSoAndChangesNothing) {
         Expect();
         record.Save();
         EXPECT_EQ(before, nesk::testing::KeyAccessListOf(Key)) << "no rights are taken";
-        const NeskError error(5000, "RegEntry.CreateInternal", Message::RegKeyNotOpened, {"Neskworks"});
+        const NeskError error(5000, "RegEntry.CreateInternal", Message::SettingsNotSaved,
+                              {FormatResString(Message::RegKeyNotOpened, "Neskworks"),
+                               FormatResString(Message::PermissionDenied, "HKEY_LOCAL_MACHINE")});
         EXPECT_EQ(modUtilities::ErrorText(error), messages.back().text) << rights;
         EXPECT_EQ("C:\\Neskroot", Stored());
     }

@@ -1,0 +1,238 @@
+#include "platform/ErrorCode.h"
+#include "platform/Registry.h"
+#include "platform/portable/Station.h"
+#include "settings/NeskRegistry.h"
+#include "settings/RegEntry.h"
+#include "shell/Messages.h"
+#include "shell/NeskError.h"
+#include "shell/Startup.h"
+#include "shell/modHelp.h"
+#include "unit/CoreFixture.h"
+#include "unit/FileBytes.h"
+#include "unit/platform/portable/ChildProcess.h"
+
+#include <chrono>
+#include <csignal>
+#include <sqlite3.h>
+#include <sys/resource.h>
+#include <thread>
+
+namespace nesk {
+namespace {
+
+using namespace nesk::testing;
+using modStringRes::FormatResString;
+namespace ErrorCode = platform::ErrorCode;
+namespace fs = std::filesystem;
+
+// What the user hears and keeps when the settings store cannot be used.
+class StoreFaultsTest : public CoreTest {
+protected:
+    StoreFaultsTest() {
+        NeskRegistry record;
+        record.NeskRoot = "C:\\Old";
+        record.ExitKey = "1234";
+        record.Save();
+        Close();
+    }
+
+    ~StoreFaultsTest() override {
+        station.Leave();
+        NeskRegistry::Instance() = {};
+        modHelp::SetHelpFile(1033, "OV");
+    }
+
+    fs::path Store() const { return station.Folder() / "registry.db"; }
+
+    // Lets go of the store, so that the file is all there is.
+    void Close() const { platform::portable::UseStation(station.Folder()); }
+
+    static std::string StoredRoot() {
+        RegEntry entry;
+        entry.OpenKey("Neskworks");
+        return entry.GetString("NeskRoot");
+    }
+
+    // A save that fails: one message says which setting, what is wrong and where.
+    void ExpectNotSaved(const std::string& reason, const std::string& text = "C:\\New") {
+        NeskRegistry record;
+        record.NeskRoot = text;
+        record.ExitKey = "5678";
+        const std::size_t before = messages.size();
+        Expect();
+        record.Save();
+        ASSERT_EQ(messages.size(), before + 1);
+        EXPECT_NE(messages.back().text.find(reason), std::string::npos) << messages.back().text;
+        EXPECT_NE(messages.back().text.find(platform::StationRegistry().Location()), std::string::npos);
+        EXPECT_NE(messages.back().text.find("Not all settings have been saved."), std::string::npos);
+        EXPECT_EQ(messages.back().options, modMessageBox::Option::Critical);
+    }
+
+    // The program starts with one message.
+    void ExpectStart(int message, int code) {
+        int shown = 0;
+        Expect();
+        Startup::Main([&] { ++shown; });
+        EXPECT_EQ(shown, 1) << "the program goes on";
+        ASSERT_FALSE(messages.empty());
+        EXPECT_EQ(messages.back().text,
+                  FormatResString(message, platform::StationRegistry().Location(), code));
+    }
+
+    static std::string Reason(int message) {
+        return FormatResString(message, platform::StationRegistry().Location());
+    }
+};
+
+// Another program that has the store to itself.
+class Owner {
+public:
+    Owner(const fs::path& store, const char* sql) {
+        EXPECT_EQ(SQLITE_OK, sqlite3_open(store.c_str(), &m_database));
+        EXPECT_EQ(SQLITE_OK, sqlite3_exec(m_database, sql, nullptr, nullptr, nullptr))
+            << sqlite3_errmsg(m_database);
+    }
+    ~Owner() { sqlite3_close(m_database); }
+    Owner(const Owner&) = delete;
+    Owner& operator=(const Owner&) = delete;
+
+private:
+    sqlite3* m_database = nullptr;
+};
+
+TEST_F(StoreFaultsTest, AStoreInWhichAnotherProgramWrites) {
+    {
+        const Owner owner(Store(), "BEGIN IMMEDIATE");
+        ExpectNotSaved(Reason(Message::FileInUse));
+        EXPECT_EQ(StoredRoot(), "C:\\Old") << "reading goes on";
+    }
+    NeskRegistry record;
+    record.NeskRoot = "C:\\Later";
+    record.Save();
+    EXPECT_EQ(StoredRoot(), "C:\\Later");
+}
+
+TEST_F(StoreFaultsTest, AStoreThatAnotherProgramHasToItself) {
+    const char* lock =
+        "PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; UPDATE vals SET type = type; COMMIT";
+    {
+        const Owner owner(Store(), lock);
+        const auto start = std::chrono::steady_clock::now();
+        ExpectStart(Message::StoreInUse, ErrorCode::Busy);
+        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+        EXPECT_LT(took.count(), 9) << "the start waits for the other program more than once";
+        EXPECT_EQ(NeskRegistry::Instance().NeskRoot, "");
+        ExpectNotSaved(Reason(Message::FileInUse));
+    }
+    // Without anybody closing it, the store is tried again.
+    std::this_thread::sleep_for(std::chrono::milliseconds(2100));
+    EXPECT_EQ(StoredRoot(), "C:\\Old");
+}
+
+TEST_F(StoreFaultsTest, ADamagedStore) {
+    const std::string sound = FileBytes(platform::StationRegistry().Location());
+    ASSERT_GT(sound.size(), 4096U);
+    const struct {
+        std::string bytes;
+        int code;
+    } table[] = {
+        {std::string(5000, 'x'), ErrorCode::BadDatabase},
+        {sound.substr(0, 100) + std::string(sound.size() - 100, '\xA5'), ErrorCode::RegistryCorrupt},
+    };
+    for (const auto& row : table) {
+        SCOPED_TRACE(row.code);
+        for (const char* end : {"-wal", "-shm"})
+            fs::remove(Store().string() + end);
+        std::ofstream(Store(), std::ios::binary) << row.bytes;
+        Close();
+        ExpectStart(Message::StoreDamaged, row.code);
+        ExpectNotSaved(
+            FormatResString(Message::FileDamaged, platform::StationRegistry().Location(), row.code));
+        Close();
+        EXPECT_TRUE(FileBytes(platform::StationRegistry().Location()) == row.bytes) << "it was changed";
+    }
+}
+
+TEST_F(StoreFaultsTest, AStoreThatMayOnlyBeRead) {
+    for (const char* end : {"-wal", "-shm"})
+        fs::remove(Store().string() + end);
+    const std::string bytes = FileBytes(platform::StationRegistry().Location());
+    fs::permissions(Store(), static_cast<fs::perms>(0444));
+    fs::permissions(station.Folder(), static_cast<fs::perms>(0555));
+    // No open store may be carried into another process.
+    platform::portable::UseStation("/nonexistent/station");
+    EXPECT_EQ(InChildProcess([&] {
+                  BecomePlainUser();
+                  Close();
+                  ExpectStart(Message::StoreDenied, ErrorCode::AccessDenied);
+                  ExpectNotSaved(Reason(Message::PermissionDenied));
+                  return true;
+              }),
+              ChildEnd::Good)
+        << "see above";
+    fs::permissions(station.Folder(), static_cast<fs::perms>(0755));
+    Close();
+    EXPECT_TRUE(FileBytes(platform::StationRegistry().Location()) == bytes) << "it was changed";
+}
+
+TEST_F(StoreFaultsTest, ADiskWithoutSpace) {
+    platform::portable::UseStation("/nonexistent/station");
+    EXPECT_EQ(InChildProcess([&] {
+                  Close();
+                  EXPECT_EQ(StoredRoot(), "C:\\Old");
+                  ::signal(SIGXFSZ, SIG_IGN);
+                  const rlimit limit{16, RLIM_INFINITY};
+                  EXPECT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &limit));
+                  ExpectNotSaved(FormatResString(Message::DeviceError, platform::StationRegistry().Location(),
+                                                 ErrorCode::RegistryIoFailed));
+                  EXPECT_EQ(StoredRoot(), "C:\\Old");
+                  const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
+                  EXPECT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &none));
+                  NeskRegistry record;
+                  record.NeskRoot = "C:\\Later";
+                  record.Save();
+                  EXPECT_EQ(StoredRoot(), "C:\\Later") << "a later save works";
+                  return true;
+              }),
+              ChildEnd::Good)
+        << "see above";
+    Close();
+    EXPECT_EQ(StoredRoot(), "C:\\Later");
+}
+
+// Two programs save settings at once, again and again: every save comes through and each value is one of
+// theirs.
+TEST_F(StoreFaultsTest, TwoProgramsSaveAtOnce) {
+    platform::portable::UseStation("/nonexistent/station");
+    std::vector<pid_t> children;
+    for (const char letter : {'a', 'b'}) {
+        std::fflush(nullptr);
+        const pid_t child = ::fork();
+        if (child == 0) {
+            Close();
+            NeskRegistry record;
+            record.NeskRoot = record.NeskMachine = record.PrinterZoom = std::string(200, letter);
+            // A message that was not announced is a failure.
+            for (int i = 0; i < 100; ++i)
+                record.Save();
+            std::fflush(nullptr);
+            ::_exit(HasFailure() ? 1 : 0);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        ASSERT_EQ(child, ::waitpid(child, &status, 0));
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "see above";
+    }
+    Close();
+    RegEntry entry;
+    entry.OpenKey("Neskworks");
+    for (const char* name : {"NeskRoot", "NeskMachine", "PrinterZoom"}) {
+        const std::string value = entry.GetString(name);
+        EXPECT_TRUE(value == std::string(200, 'a') || value == std::string(200, 'b')) << name << value;
+    }
+}
+
+} // namespace
+} // namespace nesk
