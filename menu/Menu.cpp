@@ -4,6 +4,9 @@
 #include "menu/MenuFileWriter.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
+#include "platform/ErrorCode.h"
+#include "platform/Registry.h"
+#include "shell/FileErrors.h"
 #include "shell/Messages.h"
 #include "shell/NeskError.h"
 #include "shell/modMessageBox.h"
@@ -42,9 +45,13 @@ void Menu::LoadFromFile(const std::string& sFile) {
         return;
     }
     BlockParser parser;
+    // Histories are registered as they are met, which may be thousands of times.
+    platform::RegistryGroup histories(platform::StationRegistry());
     try {
         parser.OpenFile(sFile, false);
         ReadBlocks(parser, sFile);
+        if (const int result = histories.End(); result != platform::ErrorCode::Success)
+            throw FileError(result, "HistoryList.Append", platform::StationRegistry().Location());
     } catch (NeskError& error) {
         error.file = sFile;
         error.line = parser.CurrentLine();

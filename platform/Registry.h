@@ -79,9 +79,37 @@ public:
     virtual int EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
                           std::uint32_t* type, char* data, std::uint32_t* size) = 0;
 
+    /// Begins a group of writes, which are stored together where the registry can do that: all of them or,
+    /// when the program is killed before the group has ended, none. Other programs wait until then with
+    /// writing. Groups may be nested; the outermost counts.
+    virtual void BeginGroup() {}
+
+    /// Ends a group. What was written in it may be found here not to be stored after all.
+    virtual int EndGroup() { return 0; }
+
     /// Where the registry lies, for messages: a folder or file of the station, or the name of the system's
     /// own.
     virtual std::string Location() const = 0;
+};
+
+/// A group of writes from its construction to its End, or to its destruction.
+class RegistryGroup {
+public:
+    explicit RegistryGroup(Registry& registry) : m_registry(registry) { m_registry.BeginGroup(); }
+    ~RegistryGroup() { End(); }
+    RegistryGroup(const RegistryGroup&) = delete;
+    RegistryGroup& operator=(const RegistryGroup&) = delete;
+
+    /// Stores what was written. Afterwards it does nothing.
+    int End() {
+        if (m_ended) return 0;
+        m_ended = true;
+        return m_registry.EndGroup();
+    }
+
+private:
+    Registry& m_registry;
+    bool m_ended = false;
 };
 
 /// The registry of the station. Lives until the process ends.

@@ -1,6 +1,7 @@
 #include "settings/NeskRegistry.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/Registry.h"
 #include "settings/RegEntry.h"
 #include "shell/FileErrors.h"
 #include "shell/Messages.h"
@@ -74,6 +75,12 @@ NeskError WithReason(const NeskError& error, int result) {
             {modUtilities::MessageText(error), modUtilities::MessageText(reason)}};
 }
 
+// The error when the registry took all values and could not store them in the end.
+NeskError NotStored(int result) {
+    const NeskError reason = FileError(result, "NeskRegistry.Save", platform::StationRegistry().Location());
+    return {5002, reason.source, Message::SettingsNotStored, {modUtilities::MessageText(reason)}};
+}
+
 } // namespace
 
 NeskRegistry& NeskRegistry::Instance() {
@@ -102,6 +109,8 @@ void NeskRegistry::Load() {
 }
 
 void NeskRegistry::Save() {
+    // Together, so that a program that is killed leaves the settings of one save.
+    platform::RegistryGroup group(platform::StationRegistry());
     RegEntry entry;
     try {
         const auto writeTexts = [&](const auto& settings) {
@@ -114,6 +123,7 @@ void NeskRegistry::Save() {
         entry.SetString("SampleSize", std::to_string(SampleSize));
         writeTexts(Identity);
         writeTexts(Printer);
+        if (const int result = group.End(); result != platform::ErrorCode::Success) throw NotStored(result);
     } catch (const NeskError& error) {
         modUtilities::ReportError(WithReason(error, entry.LastResult()));
     }

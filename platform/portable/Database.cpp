@@ -83,6 +83,10 @@ bool Database::IsReadOnly() const {
     return sqlite3_db_readonly(m_handle, "main") == 1;
 }
 
+bool Database::InTransaction() const {
+    return sqlite3_get_autocommit(m_handle) == 0;
+}
+
 int Database::Execute(const char* sql) {
     return ErrorFromSqlite(sqlite3_exec(m_handle, sql, nullptr, nullptr, nullptr));
 }
@@ -155,14 +159,17 @@ std::string Statement::Bytes(int column) const {
 }
 
 WriteTransaction::WriteTransaction(Database& database)
-    : m_database(database), m_result(database.Execute("BEGIN IMMEDIATE")), m_open(m_result == 0) {}
+    : m_database(database)
+    , m_inner(database.InTransaction())
+    , m_result(database.Execute(m_inner ? "SAVEPOINT step" : "BEGIN IMMEDIATE"))
+    , m_open(m_result == 0) {}
 
 WriteTransaction::~WriteTransaction() {
-    if (m_open) m_database.Execute("ROLLBACK");
+    if (m_open) m_database.Execute(m_inner ? "ROLLBACK TO step; RELEASE step" : "ROLLBACK");
 }
 
 int WriteTransaction::Commit() {
-    const int result = m_database.Execute("COMMIT");
+    const int result = m_database.Execute(m_inner ? "RELEASE step" : "COMMIT");
     if (result == ErrorCode::Success) m_open = false;
     return result;
 }

@@ -31,6 +31,9 @@ public:
     /// Runs statements that return nothing.
     int Execute(const char* sql);
 
+    /// Whether a transaction is open.
+    bool InTransaction() const;
+
     sqlite3* Handle() const { return m_handle; }
 
 private:
@@ -72,7 +75,7 @@ private:
     int m_code = 0;
 };
 
-/// A transaction that writes; taken back unless it was committed.
+/// A transaction that writes; taken back unless it was committed. Within another one it is a step of that.
 class WriteTransaction {
 public:
     explicit WriteTransaction(Database& database);
@@ -86,6 +89,7 @@ public:
 
 private:
     Database& m_database;
+    bool m_inner;
     int m_result;
     bool m_open;
 };

@@ -151,6 +151,7 @@ int RegistryStore::MakeKey(std::int64_t parent, const std::string& path, std::in
     const std::vector<std::string> levels = Levels(path);
     for (const std::string& level : levels)
         if (CharacterCount(level) > LongestKeyName) return ErrorCode::InvalidParameter;
+    if (const int result = JoinGroup(); result != ErrorCode::Success) return result;
     WriteTransaction transaction(m_database);
     if (transaction.Result() != ErrorCode::Success) return transaction.Result();
     if (const int result = CheckKey(parent); result != ErrorCode::Success) return result;
@@ -170,7 +171,25 @@ int RegistryStore::MakeKey(std::int64_t parent, const std::string& path, std::in
     return transaction.Commit();
 }
 
+int RegistryStore::JoinGroup() {
+    if (m_groups == 0 || m_begun) return ErrorCode::Success;
+    const int result = m_database.Execute("BEGIN IMMEDIATE");
+    m_begun = result == ErrorCode::Success;
+    return result;
+}
+
+int RegistryStore::EndGroup() {
+    if (--m_groups > 0 || !m_begun) return ErrorCode::Success;
+    m_begun = false;
+    // A full disk, for one, ends the transaction by itself and with it what was written before.
+    if (!m_database.InTransaction()) return ErrorCode::WriteFault;
+    const int result = m_database.Execute("COMMIT");
+    if (result != ErrorCode::Success) m_database.Execute("ROLLBACK");
+    return result;
+}
+
 int RegistryStore::DeleteKey(std::int64_t key) {
+    if (const int result = JoinGroup(); result != ErrorCode::Success) return result;
     WriteTransaction transaction(m_database);
     if (transaction.Result() != ErrorCode::Success) return transaction.Result();
     bool row = false;
@@ -217,6 +236,7 @@ int RegistryStore::ReadValueAt(std::int64_t key, std::uint32_t index, StoredValu
 
 int RegistryStore::WriteValue(std::int64_t key, const std::string& name, std::uint32_t type,
                               const std::string& data) {
+    if (const int result = JoinGroup(); result != ErrorCode::Success) return result;
     const std::string folded = ToUpper(name);
     return m_writeValue.Start()
         .Bind(key)
@@ -228,6 +248,7 @@ int RegistryStore::WriteValue(std::int64_t key, const std::string& name, std::ui
 }
 
 int RegistryStore::DeleteValue(std::int64_t key, const std::string& name) {
+    if (const int result = JoinGroup(); result != ErrorCode::Success) return result;
     const std::string folded = ToUpper(name);
     bool row = false;
     int result = m_deleteValue.Start().Bind(key).Bind(folded).Step(row);

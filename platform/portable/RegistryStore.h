@@ -37,6 +37,11 @@ public:
     /// As FindKey, creating what is missing. InvalidParameter for a level of over 255 characters.
     int MakeKey(std::int64_t parent, const std::string& path, std::int64_t& key);
 
+    /// From now on what is written is stored together by EndGroup. The transaction begins with the first
+    /// write.
+    void BeginGroup() { ++m_groups; }
+    int EndGroup();
+
     int DeleteKey(std::int64_t key);
     int SubkeyName(std::int64_t key, std::uint32_t index, std::string& name);
 
@@ -49,6 +54,7 @@ private:
     explicit RegistryStore(std::unique_ptr<Database> database);
 
     int FindChild(std::int64_t parent, const std::string& name, std::int64_t& key);
+    int JoinGroup();
 
     std::unique_ptr<Database> m_owner;
     Database& m_database;
@@ -62,6 +68,8 @@ private:
     Statement m_valueAt;
     Statement m_writeValue;
     Statement m_deleteValue;
+    int m_groups = 0;
+    bool m_begun = false; // the transaction of the group
 };
 
 } // namespace nesk::platform::portable

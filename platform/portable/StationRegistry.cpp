@@ -152,6 +152,16 @@ public:
         return CopyData(DataOf(value), data, size);
     }
 
+    void BeginGroup() override {
+        ++m_groups;
+        if (m_store) m_store->BeginGroup();
+    }
+
+    int EndGroup() override {
+        --m_groups;
+        return m_store ? m_store->EndGroup() : ErrorCode::Success;
+    }
+
     std::string Location() const override { return portable::ToWindowsPath(File()); }
 
 private:
@@ -173,6 +183,9 @@ private:
         if (std::chrono::steady_clock::now() < m_busyUntil) return ErrorCode::Busy;
         const int result = RegistryStore::Open(File(), create, m_store);
         if (result == ErrorCode::Busy) m_busyUntil = std::chrono::steady_clock::now() + BusyAnswer;
+        // The store may be opened within groups that have begun.
+        for (int i = 0; m_store && i < m_groups; ++i)
+            m_store->BeginGroup();
         return result;
     }
 
@@ -210,6 +223,7 @@ private:
 
     std::unique_ptr<RegistryStore> m_store;
     std::chrono::steady_clock::time_point m_busyUntil;
+    int m_groups = 0;
     std::unordered_map<RegKey, Handle> m_handles;
     // Handle numbers start beside those of the predefined keys.
     RegKey m_lastHandle = std::uint64_t{1} << 32;

@@ -54,7 +54,8 @@ protected:
     }
 
     // A save that fails: one message says which setting, what is wrong and where.
-    void ExpectNotSaved(const std::string& reason, const std::string& text = "C:\\New") {
+    void ExpectNotSaved(const std::string& reason, const std::string& text = "C:\\New",
+                        const std::string& ending = "Not all settings have been saved.") {
         NeskRegistry record;
         record.NeskRoot = text;
         record.ExitKey = "5678";
@@ -64,7 +65,7 @@ protected:
         ASSERT_EQ(messages.size(), before + 1);
         EXPECT_NE(messages.back().text.find(reason), std::string::npos) << messages.back().text;
         EXPECT_NE(messages.back().text.find(platform::StationRegistry().Location()), std::string::npos);
-        EXPECT_NE(messages.back().text.find("Not all settings have been saved."), std::string::npos);
+        EXPECT_TRUE(messages.back().text.ends_with(ending)) << messages.back().text;
         EXPECT_EQ(messages.back().options, modMessageBox::Option::Critical);
     }
 
@@ -184,7 +185,8 @@ TEST_F(StoreFaultsTest, ADiskWithoutSpace) {
                   const rlimit limit{16, RLIM_INFINITY};
                   EXPECT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &limit));
                   ExpectNotSaved(FormatResString(Message::DeviceError, platform::StationRegistry().Location(),
-                                                 ErrorCode::RegistryIoFailed));
+                                                 ErrorCode::RegistryIoFailed),
+                                 "C:\\New", "The settings have not been saved.");
                   EXPECT_EQ(StoredRoot(), "C:\\Old");
                   const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
                   EXPECT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &none));
