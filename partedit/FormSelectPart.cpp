@@ -36,6 +36,8 @@ constexpr std::int32_t HelpTopic = 33004;
 constexpr int ImageSize = 20;
 // Often enough to be seen moving, seldom enough to cost nothing.
 constexpr long ProgressMilliseconds = 50;
+// So that a click on "Cancel" is seen at once.
+constexpr long EventMilliseconds = 15;
 
 enum Image { FolderImage, PartImage };
 
@@ -170,6 +172,9 @@ void FormSelectPart::OnUnreadable(const std::string& path, int code, std::uint32
 
 bool FormSelectPart::OnProgress(std::size_t foldersRead) {
     m_foldersRead = foldersRead + 1;
+    // Looking for events takes longer than reading a folder.
+    if (foldersRead > 0 && m_sinceEvents.Time() < EventMilliseconds) return !m_cancelled;
+    m_sinceEvents.Start();
     if (m_sinceProgress.Time() >= ProgressMilliseconds) ShowProgress(foldersRead);
     wxEventLoopBase* loop = wxEventLoopBase::GetActive();
     if (loop != nullptr && !loop->IsYielding()) loop->YieldFor(wxEVT_CATEGORY_ALL);

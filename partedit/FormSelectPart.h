@@ -56,6 +56,7 @@ private:
     int m_closeResult = 0; // how the dialog closes when a scan that was called off has ended
     std::size_t m_foldersRead = 0;
     wxStopWatch m_sinceProgress;
+    wxStopWatch m_sinceEvents;
 };
 
 } // namespace nesk

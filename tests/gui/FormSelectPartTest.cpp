@@ -5,6 +5,8 @@
 #include "settings/RegEntry.h"
 #include "shell/FormUtilities.h"
 
+#include <filesystem>
+
 #include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/radiobut.h>
@@ -100,8 +102,23 @@ TEST_F(FormSelectPartTest, EnterOnAPartConfirms) {
 }
 
 TEST_F(FormSelectPartTest, ALongScanCanBeCalledOff) {
-    for (int i = 0; i < 3000; ++i)
+    // Longer than anything takes that the test waits for. A folder that links to its neighbours is found
+    // again below each of them: twelve make some hundred million paths.
+#ifdef NESK_PORTABLE_STATION
+    constexpr int folders = 12;
+#else
+    constexpr int folders = 3000;
+#endif
+    for (int i = 0; i < folders; ++i)
         station.Write("D:\\Parts\\many\\" + std::to_string(i) + "\\x", "");
+#ifdef NESK_PORTABLE_STATION
+    const std::filesystem::path many = TempStation::Host("D:\\Parts\\many");
+    for (int i = 0; i < folders; ++i)
+        for (int j = 0; j < folders; ++j)
+            if (i != j)
+                std::filesystem::create_directory_symlink(
+                    many / std::to_string(j), many / std::to_string(i) / ("to" + std::to_string(j)));
+#endif
     bool wasBusy = false;
     WhenShown<FormSelectPart>("FormSelectPart", [&](FormSelectPart& form) {
         wasBusy = form.IsBusy();
@@ -111,7 +128,9 @@ TEST_F(FormSelectPartTest, ALongScanCanBeCalledOff) {
     FormSelectPart form(nullptr);
     EXPECT_EQ(form.SelectPart(), "");
     EXPECT_TRUE(wasBusy);
+#ifndef NESK_PORTABLE_STATION
     EXPECT_LT(form.tvMain->GetCount(), 3000u) << "the scan went on to its end";
+#endif
 }
 
 TEST_F(FormSelectPartTest, AnotherDriveCanBeScanned) {
