@@ -19,12 +19,13 @@ namespace ErrorCode = platform::ErrorCode;
 struct Entry {
     std::string path;
     std::string name;
+    bool isLink;
 };
 
 // A folder whose subfolders are being entered one after the other.
 struct Level {
     PartScanVisitor::Node node;
-    std::string identity;
+    std::string path;
     std::vector<Entry> folders;
     std::vector<Entry> parts;
     std::size_t entered = 0;
@@ -39,22 +40,36 @@ bool IsPart(const std::string& folder) {
 }
 
 // Sorts one entry of a folder into its level.
-void AddEntry(const std::string& folder, const std::string& name, Level& level, PartScanVisitor& visitor) {
-    const std::string path = Join(folder, name);
-    std::uint32_t attributes = 0;
-    const int result = platform::StationFiles().Attributes(path, attributes);
-    if (result != ErrorCode::Success) return visitor.OnUnreadable(path, result, attributes);
-    if ((attributes & platform::FileAttribute::Directory) == 0 || name.starts_with('.')) return;
-    (IsPart(path) ? level.parts : level.folders).push_back({path, name});
+void AddEntry(const std::string& folder, const platform::DirectoryEntry& entry, Level& level,
+              PartScanVisitor& visitor) {
+    const std::string path = Join(folder, entry.name);
+    std::uint32_t attributes = entry.attributes;
+    // What is a folder can be asked; of the rest it may turn out that it cannot.
+    if ((attributes & platform::FileAttribute::Directory) == 0) {
+        const int result = platform::StationFiles().Attributes(path, attributes);
+        if (result != ErrorCode::Success) return visitor.OnUnreadable(path, result, attributes);
+    }
+    if ((attributes & platform::FileAttribute::Directory) == 0 || entry.name.starts_with('.')) return;
+    const bool isLink = (entry.attributes & platform::FileAttribute::Link) != 0;
+    (IsPart(path) ? level.parts : level.folders).push_back({path, entry.name, isLink});
+}
+
+// A folder that is one of those it lies in. That takes a link, and so only links are looked at.
+bool IsLoop(const Entry& folder, const std::vector<Level>& levels) {
+    if (!folder.isLink) return false;
+    const std::string identity = platform::FileIdentity(folder.path);
+    return !identity.empty() && std::any_of(levels.begin(), levels.end(), [&](const Level& outer) {
+        return platform::FileIdentity(outer.path) == identity;
+    });
 }
 
 Level ReadFolder(const std::string& folder, PartScanVisitor::Node node, PartScanVisitor& visitor) {
-    Level level{node, platform::FileIdentity(folder), {}, {}};
+    Level level{node, folder, {}, {}};
     std::unique_ptr<platform::DirectorySearch> search;
     platform::DirectoryEntry entry;
     int result = platform::StationFiles().Search(Join(folder, "*.*"), search, entry);
     while (result == ErrorCode::Success) {
-        AddEntry(folder, entry.name, level, visitor);
+        AddEntry(folder, entry, level, visitor);
         result = search->Next(entry);
     }
     const bool missing = result == ErrorCode::PathNotFound && !modUtilities::DirectoryExists(folder);
@@ -86,11 +101,7 @@ bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisi
         }
         const Entry folder = std::move(level.folders[level.entered++]);
         const PartScanVisitor::Node child = visitor.OnFolder(level.node, folder.path, folder.name);
-        const std::string identity = platform::FileIdentity(folder.path);
-        const bool loops = std::any_of(levels.begin(), levels.end(), [&](const Level& outer) {
-            return !identity.empty() && outer.identity == identity;
-        });
-        if (loops) continue;
+        if (IsLoop(folder, levels)) continue;
         if (!visitor.OnProgress(foldersRead)) return false;
         levels.push_back(ReadFolder(folder.path, child, visitor));
         ++foldersRead;

@@ -17,6 +17,8 @@ constexpr std::uint32_t System = 4;
 constexpr std::uint32_t Directory = 16;
 constexpr std::uint32_t Archive = 32;
 constexpr std::uint32_t Normal = 128;
+/// Of the entries of a search alone: it leads to another place.
+constexpr std::uint32_t Link = 1024;
 } // namespace FileAttribute
 
 /// One entry that a directory search found.

@@ -165,12 +165,21 @@ public:
             if (::fstatat(::dirfd(m_directory.get()), found->d_name, &status, 0) != 0)
                 status.st_mode = S_IWUSR;
             entry.attributes = AttributesOf(status, name);
+            if (IsLink(*found)) entry.attributes |= FileAttribute::Link;
             entry.name = std::move(name);
             return ErrorCode::Success;
         }
     }
 
 private:
+    // Not every file system tells it with the name.
+    bool IsLink(const dirent& entry) const {
+        if (entry.d_type != DT_UNKNOWN) return entry.d_type == DT_LNK;
+        struct stat status {};
+        return ::fstatat(::dirfd(m_directory.get()), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+               S_ISLNK(status.st_mode);
+    }
+
     fs::path m_folder;
     std::string m_pattern;
     struct Closer {

@@ -3,6 +3,7 @@
 
 #include "platform/TextEncoding.h"
 
+#include <algorithm>
 #include <dirent.h>
 #include <memory>
 #include <string_view>
@@ -71,14 +72,82 @@ std::string FindEntry(const fs::path& folder, const std::string& name) {
 
 } // namespace
 
+namespace {
+
+fs::path LookUp(std::string_view path) {
+    const bool drive = HasDrive(path);
+    fs::path host = DriveFolder(drive ? path[0] : 'C');
+    for (const std::string_view name : Components(drive ? path.substr(2) : path))
+        host /= FindEntry(host, std::string(name));
+    return host;
+}
+
+// The folder that was looked up last and those above it. One file after the other is asked for in the same
+// folder or in its neighbours, and each level costs a call of the system.
+class KnownFolders {
+public:
+    // The folder of a path that ends with a separator and has no "..".
+    fs::path Find(std::string_view path) {
+        Forget(path);
+        struct stat status {};
+        if (!m_levels.empty() && ::stat(m_levels.back().host.c_str(), &status) != 0) m_levels.clear();
+        if (m_levels.empty()) {
+            const bool drive = HasDrive(path);
+            m_station = StationFolder();
+            m_levels.push_back({drive ? std::size_t{2} : 0, DriveFolder(drive ? path[0] : 'C')});
+        }
+        fs::path host = m_levels.back().host;
+        for (std::size_t at = m_levels.back().length; at < path.size();) {
+            const std::size_t end = path.find_first_of("\\/", at);
+            const std::string_view name = WithoutTrailingDots(path.substr(at, end - at));
+            at = end + 1;
+            if (name.empty()) continue;
+            host /= FindEntry(host, std::string(name));
+            if (m_levels.size() < MostLevels) m_levels.push_back({at, host});
+        }
+        m_path = path;
+        return host;
+    }
+
+private:
+    // Deeper ones are looked up anew each time.
+    static constexpr std::size_t MostLevels = 32;
+
+    struct Level {
+        std::size_t length; // of its part of m_path
+        fs::path host;
+    };
+
+    // Leaves only what is above `path` as well.
+    void Forget(std::string_view path) {
+        const auto difference = std::mismatch(path.begin(), path.end(), m_path.begin(), m_path.end()).first;
+        const auto same = static_cast<std::size_t>(difference - path.begin());
+        const std::size_t root = HasDrive(path) ? 2 : 0;
+        if (m_station != StationFolder() || m_levels.empty() || m_levels.front().length != root)
+            m_levels.clear();
+        while (!m_levels.empty() && m_levels.back().length > same)
+            m_levels.pop_back();
+    }
+
+    fs::path m_station;
+    std::string m_path;
+    std::vector<Level> m_levels;
+};
+
+} // namespace
+
 fs::path ToHostPath(const std::string& path) {
     if (path.empty() || path.find('\0') != std::string::npos) return {};
     if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) return {};
-    const bool drive = HasDrive(path);
-    fs::path host = DriveFolder(drive ? path[0] : 'C');
-    for (const std::string_view name : Components(drive ? std::string_view(path).substr(2) : path))
-        host /= FindEntry(host, std::string(name));
-    return host;
+    const std::size_t separator = path.find_last_of("\\/");
+    const std::string_view name = separator == std::string::npos
+                                      ? ""
+                                      : WithoutTrailingDots(std::string_view(path).substr(separator + 1));
+    // A path of one level, or that ends with "..", is no name in a folder.
+    if (name.empty() || path.find("..") != std::string::npos) return LookUp(path);
+    static thread_local KnownFolders known;
+    const fs::path folder = known.Find(std::string_view(path).substr(0, separator + 1));
+    return folder / FindEntry(folder, std::string(name));
 }
 
 std::string ToWindowsPath(const fs::path& path) {
