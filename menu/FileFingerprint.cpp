@@ -45,7 +45,7 @@ void FileFingerprint::AddWords(const char* words) {
 
 void FileFingerprint::Add(std::string_view bytes) {
     m_state = State::Readable;
-    const std::size_t begun = m_size % m_rest.size();
+    const auto begun = static_cast<std::size_t>(m_size % m_rest.size());
     m_size += bytes.size();
     if (begun > 0) {
         const std::size_t count = std::min(bytes.size(), m_rest.size() - begun);
