@@ -39,6 +39,8 @@ PartInfoResult EditPartInfo(const std::string& partFolder, const std::string& in
                             std::int32_t languageId) {
     const std::string command = FindCommand().fn_str().data();
     if (command.empty()) return PartInfoResult::Missing;
+    // The paths come out of the menu file; the command would take such a one for an option.
+    if (partFolder.starts_with('-') || iniPath.starts_with('-')) return PartInfoResult::Failed;
     const std::string language = std::to_string(languageId);
     // The arguments go to the program as they are; no shell sees them.
     const std::array<const char*, 5> arguments{command.c_str(), partFolder.c_str(), iniPath.c_str(),

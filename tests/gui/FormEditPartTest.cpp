@@ -14,6 +14,9 @@
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 
+#include <filesystem>
+#include <vector>
+
 #include <wx/button.h>
 #include <wx/filedlg.h>
 #include <wx/stattext.h>
@@ -186,6 +189,40 @@ TEST_F(FormEditPartTest, AReferenceWithoutAFolderStartsNoEditor) {
     dialog.Edit(item);
     EXPECT_TRUE(messages.empty());
 }
+
+#ifdef NESK_PORTABLE_STATION
+// On Windows the paths go to an object and never stand in a command line.
+TEST_F(FormEditPartTest, TheInformationEditorGetsAReferenceAsItIs) {
+    editor.Install("D:\\Parts\\Bracket\\partinfo.ini");
+    const std::string folder = "D:\\$(touch hit) `touch hit`;touch hit & 'x' \"y\" %s * ~";
+    item->SetProgramID("@" + folder + "\\partinfo.ini@");
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdSlideShow);
+        EXPECT_EQ(editor.Log(), folder + "|" + folder + "\\partinfo.ini|1033|");
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Edit(item);
+    EXPECT_TRUE(messages.empty());
+    EXPECT_FALSE(std::filesystem::exists("hit"));
+}
+
+TEST_F(FormEditPartTest, TheInformationEditorIsGivenNoOption) {
+    editor.Install("D:\\Parts\\Bracket\\partinfo.ini");
+    FormEditPart dialog(nullptr, WideScreen);
+    for (const char* reference : {"@--run=x\\partinfo.ini@", "@-x\\@"}) {
+        messages.clear();
+        item->SetProgramID(reference);
+        ModalDriver driver(dialog, [&] {
+            PressButton(dialog.cmdSlideShow);
+            EXPECT_EQ(messages, std::vector{FormatResString(34302, platform::PartInfoEditorName())});
+            PressButton(dialog.cmdCancel);
+        });
+        dialog.Edit(item);
+    }
+    EXPECT_EQ(editor.Log(), "") << "it was not started";
+}
+#endif
 
 TEST_F(FormEditPartTest, ATextThatCannotBeStoredKeepsTheDialogOpen) {
     FormEditPart dialog(nullptr, WideScreen);

@@ -13,6 +13,8 @@
 #include "shell/Startup.h"
 #include "shell/modStringRes.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <fstream>
 
 #include <wx/button.h>
@@ -99,6 +101,32 @@ TEST_F(PictureDialogTest, AChosenFileIsShownAndReturned) {
     EXPECT_TRUE(dialog.Display(path));
     EXPECT_EQ(path, "C:\\Pictures\\small.png");
 }
+
+#ifdef NESK_PORTABLE_STATION
+// Windows allows no such names.
+TEST_F(PictureDialogTest, TheNameOfAPictureIsNothingButAName) {
+    FormSelectMenuPicture dialog(nullptr);
+    for (const char* name : {"$(touch hit).png", "|touch hit", ";touch hit;.png", "-o hit.png", "%s%n.png",
+                             "<b>&amp;.png", "http:hit.png", "memory:hit.png", "x.zip#zip:hit.png"}) {
+        const std::string host = (station.Folder() / name).string();
+        wxImage image(8, 8);
+        image.SetRGB(wxRect(0, 0, 8, 8), 1, 2, 3);
+        ASSERT_TRUE(image.SaveFile(wxString::FromUTF8(host.c_str()), wxBITMAP_TYPE_PNG));
+        std::string path = "Z:" + host;
+        std::replace(path.begin(), path.end(), '/', '\\');
+        ModalDriver driver(dialog, [&] {
+            EXPECT_TRUE(dialog.picItemHost->ShowsPicture()) << name;
+            EXPECT_EQ(FromWx(dialog.lblFile->GetLabelText()), path);
+            EXPECT_EQ(FromWx(dialog.picItemHost->GetToolTipText()), path);
+            PressButton(dialog.cmdOK);
+        });
+        const std::string before = path;
+        EXPECT_TRUE(dialog.Display(path));
+        EXPECT_EQ(path, before);
+    }
+    EXPECT_FALSE(std::filesystem::exists("hit"));
+}
+#endif
 
 TEST_F(PictureDialogTest, CancelAfterChoosingLeavesThePath) {
     MakePicture("C:\\Pictures\\small.png", 40, 20);

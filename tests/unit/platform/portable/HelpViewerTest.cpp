@@ -107,6 +107,21 @@ TEST_F(HelpViewerTest, KeepsAFileNameOutOfTheShell) {
     m_station.Write(file, "ITSF");
     ASSERT_EQ(HelpResult::Shown, ShowHtmlHelp(nullptr, file, HtmlHelpCommand::Contents, 0));
     EXPECT_EQ(std::vector{portable::ToHostPath(file).string()}, Recorded("argument"));
+    EXPECT_FALSE(fs::exists("hit"));
+}
+
+TEST_F(HelpViewerTest, GivesTheViewerNoFileNameThatIsAnOption) {
+    for (const char* file : {"-c", "--version", ";touch hit"}) {
+        fs::remove(m_record);
+        m_station.Write(std::string("C:\\") + file, "ITSF");
+        // Without a drive and a folder, as a setting may name it.
+        ASSERT_EQ(HelpResult::Shown, ShowHtmlHelp(nullptr, file, HtmlHelpCommand::Contents, 0)) << file;
+        const std::vector<std::string> arguments = Recorded("argument");
+        ASSERT_EQ(1U, arguments.size());
+        EXPECT_EQ(TempStation::Host(std::string("C:\\") + file).string(), arguments[0]);
+        EXPECT_TRUE(arguments[0].starts_with('/')) << arguments[0];
+    }
+    EXPECT_FALSE(fs::exists("hit"));
 }
 
 TEST_F(HelpViewerTest, StartsTheViewerOnItsOwn) {
