@@ -6,7 +6,13 @@ target_link_libraries(gui_tests PRIVATE nesk_ui nesk_test_station GTest::gtest)
 nesk_warnings(gui_tests)
 nesk_precompile(gui_tests <gtest/gtest.h> <wx/wx.h> <wx/listctrl.h> <wx/treectrl.h> <wx/uiaction.h>)
 add_dependencies(gui_tests nesk_texts nesk_help)
-gtest_discover_tests(gui_tests DISCOVERY_MODE PRE_TEST PROPERTIES LABELS gui TIMEOUT 60 RUN_SERIAL TRUE)
+if(NESK_SANITIZE)
+  # All in one process: each one would look for leaks at its end, which takes longer than most tests.
+  add_test(NAME gui.All COMMAND gui_tests --gtest_brief=1)
+  set_tests_properties(gui.All PROPERTIES LABELS gui TIMEOUT 900 RUN_SERIAL TRUE)
+else()
+  gtest_discover_tests(gui_tests DISCOVERY_MODE PRE_TEST PROPERTIES LABELS gui TIMEOUT 60 RUN_SERIAL TRUE)
+endif()
 
 if(WIN32)
   # The same resources as the program's, so that windows look and scale as they do there.
