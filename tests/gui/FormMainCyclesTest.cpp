@@ -1,0 +1,110 @@
+#include "gui/GuiFixture.h"
+#include "gui/LiveBlocks.h"
+
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
+
+#include <memory>
+#include <vector>
+
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+
+namespace nesk::testing {
+namespace {
+
+constexpr int Submenus = 6;
+constexpr int PartsEach = 8;
+constexpr int WarmUp = 10;
+constexpr int Cycles = 50;
+
+// A menu as stations have them: several submenus full of parts.
+std::string StationMenu() {
+    std::string text = "BLOCK MENU\r\n\tCAPTION=Cell 4\r\n\tGRAPHIC=\r\n";
+    const auto item = [&text](const std::string& caption, const std::string& type) {
+        text += "BLOCK SUBMENU\r\nCAPTION=" + caption + "\r\nGRAPHIC=C:\\Pictures\\" + caption +
+                ".bmp\r\nPREVIEW=\r\nHELPFILE=\r\nHELPTOPIC=0\r\nMENUTYPE=" + type +
+                "\r\nPROGRAMID=@D:\\Parts\\" + caption +
+                "\\partinfo.ini@\r\nHISTORY_DIR=\r\nHISTORY_TITLE=\r\n";
+    };
+    for (int i = 0; i < Submenus; ++i) {
+        item("Submenu " + std::to_string(i), "Menu");
+        for (int j = 0; j < PartsEach; ++j) {
+            item("A part with a long caption, number " + std::to_string(j), "Part Program");
+            text += "END\r\n";
+        }
+        text += "END\r\n";
+    }
+    return text + "END\r\n";
+}
+
+class FormMainCyclesTest : public MainWindowTest {
+protected:
+    FormMainCyclesTest() {
+        WriteMenu(StationMenu());
+        OpenWindow();
+        window->Editor().SetChangeKeeper(
+            [this](std::unique_ptr<MenuChange> change) { m_changes.push_back(std::move(change)); });
+    }
+
+    ~FormMainCyclesTest() override { window->Editor().SetChangeKeeper(nullptr); }
+
+    // Opens the menu, changes it in every way there is, takes half of that back, and closes it without
+    // saving.
+    void Cycle() {
+        MenuEditor& editor = window->Editor();
+        ASSERT_TRUE(Click(window->mnuFileOpen));
+        EXPECT_EQ(Entries(), std::size_t{Submenus + Submenus * PartsEach});
+        // What stays: one change of each kind.
+        ASSERT_TRUE(editor.Remove("R.6.1"));
+        ASSERT_NE(editor.AddSubmenu("R", "A new submenu with a long caption"), "");
+        ASSERT_TRUE(editor.SetCaption("R.1", "Another caption, long enough to need memory of its own"));
+        PartFields fields = PartFieldsOf(dynamic_cast<const MenuItem&>(*editor.Find("R.1.1")));
+        fields.programId = "@D:\\Parts\\Another part altogether\\partinfo.ini@";
+        ASSERT_TRUE(editor.SetPart("R.1.1", fields));
+        ASSERT_TRUE(editor.MoveDown("R.1"));
+        // What is taken back: as many again, one of them by a command of the window.
+        Select("R.4");
+        dialogs.Answer(wxID_YES);
+        ASSERT_TRUE(Click(window->mnuMenuRemove));
+        ASSERT_NE(editor.AddPart("R.2", "A new part with a long caption"), "");
+        ASSERT_TRUE(editor.SetGraphic("R.2", "C:\\Pictures\\Another picture altogether.bmp"));
+        ASSERT_TRUE(editor.MoveUp("R.3"));
+        ASSERT_TRUE(editor.SetCaption("R.3", "One more caption, long enough to need memory of its own"));
+        for (std::size_t left = m_changes.size() / 2; left > 0; --left) {
+            ASSERT_TRUE(editor.Undo(*m_changes.back()));
+            m_changes.pop_back();
+        }
+        ASSERT_TRUE(editor.IsDirty());
+        dialogs.Answer(wxID_NO);
+        ASSERT_TRUE(Click(window->mnuFileClose));
+        ASSERT_FALSE(editor.IsOpen());
+        m_changes.clear();
+        dialogs.shown.clear();
+        dialogs.shown.shrink_to_fit();
+        Settle();
+    }
+
+    std::size_t Entries() const { return window->tvMain->GetCount() - 1; }
+
+private:
+    std::vector<std::unique_ptr<MenuChange>> m_changes;
+};
+
+TEST_F(FormMainCyclesTest, NothingStaysAliveOfAMenuThatWasClosed) {
+    for (int i = 0; i < WarmUp; ++i)
+        ASSERT_NO_FATAL_FAILURE(Cycle());
+    const std::size_t before = LiveBlocks();
+    EXPECT_EQ(before > 0, CountsLiveBlocks());
+    for (int i = 0; i < Cycles; ++i)
+        ASSERT_NO_FATAL_FAILURE(Cycle());
+    // Less than one object each time: the toolkit may keep some for later, but nothing that belongs to a
+    // menu.
+    EXPECT_LT(LiveBlocks(), before + Cycles);
+    RecordProperty("growth", static_cast<int>(LiveBlocks() - before));
+    EXPECT_EQ(TreeText(), "");
+    EXPECT_EQ(MenuOnDisk(), StationMenu());
+}
+
+} // namespace
+} // namespace nesk::testing
