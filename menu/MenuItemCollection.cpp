@@ -27,7 +27,7 @@ void MenuItemCollection::Initialize(MenuEntry& owner) {
     m_owner = &owner;
 }
 
-std::size_t MenuItemCollection::CheckedIndex(int position, std::size_t count) const {
+std::size_t MenuItemCollection::CheckedIndex(int position, std::size_t count) {
     if (position < 1 || static_cast<std::size_t>(position) > count)
         throw NeskError(RuntimeError::SubscriptOutOfRange, "MenuItemCollection.Item",
                         Message::SubscriptOutOfRange, {std::to_string(position)});

@@ -75,7 +75,7 @@ public:
 
 private:
     std::size_t IndexOfCounter(std::int32_t counter) const;
-    std::size_t CheckedIndex(int position, std::size_t count) const;
+    static std::size_t CheckedIndex(int position, std::size_t count);
     void CheckRoom() const;
     void Swap(std::size_t a, std::size_t b);
 

@@ -12,7 +12,6 @@
 
 namespace nesk {
 
-using modUtilities::FromWx;
 using modUtilities::ToWx;
 
 namespace {

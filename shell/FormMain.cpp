@@ -28,7 +28,6 @@ namespace nesk {
 
 using modStringRes::FormatResString;
 using modStringRes::LoadResString;
-using modUtilities::FromWx;
 using modUtilities::ResText;
 using modUtilities::ToWx;
 

@@ -51,7 +51,7 @@ void SafeFile::CreateTemporary() {
     m_temporary = name;
 }
 
-void SafeFile::Check(int result, const std::string& path) const {
+void SafeFile::Check(int result, const std::string& path) {
     if (result != ErrorCode::Success) throw Failure(result, path);
 }
 

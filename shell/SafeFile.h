@@ -34,7 +34,7 @@ public:
     void Commit(const Backup& backup);
 
 private:
-    void Check(int result, const std::string& path) const;
+    static void Check(int result, const std::string& path);
     void CreateTemporary();
     void KeepBackup(const Backup& backup);
 

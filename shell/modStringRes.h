@@ -32,9 +32,7 @@ std::string FormatResStringArray(int id, const Arguments& arguments);
 /// The form in which an argument appears in a text.
 template <typename T>
 std::string ArgumentText(T&& value) {
-    if constexpr (std::is_convertible_v<T&&, std::string>)
-        return std::string(std::forward<T>(value));
-    else if constexpr (std::is_constructible_v<std::string, T&&>)
+    if constexpr (std::is_constructible_v<std::string, T&&>)
         return std::string(std::forward<T>(value));
     else
         return std::to_string(value);

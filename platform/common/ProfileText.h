@@ -72,7 +72,7 @@ private:
     const common::CodePageTable& m_codePage;
     std::size_t m_longestName;
     std::size_t m_longestValue;
-    std::array<char, 16384> m_buffer;
+    std::array<char, 16384> m_buffer{};
     std::size_t m_at = 0;
     std::size_t m_end = 0;
     bool m_wide = false;

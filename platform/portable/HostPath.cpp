@@ -61,7 +61,7 @@ std::vector<std::string_view> Components(std::string_view path) {
 // The entry of `folder` that equals `name` apart from case; the name as given when there is none.
 std::string FindEntry(const fs::path& folder, const std::string& name) {
     struct stat status {};
-    const std::string exact = NameToHost(name);
+    std::string exact = NameToHost(name);
     if (::lstat((folder / exact).c_str(), &status) == 0) return exact;
     const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(folder.c_str()), &::closedir);
     if (!directory) return exact;

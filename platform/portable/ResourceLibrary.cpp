@@ -41,7 +41,7 @@ std::optional<std::string> ReadWhole(const std::string& path) {
     std::unique_ptr<FileReader> reader;
     if (StationFiles().OpenForReading(path, reader) != ErrorCode::Success) return std::nullopt;
     std::string content;
-    std::array<char, 65536> buffer;
+    std::array<char, 65536> buffer{};
     for (;;) {
         std::size_t count = 0;
         if (reader->Read(buffer.data(), buffer.size(), count) != ErrorCode::Success) return std::nullopt;

@@ -58,6 +58,7 @@ int ViewerProcess::Start(const std::vector<std::string>& arguments) {
     End();
     std::vector<std::string> copies(arguments);
     std::vector<char*> pointers;
+    pointers.reserve(copies.size() + 1);
     for (std::string& copy : copies)
         pointers.push_back(copy.data());
     pointers.push_back(nullptr);
