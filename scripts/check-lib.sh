@@ -1,4 +1,5 @@
 # Checks of packages. Sourced with the name of what is checked in $subject.
+# shellcheck shell=bash disable=SC2154
 
 fail() {
   echo "$subject: FAILED: $*" >&2

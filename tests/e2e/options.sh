@@ -15,7 +15,7 @@ until_true "options" find_dialog "Options"
 shot options
 # The slide folder and the sample size.
 keys alt+s ctrl+a
-type_text 'D:\NewSlides\'
+type_text "D:\\NewSlides\\"
 keys alt+z ctrl+a
 type_text '5'
 shot options-filled

@@ -3,6 +3,7 @@
 # shellcheck shell=bash
 
 set -euo pipefail
+# shellcheck disable=SC2034  # for the test
 program=$1/NeskManager
 source "$2/scripts/ui-lib.sh"
 
