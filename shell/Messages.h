@@ -62,7 +62,7 @@ constexpr int FileInUse = 34108;
 constexpr int DeviceError = 34109; // %1% system code
 constexpr int InvalidName = 34110;
 constexpr int FileExists = 34111;
-constexpr int FileDamaged = 34112; // %1% system code
+constexpr int FileDamaged = 34112;       // %1% system code
 constexpr int SettingsNotStored = 34113; // %0% error
 
 // Error report.
@@ -82,7 +82,7 @@ constexpr int NoMenuRoot = 34135;
 constexpr int RegNotEncodable = 34136; // %0% value name, %1% character, %2% code page
 constexpr int NoEndingZero = 34137;
 constexpr int SettingsNotSaved = 34138; // %0% error, %1% what is wrong with the settings store
-constexpr int LineTooLong = 34139; // %0% largest length in MB
+constexpr int LineTooLong = 34139;      // %0% largest length in MB
 
 // Opening and saving.
 constexpr int OpenFailed = 34140; // %0% error
