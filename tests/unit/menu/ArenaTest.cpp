@@ -41,7 +41,7 @@ TEST(ArenaTest, ObjectsAreAlignedAndApart) {
         numbers.push_back(new (arena.Allocate(sizeof i, alignof(std::uint64_t))) std::uint64_t(i));
         ASSERT_EQ(reinterpret_cast<std::uintptr_t>(numbers.back()) % alignof(std::uint64_t), 0u) << i;
     }
-    for (std::uint64_t i = 0; i < numbers.size(); ++i)
+    for (std::size_t i = 0; i < numbers.size(); ++i)
         ASSERT_EQ(*numbers[i], i);
 }
 
