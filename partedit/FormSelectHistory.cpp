@@ -40,7 +40,7 @@ void Refuse(int label, wxTextCtrl& field) {
 }
 
 std::string TrimField(wxTextCtrl& field) {
-    const std::string text = modUtilities::Trim(FromWx(field.GetValue()));
+    std::string text = modUtilities::Trim(FromWx(field.GetValue()));
     field.ChangeValue(ToWx(text));
     return text;
 }
