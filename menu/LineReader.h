@@ -15,7 +15,7 @@ namespace nesk {
 class LineReader {
 public:
     /// Longest line that is read, in bytes.
-    static constexpr std::size_t LongestLine = std::size_t{1} << 28;
+    static constexpr std::size_t LongestLine = std::size_t{1} << 27;
 
     /// A line without its end, and without the blanks and tabs around it.
     struct Line {
