@@ -45,6 +45,7 @@ void FileFingerprint::AddWords(const char* words) {
 
 void FileFingerprint::Add(std::string_view bytes) {
     m_state = State::Readable;
+    if (bytes.empty()) return;
     const auto begun = static_cast<std::size_t>(m_size % m_rest.size());
     m_size += bytes.size();
     if (begun > 0) {

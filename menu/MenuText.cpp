@@ -22,6 +22,8 @@ bool IsPlain(std::string_view text) {
         if (!isPlain(bytes)) return false;
         text.remove_prefix(sizeof bytes);
     }
+    // An empty text may be nowhere.
+    if (text.empty()) return true;
     bytes = Blanks;
     std::memcpy(&bytes, text.data(), text.size());
     return isPlain(bytes);
