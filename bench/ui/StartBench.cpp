@@ -4,11 +4,12 @@
 #include "bench/Table.h"
 #include "unit/platform/TempStation.h"
 
+#include <algorithm>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <set>
+#include <string>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
@@ -44,14 +45,17 @@ public:
     // Waits for a window of usual size to be mapped and to hold more than one colour.
     bool WaitForWindow() {
         const auto deadline = Clock::now() + Longest;
-        Window window = 0;
+        std::vector<Window> mapped;
         while (Clock::now() < deadline) {
             while (XPending(m_display) > 0) {
                 XEvent event;
                 XNextEvent(m_display, &event);
-                if (event.type == MapNotify && IsLarge(event.xmap.window)) window = event.xmap.window;
+                if (event.type == MapNotify) mapped.push_back(event.xmap.window);
             }
-            if (window != 0 && IsPainted(window)) return true;
+            // The window manager's frame gets its size after it was mapped.
+            if (std::any_of(mapped.begin(), mapped.end(),
+                            [&](Window window) { return IsLarge(window) && IsPainted(window); }))
+                return true;
             ::usleep(1000);
         }
         return false;

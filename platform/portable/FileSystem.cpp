@@ -161,8 +161,10 @@ public:
             std::string name = NameFromHost(found->d_name);
             if (!portable::MatchesPattern(name, m_pattern)) continue;
             struct stat status {};
-            // A link that leads nowhere is an entry all the same.
-            if (::fstatat(::dirfd(m_directory.get()), found->d_name, &status, 0) != 0)
+            // Of a folder nothing else is asked. A link that leads nowhere is an entry all the same.
+            if (found->d_type == DT_DIR)
+                status.st_mode = S_IFDIR;
+            else if (::fstatat(::dirfd(m_directory.get()), found->d_name, &status, 0) != 0)
                 status.st_mode = S_IWUSR;
             entry.attributes = AttributesOf(status, name);
             if (IsLink(*found)) entry.attributes |= FileAttribute::Link;

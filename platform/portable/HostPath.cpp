@@ -143,11 +143,10 @@ fs::path ToHostPath(const std::string& path) {
     const std::string_view name = separator == std::string::npos
                                       ? ""
                                       : WithoutTrailingDots(std::string_view(path).substr(separator + 1));
-    // A path of one level, or that ends with "..", is no name in a folder.
-    if (name.empty() || path.find("..") != std::string::npos) return LookUp(path);
+    if (separator == std::string::npos || path.find("..") != std::string::npos) return LookUp(path);
     static thread_local KnownFolders known;
     const fs::path folder = known.Find(std::string_view(path).substr(0, separator + 1));
-    return folder / FindEntry(folder, std::string(name));
+    return name.empty() ? folder : folder / FindEntry(folder, std::string(name));
 }
 
 std::string ToWindowsPath(const fs::path& path) {
