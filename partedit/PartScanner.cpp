@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -15,6 +16,10 @@ namespace nesk {
 namespace {
 
 namespace ErrorCode = platform::ErrorCode;
+
+// Links that are followed to one folder. Folders full of links to each other could be gone through in more
+// ways than any scan could follow.
+constexpr int MostWays = 10;
 
 struct Entry {
     std::string path;
@@ -54,12 +59,10 @@ void AddEntry(const std::string& folder, const platform::DirectoryEntry& entry, 
     (IsPart(path) ? level.parts : level.folders).push_back({path, entry.name, isLink});
 }
 
-// A folder that is one of those it lies in. That takes a link, and so only links are looked at.
-bool IsLoop(const Entry& folder, const std::vector<Level>& levels) {
-    if (!folder.isLink) return false;
-    const std::string identity = platform::FileIdentity(folder.path);
-    return !identity.empty() && std::any_of(levels.begin(), levels.end(), [&](const Level& outer) {
-        return platform::FileIdentity(outer.path) == identity;
+// Whether the target of a link is one of the folders that the link lies in.
+bool IsLoop(const std::string& target, const std::vector<Level>& levels) {
+    return !target.empty() && std::any_of(levels.begin(), levels.end(), [&](const Level& outer) {
+        return platform::FileIdentity(outer.path) == target;
     });
 }
 
@@ -89,6 +92,7 @@ bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisi
     if (!visitor.OnProgress(foldersRead)) return false;
     // No recursion: folders may be nested deeper than the machine stack could follow.
     std::vector<Level> levels;
+    std::unordered_map<std::string, int> ways; // links that were followed, by their target
     levels.push_back(ReadFolder(root, node, visitor));
     ++foldersRead;
     while (!levels.empty()) {
@@ -101,7 +105,11 @@ bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisi
         }
         const Entry folder = std::move(level.folders[level.entered++]);
         const PartScanVisitor::Node child = visitor.OnFolder(level.node, folder.path, folder.name);
-        if (IsLoop(folder, levels)) continue;
+        // Only a link can lead to a folder that was entered before.
+        if (folder.isLink) {
+            const std::string target = platform::FileIdentity(folder.path);
+            if (IsLoop(target, levels) || ++ways[target] > MostWays) continue;
+        }
         if (!visitor.OnProgress(foldersRead)) return false;
         levels.push_back(ReadFolder(folder.path, child, visitor));
         ++foldersRead;
