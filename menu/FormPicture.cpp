@@ -1,25 +1,15 @@
 #include "menu/FormPicture.h"
 
+#include "menu/FormPictureFile.h"
 #include "menu/PictureChoice.h"
-#include "menu/PictureHeader.h"
-#include "platform/ErrorCode.h"
-#include "platform/FileSystem.h"
 #include "platform/OpenFileDialog.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 
-#include <memory>
-
 #include <wx/control.h>
 #include <wx/dcbuffer.h>
-#include <wx/imagbmp.h>
-#include <wx/imaggif.h>
-#include <wx/imagjpeg.h>
-#include <wx/imagpng.h>
-#include <wx/log.h>
-#include <wx/mstream.h>
 #include <wx/settings.h>
 
 namespace nesk {
@@ -28,60 +18,11 @@ namespace {
 
 constexpr int ChoosePictureTitle = 32026;
 
-// A button picture is a few hundred pixels wide. What is larger than this would cost memory for nothing.
-constexpr std::size_t LargestFile = std::size_t{64} << 20;
-constexpr std::int64_t MostPixels = 50'000'000;
-
-// The bytes of a file; nothing when it cannot be read or is too large.
-std::string ReadFile(const std::string& path) {
-    std::unique_ptr<platform::FileReader> reader;
-    if (platform::StationFiles().OpenForReading(path, reader) != platform::ErrorCode::Success) return "";
-    std::string bytes;
-    for (;;) {
-        const std::size_t size = bytes.size();
-        constexpr std::size_t step = std::size_t{1} << 16;
-        bytes.resize(size + step);
-        std::size_t count = 0;
-        const int result = reader->Read(bytes.data() + size, step, count);
-        bytes.resize(size + count);
-        if (result != platform::ErrorCode::Success || bytes.size() > LargestFile) return "";
-        if (count == 0) return bytes;
-    }
-}
-
-wxImage LoadPicture(const std::string& path) {
-    const std::string bytes = ReadFile(path);
-    const std::optional<PictureSize> size = ReadPictureSize(bytes);
-    if (!size || size->width <= 0 || size->height <= 0 || size->width > MostPixels / size->height) return {};
-    // What is wrong with a picture shows itself by its absence; a message for each would be in the way.
-    const wxLogNull silent;
-    wxMemoryInputStream stream(bytes.data(), bytes.size());
-    return wxImage(stream);
-}
-
-template <typename Handler>
-void Register() {
-    auto* handler = new Handler;
-    if (wxImage::FindHandler(handler->GetName()) == nullptr)
-        wxImage::AddHandler(handler);
-    else
-        delete handler;
-}
-
-// The formats of pictures. The toolkit knows BMP by itself.
-void RegisterFormats() {
-    Register<wxPNGHandler>();
-    Register<wxJPEGHandler>();
-    Register<wxGIFHandler>();
-    Register<wxICOHandler>();
-}
-
 } // namespace
 
 FormPicture::FormPicture(wxWindow* parent, const char* hostName, const char* pictureName)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(180, 135)),
               wxBORDER_THEME | wxFULL_REPAINT_ON_RESIZE, hostName) {
-    RegisterFormats();
     SetMinSize(GetSize());
     SetBackgroundStyle(wxBG_STYLE_PAINT);
     m_picture = new wxWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, pictureName);

@@ -7,7 +7,9 @@
 #include "shell/Messages.h"
 #include "shell/modUtilities.h"
 
+#include <new>
 #include <utility>
+#include <vector>
 
 namespace nesk {
 
@@ -34,6 +36,10 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
             menu->LoadFromFile(path);
         } catch (const NeskError& error) {
             failure = error;
+        } catch (const std::bad_alloc&) {
+            failure.emplace(RuntimeError::OutOfMemory, "MenuEditor.Open", Message::OutOfMemory,
+                            std::vector<std::string>{path});
+            failure->file = path;
         }
     }
     m_menu = std::move(menu);

@@ -1,5 +1,7 @@
 #include "menu/PictureHeader.h"
 
+#include "menu/GifFile.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -42,20 +44,30 @@ constexpr Bytes PngSignature = "\x89PNG\r\n\x1A\n";
 
 std::optional<PictureSize> PngSize(Bytes bytes) {
     if (!bytes.starts_with(PngSignature) || !Holds(bytes, 16, 8)) return std::nullopt;
-    return PictureSize{Big32(bytes, 16), Big32(bytes, 20)};
+    return PictureSize{Big32(bytes, 16), Big32(bytes, 20), 1};
 }
 
 // The information header of a BMP file, and of a picture in an ICO file.
 std::optional<PictureSize> BitmapHeaderSize(Bytes bytes, std::size_t at) {
     if (!Holds(bytes, at, 12)) return std::nullopt;
     // The oldest form of the header, 12 bytes long, has 16-bit sizes.
-    if (Little32(bytes, at) == 12) return PictureSize{Little16(bytes, at + 4), Little16(bytes, at + 6)};
-    return PictureSize{Magnitude32(Little32(bytes, at + 4)), Magnitude32(Little32(bytes, at + 8))};
+    if (Little32(bytes, at) == 12) return PictureSize{Little16(bytes, at + 4), Little16(bytes, at + 6), 1};
+    return PictureSize{Magnitude32(Little32(bytes, at + 4)), Magnitude32(Little32(bytes, at + 8)), 1};
 }
 
 std::optional<PictureSize> GifSize(Bytes bytes) {
     if (!bytes.starts_with("GIF8") || !Holds(bytes, 6, 4)) return std::nullopt;
-    return PictureSize{Little16(bytes, 6), Little16(bytes, 8)};
+    if (const auto picture = FirstGifPicture(bytes)) return picture->size;
+    return PictureSize{Little16(bytes, 6), Little16(bytes, 8), 1};
+}
+
+// Number of places where a scan may begin. Within the data of a scan no such bytes stand; a small picture in
+// the header may add one or two.
+std::int64_t JpegScans(Bytes bytes) {
+    std::int64_t count = 0;
+    for (std::size_t at = bytes.find("\xFF\xDA"); at != Bytes::npos; at = bytes.find("\xFF\xDA", at + 2))
+        ++count;
+    return std::max<std::int64_t>(count, 1);
 }
 
 // The segments of a JPEG file up to the one that begins the frame.
@@ -73,7 +85,7 @@ std::optional<PictureSize> JpegSize(Bytes bytes) {
             marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
         if (frame) {
             if (!Holds(bytes, at, 9)) return std::nullopt;
-            return PictureSize{Big16(bytes, at + 7), Big16(bytes, at + 5)};
+            return PictureSize{Big16(bytes, at + 7), Big16(bytes, at + 5), JpegScans(bytes)};
         }
         at += 2 + static_cast<std::size_t>(Big16(bytes, at + 2));
     }
@@ -92,6 +104,8 @@ std::optional<PictureSize> IconSize(Bytes bytes) {
         const bool png = bytes.substr(data).starts_with(PngSignature);
         const auto size = png ? PngSize(bytes.substr(data)) : BitmapHeaderSize(bytes, data);
         if (!size) return std::nullopt;
+        // A bitmap in an icon has rows for its mask below its own: less than two are no picture.
+        if (!png && size->height < 2) return std::nullopt;
         largest.width = std::max(largest.width, size->width);
         largest.height = std::max(largest.height, size->height);
     }

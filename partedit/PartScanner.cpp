@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -20,6 +21,10 @@ namespace {
 namespace ErrorCode = platform::ErrorCode;
 
 constexpr std::string_view PartInfoName = "partinfo.ini";
+
+// Links that are followed to one folder. Folders full of links to each other could be gone through in more
+// ways than any scan could follow.
+constexpr int MostWays = 10;
 
 struct Unreadable {
     std::string path;
@@ -104,12 +109,10 @@ std::optional<Contents> ReadFolder(const std::string& folder, bool mayBePart) {
     return contents;
 }
 
-// A folder that is one of those it lies in. That takes a link, and so only links are looked at.
-bool IsLoop(const Entry& folder, const std::vector<Level>& levels) {
-    if (!folder.isLink) return false;
-    const std::string identity = platform::FileIdentity(folder.path);
-    return !identity.empty() && std::any_of(levels.begin(), levels.end(), [&](const Level& outer) {
-        return platform::FileIdentity(outer.path) == identity;
+// Whether the target of a link is one of the folders that the link lies in.
+bool IsLoop(const std::string& target, const std::vector<Level>& levels) {
+    return !target.empty() && std::any_of(levels.begin(), levels.end(), [&](const Level& outer) {
+        return platform::FileIdentity(outer.path) == target;
     });
 }
 
@@ -141,6 +144,7 @@ bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisi
     // No recursion: folders may be nested deeper than the machine stack could follow.
     std::vector<Level> levels;
     levels.push_back(EnterFolder(root, node, ReadFolder(root, false).value(), visitor));
+    std::unordered_map<std::string, int> ways; // links that were followed, by their target
     ++foldersRead;
     while (!levels.empty()) {
         Level& level = levels.back();
@@ -152,7 +156,11 @@ bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisi
         }
         Entry folder = std::move(level.folders[level.entered++]);
         const PartScanVisitor::Node child = visitor.OnFolder(level.node, folder.path, folder.name);
-        if (IsLoop(folder, levels)) continue;
+        // Only a link can lead to a folder that was entered before.
+        if (folder.isLink) {
+            const std::string target = platform::FileIdentity(folder.path);
+            if (IsLoop(target, levels) || ++ways[target] > MostWays) continue;
+        }
         if (!visitor.OnProgress(foldersRead)) return false;
         levels.push_back(EnterFolder(folder.path, child, std::move(folder.contents), visitor));
         ++foldersRead;

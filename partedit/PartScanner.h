@@ -34,7 +34,8 @@ public:
 /// Finds folders and part programs below a folder. A folder is a part program when its partinfo.ini names the
 /// part; part programs are not looked into. Below each folder come the folders with all they hold, then the
 /// part programs, each in the order of the file system. Names that begin with "." are left out. A folder that
-/// is one of those it lies in, through a link, is listed but not entered.
+/// is one of those it lies in, through a link, is listed but not entered; so is one that was entered through
+/// ten ways before.
 /// @param root  folder to read; `node` is its node
 /// @return false when the visitor ended the scan
 bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisitor& visitor);

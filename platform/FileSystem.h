@@ -80,6 +80,7 @@ public:
     virtual int MakeFolder(const std::string& path) = 0;
 
     /// Opens a regular file for reading. A directory, a pipe or a device is AccessDenied and never blocks.
+    /// What is added to the file from now on is not read: another program might never stop adding.
     virtual int OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) = 0;
 
     /// Creates a file that must not exist yet, readable and writable by its owner alone.

@@ -4,6 +4,7 @@
 #include "shell/modUtilities.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace nesk::modUtilities {
 
@@ -14,12 +15,25 @@ void Show(const std::string& text) {
                                modStringRes::LoadResString(Message::ErrorTitle));
 }
 
+// A text from a damaged file may be longer than any window could show.
+constexpr std::size_t LongestArgument = 1000;
+
+// The beginning of a text, cut between characters.
+std::string Shortened(const std::string& text) {
+    if (text.size() <= LongestArgument) return text;
+    std::size_t length = LongestArgument;
+    while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
+        --length;
+    return text.substr(0, length) + "...";
+}
+
 } // namespace
 
 std::string MessageText(const NeskError& error) {
     modStringRes::Arguments arguments;
     const std::size_t count = std::min(arguments.size(), error.arguments.size());
-    std::copy_n(error.arguments.begin(), count, arguments.begin());
+    std::transform(error.arguments.begin(), error.arguments.begin() + static_cast<std::ptrdiff_t>(count),
+                   arguments.begin(), Shortened);
     return modStringRes::FormatResStringArray(error.messageId, arguments);
 }
 

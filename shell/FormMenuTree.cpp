@@ -52,6 +52,9 @@ FormMenuTree::FormMenuTree(wxWindow* parent, const MenuEditor& editor) : m_edito
     images.push_back(IconBundle("part", size));
     SetImages(images);
     Bind(wxEVT_TREE_ITEM_EXPANDING, &FormMenuTree::OnExpanding, this);
+    // Where it is a character of its own, and where it takes two keys.
+    Bind(wxEVT_KEY_DOWN, &FormMenuTree::OnKey, this);
+    Bind(wxEVT_CHAR, &FormMenuTree::OnKey, this);
 }
 
 void FormMenuTree::ClearTree() {
@@ -113,6 +116,32 @@ void FormMenuTree::FillNode(const wxTreeItemId& node) {
 void FormMenuTree::OnExpanding(wxTreeEvent& event) {
     FillNode(event.GetItem());
     event.Skip();
+}
+
+// The key that expands everything below a node. The tree control would follow a deep menu until the machine
+// stack ends.
+void FormMenuTree::OnKey(wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const wxTreeItemId node = GetSelection();
+    const bool expands = key == '*' || key == WXK_MULTIPLY || key == WXK_NUMPAD_MULTIPLY;
+    if (!expands || !node.IsOk()) return event.Skip();
+    Freeze();
+    ExpandBelow(node);
+    Thaw();
+}
+
+void FormMenuTree::ExpandBelow(const wxTreeItemId& node) {
+    std::vector<std::pair<wxTreeItemId, std::size_t>> found{{node, 1}};
+    while (!found.empty()) {
+        const auto [at, level] = found.back();
+        found.pop_back();
+        if (!ItemHasChildren(at)) continue;
+        Expand(at);
+        if (level == LevelsFilledAtOnce) continue;
+        wxTreeItemIdValue cookie = nullptr;
+        for (wxTreeItemId child = GetFirstChild(at, cookie); child.IsOk(); child = GetNextSibling(child))
+            found.emplace_back(child, level + 1);
+    }
 }
 
 std::string FormMenuTree::KeyOf(const wxTreeItemId& node) const {

@@ -42,6 +42,8 @@ private:
     void FillNode(const wxTreeItemId& node);
     void Place(const MenuEvent& event);
     void OnExpanding(wxTreeEvent& event);
+    void OnKey(wxKeyEvent& event);
+    void ExpandBelow(const wxTreeItemId& node);
 
     const MenuEditor& m_editor;
 };

@@ -64,6 +64,7 @@ constexpr int InvalidName = 34110;
 constexpr int FileExists = 34111;
 constexpr int FileDamaged = 34112;       // %1% system code
 constexpr int SettingsNotStored = 34113; // %0% error
+constexpr int OutOfMemory = 34114;       // %0% path
 
 // Error report.
 constexpr int ErrorPlain = 34120;    // %0% number, %1% text

@@ -55,7 +55,8 @@ std::string BinaryDirectory();
 /// 1041, 1042, 2052); elsewhere 8 for everything up to 8.
 int ControlFontSize(std::uint32_t localeId, int size);
 
-/// The text of an error as the user reads it: its message, without number and place.
+/// The text of an error as the user reads it: its message, without number and place. Of an argument of more
+/// than 1,000 bytes it shows the beginning.
 std::string MessageText(const NeskError& error);
 
 /// The text of an error with its number and, where known, its file and line.

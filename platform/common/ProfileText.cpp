@@ -93,11 +93,12 @@ bool ProfileReader::Require(std::size_t count) {
                   m_buffer.begin() + static_cast<std::ptrdiff_t>(m_end), m_buffer.begin());
         m_end -= m_at;
         m_at = 0;
+        const std::size_t room = std::min(m_buffer.size() - m_end, m_left);
         std::size_t got = 0;
-        if (m_file.Read(m_buffer.data() + m_end, m_buffer.size() - m_end, got) != ErrorCode::Success ||
-            got == 0)
+        if (room == 0 || m_file.Read(m_buffer.data() + m_end, room, got) != ErrorCode::Success || got == 0)
             return false;
         m_end += got;
+        m_left -= got;
     }
     return true;
 }

@@ -52,16 +52,21 @@ struct ProfileLine {
     std::string Value(std::size_t longest) const;
 };
 
-/// Reads a profile file line by line: in the code page, or in UTF-16 when it begins with the bytes FF FE. No
-/// other byte order mark is known: it belongs to the first line, which then is no header.
+/// Reads a profile file line by line, up to LargestText of it: in the code page, or in UTF-16 when it begins
+/// with the bytes FF FE. No other byte order mark is known: it belongs to the first line, which then is no
+/// header.
 class ProfileReader {
 public:
+    /// What is read of a file, in bytes: whoever waits for an answer would take a longer search for a program
+    /// that hangs.
+    static constexpr std::size_t LargestText = std::size_t{64} << 20;
+
     /// @param longestName   length of the longest name that will be compared
     /// @param longestValue  length of the longest value that will be asked for
     ProfileReader(FileReader& file, std::size_t longestName, std::size_t longestValue);
 
     /// Reads the next line. False at the end of the text, which is the end of the file, a byte 26 (the end
-    /// mark of old editors), or a place that cannot be read.
+    /// mark of old editors), a place that cannot be read, or the largest text.
     bool Next(ProfileLine& line);
 
 private:
@@ -75,6 +80,7 @@ private:
     std::array<char, 16384> m_buffer{};
     std::size_t m_at = 0;
     std::size_t m_end = 0;
+    std::size_t m_left = LargestText;
     bool m_wide = false;
     bool m_ended = false;
 };

@@ -15,6 +15,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
+#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -42,6 +43,11 @@ int MissingCode(const fs::path& host, int error) {
     struct stat status {};
     if (error == ENOENT && ::stat(host.parent_path().c_str(), &status) != 0) return ErrorCode::PathNotFound;
     return ErrorFromErrno(error, ErrorCode::ReadFault);
+}
+
+// Why a folder cannot be searched. One that is missing and a file in its place are both "path not found".
+int FolderCode(int error) {
+    return error == ENOENT ? ErrorCode::PathNotFound : ErrorFromErrno(error, ErrorCode::PathNotFound);
 }
 
 // The host's file of a Windows path, or why the path can name none.
@@ -85,21 +91,29 @@ void FlushFolder(const fs::path& folder) {
     if (handle) ::fsync(handle.Get());
 }
 
+// Reads a file as long as it was when it was opened. A file without a length, as the system makes them on the
+// fly, is read to its end.
 class HostReader final : public FileReader {
 public:
-    explicit HostReader(FileHandle handle) : m_handle(std::move(handle)) {}
+    HostReader(FileHandle handle, off_t length)
+        : m_handle(std::move(handle))
+        , m_left(length > 0 ? static_cast<std::uint64_t>(length)
+                            : std::numeric_limits<std::uint64_t>::max()) {}
 
     int Read(char* buffer, std::size_t capacity, std::size_t& count) override {
+        capacity = static_cast<std::size_t>(std::min<std::uint64_t>(capacity, m_left));
         ssize_t got = 0;
         do
             got = ::read(m_handle.Get(), buffer, capacity);
         while (got < 0 && errno == EINTR);
         count = got > 0 ? static_cast<std::size_t>(got) : 0;
+        m_left -= count;
         return got < 0 ? ErrorFromErrno(errno, ErrorCode::ReadFault) : ErrorCode::Success;
     }
 
 private:
     FileHandle m_handle;
+    std::uint64_t m_left;
 };
 
 class HostWriter final : public FileWriter {
@@ -212,7 +226,7 @@ public:
         fs::path host;
         if (const int result = Locate(folder, host); result != ErrorCode::Success) return result;
         auto found = std::make_unique<PatternSearch>(host, name);
-        if (!found->IsOpen()) return ErrorCode::PathNotFound;
+        if (!found->IsOpen()) return FolderCode(errno);
         const int result = found->Next(first);
         if (result == ErrorCode::NoMoreItems) return ErrorCode::FileNotFound;
         if (result == ErrorCode::Success) search = std::move(found);
@@ -237,7 +251,7 @@ public:
         struct stat status {};
         if (::fstat(handle.Get(), &status) != 0) return ErrorFromErrno(errno, ErrorCode::ReadFault);
         if (!S_ISREG(status.st_mode)) return ErrorCode::AccessDenied;
-        reader = std::make_unique<HostReader>(std::move(handle));
+        reader = std::make_unique<HostReader>(std::move(handle), status.st_size);
         return ErrorCode::Success;
     }
 
@@ -356,7 +370,7 @@ private:
         if (!S_ISREG(status.st_mode)) return ErrorCode::AccessDenied;
         if (const int result = writer.SetMode(status.st_mode & 07777); result != ErrorCode::Success)
             return result;
-        HostReader reader(std::move(in));
+        HostReader reader(std::move(in), status.st_size);
         std::array<char, 65536> buffer{};
         for (;;) {
             std::size_t count = 0;

@@ -26,19 +26,24 @@ DWORD Portion(std::size_t size) {
     return static_cast<DWORD>(std::min<std::size_t>(size, std::size_t{1} << 30U));
 }
 
+// Reads a file as long as it was when it was opened.
 class SystemReader final : public FileReader {
 public:
-    explicit SystemReader(Handle handle) : m_handle(std::move(handle)) {}
+    SystemReader(Handle handle, LONGLONG length)
+        : m_handle(std::move(handle)), m_left(static_cast<ULONGLONG>(length)) {}
 
     int Read(char* buffer, std::size_t capacity, std::size_t& count) override {
+        const auto portion = static_cast<DWORD>(std::min<ULONGLONG>(Portion(capacity), m_left));
         DWORD got = 0;
-        const bool done = ::ReadFile(m_handle.Get(), buffer, Portion(capacity), &got, nullptr) != 0;
+        const bool done = ::ReadFile(m_handle.Get(), buffer, portion, &got, nullptr) != 0;
         count = done ? got : 0;
+        m_left -= count;
         return done ? ErrorCode::Success : LastError();
     }
 
 private:
     Handle m_handle;
+    ULONGLONG m_left;
 };
 
 class SystemWriter final : public FileWriter {
@@ -135,7 +140,9 @@ public:
         if (!handle) return LastError();
         // A pipe or a device answers when it likes.
         if (::GetFileType(handle.Get()) != FILE_TYPE_DISK) return ErrorCode::AccessDenied;
-        reader = std::make_unique<SystemReader>(std::move(handle));
+        LARGE_INTEGER length{};
+        if (::GetFileSizeEx(handle.Get(), &length) == 0) return LastError();
+        reader = std::make_unique<SystemReader>(std::move(handle), length.QuadPart);
         return ErrorCode::Success;
     }
 

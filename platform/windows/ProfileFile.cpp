@@ -2,6 +2,7 @@
 
 #include "platform/TextEncoding.h"
 #include "platform/common/ProfileSearch.h"
+#include "platform/common/ProfileText.h"
 #include "platform/windows/WideText.h"
 
 #include <algorithm>
@@ -20,13 +21,20 @@ std::string Narrow(const std::string& text) {
     return ToAnsi(text).value_or("?");
 }
 
+bool IsLarge(const std::wstring& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) == 0) return false;
+    return data.nFileSizeHigh != 0 || data.nFileSizeLow > common::ProfileReader::LargestText;
+}
+
 } // namespace
 
 std::string ReadProfileString(const std::string& file, const std::string& section, const std::string& key,
                               const std::string& defaultValue, std::size_t capacity) {
     if (capacity == 0) return "";
-    // The system reads no profile file whose path is longer.
-    if (windows::FilePath(file).size() >= MAX_PATH)
+    // The system reads no profile file whose path is longer, and takes all of a file into memory.
+    const std::wstring path = windows::FilePath(file);
+    if (path.size() >= MAX_PATH || IsLarge(path))
         return common::SearchProfile(file, section, key, defaultValue, capacity);
     std::vector<char> buffer(std::min(capacity, LargestBuffer));
     const DWORD length =

@@ -1,3 +1,4 @@
+#include "menu/GifFile.h"
 #include "menu/PictureChoice.h"
 #include "menu/PictureHeader.h"
 #include "unit/CoreFixture.h"
@@ -56,6 +57,86 @@ TEST_F(PictureTest, OtherAndTruncatedFilesHaveNoSize) {
     EXPECT_EQ(SizeOf("plain text"), "");
     for (const std::string& picture : {Png, Bmp, OldBmp.substr(0, 20), Gif, Jpeg.substr(0, 18), Icon})
         EXPECT_EQ(SizeOf(picture.substr(0, picture.size() - 3)), "") << picture.substr(0, 4);
+}
+
+TEST_F(PictureTest, EveryBeginningOfAPicture) {
+    for (const std::string& picture : {Png, Bmp, OldBmp, Gif, Jpeg, Icon}) {
+        const std::string whole = SizeOf(picture);
+        for (std::size_t length = 0; length < picture.size(); ++length) {
+            const std::string size = SizeOf(picture.substr(0, length));
+            EXPECT_TRUE(size.empty() || size == whole) << length << " bytes: " << size;
+        }
+    }
+}
+
+TEST_F(PictureTest, SizesThatNothingCanHoldAreTold) {
+    EXPECT_EQ(SizeOf("BM" + std::string(12, '\0') + std::string("\x28\0\0\0\xA0\x86\1\0\xA0\x86\1\0", 12)),
+              "100000x100000");
+    EXPECT_EQ(SizeOf("BM" + std::string(12, '\0') + std::string("\x28\0\0\0\0\0\0\x80\0\0\0\x80", 12)),
+              "2147483648x2147483648");
+    EXPECT_EQ(SizeOf(Png.substr(0, 16) + std::string(8, '\xFF')), "4294967295x4294967295");
+    EXPECT_EQ(SizeOf("GIF89a\xFF\xFF\xFF\xFF"), "65535x65535");
+}
+
+TEST_F(PictureTest, ScansOfAJpegPictureAreCounted) {
+    EXPECT_EQ(ReadPictureSize(Jpeg)->passes, 1);
+    std::string scans;
+    for (int i = 0; i < 5000; ++i)
+        scans += std::string("\xFF\xDA\0\4ab", 6);
+    EXPECT_EQ(ReadPictureSize(Jpeg + scans)->passes, 5000);
+}
+
+TEST_F(PictureTest, AnIconOfManyPictures) {
+    const std::string entry = Icon.substr(6, 12);
+    const auto icon = [&](std::size_t count, const std::string& data) {
+        const std::size_t at = 6 + 16 * count;
+        std::string place;
+        for (int shift = 0; shift < 32; shift += 8)
+            place += static_cast<char>(at >> shift);
+        std::string bytes("\0\0\1\0\xFF\xFF", 6);
+        for (std::size_t i = 0; i < count; ++i)
+            bytes += entry + place;
+        return bytes + data;
+    };
+    EXPECT_EQ(SizeOf(icon(65535, Png)), "20000x20001");
+    EXPECT_EQ(SizeOf(icon(65534, Png)), "") << "the last one lies behind the end";
+    // Rows of the picture and of its mask.
+    const std::string bitmap = Bmp.substr(14, 8);
+    EXPECT_EQ(SizeOf(icon(65535, bitmap + std::string("\2\0\0\0", 4))), "160x2");
+    EXPECT_EQ(SizeOf(icon(65535, bitmap + std::string("\1\0\0\0", 4))), "")
+        << "no row is left for the picture";
+}
+
+// A GIF file of a size with pictures of another.
+std::string GifOf(const std::string& fileSize, const std::string& pictureSize, int count) {
+    std::string bytes = "GIF89a" + fileSize + std::string("\x80\0\0\0\0\0\xFF\xFF\xFF", 9);
+    bytes += std::string("\x21\xF9\4\0\0\0\0\0\x21\xFE\2ab\1c\0", 16);
+    for (int i = 0; i < count; ++i)
+        bytes += "," + std::string(4, '\0') + pictureSize + std::string("\0\2\2\x44\1\0", 6);
+    return bytes + ";";
+}
+
+TEST_F(PictureTest, TheFirstPictureOfAGifFile) {
+    const std::string one("\1\0\1\0", 4);
+    const std::string large("\x10\x27\x20\x4E", 4);
+    EXPECT_EQ(SizeOf(GifOf(one, large, 1)), "10000x20000") << "the file claims less than its picture";
+    EXPECT_EQ(SizeOf(GifOf(large, one, 1)), "10000x20000");
+    const auto single = FirstGifPicture(GifOf(one, one, 1));
+    ASSERT_TRUE(single.has_value());
+    EXPECT_EQ(single->end, GifOf(one, one, 1).size() - 1);
+    const std::string many = GifOf(one, one, 100'000);
+    const auto first = FirstGifPicture(many);
+    ASSERT_TRUE(first.has_value());
+    EXPECT_EQ(many.substr(0, first->end) + ";", GifOf(one, one, 1));
+    EXPECT_FALSE(FirstGifPicture(GifOf(one, one, 0)).has_value());
+    EXPECT_FALSE(FirstGifPicture(GifOf(one, std::string("\0\0\1\0", 4), 1)).has_value());
+    EXPECT_FALSE(FirstGifPicture(GifOf(one, std::string("\1\0\0\0", 4), 1)).has_value());
+    EXPECT_FALSE(FirstGifPicture("GIF89a" + one + std::string("\0\0\0?", 4)).has_value());
+    const std::string whole = GifOf(one, one, 1);
+    for (std::size_t length = 0; length < whole.size(); ++length) {
+        const auto cut = FirstGifPicture(std::string_view(whole).substr(0, length));
+        EXPECT_EQ(cut.has_value(), length >= single->end) << length;
+    }
 }
 
 TEST_F(PictureTest, RandomBytesBehindAHeaderDoNoHarm) {

@@ -1,5 +1,6 @@
 #include "settings/RegEntry.h"
 #include "platform/ErrorCode.h"
+#include "shell/NeskError.h"
 #include "unit/CoreFixture.h"
 
 #include <algorithm>
@@ -237,6 +238,55 @@ TEST_F(RegEntryTest, ANameTooLongToBeListedIsLeftOut) {
     entry.CreateKey("T\\" + std::string(255, 'k'));
     entry.OpenKey("T");
     EXPECT_EQ(Subkeys(entry), (Texts{"a", "z"}));
+}
+
+TEST_F(RegEntryTest, TextsOfAllLengthsAroundTheLimits) {
+    RegEntry entry;
+    entry.CreateKey("T");
+    for (const std::size_t size : {199u, 200u, 254u, 255u, 256u, 257u, 16383u, 16384u, 1'000'000u}) {
+        const std::string text(size, 't');
+        entry.SetString("A", text);
+        EXPECT_EQ(entry.GetString("A"), size <= 255 ? text : "") << size;
+        std::vector<RegValue> values;
+        ASSERT_EQ(entry.QueryValues(values), 1);
+        EXPECT_TRUE(values[0].data == text) << "what is too long to be read is there all the same";
+    }
+}
+
+TEST_F(RegEntryTest, NamesOfValuesAtTheirLimits) {
+    RegEntry entry;
+    entry.CreateKey("T");
+    for (const std::size_t size : {0u, 1u, 255u, 256u, 16383u}) {
+        const std::string name(size, 'n');
+        entry.SetString(name, "x");
+        EXPECT_EQ(entry.GetString(name), "x") << size;
+    }
+    std::vector<RegValue> values;
+    EXPECT_EQ(entry.QueryValues(values), 5);
+    const std::string tooLong(16384, 'n');
+    EXPECT_THROW(entry.SetString(tooLong, "x"), NeskError);
+    EXPECT_EQ(entry.GetString(tooLong), "");
+    entry.DeleteValue(tooLong);
+    EXPECT_EQ(entry.QueryValues(values), 5);
+}
+
+TEST_F(RegEntryTest, NamesOfKeysAtTheirLimits) {
+    RegEntry entry;
+    const std::string longest(255, 'k');
+    entry.CreateKey("T\\" + longest);
+    entry.SetString("A", "x");
+    EXPECT_TRUE(entry.TestKey("T\\" + longest));
+    for (const std::size_t size : {256u, 16384u, 1'000'000u}) {
+        const std::string name(size, 'k');
+        EXPECT_FALSE(entry.TestKey("T\\" + name)) << size;
+        EXPECT_THROW(entry.OpenKey("T\\" + name), NeskError) << size;
+        EXPECT_THROW(entry.CreateKey("T\\" + name), NeskError) << size;
+        EXPECT_EQ(entry.GetString("A"), "") << "no key is open";
+    }
+    // The last level is copied and deleted although it is too long to be listed.
+    entry.OpenKey("");
+    entry.DeleteKey("T\\" + longest);
+    EXPECT_FALSE(entry.TestKey("T\\" + longest));
 }
 
 TEST_F(RegEntryTest, ValuesComeWithTheirTypes) {

@@ -69,6 +69,25 @@ TEST_F(RegistryListTest, AKeyWithoutSubkeysIsAnEmptyList) {
     EXPECT_EQ(list.KeyAt(0), "");
 }
 
+TEST_F(RegistryListTest, FiveHundredEntries) {
+    for (int i = 0; i < 500; ++i)
+        Add("Machines\\M" + std::to_string(10000 + i), "machine " + std::to_string(i));
+    const RegistryList list("Machines");
+    ASSERT_EQ(list.DisplayNames().size(), 500u);
+    EXPECT_EQ(list.DisplayNames().back(), "machine 499");
+    EXPECT_EQ(list.KeyAt(499), "Machines\\M10499");
+}
+
+TEST_F(RegistryListTest, EntriesWhoseNamesCannotBeShown) {
+    const std::string longest(255, 'x');
+    Add("Machines\\1", longest);
+    Add("Machines\\2", longest + "x");
+    Add("Machines\\3", "line\nbreak\ttab");
+    const RegistryList list("Machines");
+    EXPECT_EQ(list.DisplayNames(), (Texts{longest, "", "line\nbreak\ttab"}))
+        << "too long a text is read as none";
+}
+
 TEST_F(RegistryListTest, AMissingKeyIsReported) {
     Add("Users\\U1", "Smith");
     Expect();

@@ -5,9 +5,12 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <string>
+#include <string_view>
+#include <sys/stat.h>
 
 namespace nesk::platform {
 namespace {
@@ -158,6 +161,48 @@ TEST_F(ResourceLibraryTest, MissingFileIsNoLibrary) {
 TEST_F(ResourceLibraryTest, FolderIsNoLibrary) {
     Load("");
     EXPECT_EQ(0U, LoadModule("C:\\Bin"));
+}
+
+TEST_F(ResourceLibraryTest, AHundredThousandStrings) {
+    std::string lines;
+    for (int number = 1; number <= 100'000; ++number)
+        lines += std::to_string(number) + "\tText " + std::to_string(number) + "\n";
+    ASSERT_NE(0U, Load(lines));
+    EXPECT_EQ("Text 1", Read(1));
+    EXPECT_EQ("Text 100000", Read(100'000));
+    EXPECT_EQ("", Read(100'001));
+}
+
+// A library that was cut is none, unless it was cut between two lines.
+TEST_F(ResourceLibraryTest, CutAnywhere) {
+    const std::string whole =
+        formatLine + std::string("35001\tGeh\xC3\xA4use\n35002\tOne\\nTwo\n35003\tThree\n");
+    int loaded = 0;
+    for (std::size_t size = 0; size <= whole.size(); ++size) {
+        const bool wholeLines = size >= std::string_view(formatLine).size() && whole[size - 1] == '\n';
+        EXPECT_EQ(LoadFile(whole.substr(0, size)) != 0, wholeLines) << size;
+        loaded += wholeLines ? 1 : 0;
+    }
+    EXPECT_EQ(loaded, 4);
+}
+
+TEST_F(ResourceLibraryTest, WhatIsNoFileIsNoLibrary) {
+    Load("");
+    const std::filesystem::path file = TempStation::Host("C:\\Bin\\ENU35000.DLL");
+    std::filesystem::remove(file);
+    for (const std::filesystem::path& target : {std::filesystem::path("/dev/zero"), file}) {
+        std::filesystem::create_symlink(target, file);
+        EXPECT_EQ(0U, LoadModule("C:\\Bin\\ENU35000.DLL")) << target;
+        std::filesystem::remove(file);
+    }
+    ASSERT_EQ(0, ::mkfifo(file.c_str(), 0600));
+    EXPECT_EQ(0U, LoadModule("C:\\Bin\\ENU35000.DLL")) << "a pipe, and it does not wait";
+}
+
+TEST_F(ResourceLibraryTest, AFileOfTwoGigabytesIsNoLibrary) {
+    Load("35001\tOne\n");
+    std::filesystem::resize_file(TempStation::Host("C:\\Bin\\ENU35000.DLL"), 2'000'000'000);
+    EXPECT_EQ(0U, LoadModule("C:\\Bin\\ENU35000.DLL"));
 }
 
 struct Damaged {
