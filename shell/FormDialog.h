@@ -47,10 +47,10 @@ protected:
     void Accept() { EndModal(wxID_OK); }
 
     /// A button with a text by number. `name` is its control name.
-    wxButton* NewButton(wxWindow* parent, const char* name, int textId);
+    static wxButton* NewButton(wxWindow* parent, const char* name, int textId);
 
     /// A label with a text by number; its access key belongs to the control that is made next.
-    wxStaticText* NewLabel(wxWindow* parent, const char* name, int textId);
+    static wxStaticText* NewLabel(wxWindow* parent, const char* name, int textId);
 
     /// A text box of one line.
     wxTextCtrl* NewTextBox(wxWindow* parent, const char* name);

@@ -108,7 +108,7 @@ void FormMain::BuildMenuBar() {
     wxMenu* menu = nullptr;
     int menuText = 0;
     for (const MainCommandInfo& info : MainCommandTable()) {
-        if (info.menu != menuText) {
+        if (menu == nullptr || info.menu != menuText) {
             menuText = info.menu;
             menu = new wxMenu;
             bar->Append(menu, ResText(menuText));

@@ -15,7 +15,6 @@
 namespace nesk {
 
 using modUtilities::FromWx;
-using modUtilities::ResText;
 using modUtilities::ToWx;
 
 void FormMain::OnBeginLabelEdit(wxTreeEvent& event) {
