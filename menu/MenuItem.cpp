@@ -12,6 +12,15 @@
 
 namespace nesk {
 
+namespace {
+
+// Nearly all items are of one of two types, whose names need no room in the arena.
+constexpr KeptText Part = KeptText::Counted("\14Part Program");
+constexpr KeptText Submenu = KeptText::Counted("\4Menu");
+static_assert(Part == MenuItem::PartType && Submenu == MenuItem::SubmenuType);
+
+} // namespace
+
 std::unique_ptr<MenuItem> MenuItem::Create(MenuEntry& parent) {
     std::unique_ptr<MenuItem> item(new (*parent.m_arena) MenuItem);
     item->Initialize(parent);
@@ -33,7 +42,7 @@ const std::string& MenuItem::RootDirectory() const {
 }
 
 bool MenuItem::IsPart() const {
-    return m_menuType.starts_with('P') || m_menuType.starts_with('p');
+    return MenuType().starts_with('P') || MenuType().starts_with('p');
 }
 
 bool MenuItem::MoveUp() {
@@ -44,12 +53,11 @@ bool MenuItem::MoveDown() {
     return m_parent != nullptr && m_parent->SubMenus().MoveDown(*this);
 }
 
-// Nearly all items are of one of two types, whose names need no room in the arena.
 void MenuItem::SetMenuType(std::string_view value) {
     if (value == PartType)
-        m_menuType = PartType;
+        m_menuType = Part;
     else if (value == SubmenuType)
-        m_menuType = SubmenuType;
+        m_menuType = Submenu;
     else
         m_menuType = Kept(value);
 }
@@ -71,7 +79,7 @@ void MenuItem::SetFromFile(const BlockParser& parser) {
 }
 
 void MenuItem::RegisterHistory() const {
-    if (!m_historyDir.empty()) HistoryList::Append(std::string(m_historyDir), std::string(m_historyTitle));
+    if (!HistoryDir().empty()) HistoryList::Append(std::string(HistoryDir()), std::string(HistoryTitle()));
 }
 
 void MenuItem::LoadFromFile(BlockParser& parser) {
