@@ -11,6 +11,9 @@ namespace nesk {
 
 namespace {
 
+// What this program ends lines with.
+constexpr std::string_view LineEnd = "\r\n";
+
 // A tab counts as a blank.
 bool IsBlank(char c) {
     return c == ' ' || c == '\t';
@@ -83,7 +86,24 @@ bool BlockParser::ReadLine(LineReader::Line& line) {
     return m_reader->Next(line);
 }
 
+// The token of the next line, when that is one of two which need not be taken apart: the end of a block, or
+// the same start of one as before.
+std::optional<std::int16_t> BlockParser::NextIsUsual() {
+    static constexpr LineScan::LineStart end("END", LineEnd);
+    if (!m_reader || m_currentLine == LastLine) return std::nullopt;
+    std::optional<std::int16_t> token;
+    if (m_reader->SkipInBlock(end)) {
+        token = TokenEndBlock;
+    } else if (m_blockStart && m_reader->SkipInBlock(*m_blockStart)) {
+        token = TokenStartBlock;
+        m_expected = 0;
+    }
+    if (token) ++m_currentLine;
+    return token;
+}
+
 std::int16_t BlockParser::GetAnyToken() {
+    if (const auto token = NextIsUsual()) return *token;
     LineReader::Line line;
     do {
         if (!ReadLine(line)) return TokenEndFile;
@@ -104,7 +124,7 @@ bool BlockParser::ParseKeyValue(const LineReader::Line& line) {
     m_key = TrimRight({line.first, static_cast<std::size_t>(line.equals - line.first)});
     m_value = TrimLeft({line.equals + 1, static_cast<std::size_t>(line.last - line.equals - 1)});
     // Files that this program writes need nothing of this for nearly all of their lines.
-    if (m_key.size() > LineScan::LongestKey || LineScan::HasLowerCase(m_key.data(), m_key.size()) ||
+    if (m_key.size() > LineScan::LongestStart || LineScan::HasLowerCase(m_key.data(), m_key.size()) ||
         !(line.isPlain || MenuText::IsPlain(m_key))) {
         m_keyText = platform::ToUpper(platform::FromAnsi(ExpandTabs(m_key)));
         m_key = m_keyText;
@@ -137,6 +157,8 @@ bool BlockParser::ParseBlock(std::string_view line) {
     m_blockType = platform::ToUpper(platform::FromAnsi(TakeWord(rest)));
     m_blockName = platform::FromAnsi(TakeWord(rest));
     m_blockLine = line;
+    m_blockStart.reset();
+    if (line.size() + LineEnd.size() <= LineScan::LongestStart) m_blockStart.emplace(line, LineEnd);
     return true;
 }
 

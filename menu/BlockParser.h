@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -77,6 +78,7 @@ private:
     static constexpr std::int32_t LastLine = std::numeric_limits<std::int32_t>::max();
 
     std::int16_t GetAnyToken();
+    std::optional<std::int16_t> NextIsUsual();
     static std::string ExpandTabs(std::string_view source);
     bool ParseKeyValue(const LineReader::Line& line);
     static bool ParseEnd(std::string_view line);
@@ -95,7 +97,8 @@ private:
     std::string_view m_value;
     std::string m_keyText;
     std::string m_valueText;
-    std::string m_blockLine; // of which the next two are parts
+    std::string m_blockLine;                         // of which the next two are parts
+    std::optional<LineScan::LineStart> m_blockStart; // that line and its end
     std::string m_blockName;
     std::string m_blockType;
     std::int32_t m_currentLine = 0;

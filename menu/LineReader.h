@@ -60,6 +60,15 @@ public:
         return true;
     }
 
+    /// Takes the next line when it is this text, which includes its end, behind blanks and tabs alone, and
+    /// the block at hand holds all of it.
+    bool SkipInBlock(const LineScan::LineStart& line) {
+        const char* const first = LineScan::SkipBlanks(m_at);
+        if (!LineScan::StartsWith(first, line)) return false;
+        m_at = first + line.length;
+        return true;
+    }
+
     /// The next line; reads on when the block at hand does not hold all of it, and lines given before are no
     /// longer valid then. False at the end of the file, and then on every further call. Raises the run-time
     /// error of a failed read and OutOfMemory for a line that is longer than LongestLine.

@@ -16,19 +16,24 @@ namespace nesk::LineScan {
 /// Room that must be readable behind the last byte looked at.
 constexpr std::size_t Padding = 64;
 
-/// Longest text that HasLowerCase can look at.
-constexpr std::size_t LongestKey = 16;
+/// Longest text that HasLowerCase and StartsWith can look at.
+constexpr std::size_t LongestStart = 16;
 
-/// A key with the "=" behind it, ready to be compared with the start of a line.
-struct Key {
-    std::array<char, LongestKey> bytes{}; // zeros behind them
-    std::size_t length = 0;               // with the "="
+/// What a line may begin with, ready to be compared with.
+struct LineStart {
+    std::array<char, LongestStart> bytes{}; // zeros behind them
+    std::size_t length = 0;
 
-    /// @param name  shorter than LongestKey
-    explicit constexpr Key(std::string_view name) : length(name.size() + 1) {
-        std::copy(name.begin(), name.end(), bytes.begin());
-        bytes[name.size()] = '=';
+    /// Two texts one behind the other, of LongestStart characters at most.
+    constexpr LineStart(std::string_view text, std::string_view behind)
+        : length(text.size() + behind.size()) {
+        std::copy(behind.begin(), behind.end(), std::copy(text.begin(), text.end(), bytes.begin()));
     }
+};
+
+/// A key and the "=" behind it.
+struct Key : LineStart {
+    explicit constexpr Key(std::string_view name) : LineStart(name, "=") {}
 
     constexpr std::string_view Name() const { return {bytes.data(), length - 1}; }
 };
@@ -45,10 +50,10 @@ inline std::uint32_t Bits(__m128i lanes) {
     return static_cast<std::uint32_t>(_mm_movemask_epi8(lanes));
 }
 
-// The characters at `at` that are not printable ASCII. Bytes from 80 are negative here, so that one
-// comparison finds them and the control characters.
-inline std::uint64_t Special(const char* at) {
-    return Bits(_mm_cmplt_epi8(Load(at), _mm_set1_epi8(' ')));
+// The characters at `at` that are printable ASCII. Bytes from 80 are negative here, so that one comparison
+// leaves them out with the control characters.
+inline std::uint64_t Printable(const char* at) {
+    return Bits(_mm_cmpgt_epi8(Load(at), _mm_set1_epi8(' ' - 1)));
 }
 
 } // namespace Detail
@@ -69,16 +74,18 @@ inline const char* SkipPrintable(const char* first) {
     // Nearly all lines are shorter than this step: a loop that ends now here, now there, costs more than the
     // characters that are looked at in vain.
     for (;; first += 64) {
-        const std::uint64_t special = Detail::Special(first) | Detail::Special(first + 16) << 16 |
-                                      Detail::Special(first + 32) << 32 | Detail::Special(first + 48) << 48;
-        if (special != 0) return first + std::countr_zero(special);
+        const std::uint64_t printable = Detail::Printable(first) | Detail::Printable(first + 16) << 16 |
+                                        Detail::Printable(first + 32) << 32 |
+                                        Detail::Printable(first + 48) << 48;
+        if (const std::uint64_t special = ~printable; special != 0) return first + std::countr_zero(special);
     }
 }
 
-/// Whether the characters at `at` are this key and its "=".
-inline bool StartsWith(const char* at, const Key& key) {
-    const std::uint32_t same = Detail::Bits(_mm_cmpeq_epi8(Detail::Load(at), Detail::Load(key.bytes.data())));
-    return (~same & ((std::uint32_t{1} << key.length) - 1)) == 0;
+/// Whether these are the characters at `at`.
+inline bool StartsWith(const char* at, const LineStart& start) {
+    const std::uint32_t same =
+        Detail::Bits(_mm_cmpeq_epi8(Detail::Load(at), Detail::Load(start.bytes.data())));
+    return (~same & ((std::uint32_t{1} << start.length) - 1)) == 0;
 }
 
 /// The first "=" of a text; `last` when it has none.
@@ -102,7 +109,7 @@ inline const char* FindLineEnd(const char* first, const char* last) {
     return last;
 }
 
-/// Whether a text, of LongestKey characters at most, has a small letter.
+/// Whether a text, of LongestStart characters at most, has a small letter.
 inline bool HasLowerCase(const char* first, std::size_t length) {
     const __m128i bytes = Detail::Load(first);
     const std::uint32_t small = Detail::Bits(_mm_and_si128(_mm_cmpgt_epi8(bytes, _mm_set1_epi8('a' - 1)),
@@ -124,8 +131,8 @@ inline const char* SkipPrintable(const char* first) {
     return first;
 }
 
-inline bool StartsWith(const char* at, const Key& key) {
-    return std::equal(at, at + key.length, key.bytes.begin());
+inline bool StartsWith(const char* at, const LineStart& start) {
+    return std::equal(at, at + start.length, start.bytes.begin());
 }
 
 inline const char* FindEquals(const char* first, const char* last) {

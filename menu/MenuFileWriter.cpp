@@ -93,7 +93,7 @@ void MenuFileWriter::WriteItem(const MenuItem& item, std::size_t level) {
 
 // Makes room for a line with a key and `length` characters more, and writes its indent.
 inline char* MenuFileWriter::BeginLine(std::size_t level, std::size_t length) {
-    constexpr std::size_t around = DeepestIndent + LineScan::LongestKey + LineScan::Padding;
+    constexpr std::size_t around = DeepestIndent + LineScan::LongestStart + LineScan::Padding;
     if (length + around > m_buffer.size() - m_used) MakeRoom(length + around);
     char* const at = m_buffer.data() + m_used;
     // Always as many: that takes less than counting.

@@ -12,7 +12,7 @@ namespace nesk {
 
 namespace {
 
-constexpr std::size_t FirstRoom = 8;
+constexpr std::size_t FirstRoom = 4;
 
 } // namespace
 
