@@ -19,6 +19,7 @@ namespace nesk {
 namespace {
 
 const std::string Source = "Menu.SaveToFile";
+constexpr std::string_view LineEnd = "\r\n";
 constexpr std::size_t BufferSize = std::size_t{1} << 18;
 // Readers skip the tabs. Deeper than this they would only make the file grow with the square of its depth.
 constexpr std::size_t DeepestIndent = 64;
@@ -93,7 +94,7 @@ void MenuFileWriter::WriteItem(const MenuItem& item, std::size_t level) {
 
 // Makes room for a line with a key and `length` characters more, and writes its indent.
 inline char* MenuFileWriter::BeginLine(std::size_t level, std::size_t length) {
-    constexpr std::size_t around = DeepestIndent + LineScan::LongestStart + LineScan::Padding;
+    constexpr std::size_t around = DeepestIndent + LineScan::LongestStart + LineEnd.size();
     if (length + around > m_buffer.size() - m_used) MakeRoom(length + around);
     char* const at = m_buffer.data() + m_used;
     // Always as many: that takes less than counting.
@@ -103,9 +104,7 @@ inline char* MenuFileWriter::BeginLine(std::size_t level, std::size_t length) {
 
 // Ends the line that was begun; only now it counts as written.
 inline void MenuFileWriter::EndLine(char* end) {
-    end[0] = '\r';
-    end[1] = '\n';
-    m_used = static_cast<std::size_t>(end + 2 - m_buffer.data());
+    m_used = static_cast<std::size_t>(Put(end, LineEnd) - m_buffer.data());
 }
 
 void MenuFileWriter::WriteNumber(std::size_t level, MenuKey key, std::int32_t number) {
@@ -115,14 +114,14 @@ void MenuFileWriter::WriteNumber(std::size_t level, MenuKey key, std::int32_t nu
 }
 
 void MenuFileWriter::WriteValue(std::size_t level, MenuKey key, std::string_view text) {
-    char* const value = Put(BeginLine(level, text.size()), key);
-    char* const end = Put(value, text);
-    *end = '\r';
-    // Looked at where it stands now: nearly every text may stay as it is.
-    if (LineScan::SkipPrintable(value) == end) return EndLine(end);
+    if (MenuText::IsPlain(text)) return WriteBytes(level, key, text);
     // A value that broke out of its line would make the whole file unreadable.
-    if (text.find_first_of("\r\n") != std::string_view::npos) MenuText::Check(text, Source);
-    const std::string bytes = MenuText::Encode(text, Source);
+    if (std::any_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }))
+        MenuText::Check(text, Source);
+    WriteBytes(level, key, MenuText::Encode(text, Source));
+}
+
+void MenuFileWriter::WriteBytes(std::size_t level, MenuKey key, std::string_view bytes) {
     EndLine(Put(Put(BeginLine(level, bytes.size()), key), bytes));
 }
 

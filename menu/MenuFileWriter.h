@@ -34,6 +34,7 @@ private:
     void WriteItem(const MenuItem& item, std::size_t level);
     void WriteNumber(std::size_t level, MenuKey key, std::int32_t number);
     void WriteValue(std::size_t level, MenuKey key, std::string_view text);
+    void WriteBytes(std::size_t level, MenuKey key, std::string_view bytes);
     void WriteLine(std::size_t level, std::string_view text);
     char* BeginLine(std::size_t level, std::size_t length);
     void EndLine(char* end);
