@@ -8,6 +8,36 @@
 
 namespace nesk {
 
+/// A text in an arena. It is as large as an address: the text's length stands in front of the text.
+class KeptText {
+public:
+    /// The empty text.
+    constexpr KeptText() = default;
+
+    /// A text that lies in no arena.
+    /// @param counted  its length as one byte below LongLength, and the text
+    static constexpr KeptText Counted(const char* counted) { return KeptText(counted); }
+
+    constexpr operator std::string_view() const {
+        if (m_at == nullptr) return {};
+        const auto length = static_cast<unsigned char>(*m_at);
+        if (length < LongLength) return {m_at + 1, length};
+        std::size_t longer = 0;
+        std::memcpy(&longer, m_at + 1, sizeof longer);
+        return {m_at + 1 + sizeof longer, longer};
+    }
+
+private:
+    friend class Arena;
+
+    // This in the place of the length: the length follows in full.
+    static constexpr unsigned char LongLength = 255;
+
+    explicit constexpr KeptText(const char* at) : m_at(at) {}
+
+    const char* m_at = nullptr; // at the length
+};
+
 /// Memory that is taken bit by bit and released all together: what is put into it lies one behind the other
 /// in large blocks, stays where it is, and keeps its place, wanted or not, as long as the arena.
 class Arena {
@@ -28,11 +58,16 @@ public:
     }
 
     /// Copies a text into the arena.
-    std::string_view Keep(std::string_view text) {
+    KeptText Keep(std::string_view text) {
         if (text.empty()) return {};
-        auto* const room = static_cast<char*>(Allocate(text.size(), 1));
-        std::memcpy(room, text.data(), text.size());
-        return {room, text.size()};
+        const bool isLong = text.size() >= KeptText::LongLength;
+        const std::size_t front = isLong ? 1 + sizeof(std::size_t) : 1;
+        auto* const room = static_cast<char*>(Allocate(front + text.size(), 1));
+        const std::size_t length = text.size();
+        *room = static_cast<char>(isLong ? KeptText::LongLength : length);
+        if (isLong) std::memcpy(room + 1, &length, sizeof length);
+        std::memcpy(room + front, text.data(), length);
+        return KeptText(room);
     }
 
 private:

@@ -6,11 +6,13 @@
 #include "shell/NeskError.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace nesk {
 
 namespace {
+
+// What this program ends lines with.
+constexpr std::string_view LineEnd = "\r\n";
 
 // A tab counts as a blank.
 bool IsBlank(char c) {
@@ -36,9 +38,6 @@ std::string_view TakeWord(std::string_view& text) {
     text = TrimLeft(text.substr(word.size()));
     return word;
 }
-
-// Longer keys are converted whether they need it or not.
-constexpr std::size_t LongestPlainKey = LineScan::Padding;
 
 bool LiesIn(std::string_view text, const std::string& holder) {
     return text.data() >= holder.data() && text.data() <= holder.data() + holder.size();
@@ -87,11 +86,28 @@ bool BlockParser::ReadLine(LineReader::Line& line) {
     return m_reader->Next(line);
 }
 
-std::int16_t BlockParser::GetToken() {
+// The token of the next line, when that is one of two which need not be taken apart: the end of a block, or
+// the same start of one as before.
+std::optional<std::int16_t> BlockParser::NextIsUsual() {
+    static constexpr LineScan::LineStart end("END", LineEnd);
+    if (!m_reader || m_currentLine == LastLine) return std::nullopt;
+    std::optional<std::int16_t> token;
+    if (m_reader->SkipInBlock(end)) {
+        token = TokenEndBlock;
+    } else if (m_blockStart && m_reader->SkipInBlock(*m_blockStart)) {
+        token = TokenStartBlock;
+        m_expected = 0;
+    }
+    if (token) ++m_currentLine;
+    return token;
+}
+
+std::int16_t BlockParser::GetAnyToken() {
+    if (const auto token = NextIsUsual()) return *token;
     LineReader::Line line;
     do {
         if (!ReadLine(line)) return TokenEndFile;
-        if (m_currentLine == std::numeric_limits<std::int32_t>::max())
+        if (m_currentLine == LastLine)
             throw NeskError(RuntimeError::Overflow, "BlockParse.GetToken", Message::CounterOverflow,
                             {std::to_string(m_currentLine)});
         ++m_currentLine;
@@ -108,8 +124,8 @@ bool BlockParser::ParseKeyValue(const LineReader::Line& line) {
     m_key = TrimRight({line.first, static_cast<std::size_t>(line.equals - line.first)});
     m_value = TrimLeft({line.equals + 1, static_cast<std::size_t>(line.last - line.equals - 1)});
     // Files that this program writes need nothing of this for nearly all of their lines.
-    if (!line.isPlain || m_key.size() > LongestPlainKey ||
-        LineScan::HasLowerCase(m_key.data(), m_key.size())) {
+    if (m_key.size() > LineScan::LongestStart || LineScan::HasLowerCase(m_key.data(), m_key.size()) ||
+        !(line.isPlain || MenuText::IsPlain(m_key))) {
         m_keyText = platform::ToUpper(platform::FromAnsi(ExpandTabs(m_key)));
         m_key = m_keyText;
     }
@@ -117,7 +133,15 @@ bool BlockParser::ParseKeyValue(const LineReader::Line& line) {
         m_valueText = platform::FromAnsi(ExpandTabs(m_value));
         m_value = m_valueText;
     }
+    FindKeyIndex();
     return true;
+}
+
+void BlockParser::FindKeyIndex() {
+    const auto found = std::find_if(m_keys.begin(), m_keys.end(),
+                                    [this](const LineScan::Key& key) { return key.Name() == m_key; });
+    m_keyIndex = found != m_keys.end() ? static_cast<std::size_t>(found - m_keys.begin()) : UnknownKey;
+    m_expected = m_keyIndex + 1;
 }
 
 bool BlockParser::ParseEnd(std::string_view line) {
@@ -125,6 +149,7 @@ bool BlockParser::ParseEnd(std::string_view line) {
 }
 
 bool BlockParser::ParseBlock(std::string_view line) {
+    m_expected = 0;
     // Most blocks begin with the same line as the one before.
     if (line == m_blockLine) return true;
     std::string_view rest = line;
@@ -132,6 +157,8 @@ bool BlockParser::ParseBlock(std::string_view line) {
     m_blockType = platform::ToUpper(platform::FromAnsi(TakeWord(rest)));
     m_blockName = platform::FromAnsi(TakeWord(rest));
     m_blockLine = line;
+    m_blockStart.reset();
+    if (line.size() + LineEnd.size() <= LineScan::LongestStart) m_blockStart.emplace(line, LineEnd);
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/FileSystem.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <memory>
 #include <vector>
@@ -37,9 +38,8 @@ void FileFingerprint::AddWords(const char* words) {
         std::uint64_t word = 0;
         std::memcpy(&word, words, sizeof word);
         words += sizeof word;
-        hash = (hash ^ word) * 0x9E3779B97F4A7C15;
         // A product's upper half depends on all that went into it, its lower half does not.
-        hash ^= hash >> 32;
+        hash = std::rotl((hash ^ word) * 0x9E3779B97F4A7C15, 32);
     }
 }
 

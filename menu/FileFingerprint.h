@@ -29,10 +29,11 @@ private:
     void AddWords(const char* words);
 
     std::uint64_t m_size = 0;
-    // Two sums side by side, which a processor can work on at the same time.
-    std::array<std::uint64_t, 2> m_hash{14695981039346656037u, 9650029242287828579u};
+    // Four sums side by side, which a processor can work on at the same time.
+    std::array<std::uint64_t, 4> m_hash{14695981039346656037u, 9650029242287828579u, 0x2545F4914F6CDD1D,
+                                        0xD6E8FEB86659FD93};
     // Bytes that are not in the sums yet; zeros behind them.
-    std::array<char, 16> m_rest{};
+    std::array<char, 32> m_rest{};
 };
 
 } // namespace nesk

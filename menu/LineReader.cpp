@@ -13,10 +13,6 @@ namespace {
 
 constexpr std::size_t BlockSize = std::size_t{1} << 18;
 
-bool IsLineEnd(char c) {
-    return c == '\n' || c == '\r';
-}
-
 } // namespace
 
 LineReader::LineReader(const std::string& path)
@@ -30,7 +26,7 @@ LineReader::LineReader(const std::string& path)
 }
 
 bool LineReader::TakeAnyLine(Line& line) {
-    const char* const end = std::find_if(std::max(m_at, m_searched), m_end, IsLineEnd);
+    const char* const end = LineScan::FindLineEnd(std::max(m_at, m_searched), m_end);
     m_searched = end;
     if (end == m_end) return false;
     const char* next = end + 1;
@@ -50,7 +46,7 @@ LineReader::Line LineReader::LineTo(const char* end) const {
         ++line.first;
     while (line.last > line.first && IsBlank(line.last[-1]))
         --line.last;
-    line.equals = std::find(line.first, line.last, '=');
+    line.equals = LineScan::FindEquals(line.first, line.last);
     return line;
 }
 

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace nesk {
@@ -32,12 +33,39 @@ public:
     bool NextInBlock(Line& line) {
         // The lines that this program writes nearly all end here: printable ASCII, then CR LF.
         const char* const first = LineScan::SkipBlanks(m_at);
-        const LineScan::Run run = LineScan::FindRun(first);
-        if (run.end[0] != '\r' || run.end[1] != '\n') return TakeAnyLine(line);
-        line = {first, run.end, run.equals, true};
-        while (line.last > first && line.last[-1] == ' ')
-            --line.last;
-        m_at = run.end + 2;
+        const char* last = LineScan::SkipPrintable(first);
+        if (last[0] != '\r' || last[1] != '\n') return TakeAnyLine(line);
+        m_at = last + 2;
+        while (last > first && last[-1] == ' ')
+            --last;
+        line = {first, last, LineScan::FindEquals(first, last), true};
+        return true;
+    }
+
+    /// The value of the next line, without the blanks and tabs around it, when the block at hand holds all of
+    /// that line and it is the given key, directly behind it "=", printable ASCII and CR LF. Otherwise no
+    /// line is taken.
+    bool NextValueInBlock(const LineScan::Key& key, std::string_view& value) {
+        const char* first = LineScan::SkipBlanks(m_at);
+        if (!LineScan::StartsWith(first, key)) return false;
+        first += key.length;
+        const char* last = LineScan::SkipPrintable(first);
+        if (last[0] != '\r' || last[1] != '\n') return false;
+        m_at = last + 2;
+        while (first < last && *first == ' ')
+            ++first;
+        while (first < last && last[-1] == ' ')
+            --last;
+        value = {first, static_cast<std::size_t>(last - first)};
+        return true;
+    }
+
+    /// Takes the next line when it is this text, which includes its end, behind blanks and tabs alone, and
+    /// the block at hand holds all of it.
+    bool SkipInBlock(const LineScan::LineStart& line) {
+        const char* const first = LineScan::SkipBlanks(m_at);
+        if (!LineScan::StartsWith(first, line)) return false;
+        m_at = first + line.length;
         return true;
     }
 

@@ -4,6 +4,7 @@
 #include "menu/MenuFileWriter.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
+#include "menu/MenuKeys.h"
 #include "platform/ErrorCode.h"
 #include "platform/Registry.h"
 #include "shell/FileErrors.h"
@@ -44,7 +45,7 @@ void Menu::LoadFromFile(const std::string& sFile) {
                                    modMessageBox::Option::Exclamation);
         return;
     }
-    BlockParser parser;
+    BlockParser parser(MenuKeys);
     // Histories are registered as they are met, which may be thousands of times.
     platform::RegistryGroup histories(platform::StationRegistry());
     try {
@@ -66,9 +67,9 @@ void Menu::ReadBlocks(BlockParser& parser, const std::string& sFile) {
     while (reading) {
         switch (parser.GetToken()) {
         case BlockParser::TokenKeyValue:
-            if (parser.Key() == "CAPTION")
+            if (parser.KeyIndex() == static_cast<std::size_t>(MenuKey::Caption))
                 SetCaption(parser.Value());
-            else if (parser.Key() == "GRAPHIC")
+            else if (parser.KeyIndex() == static_cast<std::size_t>(MenuKey::Graphic))
                 SetGraphic(parser.Value());
             break;
         case BlockParser::TokenStartBlock:

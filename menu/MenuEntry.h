@@ -69,7 +69,7 @@ protected:
     void SetArena(Arena& arena) { m_arena = &arena; }
 
     /// A copy of the text in the arena.
-    std::string_view Kept(std::string_view text) const { return m_arena->Keep(text); }
+    KeptText Kept(std::string_view text) const { return m_arena->Keep(text); }
 
     /// Ends the lives of all entries below this one.
     void ReleaseChildren();
@@ -81,8 +81,8 @@ private:
     friend class MenuItem; // which lies in its parent's arena
 
     Arena* m_arena = nullptr;
-    std::string_view m_caption;
-    std::string_view m_graphic;
+    KeptText m_caption;
+    KeptText m_graphic;
     std::unique_ptr<MenuItemCollection> m_subMenus;
     std::int32_t m_nextCounter = 1;
 };

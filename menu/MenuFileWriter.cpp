@@ -1,11 +1,17 @@
 #include "menu/MenuFileWriter.h"
 
+#include "menu/LineScan.h"
 #include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
+#include "menu/MenuKeys.h"
 #include "menu/MenuText.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstring>
+#include <limits>
 #include <vector>
 
 namespace nesk {
@@ -13,9 +19,21 @@ namespace nesk {
 namespace {
 
 const std::string Source = "Menu.SaveToFile";
+constexpr std::string_view LineEnd = "\r\n";
 constexpr std::size_t BufferSize = std::size_t{1} << 18;
 // Readers skip the tabs. Deeper than this they would only make the file grow with the square of its depth.
 constexpr std::size_t DeepestIndent = 64;
+
+char* Put(char* at, std::string_view text) {
+    return std::copy(text.begin(), text.end(), at);
+}
+
+// Copies what a key has room for, which is one move, and goes behind the key.
+char* Put(char* at, MenuKey key) {
+    const LineScan::Key& name = MenuKeys[static_cast<std::size_t>(key)];
+    std::copy(name.bytes.begin(), name.bytes.end(), at);
+    return at + name.length;
+}
 
 } // namespace
 
@@ -38,8 +56,8 @@ FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& back
 
 void MenuFileWriter::WriteTree() {
     WriteLine(0, "BLOCK MENU");
-    WriteValue(1, "CAPTION=", m_menu.Caption());
-    WriteValue(1, "GRAPHIC=", m_menu.Graphic());
+    WriteValue(1, MenuKey::Caption, m_menu.Caption());
+    WriteValue(1, MenuKey::Graphic, m_menu.Graphic());
     // The entries whose blocks are open and how many of their children are written. No recursion: a menu may
     // be nested deeper than the machine stack could follow.
     struct Open {
@@ -62,37 +80,59 @@ void MenuFileWriter::WriteTree() {
 
 void MenuFileWriter::WriteItem(const MenuItem& item, std::size_t level) {
     WriteLine(level, "BLOCK SUBMENU");
-    WriteValue(level + 1, "CAPTION=", item.Caption());
-    WriteValue(level + 1, "GRAPHIC=", item.Graphic());
-    WriteValue(level + 1, "PREVIEW=", item.Preview());
-    WriteValue(level + 1, "HELPFILE=", item.HelpFile());
-    WriteLine(level + 1, "HELPTOPIC=", std::to_string(item.HelpTopic()));
-    WriteValue(level + 1, "MENUTYPE=", item.MenuType());
-    WriteValue(level + 1, "PROGRAMID=", item.ProgramID());
-    WriteValue(level + 1, "HISTORY_DIR=", item.HistoryDir());
-    WriteValue(level + 1, "HISTORY_TITLE=", item.HistoryTitle());
+    ++level;
+    WriteValue(level, MenuKey::Caption, item.Caption());
+    WriteValue(level, MenuKey::Graphic, item.Graphic());
+    WriteValue(level, MenuKey::Preview, item.Preview());
+    WriteValue(level, MenuKey::HelpFile, item.HelpFile());
+    WriteNumber(level, MenuKey::HelpTopic, item.HelpTopic());
+    WriteValue(level, MenuKey::MenuType, item.MenuType());
+    WriteValue(level, MenuKey::ProgramId, item.ProgramID());
+    WriteValue(level, MenuKey::HistoryDir, item.HistoryDir());
+    WriteValue(level, MenuKey::HistoryTitle, item.HistoryTitle());
 }
 
-void MenuFileWriter::WriteValue(std::size_t level, std::string_view key, std::string_view text) {
-    if (MenuText::IsPlain(text)) return WriteLine(level, key, text);
+// Makes room for a line with a key and `length` characters more, and writes its indent.
+inline char* MenuFileWriter::BeginLine(std::size_t level, std::size_t length) {
+    constexpr std::size_t around = DeepestIndent + LineScan::LongestStart + LineEnd.size();
+    if (length + around > m_buffer.size() - m_used) MakeRoom(length + around);
+    char* const at = m_buffer.data() + m_used;
+    // Always as many: that takes less than counting.
+    std::memset(at, '\t', DeepestIndent);
+    return at + std::min(level, DeepestIndent);
+}
+
+// Ends the line that was begun; only now it counts as written.
+inline void MenuFileWriter::EndLine(char* end) {
+    m_used = static_cast<std::size_t>(Put(end, LineEnd) - m_buffer.data());
+}
+
+void MenuFileWriter::WriteNumber(std::size_t level, MenuKey key, std::int32_t number) {
+    std::array<char, std::numeric_limits<std::int32_t>::digits10 + 2> digits{};
+    const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    WriteValue(level, key, {digits.data(), static_cast<std::size_t>(end - digits.data())});
+}
+
+void MenuFileWriter::WriteValue(std::size_t level, MenuKey key, std::string_view text) {
+    if (MenuText::IsPlain(text)) return WriteBytes(level, key, text);
     // A value that broke out of its line would make the whole file unreadable.
-    if (text.find_first_of("\r\n") != std::string_view::npos) MenuText::Check(text, Source);
-    WriteLine(level, key, MenuText::Encode(text, Source));
+    if (std::any_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }))
+        MenuText::Check(text, Source);
+    WriteBytes(level, key, MenuText::Encode(text, Source));
 }
 
-void MenuFileWriter::WriteLine(std::size_t level, std::string_view text, std::string_view rest) {
-    const std::size_t tabs = std::min(level, DeepestIndent);
-    const std::size_t length = tabs + text.size() + rest.size() + 2;
-    if (length > m_buffer.size() - m_used) FlushBuffer();
+void MenuFileWriter::WriteBytes(std::size_t level, MenuKey key, std::string_view bytes) {
+    EndLine(Put(Put(BeginLine(level, bytes.size()), key), bytes));
+}
+
+void MenuFileWriter::WriteLine(std::size_t level, std::string_view text) {
+    EndLine(Put(BeginLine(level, text.size()), text));
+}
+
+void MenuFileWriter::MakeRoom(std::size_t size) {
+    FlushBuffer();
     // Only a line with a very long value: the buffer grows with it.
-    if (length > m_buffer.size()) m_buffer.resize(length);
-    char* at = m_buffer.data() + m_used;
-    m_used += length;
-    at = std::fill_n(at, tabs, '\t');
-    at = std::copy(text.begin(), text.end(), at);
-    at = std::copy(rest.begin(), rest.end(), at);
-    at[0] = '\r';
-    at[1] = '\n';
+    if (size > m_buffer.size()) m_buffer.resize(size);
 }
 
 void MenuFileWriter::FlushBuffer() {

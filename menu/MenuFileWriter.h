@@ -4,6 +4,7 @@
 #include "shell/SafeFile.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,7 @@ namespace nesk {
 
 class Menu;
 class MenuItem;
+enum class MenuKey : std::size_t;
 
 /// Where the version before a save is kept: the file's name and ".bak".
 Backup BackupOf(const std::string& path);
@@ -30,8 +32,13 @@ public:
 private:
     void WriteTree();
     void WriteItem(const MenuItem& item, std::size_t level);
-    void WriteValue(std::size_t level, std::string_view key, std::string_view text);
-    void WriteLine(std::size_t level, std::string_view text, std::string_view rest = {});
+    void WriteNumber(std::size_t level, MenuKey key, std::int32_t number);
+    void WriteValue(std::size_t level, MenuKey key, std::string_view text);
+    void WriteBytes(std::size_t level, MenuKey key, std::string_view bytes);
+    void WriteLine(std::size_t level, std::string_view text);
+    char* BeginLine(std::size_t level, std::size_t length);
+    void EndLine(char* end);
+    void MakeRoom(std::size_t size);
     void FlushBuffer();
 
     Menu& m_menu;

@@ -3,30 +3,29 @@
 #include "menu/BlockParser.h"
 #include "menu/HistoryList.h"
 #include "menu/MenuItemCollection.h"
+#include "menu/MenuKeys.h"
 #include "shell/Messages.h"
 #include "shell/NeskError.h"
 #include "shell/modConvert.h"
 
-#include <cstring>
 #include <utility>
 
 namespace nesk {
+
+namespace {
+
+// Nearly all items are of one of two types, whose names need no room in the arena.
+constexpr KeptText Part = KeptText::Counted("\14Part Program");
+constexpr KeptText Submenu = KeptText::Counted("\4Menu");
+static_assert(Part == MenuItem::PartType && Submenu == MenuItem::SubmenuType);
+
+} // namespace
 
 std::unique_ptr<MenuItem> MenuItem::Create(MenuEntry& parent) {
     std::unique_ptr<MenuItem> item(new (*parent.m_arena) MenuItem);
     item->Initialize(parent);
     return item;
 }
-
-namespace {
-
-// Compares with a word of the length that is known to be the same.
-template <std::size_t Size>
-bool Is(std::string_view key, const char (&word)[Size]) {
-    return std::memcmp(key.data(), word, Size - 1) == 0;
-}
-
-} // namespace
 
 void MenuItem::Initialize(MenuEntry& parent) {
     m_parent = &parent;
@@ -43,7 +42,7 @@ const std::string& MenuItem::RootDirectory() const {
 }
 
 bool MenuItem::IsPart() const {
-    return m_menuType.starts_with('P') || m_menuType.starts_with('p');
+    return MenuType().starts_with('P') || MenuType().starts_with('p');
 }
 
 bool MenuItem::MoveUp() {
@@ -54,77 +53,57 @@ bool MenuItem::MoveDown() {
     return m_parent != nullptr && m_parent->SubMenus().MoveDown(*this);
 }
 
-// Nearly all items are of one of two types, whose names need no room in the arena.
 void MenuItem::SetMenuType(std::string_view value) {
     if (value == PartType)
-        m_menuType = PartType;
+        m_menuType = Part;
     else if (value == SubmenuType)
-        m_menuType = SubmenuType;
+        m_menuType = Submenu;
     else
         m_menuType = Kept(value);
 }
 
 void MenuItem::SetFromFile(const BlockParser& parser) {
-    const std::string_view key = parser.Key();
     const std::string_view value = parser.Value();
-    // The length tells most keys apart, so that a key is compared with two others at most.
-    switch (key.size()) {
-    case 7:
-        if (Is(key, "CAPTION"))
-            SetCaption(value);
-        else if (Is(key, "GRAPHIC"))
-            SetGraphic(value);
-        else if (Is(key, "PREVIEW"))
-            SetPreview(value);
-        break;
-    case 8:
-        if (Is(key, "HELPFILE"))
-            SetHelpFile(value);
-        else if (Is(key, "MENUTYPE"))
-            SetMenuType(value);
-        break;
-    case 9:
-        if (Is(key, "HELPTOPIC"))
-            SetHelpTopic(modConvert::CLng(value));
-        else if (Is(key, "PROGRAMID"))
-            SetProgramID(value);
-        break;
-    case 11:
-        if (Is(key, "HISTORY_DIR")) SetHistoryDir(value);
-        break;
-    case 13:
-        if (Is(key, "HISTORY_TITLE")) SetHistoryTitle(value);
-        break;
-    default: break;
+    // Keys of other programs are none of these.
+    switch (static_cast<MenuKey>(parser.KeyIndex())) {
+    case MenuKey::Caption: SetCaption(value); break;
+    case MenuKey::Graphic: SetGraphic(value); break;
+    case MenuKey::Preview: SetPreview(value); break;
+    case MenuKey::HelpFile: SetHelpFile(value); break;
+    case MenuKey::HelpTopic: SetHelpTopic(modConvert::CLng(value)); break;
+    case MenuKey::MenuType: SetMenuType(value); break;
+    case MenuKey::ProgramId: SetProgramID(value); break;
+    case MenuKey::HistoryDir: SetHistoryDir(value); break;
+    case MenuKey::HistoryTitle: SetHistoryTitle(value); break;
     }
 }
 
 void MenuItem::RegisterHistory() const {
-    if (!m_historyDir.empty()) HistoryList::Append(std::string(m_historyDir), std::string(m_historyTitle));
+    if (!HistoryDir().empty()) HistoryList::Append(std::string(HistoryDir()), std::string(HistoryTitle()));
 }
 
 void MenuItem::LoadFromFile(BlockParser& parser) {
     // The items below this one whose blocks are open, outermost first. A file may nest them deeper than the
     // machine stack could follow.
     std::vector<std::unique_ptr<MenuItem>> open;
-    const auto current = [&]() -> MenuItem& { return open.empty() ? *this : *open.back(); };
+    MenuItem* current = this;
     const auto close = [&] {
         std::unique_ptr<MenuItem> item = std::move(open.back());
         open.pop_back();
-        current().SubMenus().Append(std::move(item));
+        current = open.empty() ? this : open.back().get();
+        current->SubMenus().Append(std::move(item));
     };
     for (;;) {
         switch (parser.GetToken()) {
-        case BlockParser::TokenKeyValue: current().SetFromFile(parser); break;
-        case BlockParser::TokenStartBlock: {
+        case BlockParser::TokenKeyValue: current->SetFromFile(parser); break;
+        case BlockParser::TokenStartBlock:
             if (parser.BlockType() != "SUBMENU")
                 throw NeskError(5000, "MenuLoad", Message::MenuUnknownBlock,
                                 {std::to_string(parser.CurrentLine()), parser.BlockType()});
-            open.push_back(Create(current()));
+            current = open.emplace_back(Create(*current)).get();
             break;
-        }
         case BlockParser::TokenEndBlock:
-            current().RegisterHistory();
+            current->RegisterHistory();
             if (open.empty()) return;
             close();
             break;

@@ -73,15 +73,15 @@ private:
     void SetFromFile(const BlockParser& parser);
     void RegisterHistory() const;
 
+    std::int32_t m_counter = 0; // in what alignment leaves free behind the base
     MenuEntry* m_parent = nullptr;
-    std::int32_t m_counter = 0;
+    KeptText m_menuType;
+    KeptText m_preview;
+    KeptText m_helpFile;
+    KeptText m_programId;
+    KeptText m_historyDir;
+    KeptText m_historyTitle;
     std::int32_t m_helpTopic = 0;
-    std::string_view m_menuType;
-    std::string_view m_preview;
-    std::string_view m_helpFile;
-    std::string_view m_programId;
-    std::string_view m_historyDir;
-    std::string_view m_historyTitle;
 };
 
 } // namespace nesk

@@ -10,6 +10,12 @@
 
 namespace nesk {
 
+namespace {
+
+constexpr std::size_t FirstRoom = 4;
+
+} // namespace
+
 MenuItemCollection::MenuItemCollection() = default;
 
 // Children of any depth are released in a loop, so that a deep tree needs no deep machine stack.
@@ -64,6 +70,11 @@ void MenuItemCollection::AddItemFromFile(BlockParser& parser) {
 
 MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem>&& item) {
     CheckRoom();
+    // Menus of a few entries are what there is most of.
+    if (m_items.capacity() == 0) {
+        m_items.reserve(FirstRoom);
+        m_counters.reserve(FirstRoom);
+    }
     m_counters.push_back(item->Counter());
     m_items.push_back(std::move(item));
     return *m_items.back();

@@ -4,6 +4,7 @@
 #include "shell/Messages.h"
 #include "shell/NeskError.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -16,17 +17,19 @@ bool IsPlain(std::string_view text) {
     constexpr std::uint64_t Blanks = 0x2020202020202020;
     constexpr std::uint64_t HighBits = 0x8080808080808080;
     const auto isPlain = [](std::uint64_t bytes) { return (((bytes - Blanks) | bytes) & HighBits) == 0; };
-    std::uint64_t bytes = 0;
-    while (text.size() >= sizeof bytes) {
-        std::memcpy(&bytes, text.data(), sizeof bytes);
-        if (!isPlain(bytes)) return false;
-        text.remove_prefix(sizeof bytes);
-    }
-    // An empty text may be nowhere.
-    if (text.empty()) return true;
-    bytes = Blanks;
-    std::memcpy(&bytes, text.data(), text.size());
-    return isPlain(bytes);
+    const auto wordAt = [&](std::size_t at) {
+        std::uint64_t bytes = 0;
+        std::memcpy(&bytes, text.data() + at, sizeof bytes);
+        return bytes;
+    };
+    constexpr std::size_t word = sizeof(std::uint64_t);
+    if (text.size() < word)
+        return std::all_of(text.begin(), text.end(),
+                           [](char c) { return static_cast<signed char>(c) >= ' '; });
+    for (std::size_t at = 0; at + word < text.size(); at += word)
+        if (!isPlain(wordAt(at))) return false;
+    // The last word overlaps the one before.
+    return isPlain(wordAt(text.size() - word));
 }
 
 std::string Encode(std::string_view text, const std::string& source) {
