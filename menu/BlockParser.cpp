@@ -104,7 +104,7 @@ std::optional<std::int16_t> BlockParser::NextIsUsual() {
 
 std::int16_t BlockParser::GetAnyToken() {
     if (const auto token = NextIsUsual()) return *token;
-    LineReader::Line line;
+    LineReader::Line line{};
     do {
         if (!ReadLine(line)) return TokenEndFile;
         if (m_currentLine == LastLine)

@@ -30,10 +30,10 @@ const std::string Path = "C:\\Pictures\\picture";
 
 class PictureFileTest : public ::testing::Test {
 protected:
-    PictureFileTest() {
+    PictureFileTest()
+        : m_before(wxSetAssertHandler([](const wxString&, int, const wxString&, const wxString&,
+                                         const wxString&) { ++g_assertions; })) {
         g_assertions = 0;
-        m_before = wxSetAssertHandler(
-            [](const wxString&, int, const wxString&, const wxString&, const wxString&) { ++g_assertions; });
     }
     ~PictureFileTest() override {
         wxSetAssertHandler(m_before);
