@@ -38,6 +38,9 @@ std::uint32_t AttributesOf(const struct stat& status, std::string_view name) {
     return attributes != 0 ? attributes : FileAttribute::Normal;
 }
 
+// Who may read, write and execute. The bits above them would give a program its owner's rights.
+constexpr mode_t AccessRights = 0777;
+
 // A missing file in a missing directory is "path not found", as Windows tells the two apart.
 int MissingCode(const fs::path& host, int error) {
     struct stat status {};
@@ -287,8 +290,8 @@ public:
         if (::chown(target.c_str(), status.st_uid, status.st_gid) != 0 &&
             ::chown(target.c_str(), static_cast<uid_t>(-1), status.st_gid) != 0 && errno != EPERM)
             return ErrorFromErrno(errno, ErrorCode::WriteFault);
-        return ::chmod(target.c_str(), status.st_mode & 07777) != 0 ? MissingCode(target, errno)
-                                                                    : ErrorCode::Success;
+        return ::chmod(target.c_str(), status.st_mode & AccessRights) != 0 ? MissingCode(target, errno)
+                                                                           : ErrorCode::Success;
     }
 
     int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
@@ -368,7 +371,7 @@ private:
         struct stat status {};
         if (::fstat(in.Get(), &status) != 0) return ErrorFromErrno(errno, ErrorCode::ReadFault);
         if (!S_ISREG(status.st_mode)) return ErrorCode::AccessDenied;
-        if (const int result = writer.SetMode(status.st_mode & 07777); result != ErrorCode::Success)
+        if (const int result = writer.SetMode(status.st_mode & AccessRights); result != ErrorCode::Success)
             return result;
         HostReader reader(std::move(in), status.st_size);
         std::array<char, 65536> buffer{};

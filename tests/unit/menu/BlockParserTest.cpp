@@ -5,6 +5,9 @@
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
 
+#include <array>
+#include <random>
+
 namespace nesk {
 namespace {
 
@@ -17,10 +20,19 @@ constexpr std::size_t BufferSize = std::size_t{1} << 18;
 class BlockParserTest : public nesk::testing::CoreTest {
 protected:
     // What the parser tells of a file, each token behind its line number: "1 BLOCK TYPE/name", "2 KEY=value",
-    // "3 END", "4 ?" for a syntax error.
+    // "3 END", "4 ?" for a syntax error. It must be the same whether keys are expected or not.
     Lines Read(const std::string& bytes) {
         station.Write(Path, bytes);
         BlockParser parser;
+        const Lines tokens = Tokens(parser);
+        BlockParser expecting(Expected);
+        EXPECT_EQ(Tokens(expecting), tokens);
+        return tokens;
+    }
+
+    static constexpr std::array Expected{LineScan::Key("A"), LineScan::Key("KEY"), LineScan::Key("CAPTION")};
+
+    static Lines Tokens(BlockParser& parser) {
         parser.OpenFile(Path, false);
         Lines tokens;
         for (;;) {
@@ -41,6 +53,26 @@ protected:
             }
             tokens.push_back(std::to_string(parser.CurrentLine()) + " " + token);
         }
+    }
+
+    // Lines made of what the parser tells apart, as many as give at least `size` bytes.
+    static std::string RandomLines(unsigned seed, std::size_t size) {
+        static const std::array<std::string, 22> pieces{
+            "A=",      "KEY=",   "CAPTION=", "a=",       "OTHER=",
+            "A",       "=",      " ",        "\t",       "END",
+            "END\r\n", "BLOCK ", "MENU",     "\"name\"", "\r\n",
+            "\r\n",    "\n",     "\r",       ";",        std::string(1, '\0'),
+            "\xE4",    "text",
+        };
+        std::mt19937 random(seed);
+        std::string bytes;
+        while (bytes.size() < size) {
+            bytes += pieces[random() % pieces.size()];
+            // What the program itself writes, so that expected keys are met one after the other.
+            if (random() % 8 == 0)
+                bytes += "\r\n\tA=1\r\n\tKEY=two words\r\n\tCAPTION=\r\nEND\r\nBLOCK MENU\r\n";
+        }
+        return bytes;
     }
 
     // The only token of a one-line file, without its line number.
@@ -287,6 +319,22 @@ TEST_F(BlockParserTest, OpeningAnotherFileCountsAfresh) {
     EXPECT_EQ(parser.Key(), "X");
     EXPECT_EQ(parser.CurrentLine(), 2);
     EXPECT_EQ(parser.GetToken(), BlockParser::TokenEndFile);
+}
+
+TEST_F(BlockParserTest, ExpectedKeysAreReadLikeAllOthers) {
+    for (unsigned seed = 1; seed <= 500; ++seed)
+        EXPECT_FALSE(Read(RandomLines(seed, 300)).empty()) << "seed " << seed;
+    EXPECT_GT(Read(RandomLines(501, 3 * BufferSize)).size(), 1000u) << "over the ends of blocks";
+}
+
+TEST_F(BlockParserTest, TellsWhichOfTheExpectedKeysItHasMet) {
+    station.Write(Path, "KEY=1\r\nkey =2\r\nA=3\r\nOTHER=4\r\nCAPTION=5\r\n");
+    BlockParser parser(Expected);
+    parser.OpenFile(Path, false);
+    std::vector<std::size_t> places;
+    while (parser.GetToken() == BlockParser::TokenKeyValue)
+        places.push_back(parser.KeyIndex());
+    EXPECT_EQ(places, (std::vector<std::size_t>{1, 1, 0, BlockParser::UnknownKey, 2}));
 }
 
 } // namespace

@@ -254,6 +254,10 @@ TEST_F(FileSystemTest, AccessRightsAreTakenOver) {
     fs::permissions(Host("old"), static_cast<fs::perms>(0640));
     EXPECT_EQ(files.CopyAccessRights("D:\\old", "D:\\new"), ErrorCode::Success);
     EXPECT_EQ(fs::status(Host("new")).permissions(), static_cast<fs::perms>(0640));
+    fs::permissions(Host("old"), static_cast<fs::perms>(06755));
+    EXPECT_EQ(files.CopyAccessRights("D:\\old", "D:\\new"), ErrorCode::Success);
+    EXPECT_EQ(fs::status(Host("new")).permissions(), static_cast<fs::perms>(0755))
+        << "not whose rights it has";
     EXPECT_EQ(files.CopyAccessRights("D:\\none", "D:\\new"), ErrorCode::FileNotFound);
 }
 #endif
