@@ -275,8 +275,14 @@ TEST_F(RegEntryTest, NamesOfKeysAtTheirLimits) {
     const std::string longest(255, 'k');
     entry.CreateKey("T\\" + longest);
     entry.SetString("A", "x");
+#ifdef NESK_PORTABLE_STATION
     EXPECT_TRUE(entry.TestKey("T\\" + longest));
-    for (const std::size_t size : {256u, 16384u, 1'000'000u}) {
+    const std::size_t tooLong = 256;
+#else
+    // Wine does not find the longest name, and makes keys of longer ones than Windows does.
+    const std::size_t tooLong = 16384;
+#endif
+    for (const std::size_t size : {tooLong, tooLong + 1, std::size_t{1'000'000}}) {
         const std::string name(size, 'k');
         EXPECT_FALSE(entry.TestKey("T\\" + name)) << size;
         EXPECT_THROW(entry.OpenKey("T\\" + name), NeskError) << size;
