@@ -1,10 +1,10 @@
 #include "platform/windows/FileReplace.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/windows/AbandonedFiles.h"
 #include "platform/windows/Handle.h"
 
 #include <aclapi.h>
-#include <cstdint>
 #include <memory>
 
 namespace nesk::platform::windows {
@@ -12,13 +12,6 @@ namespace nesk::platform::windows {
 namespace {
 
 constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-
-// An hour, in the 100 nanoseconds in which the system counts.
-constexpr std::uint64_t TicksUntilAbandoned = std::uint64_t{3600} * 10'000'000;
-
-std::uint64_t Ticks(const FILETIME& time) {
-    return (std::uint64_t{time.dwHighDateTime} << 32U) | time.dwLowDateTime;
-}
 
 struct LocalFreer {
     void operator()(void* memory) const { ::LocalFree(memory); }
@@ -29,6 +22,16 @@ int FlushFile(const std::wstring& path) {
     const Handle file(
         ::CreateFileW(path.c_str(), GENERIC_WRITE, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
     return file && ::FlushFileBuffers(file.Get()) != 0 ? ErrorCode::Success : LastError();
+}
+
+// Makes a copy as old as it is: it has the time of what it is a copy of, and by that another program could
+// take it for abandoned. File systems that do not keep when a file was made know only this time.
+void SetWrittenNow(const std::wstring& path) {
+    const Handle file(
+        ::CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    FILETIME now{};
+    ::GetSystemTimeAsFileTime(&now);
+    if (file) ::SetFileTime(file.Get(), nullptr, nullptr, &now);
 }
 
 // Where a link leads to; the path itself when it is none or leads nowhere.
@@ -57,11 +60,17 @@ bool IsHeld(DWORD error) {
            error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2;
 }
 
+// A name for what stands beside a file while it is replaced: no other program takes the same.
+std::wstring TemporaryName(const std::wstring& front) {
+    return front + std::to_wstring(::GetCurrentProcessId()) + L"~";
+}
+
 // Puts `replacement` in the place of `target`, which exists, by the system's own function. It keeps what
 // belongs to the file and not to its contents: access rights, encryption, when it was made. When it fails
 // halfway, it leaves the old file under the name given for it, from where it is fetched back.
 DWORD ReplaceExisting(const std::wstring& target, const std::wstring& replacement) {
-    const std::wstring old = target + L".old." + std::to_wstring(::GetCurrentProcessId()) + L"~";
+    const std::wstring front = target + L".old.";
+    const std::wstring old = TemporaryName(front);
     const bool done = ::ReplaceFileW(target.c_str(), replacement.c_str(), old.c_str(),
                                      REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0;
     const DWORD error = done ? ERROR_SUCCESS : ::GetLastError();
@@ -69,22 +78,11 @@ DWORD ReplaceExisting(const std::wstring& target, const std::wstring& replacemen
         ::MoveFileExW(old.c_str(), target.c_str(), MOVEFILE_WRITE_THROUGH);
     else
         ::DeleteFileW(old.c_str());
+    if (done) RemoveAbandonedFiles(front);
     return error;
 }
 
 } // namespace
-
-int RemoveAbandoned(const std::wstring& path) {
-    if (path.empty()) return ErrorCode::PathNotFound;
-    WIN32_FILE_ATTRIBUTE_DATA found{};
-    if (::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &found) == 0) return LastError();
-    FILETIME now{};
-    ::GetSystemTimeAsFileTime(&now);
-    // Between writing a file and putting it into its place a program does not have it open, so that only its
-    // age tells.
-    if (Ticks(now) < Ticks(found.ftLastWriteTime) + TicksUntilAbandoned) return ErrorCode::SharingViolation;
-    return ::DeleteFileW(path.c_str()) != 0 ? ErrorCode::Success : LastError();
-}
 
 int CopyAccessRights(const std::wstring& from, const std::wstring& to) {
     constexpr SECURITY_INFORMATION rights = DACL_SECURITY_INFORMATION;
@@ -115,16 +113,19 @@ int KeepCopy(const std::wstring& path, const std::wstring& copy, bool mayReplace
     if (path.empty() || copy.empty()) return ErrorCode::PathNotFound;
     if (!mayReplace && ::GetFileAttributesW(copy.c_str()) != INVALID_FILE_ATTRIBUTES)
         return ErrorCode::AlreadyExists;
-    const std::wstring temporary = copy + L"." + std::to_wstring(::GetCurrentProcessId()) + L"~";
+    const std::wstring front = copy + L".";
+    const std::wstring temporary = TemporaryName(front);
     if (::CopyFileW(path.c_str(), temporary.c_str(), FALSE) == 0) return LastError();
     // A copy of a write-protected file is protected as well: it could be neither flushed nor replaced by the
     // next.
     ::SetFileAttributesW(temporary.c_str(), FILE_ATTRIBUTE_NORMAL);
+    SetWrittenNow(temporary);
     int result = FlushFile(temporary);
     const DWORD flags = MOVEFILE_WRITE_THROUGH | (mayReplace ? DWORD{MOVEFILE_REPLACE_EXISTING} : 0);
     if (result == ErrorCode::Success && ::MoveFileExW(temporary.c_str(), copy.c_str(), flags) == 0)
         result = LastError();
     if (result != ErrorCode::Success) ::DeleteFileW(temporary.c_str());
+    RemoveAbandonedFiles(front);
     return result;
 }
 

@@ -8,10 +8,6 @@ namespace nesk::platform::windows {
 /// Gives `to` the access rights of `from`, and its owner where the user may do that.
 int CopyAccessRights(const std::wstring& from, const std::wstring& to);
 
-/// Deletes a file in which nobody has written for an hour and which no program has open. SharingViolation for
-/// another.
-int RemoveAbandoned(const std::wstring& path);
-
 /// Makes `copy` hold the contents of `path` in one step. AlreadyExists when it exists and may not be
 /// replaced.
 int KeepCopy(const std::wstring& path, const std::wstring& copy, bool mayReplace);

@@ -1,6 +1,7 @@
 #include "platform/FileSystem.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/windows/AbandonedFiles.h"
 #include "platform/windows/FileReplace.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/WideText.h"

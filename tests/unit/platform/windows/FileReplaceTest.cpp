@@ -1,11 +1,12 @@
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
+#include "platform/windows/Handle.h"
 #include "platform/windows/WideText.h"
 #include "unit/FileBytes.h"
 #include "unit/platform/windows/HeldFile.h"
 #include "unit/platform/windows/Security.h"
 
-#include <chrono>
+#include <cstdint>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -28,6 +29,20 @@ protected:
     FileReplaceTest() {
         station.Write(Path, "old");
         station.Write(New, "new");
+    }
+
+    // Made and written an hour and a minute ago.
+    static void MakeOld(const std::string& path) {
+        const windows::Handle file(::CreateFileW(TempStation::Host(path).c_str(), FILE_WRITE_ATTRIBUTES, 0,
+                                                 nullptr, OPEN_EXISTING, 0, nullptr));
+        FILETIME now{};
+        ::GetSystemTimeAsFileTime(&now);
+        ULARGE_INTEGER ticks{};
+        ticks.LowPart = now.dwLowDateTime;
+        ticks.HighPart = now.dwHighDateTime;
+        ticks.QuadPart -= std::uint64_t{61} * 60 * 10'000'000;
+        const FILETIME then{ticks.LowPart, ticks.HighPart};
+        EXPECT_NE(0, ::SetFileTime(file.Get(), &then, nullptr, &then)) << path;
     }
 
     TempStation station;
@@ -109,9 +124,7 @@ TEST_F(FileReplaceTest, AHeldFileIsNotReadOrRemoved) {
 TEST_F(FileReplaceTest, OnlyWhatIsOldAndFreeIsAbandoned) {
     EXPECT_EQ(ErrorCode::SharingViolation, files.RemoveAbandoned(New)) << "it has just been written";
     EXPECT_EQ("new", FileBytes(New));
-    const std::filesystem::path host = TempStation::Host(New);
-    std::filesystem::last_write_time(host, std::filesystem::file_time_type::clock::now() -
-                                               std::chrono::minutes(61));
+    MakeOld(New);
     {
         const HeldFile held(New);
         EXPECT_EQ(ErrorCode::SharingViolation, files.RemoveAbandoned(New));
@@ -119,6 +132,30 @@ TEST_F(FileReplaceTest, OnlyWhatIsOldAndFreeIsAbandoned) {
     EXPECT_EQ(ErrorCode::Success, files.RemoveAbandoned(New));
     EXPECT_EQ("file", FilesIn(Folder));
     EXPECT_EQ(ErrorCode::FileNotFound, files.RemoveAbandoned(New));
+}
+
+TEST_F(FileReplaceTest, WhatKilledProgramsLeftIsRemovedWithTheNextSave) {
+    for (const char* left : {".old.1~", ".old.77~", ".old.mine~", ".bak.1~", ".bak.2~", ".bak.2", ".bak.~"})
+        station.Write(Path + left, "left");
+    for (const char* left : {".old.1~", ".old.mine~", ".bak.1~", ".bak.2", ".bak.~"})
+        MakeOld(Path + left);
+    EXPECT_EQ(ErrorCode::Success, files.KeepCopy(Path, Copy, true));
+    EXPECT_EQ(
+        "file file.bak file.bak.2 file.bak.2~ file.bak.~ file.new file.old.1~ file.old.77~ file.old.mine~",
+        FilesIn(Folder));
+    EXPECT_EQ(ErrorCode::Success, files.Replace(Path, New));
+    EXPECT_EQ("file file.bak file.bak.2 file.bak.2~ file.bak.~ file.old.77~ file.old.mine~", FilesIn(Folder))
+        << "what may be in use, and what other programs named, stays";
+    EXPECT_EQ("old", FileBytes(Copy));
+    EXPECT_EQ("new", FileBytes(Path));
+}
+
+// A copy of an old file has that file's time of writing.
+TEST_F(FileReplaceTest, AFreshCopyIsNotAbandoned) {
+    MakeOld(Path);
+    ASSERT_EQ(ErrorCode::Success, files.KeepCopy(Path, Copy, true));
+    EXPECT_EQ(ErrorCode::SharingViolation, files.RemoveAbandoned(Copy));
+    EXPECT_EQ("old", FileBytes(Copy));
 }
 
 TEST_F(FileReplaceTest, AFileThatIsWrittenBelongsToItsWriterAlone) {

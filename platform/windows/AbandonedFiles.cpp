@@ -1,0 +1,60 @@
+#include "platform/windows/AbandonedFiles.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/windows/Handle.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string_view>
+
+namespace nesk::platform::windows {
+
+namespace {
+
+// An hour, in the 100 nanoseconds in which the system counts.
+constexpr std::uint64_t TicksUntilAbandoned = std::uint64_t{3600} * 10'000'000;
+
+std::uint64_t Ticks(const FILETIME& time) {
+    return (std::uint64_t{time.dwHighDateTime} << 32U) | time.dwLowDateTime;
+}
+
+// A copy is made with the time of what it is a copy of, so that its own beginning counts as well.
+std::uint64_t LastUsed(const WIN32_FILE_ATTRIBUTE_DATA& file) {
+    return std::max(Ticks(file.ftCreationTime), Ticks(file.ftLastWriteTime));
+}
+
+bool IsNumber(std::wstring_view text) {
+    return !text.empty() &&
+           std::all_of(text.begin(), text.end(), [](wchar_t c) { return c >= L'0' && c <= L'9'; });
+}
+
+} // namespace
+
+int RemoveAbandoned(const std::wstring& path) {
+    if (path.empty()) return ErrorCode::PathNotFound;
+    WIN32_FILE_ATTRIBUTE_DATA found{};
+    if (::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &found) == 0) return LastError();
+    FILETIME now{};
+    ::GetSystemTimeAsFileTime(&now);
+    // Between writing a file and putting it into its place a program does not have it open, so that only its
+    // age tells.
+    if (Ticks(now) < LastUsed(found) + TicksUntilAbandoned) return ErrorCode::SharingViolation;
+    return ::DeleteFileW(path.c_str()) != 0 ? ErrorCode::Success : LastError();
+}
+
+void RemoveAbandonedFiles(const std::wstring& front) {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = ::FindFirstFileW((front + L"*~").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    const std::size_t folder = front.find_last_of(L"\\/") + 1;
+    const std::size_t begin = front.size() - folder;
+    do {
+        const std::wstring_view name = found.cFileName;
+        // The search also finds what the user may have named so, and short names.
+        if (name.size() > begin && IsNumber(name.substr(begin, name.size() - begin - 1)))
+            RemoveAbandoned(front.substr(0, folder).append(name));
+    } while (::FindNextFileW(search, &found) != 0);
+    ::FindClose(search);
+}
+
+} // namespace nesk::platform::windows
