@@ -1,17 +1,22 @@
 // Measures this program beside others that do the same, in one run, and prints how the figures stand to the
-// goals.
+// goals. With arguments, a number of items and one of rounds, it only loads and saves.
 
 #include "bench/FileBench.h"
 #include "bench/ModelBench.h"
 #include "bench/Table.h"
 
 #include <cstdio>
+#include <cstdlib>
 
-int main() {
+int main(int count, char** arguments) {
     nesk::bench::Table table;
-    nesk::bench::MeasureFiles(table, 100000, 9);
-    nesk::bench::MeasureFiles(table, 1000000, 5);
-    nesk::bench::MeasureModel(table);
+    if (count == 3) {
+        nesk::bench::MeasureFiles(table, std::atoi(arguments[1]), std::atoi(arguments[2]));
+    } else {
+        nesk::bench::MeasureFiles(table, 100000, 9);
+        nesk::bench::MeasureFiles(table, 1000000, 5);
+        nesk::bench::MeasureModel(table);
+    }
     std::printf("\n%d goals missed\n", table.Missed());
     return table.Missed() == 0 ? 0 : 1;
 }

@@ -10,7 +10,7 @@ namespace {
 
 // A small menu takes little, a large one few blocks.
 constexpr std::size_t SmallestBlock = std::size_t{1} << 13;
-constexpr std::size_t LargestBlock = std::size_t{1} << 20;
+constexpr std::size_t LargestBlock = std::size_t{1} << 21;
 
 } // namespace
 
