@@ -9,6 +9,8 @@ namespace {
 constexpr std::size_t HeaderLength = 13;
 constexpr std::size_t DescriptionLength = 10;
 constexpr char ExtensionMark = '\x21';
+constexpr char GraphicsMark = '\xF9';
+constexpr std::size_t GraphicsLength = 8;
 constexpr char PictureMark = '\x2C';
 
 std::size_t Byte(std::string_view bytes, std::size_t at) {
@@ -35,12 +37,21 @@ bool SkipBlocks(std::string_view bytes, std::size_t& at) {
     return false;
 }
 
+// Whether an extension is as long as the toolkit takes it to be, which skips the one for graphics by its
+// usual length.
+bool HasUsualLength(std::string_view bytes, std::size_t at) {
+    if (at + 2 > bytes.size() || bytes[at + 1] != GraphicsMark) return true;
+    return at + GraphicsLength <= bytes.size() && Byte(bytes, at + 2) == GraphicsLength - 4 &&
+           Byte(bytes, at + GraphicsLength - 1) == 0;
+}
+
 } // namespace
 
 std::optional<GifPicture> FirstGifPicture(std::string_view bytes) {
     if (!bytes.starts_with("GIF8") || bytes.size() < HeaderLength) return std::nullopt;
     std::size_t at = HeaderLength + ColoursLength(Byte(bytes, 10));
     while (at < bytes.size() && bytes[at] == ExtensionMark) {
+        if (!HasUsualLength(bytes, at)) return std::nullopt;
         at += 2;
         if (!SkipBlocks(bytes, at)) return std::nullopt;
     }

@@ -81,6 +81,9 @@ std::optional<PictureSize> JpegSize(Bytes bytes) {
             ++at;
             continue;
         }
+        // These have no length, and no program writes them before the frame. Whoever decodes the picture
+        // would go on elsewhere than this.
+        if (marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9)) return std::nullopt;
         const bool frame =
             marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
         if (frame) {

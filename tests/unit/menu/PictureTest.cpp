@@ -107,6 +107,16 @@ TEST_F(PictureTest, AnIconOfManyPictures) {
         << "no row is left for the picture";
 }
 
+// Whoever decodes these would find the frame elsewhere than behind the length that they do not have.
+TEST_F(PictureTest, AJpegMarkerWithoutALengthBeforeTheFrame) {
+    for (const char marker : {'\x00', '\x01', '\xD0', '\xD7', '\xD8', '\xD9'}) {
+        const std::string front = std::string("\xFF\xD8\xFF") + marker;
+        EXPECT_EQ(SizeOf(front + std::string("\0\4ab", 4) + Jpeg.substr(9)), "") << int{marker};
+        EXPECT_EQ(SizeOf(front + Jpeg.substr(9)), "") << int{marker};
+    }
+    EXPECT_EQ(SizeOf(std::string("\xFF\xD8\xFF\xE1\0\4ab", 8) + Jpeg.substr(9)), "48x32");
+}
+
 // A GIF file of a size with pictures of another.
 std::string GifOf(const std::string& fileSize, const std::string& pictureSize, int count) {
     std::string bytes = "GIF89a" + fileSize + std::string("\x80\0\0\0\0\0\xFF\xFF\xFF", 9);
@@ -121,7 +131,8 @@ TEST_F(PictureTest, TheFirstPictureOfAGifFile) {
     const std::string large("\x10\x27\x20\x4E", 4);
     EXPECT_EQ(SizeOf(GifOf(one, large, 1)), "10000x20000") << "the file claims less than its picture";
     EXPECT_EQ(SizeOf(GifOf(large, one, 1)), "10000x20000");
-    const auto single = FirstGifPicture(GifOf(one, one, 1));
+    const std::string whole = GifOf(one, one, 1);
+    const auto single = FirstGifPicture(whole);
     ASSERT_TRUE(single.has_value());
     EXPECT_EQ(single->end, GifOf(one, one, 1).size() - 1);
     const std::string many = GifOf(one, one, 100'000);
@@ -132,7 +143,16 @@ TEST_F(PictureTest, TheFirstPictureOfAGifFile) {
     EXPECT_FALSE(FirstGifPicture(GifOf(one, std::string("\0\0\1\0", 4), 1)).has_value());
     EXPECT_FALSE(FirstGifPicture(GifOf(one, std::string("\1\0\0\0", 4), 1)).has_value());
     EXPECT_FALSE(FirstGifPicture("GIF89a" + one + std::string("\0\0\0?", 4)).has_value());
-    const std::string whole = GifOf(one, one, 1);
+    // The toolkit skips the first extension by its usual length, whatever it says: another picture could
+    // stand where that ends.
+    const std::size_t control = whole.find("\x21\xF9") + 2;
+    for (const auto& [at, byte] :
+         {std::pair(control, '\5'), {control, '\x80'}, {control, '\0'}, {control + 5, '\1'}}) {
+        std::string odd = whole;
+        odd[at] = byte;
+        odd.insert(control + 6, 200, '\0');
+        EXPECT_FALSE(FirstGifPicture(odd).has_value()) << at;
+    }
     for (std::size_t length = 0; length < whole.size(); ++length) {
         const auto cut = FirstGifPicture(std::string_view(whole).substr(0, length));
         EXPECT_EQ(cut.has_value(), length >= single->end) << length;
