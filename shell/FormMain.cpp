@@ -224,7 +224,7 @@ void FormMain::FileOpen() {
 }
 
 bool FormMain::FileSave() {
-    FinishLabelEdit();
+    if (!FinishLabelEdit()) return false;
     if (!m_editor.IsOpen()) return true;
     const std::string path = NeskRegistry::Instance().MenuFile();
     try {
@@ -247,7 +247,7 @@ bool FormMain::ConfirmOverwrite(const std::string& path) {
 }
 
 void FormMain::FileClose() {
-    FinishLabelEdit();
+    if (!FinishLabelEdit()) return;
     if (m_editor.IsOpen() && ConfirmClose(false)) m_editor.Close();
 }
 
@@ -264,13 +264,15 @@ bool FormMain::ConfirmClose(bool mayCancel) {
 }
 
 void FormMain::OnClose(wxCloseEvent& event) {
-    FinishLabelEdit();
-    if (!ConfirmClose(true) && event.CanVeto()) return event.Veto();
+    const bool mayClose = FinishLabelEdit() && ConfirmClose(true);
+    if (!mayClose && event.CanVeto()) return event.Veto();
+    // What was to be said about the caption goes with the window.
+    DeletePendingEvents();
     Destroy();
 }
 
 void FormMain::AddEntry(MainCommand command) {
-    FinishLabelEdit();
+    if (!FinishLabelEdit()) return;
     const bool part = command == MainCommand::AddPart;
     const std::string caption = LoadResString(part ? Message::NewPartCaption : Message::NewSubmenuCaption);
     const std::string parent = tvMain->SelectedKey();
@@ -282,7 +284,7 @@ void FormMain::AddEntry(MainCommand command) {
 }
 
 void FormMain::Move(MainCommand command) {
-    FinishLabelEdit();
+    if (!FinishLabelEdit()) return;
     const std::string id = tvMain->SelectedKey();
     if (command == MainCommand::MoveUp)
         m_editor.MoveUp(id);
@@ -308,7 +310,7 @@ void FormMain::Rename() {
 }
 
 void FormMain::EditSelected() {
-    FinishLabelEdit();
+    if (!FinishLabelEdit()) return;
     const std::string id = tvMain->SelectedKey();
     const auto* item = dynamic_cast<const MenuItem*>(m_editor.Find(id));
     if (item == nullptr) return;

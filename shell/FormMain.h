@@ -86,7 +86,7 @@ private:
     void OnTreeKey(wxKeyEvent& event);
     void OnActivated(wxTreeEvent& event);
     void FilterLabelEdit();
-    void FinishLabelEdit();
+    bool FinishLabelEdit();
     void EditLabelAgain(const std::string& id, const wxString& text);
 
     void OnClose(wxCloseEvent& event);
@@ -97,6 +97,7 @@ private:
 
     MenuEditor m_editor;
     bool m_editingLabel = false;
+    bool m_captionRefused = false; // by the last end of an edit
 };
 
 } // namespace nesk

@@ -39,8 +39,12 @@ void FormMain::FilterLabelEdit() {
     });
 }
 
-void FormMain::FinishLabelEdit() {
+// Takes a caption that is being typed. False when it is refused: a message comes, and what was typed after
+// it.
+bool FormMain::FinishLabelEdit() {
+    m_captionRefused = false;
     if (m_editingLabel) tvMain->EndEditLabel(tvMain->GetSelection(), false);
+    return !m_captionRefused;
 }
 
 void FormMain::OnEndLabelEdit(wxTreeEvent& event) {
@@ -56,6 +60,7 @@ void FormMain::OnEndLabelEdit(wxTreeEvent& event) {
             m_editor.SetCaption(id, FromWx(text));
         } catch (const NeskError& error) {
             event.Veto();
+            m_captionRefused = true;
             // The tree is still busy ending the edit.
             CallAfter([this, error, id, text] {
                 ShowError(Message::CommandFailed, error);

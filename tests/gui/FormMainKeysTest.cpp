@@ -96,6 +96,29 @@ TEST_F(FormMainKeysTest, ALineBreakCannotBePasted) {
     EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "one two three four");
 }
 
+// The message comes after what ended the edit, which therefore must not go on.
+TEST_F(FormMainKeysTest, ARefusedCaptionStopsWhatEndedItsEdit) {
+    const std::function<void()> ends[] = {[&] { window->Close(); }, [&] { Click(window->mnuFileClose); },
+                                          [&] { Click(window->mnuFileSave); }};
+    for (const auto& end : ends) {
+        Press(WXK_DOWN);
+        Press(WXK_F2);
+        ASSERT_NE(window->tvMain->GetEditControl(), nullptr);
+        window->tvMain->GetEditControl()->ChangeValue(ToWx("日"));
+        dialogs.shown.clear();
+        dialogs.Answer(wxID_OK);
+        end();
+        Settle();
+        ASSERT_EQ(dialogs.shown.size(), 1u);
+        EXPECT_NE(dialogs.shown[0].text.find("日"), std::string::npos);
+        EXPECT_TRUE(window->IsShown());
+        ASSERT_TRUE(window->Editor().IsOpen());
+        ASSERT_NE(window->tvMain->GetEditControl(), nullptr);
+        EXPECT_EQ(FromWx(window->tvMain->GetEditControl()->GetValue()), "日");
+        Press(WXK_ESCAPE);
+    }
+}
+
 TEST_F(FormMainKeysTest, ACharacterOutsideTheCodePageIsRefusedAndComesBack) {
     Press(WXK_DOWN);
     Press(WXK_F2);
