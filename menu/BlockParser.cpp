@@ -83,7 +83,13 @@ bool BlockParser::ReadLine(LineReader::Line& line) {
     if (!m_reader) return false;
     if (m_reader->NextInBlock(line)) return true;
     KeepTexts();
-    return m_reader->Next(line);
+    try {
+        return m_reader->Next(line);
+    } catch (const NeskError&) {
+        // It is the next line that cannot be read.
+        if (m_currentLine != LastLine) ++m_currentLine;
+        throw;
+    }
 }
 
 // The token of the next line, when that is one of two which need not be taken apart: the end of a block, or

@@ -78,6 +78,7 @@ void Menu::ReadBlocks(BlockParser& parser, const std::string& sFile) {
                                 {std::to_string(parser.CurrentLine()), parser.BlockType()});
             SubMenus().AddItemFromFile(parser);
             break;
+        case BlockParser::TokenEndFile: m_endIsMissing = true; [[fallthrough]];
         default: reading = false;
         }
     }

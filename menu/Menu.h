@@ -28,6 +28,10 @@ public:
     /// the file and the line. The items completed by then stay.
     void LoadFromFile(const std::string& sFile);
 
+    /// Whether a file that was read ended before its root did. It is read without an error, but may have been
+    /// cut off.
+    bool EndIsMissing() const { return m_endIsMissing; }
+
     /// Writes the whole tree. The file is replaced in one step and the version before is kept beside it with
     /// the ending ".bak". Raises the run-time error of what failed, or 5000 for a text that the code page
     /// cannot hold or that would end its line; the file is unchanged then.
@@ -41,6 +45,7 @@ private:
 
     std::shared_ptr<Arena> m_memory;
     std::string m_rootDirectory;
+    bool m_endIsMissing = false;
 };
 
 } // namespace nesk

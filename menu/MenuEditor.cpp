@@ -26,6 +26,7 @@ MenuEditor::MenuEditor(platform::FileSystem& files) : m_files(files) {}
 MenuEditor::~MenuEditor() = default;
 
 std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, const std::string& path) {
+    m_files.RestoreInterrupted(path);
     auto menu = std::make_unique<Menu>();
     menu->Initialize(rootDirectory);
     // Taken before reading: what another program writes from now on is a change that a save must ask about.
@@ -46,7 +47,7 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     m_path = fingerprint.Exists() ? path : "";
     m_fingerprint = fingerprint;
     m_dirty = false;
-    m_incomplete = failure.has_value();
+    m_incomplete = failure.has_value() || m_menu->EndIsMissing();
     if (m_listener != nullptr) m_listener->OnMenuReplaced();
     return failure;
 }

@@ -100,6 +100,9 @@ public:
     /// was before. With `mayReplace` false an existing `copy` is AlreadyExists.
     virtual int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) = 0;
 
+    /// Puts a file back that is missing because a program was killed while it replaced it.
+    virtual void RestoreInterrupted(const std::string& /*path*/) {}
+
     /// Puts `replacement` in the place of `path`, which may be missing, in one step, and makes the change
     /// durable. AccessDenied when `path` is read-only.
     virtual int Replace(const std::string& path, const std::string& replacement) = 0;

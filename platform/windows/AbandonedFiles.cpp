@@ -28,6 +28,23 @@ bool IsNumber(std::wstring_view text) {
            std::all_of(text.begin(), text.end(), [](wchar_t c) { return c >= L'0' && c <= L'9'; });
 }
 
+// Calls back for each file whose path is `front`, a number and "~".
+template <typename Callback>
+void ForEachNumbered(const std::wstring& front, const Callback& callback) {
+    WIN32_FIND_DATAW found{};
+    const HANDLE search = ::FindFirstFileW((front + L"*~").c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    const std::size_t folder = front.find_last_of(L"\\/") + 1;
+    const std::size_t begin = front.size() - folder;
+    do {
+        const std::wstring_view name = found.cFileName;
+        // The search also finds what the user may have named so, and short names.
+        if (name.size() > begin && IsNumber(name.substr(begin, name.size() - begin - 1)))
+            callback(front.substr(0, folder).append(name), found);
+    } while (::FindNextFileW(search, &found) != 0);
+    ::FindClose(search);
+}
+
 } // namespace
 
 int RemoveAbandoned(const std::wstring& path) {
@@ -43,18 +60,19 @@ int RemoveAbandoned(const std::wstring& path) {
 }
 
 void RemoveAbandonedFiles(const std::wstring& front) {
-    WIN32_FIND_DATAW found{};
-    const HANDLE search = ::FindFirstFileW((front + L"*~").c_str(), &found);
-    if (search == INVALID_HANDLE_VALUE) return;
-    const std::size_t folder = front.find_last_of(L"\\/") + 1;
-    const std::size_t begin = front.size() - folder;
-    do {
-        const std::wstring_view name = found.cFileName;
-        // The search also finds what the user may have named so, and short names.
-        if (name.size() > begin && IsNumber(name.substr(begin, name.size() - begin - 1)))
-            RemoveAbandoned(front.substr(0, folder).append(name));
-    } while (::FindNextFileW(search, &found) != 0);
-    ::FindClose(search);
+    ForEachNumbered(front, [](const std::wstring& path, const WIN32_FIND_DATAW&) { RemoveAbandoned(path); });
+}
+
+void RestoreInterrupted(const std::wstring& path) {
+    if (path.empty() || ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES) return;
+    std::wstring youngest;
+    std::uint64_t written = 0;
+    ForEachNumbered(path + ReplacedMark, [&](const std::wstring& old, const WIN32_FIND_DATAW& found) {
+        if (!youngest.empty() && Ticks(found.ftLastWriteTime) <= written) return;
+        youngest = old;
+        written = Ticks(found.ftLastWriteTime);
+    });
+    if (!youngest.empty()) ::MoveFileExW(youngest.c_str(), path.c_str(), MOVEFILE_WRITE_THROUGH);
 }
 
 } // namespace nesk::platform::windows

@@ -12,4 +12,11 @@ int RemoveAbandoned(const std::wstring& path);
 /// Does so with every file whose path is `front`, a number and "~". What cannot be deleted stays.
 void RemoveAbandonedFiles(const std::wstring& front);
 
+/// What stands beside a file while it is replaced has this, a number and "~" behind the file's name.
+constexpr const wchar_t* ReplacedMark = L".old.";
+
+/// Gives the youngest file of that name the name of `path` again, when that is missing: the system replaces a
+/// file by giving both of them other names, one after the other.
+void RestoreInterrupted(const std::wstring& path);
+
 } // namespace nesk::platform::windows

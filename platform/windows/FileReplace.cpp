@@ -69,7 +69,7 @@ std::wstring TemporaryName(const std::wstring& front) {
 // belongs to the file and not to its contents: access rights, encryption, when it was made. When it fails
 // halfway, it leaves the old file under the name given for it, from where it is fetched back.
 DWORD ReplaceExisting(const std::wstring& target, const std::wstring& replacement) {
-    const std::wstring front = target + L".old.";
+    const std::wstring front = target + ReplacedMark;
     const std::wstring old = TemporaryName(front);
     const bool done = ::ReplaceFileW(target.c_str(), replacement.c_str(), old.c_str(),
                                      REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) != 0;

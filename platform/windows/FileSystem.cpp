@@ -165,6 +165,8 @@ public:
         return ::DeleteFileW(name.c_str()) != 0 ? ErrorCode::Success : LastError();
     }
 
+    void RestoreInterrupted(const std::string& path) override { windows::RestoreInterrupted(FilePath(path)); }
+
     int RemoveAbandoned(const std::string& path) override { return windows::RemoveAbandoned(FilePath(path)); }
 
     int CopyAccessRights(const std::string& from, const std::string& to) override {

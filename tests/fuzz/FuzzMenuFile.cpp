@@ -86,7 +86,8 @@ void LoadMenu(Surroundings& surroundings, const std::string& bytes) {
     MenuEditor editor;
     const std::optional<NeskError> error = editor.Open(Folder, Path);
     Require(editor.IsOpen() && !editor.IsDirty(), "a menu that was opened is clean");
-    Require(editor.IsIncomplete() == error.has_value(), "an error leaves the menu incomplete");
+    Require(editor.IsIncomplete() == (error.has_value() || editor.OpenMenu()->EndIsMissing()),
+            "an error and a missing end leave the menu incomplete");
     Require(FileBytes(Path) == bytes, "opening changes no file");
     CheckIds(*editor.OpenMenu());
     if (!error) return SaveTwice(editor);

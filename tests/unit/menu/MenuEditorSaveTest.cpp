@@ -65,6 +65,28 @@ TEST_F(MenuEditorSaveTest, SavingToAnotherPlace) {
     EXPECT_NE(FileBytes(Folder + "\\other.cfg").find("CAPTION=other"), std::string::npos);
 }
 
+// A file without its last lines is read without an error, but it may be the front of a longer one.
+TEST_F(MenuEditorSaveTest, AFileThatMayHaveBeenCutOffIsKept) {
+    const std::string item = "BLOCK SUBMENU\r\nCAPTION=A\r\n";
+    for (const std::string& cut : {"BLOCK MENU\r\n" + item, "BLOCK MENU\r\n" + item + "END\r\n",
+                                   std::string("BLOCK MENU\r\nCAPTION=A\r\n")}) {
+        station.Write(Path + ".bak", "the last good one");
+        fs::remove(Host(Path + ".damaged"));
+        station.Write(Path, cut);
+        EXPECT_FALSE(m_editor.Open(Folder, Path).has_value());
+        EXPECT_TRUE(m_editor.IsIncomplete());
+        EXPECT_EQ(m_editor.CheckSave(Path), SaveHazard::Incomplete);
+        m_editor.Save(Path);
+        EXPECT_FALSE(m_editor.IsIncomplete());
+        EXPECT_EQ(FileBytes(Path + ".bak"), "the last good one");
+        EXPECT_EQ(FileBytes(Path + ".damaged"), cut);
+        m_editor.Open(Folder, Path);
+        EXPECT_FALSE(m_editor.IsIncomplete());
+    }
+    OpenWith("BLOCK MENU\r\n" + item + "END\r\nEND");
+    EXPECT_FALSE(m_editor.IsIncomplete());
+}
+
 TEST_F(MenuEditorSaveTest, Hazards) {
     EXPECT_EQ(m_editor.CheckSave(Path), SaveHazard::None);
     OpenWith(Good);

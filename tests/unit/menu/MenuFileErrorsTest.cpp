@@ -1,3 +1,4 @@
+#include "menu/LineReader.h"
 #include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
@@ -37,6 +38,16 @@ protected:
 
     Menu m_menu;
 };
+
+TEST_F(MenuFileErrorsTest, ALineThatIsTooLongIsNamed) {
+    const std::string front = "BLOCK MENU\nCAPTION=x\n";
+    station.Write(Path, front);
+    fs::resize_file(TempStation::Host(Path), front.size() + LineReader::LongestLine * 2 + 1);
+    const NeskError error = ErrorOf([&] { m_menu.LoadFromFile(Path); });
+    EXPECT_EQ(error.messageId, Message::LineTooLong);
+    EXPECT_EQ(error.line, 3);
+    EXPECT_EQ(m_menu.Caption(), "x");
+}
 
 TEST_F(MenuFileErrorsTest, DamagedFiles) {
     const std::string parser = "BlockParse.GetToken";

@@ -106,7 +106,7 @@ TEST_F(MenuFileOnHostTest, NothingButZeros) {
     const auto failure = m_editor.Open(Folder, Path);
     ASSERT_TRUE(failure.has_value());
     EXPECT_EQ(failure->messageId, Message::LineTooLong);
-    EXPECT_EQ(failure->line, 1) << "the last line that was read";
+    EXPECT_EQ(failure->line, 2);
     EXPECT_TRUE(m_editor.IsIncomplete());
 }
 

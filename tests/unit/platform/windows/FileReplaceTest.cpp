@@ -150,6 +150,25 @@ TEST_F(FileReplaceTest, WhatKilledProgramsLeftIsRemovedWithTheNextSave) {
     EXPECT_EQ("new", FileBytes(Path));
 }
 
+// The system gives the old file another name, and then the new one its own: a program may be killed in
+// between.
+TEST_F(FileReplaceTest, AFileThatIsMissingSinceItsReplacementIsPutBack) {
+    station.Write(Path + ".old.1~", "older");
+    MakeOld(Path + ".old.1~");
+    station.Write(Path + ".old.22~", "in the middle of a save");
+    station.Write(Path + ".old.mine~", "another's");
+    files.RestoreInterrupted(Path);
+    EXPECT_EQ("old", FileBytes(Path)) << "it is there";
+    ASSERT_EQ(ErrorCode::Success, files.RemoveFile(Path));
+    files.RestoreInterrupted(Path);
+    EXPECT_EQ("in the middle of a save", FileBytes(Path));
+    EXPECT_EQ("file file.new file.old.1~ file.old.mine~", FilesIn(Folder));
+    files.RestoreInterrupted("C:\\Data\\none");
+    files.RestoreInterrupted("C:\\none\\file");
+    files.RestoreInterrupted("");
+    EXPECT_EQ("file file.new file.old.1~ file.old.mine~", FilesIn(Folder));
+}
+
 // A copy of an old file has that file's time of writing.
 TEST_F(FileReplaceTest, AFreshCopyIsNotAbandoned) {
     MakeOld(Path);
