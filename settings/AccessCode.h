@@ -10,7 +10,7 @@ constexpr unsigned long MaxLength = 255;
 
 /// Puts the code into the settings record and saves it. An empty code removes the stored one. When the two
 /// entries differ, a message says so and nothing is stored.
-/// @return true when the code was stored
+/// @return true when the two entries are the same; a message tells of a code that could not be stored
 bool Store(const std::string& code, const std::string& repeated);
 
 } // namespace nesk::AccessCode

@@ -125,7 +125,10 @@ void NeskRegistry::Save() {
         writeTexts(Printer);
         if (const int result = group.End(); result != platform::ErrorCode::Success) throw NotStored(result);
     } catch (const NeskError& error) {
-        modUtilities::ReportError(WithReason(error, entry.LastResult()));
+        const NeskError report = WithReason(error, entry.LastResult());
+        // The user may take his time with the message, and other programs wait for the store.
+        group.End();
+        modUtilities::ReportError(report);
     }
 }
 

@@ -172,10 +172,11 @@ int RegistryStore::MakeKey(std::int64_t parent, const std::string& path, std::in
 }
 
 int RegistryStore::JoinGroup() {
-    if (m_groups == 0 || m_begun) return ErrorCode::Success;
-    const int result = m_database.Execute("BEGIN IMMEDIATE");
-    m_begun = result == ErrorCode::Success;
-    return result;
+    if (m_groups == 0) return ErrorCode::Success;
+    if (m_begun || m_joined != ErrorCode::Success) return m_joined;
+    m_joined = m_database.Execute("BEGIN IMMEDIATE");
+    m_begun = m_joined == ErrorCode::Success;
+    return m_joined;
 }
 
 int RegistryStore::EndGroup() {

@@ -38,9 +38,15 @@ public:
     int MakeKey(std::int64_t parent, const std::string& path, std::int64_t& key);
 
     /// From now on what is written is stored together by EndGroup. The transaction begins with the first
-    /// write.
-    void BeginGroup() { ++m_groups; }
+    /// write, or where JoinGroup asks for it.
+    void BeginGroup() {
+        if (m_groups++ == 0) m_joined = 0;
+    }
     int EndGroup();
+
+    /// Begins the transaction of a group, when there is one: nobody else writes from then on until its end.
+    /// When that fails, it fails for the rest of the group.
+    int JoinGroup();
 
     int DeleteKey(std::int64_t key);
     int SubkeyName(std::int64_t key, std::uint32_t index, std::string& name);
@@ -54,7 +60,6 @@ private:
     explicit RegistryStore(std::unique_ptr<Database> database);
 
     int FindChild(std::int64_t parent, const std::string& name, std::int64_t& key);
-    int JoinGroup();
 
     std::unique_ptr<Database> m_owner;
     Database& m_database;
@@ -70,6 +75,7 @@ private:
     Statement m_deleteValue;
     int m_groups = 0;
     bool m_begun = false; // the transaction of the group
+    int m_joined = 0;     // how beginning it went
 };
 
 } // namespace nesk::platform::portable

@@ -92,6 +92,8 @@ public:
                    std::uint32_t* size) override {
         std::int64_t row = 0;
         if (const int result = Use(key, Right::QueryValue, row); result != ErrorCode::Success) return result;
+        // In a group a value is read to write what follows from it: no other program may write in between.
+        if (const int result = m_store->JoinGroup(); result != ErrorCode::Success) return result;
         StoredValue value;
         if (const int result = m_store->ReadValue(row, FromAnsi(name), value); result != ErrorCode::Success)
             return result;

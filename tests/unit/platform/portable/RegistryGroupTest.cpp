@@ -3,6 +3,7 @@
 #include "unit/platform/portable/ChildProcess.h"
 
 #include <functional>
+#include <sqlite3.h>
 
 namespace nesk::platform {
 namespace {
@@ -14,18 +15,20 @@ protected:
     // No open database may be carried into another process.
     RegistryGroupTest() { portable::UseStation("/nonexistent/station"); }
 
-    // Another program on the station, which ends as if it were killed.
-    void InProgram(const std::function<void()>& action) {
+    // Another program on the station, which ends as if it were killed. It knows nothing of the group that
+    // this one is in.
+    void InProgram(const std::function<void()>& action, bool fromGroup = false) {
         EXPECT_EQ(nesk::testing::InChildProcess([&] {
                       portable::UseStation(station.Folder());
+                      if (fromGroup) Reg().EndGroup();
                       action();
                       return true;
                   }),
                   ChildEnd::Good);
     }
 
-    void ExpectStored(const std::string& name, std::optional<std::string> data) {
-        InProgram([&] { EXPECT_EQ(Get(Create("Key"), name), data) << name; });
+    void ExpectStored(const std::string& name, std::optional<std::string> data, bool fromGroup = false) {
+        InProgram([&] { EXPECT_EQ(Get(Create("Key"), name), data) << name; }, fromGroup);
     }
 };
 
@@ -36,8 +39,8 @@ TEST_F(RegistryGroupTest, IsStoredWhenItEnds) {
         RegistryGroup group(Reg());
         EXPECT_EQ(Set(key, "within", "2"), ErrorCode::Success);
         EXPECT_EQ(Get(key, "within"), "2");
-        ExpectStored("before", "1");
-        ExpectStored("within", std::nullopt);
+        ExpectStored("before", "1", true);
+        ExpectStored("within", std::nullopt, true);
         EXPECT_EQ(group.End(), ErrorCode::Success);
         ExpectStored("within", "2");
         EXPECT_EQ(Set(key, "behind", "3"), ErrorCode::Success);
@@ -86,6 +89,38 @@ TEST_F(RegistryGroupTest, AStepThatFailsTakesNothingElseBack) {
         EXPECT_EQ(group.End(), ErrorCode::Success);
     });
     InProgram([&] { EXPECT_EQ(Get(Create("Key\\Below"), "a"), "1"); });
+}
+
+// Two programs that count the same list up must not both begin with the same number.
+TEST_F(RegistryGroupTest, WhatIsReadInItStaysTrueUntilItsEnd) {
+    InProgram([&] { Set(Create("Key"), "n", "5"); });
+    InProgram([&] {
+        const RegKey key = Create("Key");
+        RegistryGroup group(Reg());
+        EXPECT_EQ(Get(key, "n"), "5");
+        InProgram([&] { EXPECT_EQ(Set(Create("Key"), "n", "7"), ErrorCode::Busy); }, true);
+        EXPECT_EQ(Set(key, "n", "6"), ErrorCode::Success);
+        EXPECT_EQ(group.End(), ErrorCode::Success);
+    });
+    ExpectStored("n", "6");
+}
+
+TEST_F(RegistryGroupTest, WhatItCouldNotReadItDoesNotOverwrite) {
+    InProgram([&] { Set(Create("Key"), "n", "5"); });
+    InProgram([&] {
+        const RegKey key = Create("Key");
+        sqlite3* other = nullptr;
+        ASSERT_EQ(SQLITE_OK, sqlite3_open((station.Folder() / "registry.db").c_str(), &other));
+        ASSERT_EQ(SQLITE_OK, sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr));
+        RegistryGroup group(Reg());
+        EXPECT_EQ(Get(key, "n"), std::nullopt);
+        sqlite3_close(other);
+        EXPECT_EQ(Set(key, "n", "1"), ErrorCode::Busy);
+        group.End();
+        EXPECT_EQ(Get(key, "n"), "5") << "the next one begins afresh";
+        EXPECT_EQ(Set(key, "n", "6"), ErrorCode::Success);
+    });
+    ExpectStored("n", "6");
 }
 
 } // namespace

@@ -101,6 +101,23 @@ private:
     sqlite3* m_database = nullptr;
 };
 
+TEST_F(StoreFaultsTest, AMessageKeepsNoOtherProgramWaiting) {
+    NeskRegistry record;
+    record.NeskRoot = "C:\\New";
+    record.DefaultSlideDirectory = "日"; // which the code page cannot hold
+    int shown = 0;
+    const modMessageBox::Hook before =
+        modMessageBox::SetHook([&](const std::string&, std::int16_t, const std::string&) {
+            ++shown;
+            const Owner other(Store(), "BEGIN IMMEDIATE; ROLLBACK");
+            return modMessageBox::Result::Ok;
+        });
+    record.Save();
+    modMessageBox::SetHook(before);
+    EXPECT_EQ(shown, 1);
+    EXPECT_EQ(StoredRoot(), "C:\\New") << "what was written by then stays";
+}
+
 TEST_F(StoreFaultsTest, AStoreInWhichAnotherProgramWrites) {
     {
         const Owner owner(Store(), "BEGIN IMMEDIATE");
