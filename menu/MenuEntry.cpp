@@ -53,7 +53,7 @@ std::int32_t MenuEntry::NextCounter() {
 MenuItemCollection& MenuEntry::SubMenus() {
     // Made when first needed: most entries are part buttons, which never have children.
     if (!m_subMenus) {
-        m_subMenus = std::make_unique<MenuItemCollection>();
+        m_subMenus = MenuItemCollection::Create(*m_arena);
         m_subMenus->Initialize(*this);
     }
     return *m_subMenus;

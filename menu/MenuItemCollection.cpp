@@ -16,7 +16,13 @@ constexpr std::size_t FirstRoom = 4;
 
 } // namespace
 
-MenuItemCollection::MenuItemCollection() = default;
+std::unique_ptr<MenuItemCollection> MenuItemCollection::Create(Arena& arena) {
+    return std::unique_ptr<MenuItemCollection>(new (arena) MenuItemCollection(arena));
+}
+
+MenuItemCollection::MenuItemCollection(Arena& arena)
+    : m_items(ArenaAllocator<std::unique_ptr<MenuItem>>(arena))
+    , m_counters(ArenaAllocator<std::int32_t>(arena)) {}
 
 // Children of any depth are released in a loop, so that a deep tree needs no deep machine stack.
 MenuItemCollection::~MenuItemCollection() {
@@ -45,6 +51,15 @@ void MenuItemCollection::CheckRoom() const {
         throw NeskError(RuntimeError::Overflow, "MenuItemCollection.Add", Message::TooManyChildren);
 }
 
+// For one more child: when there is no memory for it, items and counters stay as they are, and alike.
+void MenuItemCollection::MakeRoom() {
+    if (m_items.size() < std::min(m_items.capacity(), m_counters.capacity())) return;
+    // Menus of a few entries are what there is most of.
+    const std::size_t room = std::max(FirstRoom, m_items.size() * 2);
+    m_items.reserve(room);
+    m_counters.reserve(room);
+}
+
 MenuItem& MenuItemCollection::Item(int position) {
     return *m_items[CheckedIndex(position, m_items.size())];
 }
@@ -70,11 +85,7 @@ void MenuItemCollection::AddItemFromFile(BlockParser& parser) {
 
 MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem>&& item) {
     CheckRoom();
-    // Menus of a few entries are what there is most of.
-    if (m_items.capacity() == 0) {
-        m_items.reserve(FirstRoom);
-        m_counters.reserve(FirstRoom);
-    }
+    MakeRoom();
     m_counters.push_back(item->Counter());
     m_items.push_back(std::move(item));
     return *m_items.back();
@@ -83,6 +94,7 @@ MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem>&& item) {
 MenuItem& MenuItemCollection::Insert(int position, std::unique_ptr<MenuItem>&& item) {
     CheckRoom();
     const auto index = static_cast<std::ptrdiff_t>(CheckedIndex(position, m_items.size() + 1));
+    MakeRoom();
     m_counters.insert(m_counters.begin() + index, item->Counter());
     return **m_items.insert(m_items.begin() + index, std::move(item));
 }

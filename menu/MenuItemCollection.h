@@ -1,5 +1,7 @@
 #pragma once
 
+#include "menu/ArenaAllocator.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -21,10 +23,14 @@ public:
     /// Largest number of children: positions are 16-bit numbers.
     static constexpr int MaxCount = 32767;
 
-    MenuItemCollection();
+    /// An empty collection in an arena, from which it also takes its memory. The arena must outlive it.
+    static std::unique_ptr<MenuItemCollection> Create(Arena& arena);
     ~MenuItemCollection();
     MenuItemCollection(const MenuItemCollection&) = delete;
     MenuItemCollection& operator=(const MenuItemCollection&) = delete;
+
+    /// A collection that is deleted leaves its room to the arena.
+    static void operator delete(void*) noexcept {}
 
     /// Sets the entry whose children these are. It must outlive the collection.
     void Initialize(MenuEntry& owner);
@@ -74,14 +80,21 @@ public:
     void ReleaseInto(std::vector<std::unique_ptr<MenuItem>>& released);
 
 private:
+    static void* operator new(std::size_t size, Arena& arena) {
+        return arena.Allocate(size, alignof(MenuItemCollection));
+    }
+    static void operator delete(void*, Arena&) noexcept {}
+
+    explicit MenuItemCollection(Arena& arena);
     std::size_t IndexOfCounter(std::int32_t counter) const;
     static std::size_t CheckedIndex(int position, std::size_t count);
     void CheckRoom() const;
+    void MakeRoom();
     void Swap(std::size_t a, std::size_t b);
 
     MenuEntry* m_owner = nullptr;
-    std::vector<std::unique_ptr<MenuItem>> m_items;
-    std::vector<std::int32_t> m_counters;
+    std::vector<std::unique_ptr<MenuItem>, ArenaAllocator<std::unique_ptr<MenuItem>>> m_items;
+    std::vector<std::int32_t, ArenaAllocator<std::int32_t>> m_counters;
 };
 
 } // namespace nesk

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "menu/Arena.h"
+
+#include <cstddef>
+
+namespace nesk {
+
+/// Gives containers their memory from an arena, which must outlive them. What they outgrow or give back stays
+/// taken.
+template <typename T>
+class ArenaAllocator {
+public:
+    using value_type = T;
+
+    explicit ArenaAllocator(Arena& arena) noexcept : m_arena(&arena) {}
+    template <typename Other>
+    explicit ArenaAllocator(const ArenaAllocator<Other>& other) noexcept : m_arena(&other.Source()) {}
+
+    T* allocate(std::size_t count) {
+        return static_cast<T*>(m_arena->Allocate(count * sizeof(T), alignof(T)));
+    }
+    void deallocate(T*, std::size_t) noexcept {}
+
+    Arena& Source() const noexcept { return *m_arena; }
+
+    friend bool operator==(const ArenaAllocator& a, const ArenaAllocator& b) noexcept {
+        return a.m_arena == b.m_arena;
+    }
+
+private:
+    Arena* m_arena;
+};
+
+} // namespace nesk
