@@ -76,15 +76,14 @@ void FormFolderTree::Fill(const wxTreeItemId& node) {
     data.filled = true;
     const std::string path = PathOf(node);
     std::vector<std::string> names;
-    const int result = FolderList::Read(path, names);
+    if (const int result = FolderList::Read(path, names); result != platform::ErrorCode::Success) {
+        // It may be readable later, when it is opened again.
+        data.filled = false;
+        return modUtilities::ReportError(FileError(result, "FormFolderTree.Fill", path));
+    }
     for (std::size_t i = 0; i < names.size(); ++i)
         AddFolder(node, i, names[i]);
     SetItemHasChildren(node, !names.empty());
-    if (result == platform::ErrorCode::Success) return;
-    // It may be readable later, when it is opened again.
-    data.filled = false;
-    SetItemHasChildren(node);
-    modUtilities::ReportError(FileError(result, "FormFolderTree.Fill", path));
 }
 
 wxTreeItemId FormFolderTree::FindOrAdd(const wxTreeItemId& parent, const std::string& name) {

@@ -10,7 +10,7 @@ namespace nesk::platform::common {
 
 namespace {
 
-// What a byte is turned into that the code page cannot decode.
+// The byte with which old editors end a file.
 constexpr char32_t EndMark = 0x1A;
 
 bool IsBlank(char32_t character) {

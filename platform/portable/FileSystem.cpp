@@ -312,11 +312,13 @@ public:
             ::unlink(temporary.c_str());
             return result;
         }
-        const int renamed = mayReplace ? ::rename(temporary.c_str(), target.c_str())
-                                       : ::link(temporary.c_str(), target.c_str());
+        const int renamed =
+            mayReplace ? ::rename(temporary.c_str(), target.c_str()) : RenameToNew(temporary, target);
         const int error = errno;
-        if (renamed != 0 || !mayReplace) ::unlink(temporary.c_str());
-        if (renamed != 0) return ErrorFromErrno(error, ErrorCode::WriteFault);
+        if (renamed != 0) {
+            ::unlink(temporary.c_str());
+            return ErrorFromErrno(error, ErrorCode::WriteFault);
+        }
         FlushFolder(target.parent_path());
         return ErrorCode::Success;
     }
@@ -339,6 +341,16 @@ public:
     }
 
 private:
+    // Renames a file to a name that must be free; -1 and errno when it is not. File systems that cannot be
+    // asked for that know second names of a file instead.
+    static int RenameToNew(const fs::path& from, const fs::path& to) {
+        if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+        if (errno != EINVAL && errno != ENOSYS) return -1;
+        if (::link(from.c_str(), to.c_str()) != 0) return -1;
+        ::unlink(from.c_str());
+        return 0;
+    }
+
     static int SearchOne(const std::string& path, std::unique_ptr<DirectorySearch>& search,
                          DirectoryEntry& first) {
         fs::path host;

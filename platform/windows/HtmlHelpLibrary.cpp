@@ -1,15 +1,30 @@
 #include "platform/windows/HtmlHelpLibrary.h"
 
+#include <array>
 #include <utility>
 
 namespace nesk::platform::windows {
+
+namespace {
+
+// The path of a library of the system. A name alone would be looked for in other folders as well, and to look
+// in this one only is more than a Windows 7 without its later updates can be asked for.
+std::wstring InSystemFolder(const std::wstring& name) {
+    if (name.find(L'\\') != std::wstring::npos) return name;
+    std::array<wchar_t, MAX_PATH> folder{};
+    const UINT length = ::GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size()));
+    return std::wstring(folder.data(), length) + L"\\" + name;
+}
+
+} // namespace
 
 HtmlHelpLibrary::HtmlHelpLibrary(std::wstring name) : m_name(std::move(name)) {}
 
 // Null when there is no viewer; it may be installed later, so that is not remembered.
 HtmlHelpLibrary::Function HtmlHelpLibrary::Find() {
     if (m_function != nullptr) return m_function;
-    const HMODULE library = ::LoadLibraryExW(m_name.c_str(), nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const HMODULE library =
+        ::LoadLibraryExW(InSystemFolder(m_name).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (library == nullptr) return nullptr;
     // By way of a function that has nothing in common with either, as the compiler asks for.
     m_function =

@@ -1,11 +1,14 @@
 #include "platform/ProfileFile.h"
 
+#include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
 #include "platform/TextEncoding.h"
 #include "platform/common/ProfileSearch.h"
 #include "platform/common/ProfileText.h"
 #include "platform/windows/WideText.h"
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 #include <windows.h>
 
@@ -21,10 +24,13 @@ std::string Narrow(const std::string& text) {
     return ToAnsi(text).value_or("?");
 }
 
-bool IsLarge(const std::wstring& path) {
+// Pipes and devices are none: the system would open them and wait for what they say.
+bool IsSmallFile(const std::string& file, const std::wstring& path) {
+    std::unique_ptr<FileReader> reader;
+    if (StationFiles().OpenForReading(file, reader) != ErrorCode::Success) return false;
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) == 0) return false;
-    return data.nFileSizeHigh != 0 || data.nFileSizeLow > common::ProfileReader::LargestText;
+    return data.nFileSizeHigh == 0 && data.nFileSizeLow <= common::ProfileReader::LargestText;
 }
 
 } // namespace
@@ -32,9 +38,10 @@ bool IsLarge(const std::wstring& path) {
 std::string ReadProfileString(const std::string& file, const std::string& section, const std::string& key,
                               const std::string& defaultValue, std::size_t capacity) {
     if (capacity == 0) return "";
-    // The system reads no profile file whose path is longer, and takes all of a file into memory.
+    // The system reads no profile file whose path is longer, takes all of a file into memory, and opens what
+    // is no file.
     const std::wstring path = windows::FilePath(file);
-    if (path.size() >= MAX_PATH || IsLarge(path))
+    if (path.size() >= MAX_PATH || !IsSmallFile(file, path))
         return common::SearchProfile(file, section, key, defaultValue, capacity);
     std::vector<char> buffer(std::min(capacity, LargestBuffer));
     const DWORD length =
