@@ -37,8 +37,10 @@ int BlockBase(int id) {
 }
 
 std::string LibraryFileName(const std::string& languageCode, int id) {
+    // Five digits, beside which a sign takes its own place.
+    const int width = id <= -1000 ? 6 : 5;
     std::array<char, 16> base{};
-    std::snprintf(base.data(), base.size(), "%05d", BlockBase(id));
+    std::snprintf(base.data(), base.size(), "%0*d", width, BlockBase(id));
     return "\\" + languageCode + base.data() + ".DLL";
 }
 

@@ -29,16 +29,22 @@ std::string LoadResString(int id);
 /// one placeholder is searched for the later ones only.
 std::string FormatResStringArray(int id, const Arguments& arguments);
 
-/// The form in which an argument appears in a text.
+/// The form in which an argument appears in a text: a text as it stands, a whole number in decimal.
 template <typename T>
 std::string ArgumentText(T&& value) {
-    if constexpr (std::is_constructible_v<std::string, T&&>)
+    if constexpr (std::is_constructible_v<std::string, T&&>) {
         return std::string(std::forward<T>(value));
-    else
+    } else {
+        using Number = std::decay_t<T>;
+        // Of others the library would show a code, a 1 or six decimals.
+        static_assert(std::is_integral_v<Number> && !std::is_same_v<Number, char> &&
+                          !std::is_same_v<Number, bool>,
+                      "an argument is a text or a whole number");
         return std::to_string(value);
+    }
 }
 
-/// As FormatResStringArray, for up to ten texts or numbers.
+/// As FormatResStringArray, for up to ten texts or whole numbers.
 template <typename... Args>
 std::string FormatResString(int id, Args&&... args) {
     static_assert(sizeof...(Args) <= 10, "a text has ten placeholders");
