@@ -144,6 +144,9 @@ TEST_F(OptionsCheckTest, SampleSizes) {
     EXPECT_EQ(SampleSize("3.5"), "4");
     EXPECT_EQ(SampleSize("1"), "refused: 1");
     EXPECT_EQ(SampleSize("1.0"), "refused: 1");
+    // Compared before it is rounded.
+    EXPECT_EQ(SampleSize("0.6"), "1");
+    EXPECT_EQ(SampleSize("1.4"), "1");
     EXPECT_EQ(SampleSize("21"), "refused: 21");
     EXPECT_EQ(SampleSize("20.5"), "refused: 20.5");
     // Compared with the number of parts as it is stored.
