@@ -1,12 +1,49 @@
+#include "platform/FileSystem.h"
 #include "settings/RegEntry.h"
 #include "shell/modHelp.h"
 #include "unit/CoreFixture.h"
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <memory>
+#include <system_error>
+#include <vector>
 
 namespace nesk {
 namespace {
+
+// Messages that requests for help give before any test chooses a help file, which cannot be taken back.
+const int MessagesWithoutAHelpFile = [] {
+    int count = 0;
+    const modMessageBox::Hook before =
+        modMessageBox::SetHook([&count](const std::string&, std::int16_t, const std::string&) {
+            ++count;
+            return modMessageBox::Result::Ok;
+        });
+    modHelp::ShowHelpTopic(nullptr, 1);
+    modHelp::ShowHelpContents(nullptr);
+    modMessageBox::SetHook(before);
+    return count;
+}();
+
+// A file beside the program for as long as the object lives.
+class FileBesideTheProgram {
+public:
+    explicit FileBesideTheProgram(const std::string& name)
+        : m_file(TempStation::Host(platform::ProgramFolder() + "\\" + name)) {
+        std::ofstream(m_file) << "help";
+    }
+    ~FileBesideTheProgram() {
+        std::error_code error;
+        std::filesystem::remove(m_file, error);
+    }
+    FileBesideTheProgram(const FileBesideTheProgram&) = delete;
+    FileBesideTheProgram& operator=(const FileBesideTheProgram&) = delete;
+
+private:
+    std::filesystem::path m_file;
+};
 
 // The program's own folder holds OVENU.chm; base names of the test's own leave the choice to the
 // installation's.
@@ -39,6 +76,34 @@ TEST_F(HelpTest, CandidatesInTheirOrder) {
         EXPECT_TRUE(modHelp::SetHelpFile(1031, "T"));
         EXPECT_EQ(modHelp::HelpFile(), std::string("C:\\Orvane\\Bin\\") + name);
     }
+}
+
+TEST_F(HelpTest, BothFoldersInTheirOrder) {
+    const std::string base = "HelpTestOrder";
+    const std::vector<std::string> endings{"ENU.hlp", "DEU.hlp", "ENU.chm", "DEU.chm"};
+    for (const std::string& ending : endings)
+        const FileBesideTheProgram leftByARunThatWasKilled(base + ending);
+    // From the last candidate to the first: each file beats the ones before.
+    std::vector<std::unique_ptr<FileBesideTheProgram>> files;
+    for (const std::string& ending : endings) {
+        WriteHelp(base + ending);
+        EXPECT_TRUE(modHelp::SetHelpFile(1031, base));
+        EXPECT_EQ(modHelp::HelpFile(), "C:\\Orvane\\Bin\\" + base + ending);
+        files.push_back(std::make_unique<FileBesideTheProgram>(base + ending));
+        EXPECT_TRUE(modHelp::SetHelpFile(1031, base));
+        EXPECT_EQ(modHelp::HelpFile(), platform::ProgramFolder() + "\\" + base + ending);
+    }
+}
+
+TEST_F(HelpTest, EnglishClassicHelpBesideTheProgramIsBetterThanNone) {
+    const FileBesideTheProgram file("HelpTestAloneENU.hlp");
+    EXPECT_TRUE(modHelp::SetHelpFile(1031, "HelpTestAlone"));
+    EXPECT_EQ(modHelp::HelpFile(), platform::ProgramFolder() + "\\HelpTestAloneENU.hlp");
+    EXPECT_FALSE(modHelp::IsHtmlHelp());
+}
+
+TEST_F(HelpTest, BeforeAHelpFileIsChosenNothingHappens) {
+    EXPECT_EQ(MessagesWithoutAHelpFile, 0);
 }
 
 TEST_F(HelpTest, TheEndingDecidesTheFormat) {
