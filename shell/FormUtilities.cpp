@@ -23,7 +23,10 @@ void SetControlFont(wxWindow& control) {
     wxFont font = control.GetFont();
     if (!font.IsOk()) return;
     font.SetFaceName(FaceName());
-    font.SetPointSize(ControlFontSize(platform::UserDefaultLocale(), font.GetPointSize()));
+    // Set only where it is too small: a font may have a part of a point, which a whole number would take off.
+    const double points = font.GetFractionalPointSize();
+    const int least = ControlFontSize(platform::UserDefaultLocale(), static_cast<int>(points));
+    if (points < least) font.SetPointSize(least);
     control.SetFont(font);
 }
 
