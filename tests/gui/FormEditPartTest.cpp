@@ -9,12 +9,14 @@
 #include "partedit/FormEditPart.h"
 #include "platform/PartInfoEditor.h"
 #include "settings/NeskRegistry.h"
+#include "settings/RegEntry.h"
 #include "shell/FormUtilities.h"
 #include "shell/Startup.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 
 #include <filesystem>
+#include <utility>
 #include <vector>
 
 #include <wx/button.h>
@@ -89,6 +91,19 @@ TEST_F(FormEditPartTest, ShowsTheItem) {
     EXPECT_EQ(PartFieldsOf(*item), before) << "confirmed as it was";
 }
 
+TEST_F(FormEditPartTest, EveryControlHasItsText) {
+    const FormEditPart dialog(nullptr, 640);
+    const std::pair<const wxWindow*, int> texts[] = {
+        {dialog.cmdOK, 32004},         {dialog.cmdCancel, 32005},        {dialog.cmdHelp, 32008},
+        {dialog.cmdSlideShow, 32043},  {dialog.cmdHelpFile, 32075},      {dialog.cmdHistory, 32083},
+        {dialog.Frame3, 32055},        {dialog.lblPartName, 32044},      {dialog.Frame2, 32057},
+        {dialog.Frame1, 32056},        {dialog.cmdPreviewSelect, 32066}, {dialog.cmdPreviewDelete, 32065},
+        {dialog.cmdMenuSelect, 32066}, {dialog.cmdMenuDelete, 32065},    {dialog.cmdMenuPicture, 32042},
+    };
+    for (const auto& [control, text] : texts)
+        EXPECT_EQ(FromWx(control->GetLabel()), LoadResString(text)) << text;
+}
+
 TEST_F(FormEditPartTest, AMissingItemIsNotEdited) {
     FormEditPart dialog(nullptr, WideScreen);
     EXPECT_FALSE(dialog.Edit(nullptr));
@@ -160,6 +175,23 @@ TEST_F(FormEditPartTest, TheInformationEditorGetsItsThreeArguments) {
     });
     dialog.Edit(item);
     EXPECT_TRUE(messages.empty());
+}
+
+TEST_F(FormEditPartTest, TheInformationEditorGetsTheLanguageOfTheProgram) {
+    editor.Install("D:\\Parts\\Bracket\\partinfo.ini");
+    FormEditPart dialog(nullptr, WideScreen);
+    RegEntry settings;
+    settings.CreateKey("Orvane\\Settings");
+    settings.SetString("DefaultLanguage", "1031");
+    Startup::InitLanguage();
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdSlideShow);
+        EXPECT_EQ(editor.Log(), "D:\\Parts\\Bracket|D:\\Parts\\Bracket\\partinfo.ini|1031|");
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Edit(item);
+    settings.SetString("DefaultLanguage", "");
+    Startup::InitLanguage();
 }
 
 TEST_F(FormEditPartTest, AMissingOrFailingEditorGivesAMessage) {

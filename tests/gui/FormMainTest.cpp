@@ -363,6 +363,11 @@ TEST_F(FormMainTest, ADoubleClickEdits) {
     window->tvMain->ProcessWindowEvent(onSubmenu);
     EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32081));
     EXPECT_TRUE(window->Editor().IsDirty());
+    Select("R.1");
+    dialogs.Answer(wxID_CANCEL);
+    wxTreeEvent onPart(wxEVT_TREE_ITEM_ACTIVATED, window->tvMain, window->tvMain->NodeOf("R.1"));
+    window->tvMain->ProcessWindowEvent(onPart);
+    EXPECT_EQ(dialogs.shown.at(1).title, modStringRes::FormatResString(32029, "First"));
 }
 
 TEST_F(FormMainTest, SettingsOpenTheirDialogs) {

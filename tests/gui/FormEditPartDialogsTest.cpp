@@ -1,0 +1,176 @@
+#include "gui/PartDialogFixture.h"
+
+#include "menu/FormPicture.h"
+#include "menu/FormSelectMenuPicture.h"
+#include "menu/PartFields.h"
+#include "partedit/FormEditPart.h"
+#include "partedit/FormSelectHelpFile.h"
+#include "partedit/FormSelectHistory.h"
+#include "partedit/FormSelectPart.h"
+#include "settings/NeskRegistry.h"
+#include "settings/RegEntry.h"
+#include "shell/FormUtilities.h"
+
+#include <utility>
+
+#include <wx/button.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+#include <wx/treectrl.h>
+
+namespace nesk::testing {
+namespace {
+
+using modStringRes::FormatResString;
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+
+// The dialogs that the part editor opens in its turn.
+class FormEditPartDialogsTest : public PartDialogTest {
+protected:
+    ~FormEditPartDialogsTest() override { NeskRegistry::Instance() = NeskRegistry(); }
+
+    // Shows the editor, does something with it, and returns its answer.
+    bool Edit(const std::function<void(FormEditPart&)>& act, int screenWidth = 1024) {
+        WhenShown<FormEditPart>("FormEditPart", act);
+        return FormEditPart(nullptr, screenWidth).Edit("Angle", fields);
+    }
+
+    PartFields fields{"C:\\Gone\\a.bmp", "", "BRACKET", "C:\\help.chm", 12, "D:\\History", "Angles"};
+};
+
+TEST_F(FormEditPartDialogsTest, ThePartTreeGivesTheReference) {
+    station.Write("D:\\Parts\\Shaft\\partinfo.ini", "[Part]\r\nName=Shaft 3\r\n");
+    RegEntry common;
+    common.CreateKey("Common");
+    common.SetString("RepositoryRoot", "D:\\Parts\\");
+    const auto isScanned = [](const FormSelectPart& tree) {
+        return !tree.IsBusy() && tree.cmdSelectDrive->IsEnabled() && !tree.tvMain->IsEmpty();
+    };
+    EXPECT_TRUE(Edit([&](FormEditPart& form) {
+        WhenShown<FormSelectPart>(
+            "FormSelectPart", [](FormSelectPart& tree) { Click(tree.cmdCancel); }, isScanned);
+        Click(form.cmdSelectPart);
+        EXPECT_EQ(FromWx(form.txtPartName->GetValue()), "BRACKET") << "nothing was selected";
+        WhenShown<FormSelectPart>(
+            "FormSelectPart",
+            [](FormSelectPart& tree) {
+                wxTreeItemIdValue cookie = nullptr;
+                const wxTreeItemId part = tree.tvMain->GetFirstChild(tree.tvMain->GetRootItem(), cookie);
+                ASSERT_TRUE(part.IsOk());
+                tree.tvMain->SelectItem(part);
+                Click(tree.cmdOK);
+            },
+            isScanned);
+        Click(form.cmdSelectPart);
+        EXPECT_EQ(FromWx(form.lblDescription->GetLabelText()), FormatResString(32027, "Shaft 3"));
+        EXPECT_TRUE(form.cmdSlideShow->IsEnabled());
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(fields.programId, "@D:\\Parts\\Shaft\\partinfo.ini@");
+}
+
+TEST_F(FormEditPartDialogsTest, OnASmallScreenThePictureDialogGivesThePicture) {
+    constexpr int smallScreen = 640;
+    const auto choose = [this](FormEditPart& form) {
+        WhenShown<FormSelectMenuPicture>("FormSelectMenuPicture", [](FormSelectMenuPicture& library) {
+            EXPECT_EQ(library.picItemHost->Path(), "C:\\Gone\\a.bmp");
+            library.picItemHost->SetPath("C:\\lost.bmp");
+            Click(library.cmdCancel);
+        });
+        Click(form.cmdMenuPicture);
+        EXPECT_EQ(form.picItemHost->Path(), "C:\\Gone\\a.bmp") << "called off";
+        WhenShown<FormSelectMenuPicture>("FormSelectMenuPicture", [](FormSelectMenuPicture& library) {
+            library.picItemHost->SetPath("C:\\new.bmp");
+            Click(library.cmdOK);
+        });
+        Click(form.cmdMenuPicture);
+        EXPECT_EQ(form.picItemHost->Path(), "C:\\new.bmp");
+        Click(form.cmdOK);
+    };
+    EXPECT_TRUE(Edit(choose, smallScreen));
+    EXPECT_EQ(fields.graphic, "C:\\new.bmp");
+}
+
+TEST_F(FormEditPartDialogsTest, PicturesAreChosenInTheSystemsDialog) {
+    NeskRegistry::Instance().DefaultBitmapDirectory = "C:\\Pictures";
+    station.Write("C:\\Slides\\b.bmp", "");
+    fields.preview = "C:\\Slides\\b.bmp";
+    EXPECT_TRUE(Edit([this](FormEditPart& form) {
+        ChooseFile("");
+        Click(form.cmdMenuSelect);
+        EXPECT_EQ(form.picItemHost->Path(), "C:\\Gone\\a.bmp") << "called off";
+        ChooseFile("C:\\new.bmp");
+        Click(form.cmdMenuSelect);
+        ChooseFile("");
+        Click(form.cmdPreviewSelect);
+        EXPECT_EQ(form.picPreviewHost->Path(), "C:\\Slides\\b.bmp") << "called off";
+        ChooseFile("C:\\other.bmp");
+        Click(form.cmdPreviewSelect);
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(fields.graphic, "C:\\new.bmp");
+    EXPECT_EQ(fields.preview, "C:\\other.bmp");
+    // The folder of the settings where that of the picture has gone.
+    const std::string title = LoadResString(32026);
+    const std::string picture = title + "|C:\\Pictures|C:\\Gone\\a.bmp|";
+    const std::string preview = title + "|C:\\Slides\\|C:\\Slides\\b.bmp|";
+    EXPECT_EQ(fileDialogs, (std::vector<std::string>{picture, picture, preview, preview}));
+}
+
+TEST_F(FormEditPartDialogsTest, ADoubleClickChoosesAPictureToo) {
+    Edit([this](FormEditPart& form) {
+        const std::pair<const char*, FormPicture*> places[] = {{"picItemHost", form.picItemHost},
+                                                               {"picItem", form.picItemHost},
+                                                               {"picPreviewHost", form.picPreviewHost},
+                                                               {"picPreview", form.picPreviewHost}};
+        for (const auto& [name, picture] : places) {
+            const std::string file = std::string("C:\\") + name + ".bmp";
+            ChooseFile(file);
+            wxMouseEvent twice(wxEVT_LEFT_DCLICK);
+            wxWindow::FindWindowByName(name, &form)->ProcessWindowEvent(twice);
+            EXPECT_EQ(picture->Path(), file);
+        }
+        Click(form.cmdCancel);
+    });
+}
+
+TEST_F(FormEditPartDialogsTest, WhatTheOtherDialogsChangeIsStoredOnOk) {
+    station.Write("C:\\History\\x.txt", "");
+    const auto change = [this](FormEditPart& form) {
+        form.txtPartName->SetValue("PLATE");
+        WhenShown<FormSelectHelpFile>("FormSelectHelpFile", [](FormSelectHelpFile& help) {
+            EXPECT_EQ(FromWx(help.txtHelpFile->GetValue()), "C:\\help.chm");
+            EXPECT_EQ(FromWx(help.txtHelpTopic->GetValue()), "12");
+            help.txtHelpFile->ChangeValue("C:\\other.chm");
+            help.txtHelpTopic->ChangeValue("34");
+            Click(help.cmdOK);
+        });
+        Click(form.cmdHelpFile);
+        WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& history) {
+            EXPECT_EQ(FromWx(history.txtHistoryDir->GetValue()), "D:\\History");
+            EXPECT_EQ(FromWx(history.txtHistoryTitle->GetValue()), "Angles");
+            EXPECT_EQ(FromWx(history.cmdDefault->GetLabel()), LoadResString(32093));
+            history.txtHistoryDir->ChangeValue("C:\\History");
+            history.txtHistoryTitle->ChangeValue("Bolts");
+            Click(history.cmdOK);
+        });
+        Click(form.cmdHistory);
+    };
+    const PartFields before = fields;
+    EXPECT_FALSE(Edit([&](FormEditPart& form) {
+        change(form);
+        EXPECT_EQ(fields, before) << "changed on OK alone";
+        Click(form.cmdCancel);
+    }));
+    EXPECT_EQ(fields, before);
+    EXPECT_TRUE(Edit([&](FormEditPart& form) {
+        change(form);
+        Click(form.cmdOK);
+    }));
+    const PartFields after{"C:\\Gone\\a.bmp", "", "PLATE", "C:\\other.chm", 34, "C:\\History", "Bolts"};
+    EXPECT_EQ(fields, after);
+}
+
+} // namespace
+} // namespace nesk::testing
