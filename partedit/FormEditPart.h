@@ -14,8 +14,9 @@ namespace nesk {
 class FormPicture;
 class MenuItem;
 
-/// Edits one part-program button: its program, pictures, help and history. It
-/// works on copies; nothing is checked.
+/// Edits one part-program button: its program, pictures, help and history. It works on copies; whether what
+/// they name exists is not checked. A text that the menu file cannot hold is reported when the dialog is
+/// confirmed, and the dialog stays open.
 class FormEditPart : public FormDialog {
 public:
     /// @param screenWidth  in pixels. Up to 640 the menu picture has no frame of its own and is chosen by
