@@ -35,9 +35,9 @@ bool IsText(std::uint32_t type) {
            type == platform::RegType::MultiText;
 }
 
-// A name that the code page cannot hold cannot exist; the one returned then is none that exists either.
+// The name of a key or value that was opened or listed before, and which the code page holds therefore.
 std::string AnsiName(const std::string& name) {
-    return platform::ToAnsi(name).value_or(std::string(1, '\0'));
+    return platform::ToAnsi(name).value();
 }
 
 // Closes a key at the end of its scope, errors included.
@@ -163,9 +163,12 @@ void RegEntry::DeleteInternal(RegKey lParentKey, const std::string& sKey) {
 }
 
 std::string RegEntry::ReadText(RegKey key, const std::string& name) {
+    // A name that the code page cannot hold is the name of no value.
+    const std::optional<std::string> ansi = platform::ToAnsi(name);
+    if (!ansi) return "";
     std::array<char, LongestText + 1> buffer{};
     auto size = static_cast<std::uint32_t>(buffer.size());
-    const int result = m_registry.QueryValue(key, AnsiName(name), nullptr, buffer.data(), &size);
+    const int result = m_registry.QueryValue(key, *ansi, nullptr, buffer.data(), &size);
     if (result != ErrorCode::Success) return "";
     std::string_view bytes(buffer.data(), size);
     if (bytes.ends_with('\0')) bytes.remove_suffix(1);
@@ -206,7 +209,8 @@ void RegEntry::SetBoolean(const std::string& sName, bool bValue) {
 }
 
 void RegEntry::DeleteValue(const std::string& sName) {
-    if (m_key != 0) m_registry.DeleteValue(m_key, AnsiName(sName));
+    const std::optional<std::string> name = platform::ToAnsi(sName);
+    if (m_key != 0 && name) m_registry.DeleteValue(m_key, *name);
 }
 
 std::vector<std::string> RegEntry::SubkeyNames(RegKey key) {

@@ -195,6 +195,17 @@ TEST_F(RegEntryErrorsTest, CreatingALevelFails) {
         << "of the base path";
 }
 
+TEST_F(RegEntryErrorsTest, MessagesByTheirNumbers) {
+    m_registry.failures = {{"create A", ErrorCode::AccessDenied}, {"set name", ErrorCode::AccessDenied}};
+    RegEntry entry(m_registry);
+    EXPECT_EQ(ErrorOf([&] { entry.OpenKey("None"); }).messageId, 32001);
+    EXPECT_EQ(ErrorOf([&] { entry.CreateKey("A\\B"); }).messageId, 32002);
+    EXPECT_EQ(ErrorOf([&] { entry.CreateKey("A"); }).messageId, 32001);
+    entry.OpenKey("T");
+    EXPECT_EQ(ErrorOf([&] { entry.SetString("name", "x"); }).messageId, 32003);
+    EXPECT_EQ(ErrorOf([&] { entry.DeleteKey("None"); }).messageId, 32001);
+}
+
 TEST_F(RegEntryErrorsTest, KeysWhoseNameTheCodePageCannotHold) {
     RegEntry entry(m_registry);
     ExpectError(ErrorOf([&] { entry.OpenKey("日"); }), 5001, "RegEntry.OpenInternal",
@@ -205,8 +216,11 @@ TEST_F(RegEntryErrorsTest, KeysWhoseNameTheCodePageCannotHold) {
     entry.OpenKey("T");
     ExpectError(ErrorOf([&] { entry.DeleteKey("日"); }), 5001, "RegEntry.CopyInternal",
                 Message::RegKeyNotOpened, {"日"});
+    entry.SetString("", "default");
     EXPECT_EQ(entry.GetString("日"), "");
     entry.DeleteValue("日");
+    entry.SetString("日", "");
+    EXPECT_EQ(entry.GetString(""), "default") << "the value without a name is another one";
     ExpectError(ErrorOf([&] { entry.SetString("日", "x"); }), 5002, "RegEntry.SetValue",
                 Message::RegValueNotWritten, {"日"});
 }
