@@ -4,6 +4,7 @@
 #include "platform/FileSystem.h"
 #include "platform/TextEncoding.h"
 #include "platform/windows/HtmlHelpLibrary.h"
+#include "platform/windows/WinHelp.h"
 
 #include <optional>
 #include <windows.h>
@@ -18,7 +19,18 @@ bool FileExists(const std::string& file) {
            (attributes & FileAttribute::Directory) == 0;
 }
 
+windows::WinHelpFunction& ClassicViewer() {
+    static windows::WinHelpFunction function = ::WinHelpA;
+    return function;
+}
+
 } // namespace
+
+windows::WinHelpFunction windows::SetWinHelp(WinHelpFunction function) {
+    const WinHelpFunction before = ClassicViewer();
+    ClassicViewer() = function;
+    return before;
+}
 
 HelpResult ShowHtmlHelp(void* owner, const std::string& file, unsigned command, std::uint32_t data) {
     static windows::HtmlHelpLibrary viewer(L"hhctrl.ocx");
@@ -32,8 +44,9 @@ HelpResult ShowClassicHelp(void* owner, const std::string& file, unsigned comman
     if (!FileExists(file)) return HelpResult::FileMissing;
     const std::optional<std::string> path = ToAnsi(file);
     if (!path) return HelpResult::Failed;
-    return ::WinHelpA(static_cast<HWND>(owner), path->c_str(), command, data) != FALSE ? HelpResult::Shown
-                                                                                       : HelpResult::Failed;
+    return ClassicViewer()(static_cast<HWND>(owner), path->c_str(), command, data) != FALSE
+               ? HelpResult::Shown
+               : HelpResult::Failed;
 }
 
 } // namespace nesk::platform
