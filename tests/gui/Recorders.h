@@ -3,6 +3,7 @@
 #include "unit/platform/TempStation.h"
 
 #include <string>
+#include <vector>
 
 namespace nesk::testing {
 
@@ -17,6 +18,12 @@ public:
     /// The topic that was asked for, as decimal text; "contents" for the table of contents. Waits some
     /// seconds for a viewer that runs beside the program; "" when it was not called.
     std::string Shown() const;
+
+#ifndef NESK_PORTABLE_STATION
+    /// What each call asked for, as Shown tells it. On the portable station a call ends the viewer of the one
+    /// before, which may not have come to note anything.
+    std::vector<std::string> Calls() const;
+#endif
 
     /// Whether the viewer was called, without waiting.
     bool WasCalled() const;

@@ -63,14 +63,24 @@ HelpRecorder::~HelpRecorder() {
     ::SetEnvironmentVariableW(L"NESK_TEST_HELP_LOG", nullptr);
 }
 
+std::vector<std::string> HelpRecorder::Calls() const {
+    std::vector<std::string> calls;
+    std::istringstream lines(Contents(m_log));
+    for (std::string line; std::getline(lines, line);) {
+        // command|data|file|owner
+        std::string command;
+        std::string data;
+        std::istringstream fields(line);
+        std::getline(fields, command, '|');
+        std::getline(fields, data, '|');
+        calls.push_back(command == "15" ? data : command == "1" ? "contents" : command);
+    }
+    return calls;
+}
+
 std::string HelpRecorder::Shown() const {
-    // command|data|file|owner
-    std::string command;
-    std::string data;
-    std::istringstream line(Contents(m_log));
-    std::getline(line, command, '|');
-    std::getline(line, data, '|');
-    return command == "15" ? data : command == "1" ? "contents" : command;
+    const std::vector<std::string> calls = Calls();
+    return calls.empty() ? "" : calls.front();
 }
 
 bool HelpRecorder::WasCalled() const {
