@@ -101,6 +101,9 @@ private:
     std::optional<LineScan::LineStart> m_blockStart; // that line and its end
     std::string m_blockName;
     std::string m_blockType;
+
+protected:
+    // So that a test can begin near LastLine: a file of so many lines takes too long.
     std::int32_t m_currentLine = 0;
 };
 

@@ -6,6 +6,8 @@
 #include "unit/Errors.h"
 
 #include <array>
+#include <filesystem>
+#include <iterator>
 #include <random>
 
 namespace nesk {
@@ -16,6 +18,13 @@ using Lines = std::vector<std::string>;
 
 const std::string Path = "C:\\block.cfg";
 constexpr std::size_t BufferSize = std::size_t{1} << 18;
+
+// A parser that can stand far behind the beginning of a file.
+class LateParser final : public BlockParser {
+public:
+    using BlockParser::BlockParser;
+    void GoOnAt(std::int32_t line) { m_currentLine = line; }
+};
 
 class BlockParserTest : public nesk::testing::CoreTest {
 protected:
@@ -110,6 +119,11 @@ TEST_F(BlockParserTest, Lines) {
         {"BLOCK MENU=x", "BLOCK MENU=x"},
         {"END=", "END="},
         {"\tA\t=\tb\tc\t", "A=b c"},
+        // Blanks and tabs alone are trimmed.
+        {"A=\vx\f", "A=\vx\f"},
+        {"\fA\v=x", "\fA\v=x"},
+        {"A=\xA0x\xA0", "A=\xC2\xA0x\xC2\xA0"},
+        {"\f;A=1", "\f;A=1"},
         {"gr\xFC\xDF"
          "e=Gr\xFC\xDF"
          "e",
@@ -123,6 +137,8 @@ TEST_F(BlockParserTest, Lines) {
         {"END x", "?"},
         {"END ;", "?"},
         {"EN", "?"},
+        {"\vEND", "?"},
+        {"END\f", "?"},
         // Start of a block.
         {"BLOCK MENU", "BLOCK MENU/"},
         {"block menu", "BLOCK MENU/"},
@@ -136,6 +152,7 @@ TEST_F(BlockParserTest, Lines) {
         {"BLOCKS MENU", "?"},
         {"BLOC MENU", "?"},
         {"BLOCK;", "?"},
+        {"BLOCK\vMENU", "?"},
         {"MENU BLOCK", "?"},
         {"text", "?"},
         {"\x01", "?"},
@@ -293,6 +310,48 @@ TEST_F(BlockParserTest, AFileThatCannotBeOpened) {
     }
 }
 
+TEST_F(BlockParserTest, LinesAreCountedUpToTheLargestNumber) {
+    // One line of each kind that is read in a way of its own.
+    station.Write(Path, "BLOCK MENU\r\nA=1\r\nKEY=2\r\nEND\r\nBLOCK MENU\r\n\r\n");
+    LateParser parser(Expected);
+    parser.OpenFile(Path, false);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenStartBlock);
+    parser.GoOnAt(2147483646);
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenKeyValue);
+    EXPECT_EQ(parser.CurrentLine(), 2147483647);
+    for (const char* line : {"KEY=2", "END", "BLOCK MENU", ""}) {
+        const NeskError error = ErrorOf([&] { parser.GetToken(); });
+        EXPECT_EQ(error.number, RuntimeError::Overflow) << line;
+        EXPECT_EQ(error.messageId, Message::CounterOverflow) << line;
+        EXPECT_EQ(parser.CurrentLine(), 2147483647) << line;
+    }
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenEndFile) << "reading went on behind each line";
+}
+
+#ifdef NESK_PORTABLE_STATION
+// Windows does not list what a program has open.
+TEST_F(BlockParserTest, NoFileStaysOpen) {
+    namespace fs = std::filesystem;
+    const auto handles = [] {
+        return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+    };
+    station.Write(Path, "A=1\n");
+    const auto before = handles();
+    {
+        BlockParser parser;
+        parser.OpenFile(Path, false);
+        EXPECT_EQ(handles(), before + 1);
+        parser.OpenFile(Path, false);
+        EXPECT_EQ(handles(), before + 1) << "the one before is closed";
+        parser.CloseFile();
+        EXPECT_EQ(handles(), before);
+        parser.OpenFile(Path, false);
+        EXPECT_EQ(handles(), before + 1);
+    }
+    EXPECT_EQ(handles(), before) << "the parser closes its file at its end";
+}
+#endif
+
 TEST_F(BlockParserTest, ClosingTwiceDoesNothing) {
     station.Write(Path, "A=1\nB=2\n");
     BlockParser parser;
@@ -319,6 +378,19 @@ TEST_F(BlockParserTest, OpeningAnotherFileCountsAfresh) {
     EXPECT_EQ(parser.Key(), "X");
     EXPECT_EQ(parser.CurrentLine(), 2);
     EXPECT_EQ(parser.GetToken(), BlockParser::TokenEndFile);
+}
+
+TEST_F(BlockParserTest, AFileThatCannotBeOpenedStartsNoNewCount) {
+    station.Write(Path, "A=1\nB=2\n");
+    BlockParser parser;
+    parser.OpenFile(Path, false);
+    parser.GetToken();
+    EXPECT_EQ(ErrorOf([&] { parser.OpenFile("C:\\none.cfg", false); }).number, RuntimeError::FileNotFound);
+    EXPECT_EQ(parser.CurrentLine(), 1);
+    EXPECT_EQ(parser.Key(), "A");
+    EXPECT_EQ(parser.GetToken(), BlockParser::TokenEndFile) << "the file before is closed";
+    parser.OpenFile(Path, false);
+    EXPECT_EQ(parser.CurrentLine(), 0);
 }
 
 TEST_F(BlockParserTest, ExpectedKeysAreReadLikeAllOthers) {
