@@ -33,6 +33,8 @@ Menu::~Menu() {
 }
 
 bool Menu::Initialize(const std::string& sRootDir) {
+    ReleaseChildren();
+    m_nextCounter = 1;
     m_rootDirectory = sRootDir;
     SetCaption(DefaultCaption);
     SetGraphic("");

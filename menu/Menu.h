@@ -10,7 +10,7 @@ public:
     Menu();
     ~Menu() override;
 
-    /// Makes this a fresh root: caption "Main Menu", no picture.
+    /// Makes this a fresh root: caption "Main Menu", no picture, no children, whose ids start at 1 again.
     /// @param sRootDir  folder that holds the menu file
     /// @return always true
     bool Initialize(const std::string& sRootDir);

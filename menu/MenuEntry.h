@@ -84,6 +84,9 @@ private:
     KeptText m_caption;
     KeptText m_graphic;
     std::unique_ptr<MenuItemCollection> m_subMenus;
+
+protected:
+    // A fresh root begins again, and a test near the end: handing out all numbers takes too long.
     std::int32_t m_nextCounter = 1;
 };
 

@@ -26,6 +26,8 @@ public:
     static void operator delete(void*) noexcept {}
 
     MenuEntry* ParentMenu() const override { return m_parent; }
+    /// Sets the entry above alone: the item stays among the children where it is. Its id and its root
+    /// directory follow the parent.
     void SetParentMenu(MenuEntry* parent) { m_parent = parent; }
     const std::string& RootDirectory() const override;
 

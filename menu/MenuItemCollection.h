@@ -56,7 +56,8 @@ public:
     bool MoveUp(const MenuItem& item);
     bool MoveDown(const MenuItem& item);
 
-    /// Removes all children but the last, which goes with the collection, and forgets the owner.
+    /// Removes all children but the last, which goes with the collection, and forgets the owner: nothing can
+    /// be added afterwards.
     void Terminate();
 
     /// Appends an item whose parent is the owner. Raises Overflow when there are MaxCount children, and

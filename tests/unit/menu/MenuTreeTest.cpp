@@ -10,6 +10,20 @@ namespace {
 
 using nesk::testing::ErrorOf;
 
+// An entry that has one id left to hand out.
+class LateEntry final : public MenuEntry {
+public:
+    LateEntry() { m_nextCounter = 2147483646; }
+    const std::string& RootDirectory() const override { return m_none; }
+    MenuEntry* ParentMenu() const override { return nullptr; }
+
+protected:
+    std::int32_t CounterInParent() const override { return 0; }
+
+private:
+    std::string m_none;
+};
+
 class MenuTreeTest : public nesk::testing::CoreTest {
 protected:
     MenuTreeTest() { m_menu.Initialize("C:\\Neskroot"); }
@@ -44,6 +58,14 @@ TEST_F(MenuTreeTest, AFreshRoot) {
     EXPECT_EQ(menu.Caption(), "Main Menu");
     EXPECT_EQ(menu.Graphic(), "");
     EXPECT_EQ(menu.RootDirectory(), "");
+}
+
+TEST_F(MenuTreeTest, InitializingAgainStartsAfresh) {
+    Add(Add(m_menu));
+    m_menu.Initialize("D:\\");
+    EXPECT_EQ(m_menu.ChildCount(), 0);
+    EXPECT_EQ(m_menu.Find("R.1"), nullptr);
+    EXPECT_EQ(Add(m_menu).ID(), "R.1");
 }
 
 TEST_F(MenuTreeTest, AFreshItem) {
@@ -94,6 +116,16 @@ TEST_F(MenuTreeTest, NextIdUsesOneUp) {
     EXPECT_EQ(item.NextID(), "R.3.1");
     EXPECT_EQ(item.NextCounter(), 2);
     EXPECT_EQ(Add(item).ID(), "R.3.3");
+}
+
+TEST_F(MenuTreeTest, IdsEndAtTheLargestNumber) {
+    LateEntry entry;
+    EXPECT_EQ(entry.NextID(), "R.2147483646");
+    for (int i = 0; i < 2; ++i) {
+        const NeskError error = ErrorOf([&] { entry.NextID(); });
+        EXPECT_EQ(error.number, RuntimeError::Overflow);
+        EXPECT_EQ(error.messageId, Message::Overflow);
+    }
 }
 
 TEST_F(MenuTreeTest, FindingById) {
