@@ -25,8 +25,9 @@ void HistoryList::Append(const std::string& directory, const std::string& title)
         entry.CreateKey(ListKey);
         entry.SetString(CountName, "0");
     }
+    using Limits = std::numeric_limits<std::int32_t>;
     const double count = std::trunc(modConvert::Val(entry.GetString(CountName)));
-    if (count < 0 || count >= std::numeric_limits<std::int32_t>::max())
+    if (count < Limits::min() || count >= Limits::max())
         throw NeskError(RuntimeError::Overflow, "HistoryList.Append", Message::Overflow);
     const std::string number = std::to_string(static_cast<std::int32_t>(count) + 1);
     entry.SetString(number + "Directory", directory);

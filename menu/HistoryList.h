@@ -7,7 +7,9 @@ namespace nesk {
 /// The list of measurement histories that the operator interface offers, kept in the registry.
 class HistoryList {
 public:
-    /// Appends an entry. An entry that is listed already is appended again. Raises the errors of RegEntry.
+    /// Appends an entry, under the number behind the one that is stored as the last, be that negative. An
+    /// entry that is listed already is appended again. Raises Overflow when there is no such number in 32
+    /// bits, and the errors of RegEntry.
     static void Append(const std::string& directory, const std::string& title);
 };
 

@@ -2,6 +2,7 @@
 #include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
+#include "settings/RegEntry.h"
 #include "shell/Messages.h"
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
@@ -106,6 +107,14 @@ TEST_F(MenuFileErrorsTest, DamagedFiles) {
     }
 }
 
+TEST_F(MenuFileErrorsTest, TheIdOfADroppedItemIsNotUsedAgain) {
+    station.Write(Path, "BLOCK MENU\nBLOCK SUBMENU\nEND\nBLOCK SUBMENU\nerror\n");
+    EXPECT_EQ(ErrorOf([&] { m_menu.LoadFromFile(Path); }).line, 5);
+    ASSERT_EQ(m_menu.ChildCount(), 1);
+    EXPECT_EQ(m_menu.SubMenus().Item(1).ID(), "R.1");
+    EXPECT_EQ(m_menu.SubMenus().Add("x", "Menu").ID(), "R.3");
+}
+
 TEST_F(MenuFileErrorsTest, WhatTheRootHadReadStays) {
     station.Write(Path, "BLOCK MENU\nCAPTION=Root\nGRAPHIC=x.bmp\nerror\nCAPTION=later\nEND\n");
     EXPECT_EQ(ErrorOf([&] { m_menu.LoadFromFile(Path); }).line, 4);
@@ -136,6 +145,19 @@ TEST_F(MenuFileErrorsTest, TooManyChildren) {
     error = ErrorOf([&] { nested.LoadFromFile(Path); });
     EXPECT_EQ(error.messageId, Message::TooManyChildren);
     EXPECT_EQ(nested.ChildCount(), 1) << "the item that could not hold its children is dropped";
+}
+
+TEST_F(MenuFileErrorsTest, ANumberOfHistoriesOutsideItsRangeEndsTheLoad) {
+    RegEntry list;
+    list.CreateKey("Neskworks\\Historys");
+    station.Write(Path, "BLOCK MENU\nBLOCK SUBMENU\nHISTORY_DIR=C:\\H\nEND\nEND\n");
+    for (const char* stored : {"2147483647", "-2147483649", "1e300", "-1e300"}) {
+        list.SetString("NumberOfHistorys", stored);
+        const NeskError error = ErrorOf([&] { m_menu.LoadFromFile(Path); });
+        EXPECT_EQ(error.number, RuntimeError::Overflow) << stored;
+        EXPECT_EQ(error.line, 4) << stored;
+        EXPECT_EQ(list.GetString("NumberOfHistorys"), stored);
+    }
 }
 
 TEST_F(MenuFileErrorsTest, AHistoryThatCannotBeRegisteredEndsTheLoad) {

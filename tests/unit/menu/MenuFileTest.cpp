@@ -257,7 +257,8 @@ TEST_F(MenuFileTest, HistoriesGoOnFromTheNumberThatIsStored) {
     const struct {
         const char* stored;
         const char* number;
-    } table[] = {{"", "1"}, {"2", "3"}, {"x", "1"}, {" 7 ", "8"}, {"9.9", "10"}};
+    } table[] = {{"", "1"},     {"2", "3"},   {"x", "1"},  {" 7 ", "8"},
+                 {"9.9", "10"}, {"-3", "-2"}, {"-1", "0"}, {"-2147483648", "-2147483647"}};
     for (const auto& row : table) {
         entry.SetString("NumberOfHistorys", row.stored);
         entry.DeleteValue(std::string(row.number) + "Directory");
