@@ -68,6 +68,34 @@ TEST_F(PartScannerTest, FoldersComeBeforeParts) {
     EXPECT_EQ(recorder.calls, 2u) << "the parts are not read as folders";
 }
 
+#ifdef NESK_PORTABLE_STATION
+// Elsewhere there is no second way to ask for the order.
+TEST_F(PartScannerTest, FoldersAndPartsKeepTheOrderOfTheFileSystem) {
+    for (const char* name : {"m", "c", "z", "a", "q", "f", "x", "b"}) {
+        station.Write(std::string("D:\\Parts\\f") + name + "\\x", "");
+        MakePart(std::string("D:\\Parts\\p") + name);
+    }
+    std::string folders;
+    std::string parts;
+    for (const auto& entry : fs::directory_iterator(Host("D:\\Parts"))) {
+        const std::string name = entry.path().filename().string();
+        if (name.starts_with('f'))
+            folders += name + "/\n";
+        else
+            parts += name + "\n";
+    }
+    EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.tree, folders + parts);
+}
+#endif
+
+TEST_F(PartScannerTest, TheRootIsScannedEvenWhereItIsAPart) {
+    MakePart("D:\\Parts");
+    MakePart("D:\\Parts\\inner");
+    EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.tree, "inner\n");
+}
+
 TEST_F(PartScannerTest, WithoutANameItIsAFolder) {
     station.Write("D:\\Parts\\nameless\\partinfo.ini", "[Part]\r\nNumber=1\r\n");
     station.Write("D:\\Parts\\nameless\\empty\\partinfo.ini", "[Part]\r\nName=\r\n");
@@ -94,6 +122,10 @@ TEST_F(PartScannerTest, NamesWithALeadingDotAreLeftOut) {
 TEST_F(PartScannerTest, ADriveIsScannedFromItsRoot) {
     MakePart("D:\\part");
     EXPECT_TRUE(ScanParts("D:\\", nullptr, recorder));
+    EXPECT_EQ(recorder.tree, "part\n");
+    recorder.tree.clear();
+    recorder.calls = 0;
+    EXPECT_TRUE(ScanParts("D:", nullptr, recorder)) << "the root as a repository is named";
     EXPECT_EQ(recorder.tree, "part\n");
     EXPECT_EQ(PartInfoPath("D:\\"), "D:\\partinfo.ini");
     EXPECT_EQ(PartInfoPath("D:\\a"), "D:\\a\\partinfo.ini");
@@ -154,6 +186,11 @@ protected:
         entry.SetString(name, value);
     }
 };
+
+TEST_F(RepositoryRootTest, ADriveIsNamedWithoutItsBackslashToo) {
+    Set("Common", "RepositoryRoot", "E:\\");
+    EXPECT_EQ(RepositoryRoot(), "E:");
+}
 
 TEST_F(RepositoryRootTest, TheUsersOwnComesFirst) {
     EXPECT_EQ(RepositoryRoot(), "");
