@@ -1,6 +1,7 @@
 #include "gui/GuiFixture.h"
 
 #include "settings/NeskRegistry.h"
+#include "settings/RegEntry.h"
 #include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
 
@@ -265,6 +266,17 @@ TEST_F(FormMainTest, ExitWithNoClosesWithoutSaving) {
     window = nullptr;
     Settle();
     EXPECT_EQ(MenuOnDisk(), SmallMenu);
+}
+
+TEST_F(FormMainTest, NoSettingsAreStoredByEditingAMenu) {
+    OpenSmallMenu();
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
+    ASSERT_TRUE(Click(window->mnuFileSave));
+    ASSERT_TRUE(Click(window->mnuFileClose));
+    ASSERT_TRUE(window->Close());
+    window = nullptr;
+    Settle();
+    EXPECT_FALSE(RegEntry().TestKey("Neskworks"));
 }
 
 TEST_F(FormMainTest, AFailedSaveKeepsTheWindowOpen) {

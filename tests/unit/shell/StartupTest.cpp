@@ -61,6 +61,11 @@ TEST_F(StartupTest, WithoutSettings) {
     EXPECT_TRUE(modHelp::HelpFile().ends_with("\\OVENU.chm"));
 }
 
+TEST_F(StartupTest, NoSettingsAreStoredByStarting) {
+    EXPECT_EQ(Start(), 1);
+    EXPECT_FALSE(RegEntry().TestKey("Neskworks"));
+}
+
 TEST_F(StartupTest, Languages) {
     const struct {
         const char* stored;
