@@ -11,6 +11,7 @@
 
 #include <wx/app.h>
 #include <wx/button.h>
+#include <wx/event.h>
 #include <wx/evtloop.h>
 #include <wx/msgdlg.h>
 #include <wx/sizer.h>
@@ -100,9 +101,8 @@ void FormSelectPart::BuildRepository() {
 }
 
 void FormSelectPart::BuildTree(const std::string& path, const wxString& text) {
-    tvMain->DeleteAllItems();
+    const wxTreeItemId root = StartTree(text);
     cmdOK->Disable();
-    const wxTreeItemId root = tvMain->AddRoot(text, FolderImage, FolderImage, new NodeData(""));
     cmdSelectDrive->Disable();
     m_busy = true;
     m_foldersRead = 0;
@@ -119,6 +119,16 @@ void FormSelectPart::BuildTree(const std::string& path, const wxString& text) {
     tvMain->Expand(root);
     tvMain->SetCursor(before);
     cmdSelectDrive->Enable();
+}
+
+// A tree without a selection selects something by itself, sooner or later. That is no choice of the user's,
+// and what was chosen before stays the result.
+wxTreeItemId FormSelectPart::StartTree(const wxString& text) {
+    const wxEventBlocker blocker(tvMain, wxEVT_TREE_SEL_CHANGED);
+    tvMain->DeleteAllItems();
+    const wxTreeItemId root = tvMain->AddRoot(text, FolderImage, FolderImage, new NodeData(""));
+    tvMain->SelectItem(root);
+    return root;
 }
 
 void FormSelectPart::SelectDrive() {

@@ -40,6 +40,7 @@ protected:
 private:
     void BuildRepository();
     void BuildTree(const std::string& path, const wxString& text);
+    wxTreeItemId StartTree(const wxString& text);
     void SelectDrive();
     void Close(int result);
     void ShowProgress(std::size_t foldersRead);

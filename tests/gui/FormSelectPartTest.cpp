@@ -4,12 +4,15 @@
 #include "partedit/FormSelectPart.h"
 #include "settings/RegEntry.h"
 #include "shell/FormUtilities.h"
+#include "shell/Messages.h"
 
 #include <filesystem>
 
 #include <wx/button.h>
 #include <wx/choice.h>
+#include <wx/evtloop.h>
 #include <wx/radiobut.h>
+#include <wx/settings.h>
 #include <wx/stattext.h>
 #include <wx/treectrl.h>
 
@@ -48,6 +51,19 @@ protected:
         return !form.IsBusy() && form.cmdSelectDrive->IsEnabled() && !form.tvMain->IsEmpty();
     }
 
+    // Presses "OK" whether it is enabled or not.
+    static void PressOk(FormSelectPart& form) {
+        wxCommandEvent press(wxEVT_BUTTON, form.cmdOK->GetId());
+        form.cmdOK->ProcessWindowEvent(press);
+    }
+
+    // Chooses an option of the dialog for drives.
+    static void Choose(FormSelectDrive& form, std::size_t option) {
+        form.optDrive[option]->SetValue(true);
+        wxCommandEvent choose(wxEVT_RADIOBUTTON, form.optDrive[option]->GetId());
+        form.optDrive[option]->ProcessWindowEvent(choose);
+    }
+
     // Announces what is done with the dialog after its scan, which cannot go on to its end below a test that
     // waits for it.
     void WhenScanned(std::function<void(FormSelectPart&)> act) {
@@ -61,6 +77,8 @@ TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
         EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), LoadResString(32069));
         EXPECT_TRUE(form.tvMain->IsExpanded(form.tvMain->GetRootItem()));
         EXPECT_FALSE(FromWx(form.lblProgress->GetLabelText()).empty());
+        EXPECT_EQ(FromWx(form.cmdSelectDrive->GetLabel()), LoadResString(32068));
+        EXPECT_FALSE(form.tvMain->GetCursor().IsSameAs(*wxHOURGLASS_CURSOR));
         EXPECT_FALSE(form.cmdOK->IsEnabled());
         const wxTreeItemId part = Node(form, {"Brackets", "Angle"});
         ASSERT_TRUE(part.IsOk());
@@ -68,7 +86,21 @@ TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
         EXPECT_TRUE(form.cmdOK->IsEnabled());
         Click(form.cmdOK);
     });
-    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Brackets\\Angle\\partinfo.ini");
+    FormSelectPart form(nullptr);
+    EXPECT_FALSE(form.cmdOK->IsEnabled()) << "before anything is shown";
+    EXPECT_EQ(form.SelectPart(), "D:\\Parts\\Brackets\\Angle\\partinfo.ini");
+}
+
+TEST_F(FormSelectPartTest, FoldersAndPartsHaveTheirImages) {
+    WhenScanned([](FormSelectPart& form) {
+        const int folder = form.tvMain->GetItemImage(form.tvMain->GetRootItem());
+        const int part = form.tvMain->GetItemImage(Node(form, {"Shaft"}));
+        EXPECT_NE(part, folder);
+        EXPECT_EQ(form.tvMain->GetItemImage(Node(form, {"Brackets"})), folder);
+        EXPECT_EQ(form.tvMain->GetItemImage(Node(form, {"Brackets", "Angle"})), part);
+        Click(form.cmdCancel);
+    });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "");
 }
 
 TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
@@ -76,12 +108,22 @@ TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
         form.tvMain->SelectItem(Node(form, {"Shaft"}));
         form.tvMain->SelectItem(Node(form, {"Brackets"}));
         EXPECT_FALSE(form.cmdOK->IsEnabled());
-        wxCommandEvent press(wxEVT_BUTTON, form.cmdOK->GetId());
-        form.cmdOK->ProcessWindowEvent(press);
+        PressOk(form);
         EXPECT_TRUE(IsOpen(form)) << "the dialog stays open";
         Click(form.cmdCancel);
     });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "") << "a folder is no part program";
+}
+
+TEST_F(FormSelectPartTest, OkWithoutASelectionDoesNothing) {
+    WhenScanned([](FormSelectPart& form) {
+        form.tvMain->Unselect();
+        ASSERT_FALSE(form.tvMain->GetSelection().IsOk());
+        PressOk(form);
+        EXPECT_TRUE(IsOpen(form)) << "the dialog stays open";
+        Click(form.cmdCancel);
+    });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "");
 }
 
 TEST_F(FormSelectPartTest, CancelKeepsWhatWasSelected) {
@@ -122,6 +164,8 @@ TEST_F(FormSelectPartTest, ALongScanCanBeCalledOff) {
     bool wasBusy = false;
     WhenShown<FormSelectPart>("FormSelectPart", [&](FormSelectPart& form) {
         wasBusy = form.IsBusy();
+        EXPECT_FALSE(form.cmdSelectDrive->IsEnabled());
+        EXPECT_TRUE(form.tvMain->GetCursor().IsSameAs(*wxHOURGLASS_CURSOR));
         Click(form.cmdCancel);
         EXPECT_FALSE(form.cmdCancel->IsEnabled());
     });
@@ -131,6 +175,39 @@ TEST_F(FormSelectPartTest, ALongScanCanBeCalledOff) {
 #ifndef NESK_PORTABLE_STATION
     EXPECT_LT(form.tvMain->GetCount(), 3000u) << "the scan went on to its end";
 #endif
+}
+
+#ifdef NESK_PORTABLE_STATION
+// Windows lets administrators alone make links, and Wine none.
+TEST_F(FormSelectPartTest, AnEntryThatCannotBeReadIsToldAndTheScanGoesOn) {
+    std::filesystem::create_symlink("/nonexistent/file", TempStation::Host("D:\\Parts") / "dangling");
+    ExpectSystemBox();
+    WhenScanned([](FormSelectPart& form) {
+        EXPECT_TRUE(Node(form, {"Brackets", "Angle"}).IsOk());
+        EXPECT_TRUE(Node(form, {"Shaft"}).IsOk());
+        Click(form.cmdCancel);
+    });
+    FormSelectPart(nullptr).SelectPart();
+    ASSERT_EQ(boxes.size(), 1u);
+    const std::string path = "D:\\Parts\\dangling";
+    EXPECT_EQ(boxes[0].text, "Error 53 " + modStringRes::FormatResString(Message::FileNotFound, path) +
+                                 ": GetAttrib(" + path + ")=0");
+}
+#endif
+
+TEST_F(FormSelectPartTest, WithoutARepositoryThereIsTheRootAlone) {
+    station.Write("C:\\Other\\partinfo.ini", "[Part]\r\nName=x\r\n");
+    RegEntry common;
+    common.OpenKey("Common");
+    for (const char* root : {"", "D:\\None"}) {
+        common.SetString("RepositoryRoot", root);
+        WhenScanned([](FormSelectPart& form) {
+            EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), LoadResString(32069));
+            EXPECT_EQ(form.tvMain->GetChildrenCount(form.tvMain->GetRootItem()), 0u);
+            Click(form.cmdCancel);
+        });
+        EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "") << root;
+    }
 }
 
 TEST_F(FormSelectPartTest, AnotherDriveCanBeScanned) {
@@ -144,12 +221,7 @@ TEST_F(FormSelectPartTest, AnotherDriveCanBeScanned) {
     });
     WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) {
         EXPECT_TRUE(form.optDrive[0]->GetValue());
-        EXPECT_FALSE(form.drvSelect->IsEnabled());
-        form.optDrive[1]->SetValue(true);
-        wxCommandEvent choose(wxEVT_RADIOBUTTON, form.optDrive[1]->GetId());
-        form.optDrive[1]->ProcessWindowEvent(choose);
-        EXPECT_TRUE(form.drvSelect->IsEnabled());
-        EXPECT_TRUE(form.lblSelectDrive->IsEnabled());
+        Choose(form, 1);
         form.drvSelect->SetStringSelection("E:");
         wxCommandEvent pick(wxEVT_CHOICE, form.drvSelect->GetId());
         form.drvSelect->ProcessWindowEvent(pick);
@@ -158,15 +230,63 @@ TEST_F(FormSelectPartTest, AnotherDriveCanBeScanned) {
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "E:\\Other\\partinfo.ini");
 }
 
+TEST_F(FormSelectPartTest, ACancelledDriveDialogChangesNothing) {
+    WhenScanned([](FormSelectPart& form) {
+        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        Click(form.cmdSelectDrive);
+        EXPECT_TRUE(Node(form, {"Brackets", "Angle"}).IsOk());
+        EXPECT_TRUE(form.cmdOK->IsEnabled());
+        Click(form.cmdOK);
+    });
+    WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) { Click(form.cmdCancel); });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
+}
+
+TEST_F(FormSelectPartTest, ReadingTheRepositoryAgainKeepsTheResult) {
+    WhenScanned([this](FormSelectPart& form) {
+        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        station.Write("D:\\Parts\\New\\partinfo.ini", "[Part]\r\nName=x\r\n");
+        Click(form.cmdSelectDrive);
+        // Here the tree looks after what it has put off.
+        wxEventLoopBase::GetActive()->ProcessIdle();
+        EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), LoadResString(32069));
+        EXPECT_TRUE(form.tvMain->IsExpanded(form.tvMain->GetRootItem()));
+        EXPECT_TRUE(Node(form, {"New"}).IsOk());
+        Click(form.cmdCancel);
+    });
+    WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) { Click(form.cmdOK); });
+    FormSelectPart form(nullptr);
+    EXPECT_EQ(form.SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
+    WhenScanned([](FormSelectPart& again) { Click(again.cmdCancel); });
+    EXPECT_EQ(form.SelectPart(), "") << "opening the dialog forgets it";
+}
+
+TEST_F(FormSelectPartTest, TheDriveDialogFollowsItsOptions) {
+    WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) {
+        EXPECT_EQ(FromWx(form.GetTitle()), LoadResString(32072));
+        EXPECT_EQ(FromWx(form.optDrive[0]->GetLabel()), LoadResString(32071));
+        EXPECT_EQ(FromWx(form.optDrive[1]->GetLabel()), LoadResString(32070));
+        EXPECT_EQ(FromWx(form.lblSelectDrive->GetLabel()), LoadResString(32068));
+        EXPECT_FALSE(form.drvSelect->IsEnabled());
+        for (const std::size_t option : {1u, 0u, 1u, 0u}) {
+            Choose(form, option);
+            EXPECT_EQ(form.lblSelectDrive->IsEnabled(), option == 1);
+            EXPECT_EQ(form.drvSelect->IsEnabled(), option == 1);
+            const wxSystemColour colour = option == 1 ? wxSYS_COLOUR_WINDOWTEXT : wxSYS_COLOUR_GRAYTEXT;
+            EXPECT_EQ(form.drvSelect->GetForegroundColour(), wxSystemSettings::GetColour(colour));
+        }
+        Click(form.cmdOK);
+    });
+    EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "*") << "the option chosen last";
+}
+
 TEST_F(FormSelectPartTest, TheDriveDialogAnswers) {
     WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) { Click(form.cmdOK); });
     EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "*");
     WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) { Click(form.cmdCancel); });
     EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "");
     WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) {
-        form.optDrive[1]->SetValue(true);
-        wxCommandEvent choose(wxEVT_RADIOBUTTON, form.optDrive[1]->GetId());
-        form.optDrive[1]->ProcessWindowEvent(choose);
+        Choose(form, 1);
         Press(WXK_RETURN);
     });
     EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "C:\\");
