@@ -1,5 +1,6 @@
 #include "shell/NeskApp.h"
 
+#include "platform/DefaultFont.h"
 #include "platform/PartInfoEditor.h"
 #include "shell/FormMain.h"
 #include "shell/FormMessageBox.h"
@@ -23,6 +24,7 @@ std::int16_t ShowInMessageBox(const std::string& text, std::int16_t options, con
 } // namespace
 
 bool NeskApp::OnInit() {
+    platform::PrepareFonts();
     SetAppName("neskmanager");
     modMessageBox::SetHook(ShowInMessageBox);
     Startup::Main([this] {
@@ -47,6 +49,12 @@ bool NeskApp::OnExceptionInMainLoop() {
     }
     // The open menu is worth more than a tidy end: go on.
     return true;
+}
+
+// All the program's texts are written from left to right, whatever language the system speaks; asking it for its
+// direction would build a table of all languages at each start.
+wxLayoutDirection NeskApp::GetLayoutDirection() const {
+    return wxLayout_LeftToRight;
 }
 
 } // namespace nesk

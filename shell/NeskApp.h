@@ -10,6 +10,7 @@ public:
     bool OnInit() override;
     int OnExit() override;
     bool OnExceptionInMainLoop() override;
+    wxLayoutDirection GetLayoutDirection() const override;
 };
 
 } // namespace nesk

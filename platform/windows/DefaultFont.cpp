@@ -24,4 +24,7 @@ std::string DefaultGuiFontFace() {
     return windows::FromWide(face.data());
 }
 
+// The system knows its fonts.
+void PrepareFonts() {}
+
 } // namespace nesk::platform
