@@ -45,10 +45,16 @@ int IdOf(MainCommand command) {
 // Smallest useful width and height of the tree, in device-independent pixels.
 constexpr int SmallestSide = 140;
 
+// The size of the window where the screen has room for it.
+wxSize UsualSize() {
+    return wxWindow::FromDIP(wxSize(720, 640), nullptr);
+}
+
 } // namespace
 
 FormMain::FormMain()
-    : wxFrame(nullptr, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxDEFAULT_FRAME_STYLE, "FormMain") {
+    // A size of its own spares the toolkit the questions to the screen that it derives one from.
+    : wxFrame(nullptr, wxID_ANY, "", wxDefaultPosition, UsualSize(), wxDEFAULT_FRAME_STYLE, "FormMain") {
     BuildMenuBar();
     BuildControls();
     modUtilities::SetFormFont(*this);
@@ -141,7 +147,7 @@ void FormMain::BuildControls() {
 
 void FormMain::PlaceOnScreen() {
     const wxRect screen = wxDisplay(this).GetClientArea();
-    const wxSize wanted = FromDIP(wxSize(720, 640));
+    const wxSize wanted = UsualSize();
     SetMinClientSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
     SetSize(std::min(wanted.x, screen.width), std::min(wanted.y, screen.height));
     CentreOnScreen();
