@@ -1,5 +1,5 @@
-// Random edits of the open menu, each compared with what MenuModel says. A failure names the seed of its
-// sequence and the edit; the same seed gives the same sequence again.
+// Random edits of the open menu, each compared with what MenuModel says. A failure names the edit and the
+// number that its sequence began with; the same number gives the same sequence again.
 
 #include "unit/menu/MenuModel.h"
 #include "menu/MenuEditor.h"
