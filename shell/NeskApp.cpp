@@ -51,8 +51,8 @@ bool NeskApp::OnExceptionInMainLoop() {
     return true;
 }
 
-// All the program's texts are written from left to right, whatever language the system speaks; asking it for its
-// direction would build a table of all languages at each start.
+// All the program's texts are written from left to right, whatever language the system speaks; asking it for
+// its direction would build a table of all languages at each start.
 wxLayoutDirection NeskApp::GetLayoutDirection() const {
     return wxLayout_LeftToRight;
 }

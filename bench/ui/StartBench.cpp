@@ -23,7 +23,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A window is painted at the next tick of its display's clock, 60 a second: single starts differ by that much.
+// A window is painted at the next tick of its display's clock, 60 a second: single starts differ by that
+// much.
 constexpr int Rounds = 41;
 constexpr std::chrono::seconds Longest{20};
 
