@@ -22,7 +22,6 @@ namespace {
 
 using modStringRes::LoadResString;
 using modUtilities::FromWx;
-using modUtilities::ToWx;
 
 class FormDirectoriesTest : public PartDialogTest {
 protected:
