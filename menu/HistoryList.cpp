@@ -1,9 +1,13 @@
 #include "menu/HistoryList.h"
 
+#include "platform/ErrorCode.h"
+#include "platform/Registry.h"
 #include "settings/RegEntry.h"
+#include "shell/FileErrors.h"
 #include "shell/Messages.h"
 #include "shell/NeskError.h"
 #include "shell/modConvert.h"
+#include "shell/modUtilities.h"
 
 #include <cmath>
 #include <limits>
@@ -19,6 +23,19 @@ const std::string CountName = "NumberOfHistorys";
 
 void HistoryList::Append(const std::string& directory, const std::string& title) {
     RegEntry entry;
+    try {
+        Append(entry, directory, title);
+    } catch (const NeskError& error) {
+        const int result = entry.LastResult();
+        if (result == platform::ErrorCode::Success || result == platform::ErrorCode::FileNotFound) throw;
+        // Which value it was alone tells nobody what to do.
+        const NeskError reason = FileError(result, error.source, platform::StationRegistry().Location());
+        throw NeskError(error.number, error.source, Message::HistoryNotRegistered,
+                        {modUtilities::MessageText(error), modUtilities::MessageText(reason)});
+    }
+}
+
+void HistoryList::Append(RegEntry& entry, const std::string& directory, const std::string& title) {
     if (entry.TestKey(ListKey)) {
         entry.OpenKey(ListKey);
     } else {

@@ -82,7 +82,8 @@ bool LineReader::ReadOn() {
         m_reader->Read(m_block.data() + begun, m_block.size() - LineScan::Padding - begun, count);
     if (result != platform::ErrorCode::Success) {
         // Reading can be tried again, behind the line that was cut.
-        m_at = m_end;
+        m_at = m_end = m_searched = m_block.data();
+        std::memset(m_block.data(), 0, LineScan::Padding);
         throw FileError(result, "BlockParser.GetToken", m_path);
     }
     m_end += count;

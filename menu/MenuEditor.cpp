@@ -87,6 +87,10 @@ void MenuEditor::Save(const std::string& path) {
     } catch (NeskError& error) {
         if (error.file.empty()) error.file = path;
         throw;
+    } catch (const std::bad_alloc&) {
+        NeskError error(RuntimeError::OutOfMemory, "MenuEditor.Save", Message::NoMemoryToSave, {path});
+        error.file = path;
+        throw error;
     }
     m_path = path;
     m_dirty = false;

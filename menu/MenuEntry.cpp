@@ -86,8 +86,4 @@ void MenuEntry::Terminate() {
     m_subMenus.reset();
 }
 
-void MenuEntry::ReleaseInto(std::vector<std::unique_ptr<MenuItem>>& released) {
-    if (m_subMenus) m_subMenus->ReleaseInto(released);
-}
-
 } // namespace nesk

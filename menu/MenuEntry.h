@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace nesk {
 
@@ -59,8 +58,8 @@ public:
     /// Releases the children and drops the collection.
     void Terminate();
 
-    /// Moves the children out, to the end of `released`.
-    void ReleaseInto(std::vector<std::unique_ptr<MenuItem>>& released);
+    /// The children; null when there is no collection.
+    MenuItemCollection* Children() const { return m_subMenus.get(); }
 
 protected:
     MenuEntry();

@@ -24,14 +24,21 @@ MenuItemCollection::MenuItemCollection(Arena& arena)
     : m_items(ArenaAllocator<std::unique_ptr<MenuItem>>(arena))
     , m_counters(ArenaAllocator<std::int32_t>(arena)) {}
 
-// Children of any depth are released in a loop, so that a deep tree needs no deep machine stack.
+// Children of any depth are released in a loop, so that a deep tree needs no deep machine stack, and without
+// asking for memory, of which there may be none left.
 MenuItemCollection::~MenuItemCollection() {
-    std::vector<std::unique_ptr<MenuItem>> released;
-    ReleaseInto(released);
-    while (!released.empty()) {
-        const std::unique_ptr<MenuItem> item = std::move(released.back());
-        released.pop_back();
-        item->ReleaseInto(released);
+    MenuItemCollection* at = this;
+    for (;;) {
+        if (at->m_items.empty()) {
+            if (at == this) return;
+            at = at->m_above;
+            at->m_items.pop_back();
+        } else if (MenuItemCollection* below = at->m_items.back()->Children(); below != nullptr) {
+            below->m_above = at;
+            at = below;
+        } else {
+            at->m_items.pop_back();
+        }
     }
 }
 
@@ -156,13 +163,6 @@ void MenuItemCollection::Terminate() {
         m_counters.erase(m_counters.begin(), m_counters.end() - 1);
     }
     m_owner = nullptr;
-}
-
-void MenuItemCollection::ReleaseInto(std::vector<std::unique_ptr<MenuItem>>& released) {
-    released.insert(released.end(), std::make_move_iterator(m_items.begin()),
-                    std::make_move_iterator(m_items.end()));
-    m_items.clear();
-    m_counters.clear();
 }
 
 } // namespace nesk

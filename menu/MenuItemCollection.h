@@ -77,9 +77,6 @@ public:
     /// The child whose counter is given; null when there is none.
     MenuItem* FindCounter(std::int32_t counter) const;
 
-    /// Moves all children to the end of `released` and leaves the collection empty.
-    void ReleaseInto(std::vector<std::unique_ptr<MenuItem>>& released);
-
 private:
     static void* operator new(std::size_t size, Arena& arena) {
         return arena.Allocate(size, alignof(MenuItemCollection));
@@ -94,6 +91,7 @@ private:
     void Swap(std::size_t a, std::size_t b);
 
     MenuEntry* m_owner = nullptr;
+    MenuItemCollection* m_above = nullptr; // from which the release of a tree came here
     std::vector<std::unique_ptr<MenuItem>, ArenaAllocator<std::unique_ptr<MenuItem>>> m_items;
     std::vector<std::int32_t, ArenaAllocator<std::int32_t>> m_counters;
 };

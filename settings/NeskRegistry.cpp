@@ -10,6 +10,7 @@
 #include "shell/modUtilities.h"
 
 #include <functional>
+#include <utility>
 
 namespace nesk {
 
@@ -54,6 +55,13 @@ void Guarded(const std::function<void()>& step) {
     }
 }
 
+// Whether the registry answered: a fault of its own tells nothing about the value. A text that is too long to
+// be read is one that is there.
+bool IsAnswer(int result) {
+    namespace ErrorCode = platform::ErrorCode;
+    return result == ErrorCode::Success || result == ErrorCode::FileNotFound || result == ErrorCode::MoreData;
+}
+
 // 0 for what is no number. One that is too large is a failure all the same.
 std::int16_t NumberOrZero(const std::string& text) {
     try {
@@ -90,11 +98,18 @@ NeskRegistry& NeskRegistry::Instance() {
 
 void NeskRegistry::Load() {
     RegEntry entry;
-    const auto readTexts = [&](const auto& settings) {
-        for (const TextSetting& setting : settings)
-            Guarded([&] { this->*setting.field = entry.GetString(setting.name); });
-    };
+    m_unread.clear();
     Guarded([&] { entry.OpenKey(ProductKey); });
+    const bool isOpen = entry.LastResult() == platform::ErrorCode::Success;
+    const bool answers = IsAnswer(entry.LastResult());
+    // Without an open key nothing is asked, and the last result tells of something else.
+    const auto isUnread = [&] { return isOpen ? !IsAnswer(entry.LastResult()) : !answers; };
+    const auto readTexts = [&](const auto& settings) {
+        for (const TextSetting& setting : settings) {
+            Guarded([&] { this->*setting.field = entry.GetString(setting.name); });
+            if (isUnread()) m_unread.push_back({setting.name, setting.field, this->*setting.field});
+        }
+    };
     readTexts(Directories);
     // The test asks for a subkey, where there is only a value: what was saved is not read back and the number
     // of parts always starts at its default. Kept: what starts at 20 today must not change with an update.
@@ -103,9 +118,34 @@ void NeskRegistry::Load() {
                               ? NumberOrZero(entry.GetString("HistoryMaxParts"))
                               : DefaultHistoryMaxParts;
     });
-    Guarded([&] { SampleSize = modConvert::CInt(entry.GetString("SampleSize")); });
+    ReadSampleSize(entry);
+    m_sampleSizeUnread = isUnread();
+    m_unreadSampleSize = SampleSize;
     readTexts(Identity);
     readTexts(Printer);
+}
+
+void NeskRegistry::ReadSampleSize(RegEntry& entry) {
+    Guarded([&] { SampleSize = modConvert::CInt(entry.GetString("SampleSize")); });
+}
+
+void NeskRegistry::ReadWhatWasNotRead(RegEntry& entry) {
+    const auto demandAnswer = [&](const char* name) {
+        if (!IsAnswer(entry.LastResult()))
+            throw NeskError(5002, "NeskRegistry.Save", Message::RegValueNotWritten, {name});
+    };
+    for (const Unread& text : m_unread) {
+        if (this->*text.field != text.value) continue;
+        std::string stored = entry.GetString(text.name);
+        demandAnswer(text.name);
+        this->*text.field = std::move(stored);
+    }
+    m_unread.clear();
+    if (m_sampleSizeUnread && SampleSize == m_unreadSampleSize) {
+        ReadSampleSize(entry);
+        demandAnswer("SampleSize");
+    }
+    m_sampleSizeUnread = false;
 }
 
 void NeskRegistry::Save() {
@@ -118,6 +158,7 @@ void NeskRegistry::Save() {
                 entry.SetString(setting.name, this->*setting.field);
         };
         entry.CreateKey(ProductKey);
+        ReadWhatWasNotRead(entry);
         writeTexts(Directories);
         entry.SetString("HistoryMaxParts", std::to_string(HistoryMaxParts));
         entry.SetString("SampleSize", std::to_string(SampleSize));

@@ -2,8 +2,11 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace nesk {
+
+class RegEntry;
 
 /// The settings of the operator interface that this program edits, each field named like its registry value.
 /// A new record has empty texts and zero numbers.
@@ -18,7 +21,9 @@ public:
     void Load();
 
     /// Writes the record to the registry. The first failure ends it and is shown as an error report with what
-    /// is wrong and where, of which the caller is not told; what was written by then stays.
+    /// is wrong and where, of which the caller is not told; what was written by then stays. A field that Load
+    /// could not read for a fault of the registry, and that has the same value still, is read first: the
+    /// setting is not lost when the fault has passed.
     void Save();
 
     /// Full path of the menu file; "" when NeskRoot is empty or no existing folder.
@@ -41,6 +46,21 @@ public:
     std::string PrinterPaperBin;
     std::string PrinterQuality;
     std::string PrinterZoom; ///< percent
+
+private:
+    /// A text that Load could not read, and what its field held then.
+    struct Unread {
+        const char* name;
+        std::string NeskRegistry::*field;
+        std::string value;
+    };
+
+    void ReadSampleSize(RegEntry& entry);
+    void ReadWhatWasNotRead(RegEntry& entry);
+
+    std::vector<Unread> m_unread;
+    bool m_sampleSizeUnread = false;
+    std::int16_t m_unreadSampleSize = 0;
 };
 
 } // namespace nesk

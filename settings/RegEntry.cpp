@@ -165,11 +165,11 @@ void RegEntry::DeleteInternal(RegKey lParentKey, const std::string& sKey) {
 std::string RegEntry::ReadText(RegKey key, const std::string& name) {
     // A name that the code page cannot hold is the name of no value.
     const std::optional<std::string> ansi = platform::ToAnsi(name);
-    if (!ansi) return "";
     std::array<char, LongestText + 1> buffer{};
     auto size = static_cast<std::uint32_t>(buffer.size());
-    const int result = m_registry.QueryValue(key, *ansi, nullptr, buffer.data(), &size);
-    if (result != ErrorCode::Success) return "";
+    m_lastResult =
+        ansi ? m_registry.QueryValue(key, *ansi, nullptr, buffer.data(), &size) : ErrorCode::FileNotFound;
+    if (m_lastResult != ErrorCode::Success) return "";
     std::string_view bytes(buffer.data(), size);
     if (bytes.ends_with('\0')) bytes.remove_suffix(1);
     return bytes.size() > LongestText ? "" : platform::FromAnsi(bytes);

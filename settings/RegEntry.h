@@ -80,7 +80,8 @@ public:
     /// and that of the type library which the class names. What is missing is skipped.
     void RemoveProgID(const std::string& sProgID);
 
-    /// Result code of the last attempt to open or create a key or to write a value (platform/ErrorCode.h).
+    /// Result code of the last attempt to open or create a key or to read or write a value
+    /// (platform/ErrorCode.h).
     int LastResult() const { return m_lastResult; }
 
 private:

@@ -62,9 +62,11 @@ constexpr int FileInUse = 34108;
 constexpr int DeviceError = 34109; // %1% system code
 constexpr int InvalidName = 34110;
 constexpr int FileExists = 34111;
-constexpr int FileDamaged = 34112;       // %1% system code
-constexpr int SettingsNotStored = 34113; // %0% error
-constexpr int OutOfMemory = 34114;       // %0% path
+constexpr int FileDamaged = 34112;          // %1% system code
+constexpr int SettingsNotStored = 34113;    // %0% error
+constexpr int OutOfMemory = 34114;          // %0% path
+constexpr int NoMemoryToSave = 34115;       // %0% path
+constexpr int HistoryNotRegistered = 34116; // %0% error, %1% what is wrong with the settings store
 
 // Error report.
 constexpr int ErrorPlain = 34120;    // %0% number, %1% text

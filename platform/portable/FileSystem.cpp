@@ -15,7 +15,6 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
-#include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -40,6 +39,21 @@ std::uint32_t AttributesOf(const struct stat& status, std::string_view name) {
 
 // Who may read, write and execute. The bits above them would give a program its owner's rights.
 constexpr mode_t AccessRights = 0777;
+
+// Gives a file the owner, the group and the access rights of another, as far as the user may.
+// @param own      sets owner and group, -1 for as it is; answers as chown does
+// @param protect  sets access rights; answers as chmod does
+template <typename Own, typename Protect>
+int TakeOverRights(const struct stat& from, Own own, Protect protect) {
+    mode_t rights = from.st_mode & AccessRights;
+    // Only root may give files away, and everybody else to his own groups alone.
+    if (own(from.st_uid, from.st_gid) != 0 && own(static_cast<uid_t>(-1), from.st_gid) != 0) {
+        if (errno != EPERM) return ErrorFromErrno(errno, ErrorCode::WriteFault);
+        // What the one group might do is not for another: it gets what everybody has.
+        rights &= ~static_cast<mode_t>(S_IRWXG) | (rights & S_IRWXO) << 3;
+    }
+    return protect(rights) != 0 ? ErrorFromErrno(errno, ErrorCode::WriteFault) : ErrorCode::Success;
+}
 
 // A missing file in a missing directory is "path not found", as Windows tells the two apart.
 int MissingCode(const fs::path& host, int error) {
@@ -94,14 +108,11 @@ void FlushFolder(const fs::path& folder) {
     if (handle) ::fsync(handle.Get());
 }
 
-// Reads a file as long as it was when it was opened. A file without a length, as the system makes them on the
-// fly, is read to its end.
+// Reads a file as long as it was when it was opened.
 class HostReader final : public FileReader {
 public:
     HostReader(FileHandle handle, off_t length)
-        : m_handle(std::move(handle))
-        , m_left(length > 0 ? static_cast<std::uint64_t>(length)
-                            : std::numeric_limits<std::uint64_t>::max()) {}
+        : m_handle(std::move(handle)), m_left(static_cast<std::uint64_t>(length)) {}
 
     int Read(char* buffer, std::size_t capacity, std::size_t& count) override {
         capacity = static_cast<std::size_t>(std::min<std::uint64_t>(capacity, m_left));
@@ -135,9 +146,11 @@ public:
         return ErrorCode::Success;
     }
 
-    int SetMode(mode_t mode) {
-        return ::fchmod(m_handle.Get(), mode) != 0 ? ErrorFromErrno(errno, ErrorCode::WriteFault)
-                                                   : ErrorCode::Success;
+    int SetRightsOf(const struct stat& from) {
+        const int handle = m_handle.Get();
+        return TakeOverRights(
+            from, [handle](uid_t owner, gid_t group) { return ::fchown(handle, owner, group); },
+            [handle](mode_t rights) { return ::fchmod(handle, rights); });
     }
 
     int Flush() override {
@@ -286,12 +299,9 @@ public:
         const fs::path target = ToHostPath(to);
         struct stat status {};
         if (::stat(source.c_str(), &status) != 0) return MissingCode(source, errno);
-        // Only root may give files away; for everybody else the group is worth a try and failing is no error.
-        if (::chown(target.c_str(), status.st_uid, status.st_gid) != 0 &&
-            ::chown(target.c_str(), static_cast<uid_t>(-1), status.st_gid) != 0 && errno != EPERM)
-            return ErrorFromErrno(errno, ErrorCode::WriteFault);
-        return ::chmod(target.c_str(), status.st_mode & AccessRights) != 0 ? MissingCode(target, errno)
-                                                                           : ErrorCode::Success;
+        return TakeOverRights(
+            status, [&](uid_t owner, gid_t group) { return ::chown(target.c_str(), owner, group); },
+            [&](mode_t rights) { return ::chmod(target.c_str(), rights); });
     }
 
     int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
@@ -383,8 +393,7 @@ private:
         struct stat status {};
         if (::fstat(in.Get(), &status) != 0) return ErrorFromErrno(errno, ErrorCode::ReadFault);
         if (!S_ISREG(status.st_mode)) return ErrorCode::AccessDenied;
-        if (const int result = writer.SetMode(status.st_mode & AccessRights); result != ErrorCode::Success)
-            return result;
+        if (const int result = writer.SetRightsOf(status); result != ErrorCode::Success) return result;
         HostReader reader(std::move(in), status.st_size);
         std::array<char, 65536> buffer{};
         for (;;) {

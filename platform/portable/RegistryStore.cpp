@@ -173,7 +173,9 @@ int RegistryStore::MakeKey(std::int64_t parent, const std::string& path, std::in
 
 int RegistryStore::JoinGroup() {
     if (m_groups == 0) return ErrorCode::Success;
-    if (m_begun || m_joined != ErrorCode::Success) return m_joined;
+    // A failure may have ended the transaction: what follows must not be stored without what came before.
+    if (m_begun) return m_database.InTransaction() ? ErrorCode::Success : ErrorCode::WriteFault;
+    if (m_joined != ErrorCode::Success) return m_joined;
     m_joined = m_database.Execute("BEGIN IMMEDIATE");
     m_begun = m_joined == ErrorCode::Success;
     return m_joined;

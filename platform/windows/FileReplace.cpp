@@ -61,8 +61,24 @@ bool IsHeld(DWORD error) {
 }
 
 // A name for what stands beside a file while it is replaced: no other program takes the same.
-std::wstring TemporaryName(const std::wstring& front) {
-    return front + std::to_wstring(::GetCurrentProcessId()) + L"~";
+std::wstring TemporaryName(const std::wstring& front, const std::wstring& attempt = L"") {
+    return front + std::to_wstring(::GetCurrentProcessId()) + attempt + L"~";
+}
+
+// Copies a file to a new one beside it, which has the same access rights. What stands there already, whoever
+// made it, is neither written nor followed.
+int CopyToNew(const std::wstring& path, const std::wstring& front, std::wstring& copy) {
+    constexpr int Names = 100;
+    copy = TemporaryName(front);
+    for (int i = 1; ::CopyFileW(path.c_str(), copy.c_str(), TRUE) == 0; ++i) {
+        const DWORD error = ::GetLastError();
+        if ((error != ERROR_FILE_EXISTS && error != ERROR_ALREADY_EXISTS) || i > Names)
+            return static_cast<int>(error);
+        copy = TemporaryName(front, std::to_wstring(i));
+    }
+    const int result = CopyAccessRights(path, copy);
+    if (result != ErrorCode::Success) ::DeleteFileW(copy.c_str());
+    return result;
 }
 
 // Puts `replacement` in the place of `target`, which exists, by the system's own function. It keeps what
@@ -114,8 +130,8 @@ int KeepCopy(const std::wstring& path, const std::wstring& copy, bool mayReplace
     if (!mayReplace && ::GetFileAttributesW(copy.c_str()) != INVALID_FILE_ATTRIBUTES)
         return ErrorCode::AlreadyExists;
     const std::wstring front = copy + L".";
-    const std::wstring temporary = TemporaryName(front);
-    if (::CopyFileW(path.c_str(), temporary.c_str(), FALSE) == 0) return LastError();
+    std::wstring temporary;
+    if (const int copied = CopyToNew(path, front, temporary); copied != ErrorCode::Success) return copied;
     // A copy of a write-protected file is protected as well: it could be neither flushed nor replaced by the
     // next.
     ::SetFileAttributesW(temporary.c_str(), FILE_ATTRIBUTE_NORMAL);

@@ -131,6 +131,49 @@ TEST_F(MenuFileOnHostTest, MoreThanMemoryHolds) {
     });
     EXPECT_EQ(end, ChildEnd::Good);
 }
+
+TEST_F(MenuFileOnHostTest, MoreThanMemoryHoldsOfASave) {
+    station.Write(Path, Small);
+    ASSERT_FALSE(m_editor.Open(Folder, Path).has_value());
+    std::string caption;
+    for (int i = 0; i < 20'000'000; ++i)
+        caption += "ä";
+    m_editor.SetCaption("R", caption);
+    const ChildEnd end = nesk::testing::InChildProcess([&] {
+        nesk::testing::LimitMemory(2);
+        try {
+            m_editor.Save(Path);
+            ADD_FAILURE() << "there was memory enough";
+        } catch (const NeskError& error) {
+            EXPECT_EQ(error.number, RuntimeError::OutOfMemory);
+            EXPECT_EQ(error.messageId, Message::NoMemoryToSave);
+            EXPECT_EQ(error.file, Path);
+        }
+        EXPECT_TRUE(m_editor.IsDirty());
+        return true;
+    });
+    EXPECT_EQ(end, ChildEnd::Good);
+    EXPECT_EQ(FileBytes(Path), Small);
+}
+
+TEST_F(MenuFileOnHostTest, ClosingNeedsNoMemory) {
+    station.Write(Path, Small);
+    ASSERT_FALSE(m_editor.Open(Folder, Path).has_value());
+    // Leaves in front of each deeper submenu: all of them are still there when the deepest is released.
+    std::string parent = "R";
+    for (int level = 0; level < 8; ++level) {
+        for (int i = 0; i < 32'000; ++i)
+            m_editor.AddPart(parent, "p");
+        parent = m_editor.AddSubmenu(parent, "s");
+    }
+    const ChildEnd end = nesk::testing::InChildProcess([&] {
+        nesk::testing::LimitMemory(0);
+        m_editor.Close();
+        EXPECT_FALSE(m_editor.IsOpen());
+        return true;
+    });
+    EXPECT_EQ(end, ChildEnd::Good);
+}
 #endif
 
 // A thread that goes on writing for as long as it lives.

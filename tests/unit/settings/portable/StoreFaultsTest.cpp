@@ -1,3 +1,4 @@
+#include "menu/MenuEditor.h"
 #include "platform/ErrorCode.h"
 #include "platform/Registry.h"
 #include "platform/portable/Station.h"
@@ -7,6 +8,7 @@
 #include "shell/NeskError.h"
 #include "shell/Startup.h"
 #include "shell/modHelp.h"
+#include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
 #include "unit/FileBytes.h"
 #include "unit/platform/portable/ChildProcess.h"
@@ -32,6 +34,7 @@ protected:
         NeskRegistry record;
         record.NeskRoot = "C:\\Old";
         record.ExitKey = "1234";
+        record.SampleSize = 7;
         record.Save();
         Close();
     }
@@ -145,6 +148,34 @@ TEST_F(StoreFaultsTest, AStoreThatAnotherProgramHasToItself) {
     // Without anybody closing it, the store is tried again.
     std::this_thread::sleep_for(std::chrono::milliseconds(2100));
     EXPECT_EQ(StoredRoot(), "C:\\Old");
+    // What could not be read then is not taken for empty now.
+    NeskRegistry& settings = NeskRegistry::Instance();
+    settings.ExitKey = "5678";
+    settings.Save();
+    NeskRegistry stored;
+    stored.Load();
+    for (const NeskRegistry* record : std::initializer_list<const NeskRegistry*>{&settings, &stored}) {
+        EXPECT_EQ(record->NeskRoot, "C:\\Old");
+        EXPECT_EQ(record->SampleSize, 7);
+        EXPECT_EQ(record->ExitKey, "5678");
+    }
+    // From then on an empty field means that the user emptied it.
+    settings.NeskRoot = "";
+    settings.Save();
+    stored.Load();
+    EXPECT_EQ(stored.NeskRoot, "");
+}
+
+TEST_F(StoreFaultsTest, AHistoryThatCannotBeRegisteredIsToldWithItsReason) {
+    station.Write("C:\\Neskroot\\menu.cfg",
+                  "BLOCK MENU\r\nBLOCK SUBMENU\r\nHISTORY_DIR=C:\\H\r\nEND\r\nEND\r\n");
+    const Owner owner(Store(), "BEGIN IMMEDIATE");
+    MenuEditor editor;
+    const auto error = editor.Open("C:\\Neskroot", "C:\\Neskroot\\menu.cfg");
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->messageId, Message::HistoryNotRegistered);
+    EXPECT_NE(modUtilities::ErrorText(*error).find(Reason(Message::FileInUse)), std::string::npos)
+        << modUtilities::ErrorText(*error);
 }
 
 TEST_F(StoreFaultsTest, ADamagedStore) {
