@@ -101,7 +101,7 @@ protected:
         std::string bytes = Little(0x10000, 4) + Little(static_cast<std::uint64_t>(count), 2);
         for (int i = 0; i < count; ++i)
             bytes += std::string("\x10\x10\0\0\1\0\x18\0", 8) + Little(data.size(), 4) +
-                     Little(static_cast<std::uint64_t>(6 + 16 * count), 4);
+                     Little(6 + 16 * static_cast<std::uint64_t>(count), 4);
         return bytes + data;
     }
 
