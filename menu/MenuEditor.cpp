@@ -19,6 +19,13 @@ const MenuItem* AsItem(const MenuEntry* entry) {
     return dynamic_cast<const MenuItem*>(entry);
 }
 
+// The error of a menu that does not fit into memory.
+NeskError NoMemory(const char* source, int messageId, const std::string& path) {
+    NeskError error(RuntimeError::OutOfMemory, source, messageId, {path});
+    error.file = path;
+    return error;
+}
+
 } // namespace
 
 MenuEditor::MenuEditor(platform::FileSystem& files) : m_files(files) {}
@@ -38,9 +45,7 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
         } catch (const NeskError& error) {
             failure = error;
         } catch (const std::bad_alloc&) {
-            failure.emplace(RuntimeError::OutOfMemory, "MenuEditor.Open", Message::OutOfMemory,
-                            std::vector<std::string>{path});
-            failure->file = path;
+            failure = NoMemory("MenuEditor.Open", Message::OutOfMemory, path);
         }
     }
     m_menu = std::move(menu);
@@ -88,9 +93,7 @@ void MenuEditor::Save(const std::string& path) {
         if (error.file.empty()) error.file = path;
         throw;
     } catch (const std::bad_alloc&) {
-        NeskError error(RuntimeError::OutOfMemory, "MenuEditor.Save", Message::NoMemoryToSave, {path});
-        error.file = path;
-        throw error;
+        throw NoMemory("MenuEditor.Save", Message::NoMemoryToSave, path);
     }
     m_path = path;
     m_dirty = false;
