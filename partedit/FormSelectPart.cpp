@@ -181,7 +181,7 @@ void FormSelectPart::OnUnreadable(const std::string& path, int code, std::uint32
 }
 
 bool FormSelectPart::OnProgress(std::size_t foldersRead) {
-    m_foldersRead = foldersRead + 1;
+    m_foldersRead = foldersRead;
     // Looking for events takes longer than reading a folder.
     if (foldersRead > 0 && m_sinceEvents.Time() < EventMilliseconds) return !m_cancelled;
     m_sinceEvents.Start();

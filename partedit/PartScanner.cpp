@@ -116,21 +116,72 @@ bool IsLoop(const std::string& target, const std::vector<Level>& levels) {
     });
 }
 
-// Tells what could not be read in a folder, and looks into each folder in it.
-Level EnterFolder(const std::string& folder, PartScanVisitor::Node node, Contents contents,
-                  PartScanVisitor& visitor) {
-    for (const Unreadable& place : contents.unreadable)
-        visitor.OnUnreadable(place.path, place.code, place.attributes);
-    Level level{node, folder, {}, {}};
-    for (Contents::Folder& inner : contents.folders) {
-        std::string path = Join(folder, inner.name);
-        std::optional<Contents> below = ReadFolder(path, true);
-        std::vector<Entry>& place = below ? level.folders : level.parts;
-        place.push_back(
-            {std::move(path), std::move(inner.name), inner.isLink, std::move(below).value_or(Contents{})});
+// One scan below a root.
+class Scan {
+public:
+    explicit Scan(PartScanVisitor& visitor) : m_visitor(visitor) {}
+
+    bool Run(const std::string& root, PartScanVisitor::Node node) {
+        if (!GoesOn()) return false;
+        Contents contents = ReadFolder(root, false).value();
+        ++m_foldersRead;
+        if (!Enter(root, node, std::move(contents))) return false;
+        // No recursion: folders may be nested deeper than the machine stack could follow.
+        while (!m_levels.empty()) {
+            Level& level = m_levels.back();
+            const bool goesOn = level.entered < level.folders.size() ? EnterNext(level) : TellParts(level);
+            if (!goesOn) return false;
+        }
+        return GoesOn();
     }
-    return level;
-}
+
+private:
+    bool GoesOn() { return m_visitor.OnProgress(m_foldersRead); }
+
+    // Tells what could not be read in a folder, and looks into each folder in it.
+    bool Enter(std::string path, PartScanVisitor::Node node, Contents contents) {
+        for (const Unreadable& place : contents.unreadable)
+            m_visitor.OnUnreadable(place.path, place.code, place.attributes);
+        Level level{node, std::move(path), {}, {}};
+        for (Contents::Folder& inner : contents.folders) {
+            if (!GoesOn()) return false;
+            std::string innerPath = Join(level.path, inner.name);
+            std::optional<Contents> below = ReadFolder(innerPath, true);
+            ++m_foldersRead;
+            std::vector<Entry>& place = below ? level.folders : level.parts;
+            place.push_back({std::move(innerPath), std::move(inner.name), inner.isLink,
+                             std::move(below).value_or(Contents{})});
+        }
+        m_levels.push_back(std::move(level));
+        return true;
+    }
+
+    bool EnterNext(Level& level) {
+        if (!GoesOn()) return false;
+        Entry folder = std::move(level.folders[level.entered++]);
+        const PartScanVisitor::Node child = m_visitor.OnFolder(level.node, folder.path, folder.name);
+        // Only a link can lead to a folder that was entered before.
+        if (folder.isLink) {
+            const std::string target = platform::FileIdentity(folder.path);
+            if (IsLoop(target, m_levels) || ++m_ways[target] > MostWays) return true;
+        }
+        return Enter(std::move(folder.path), child, std::move(folder.contents));
+    }
+
+    bool TellParts(const Level& level) {
+        for (const Entry& part : level.parts) {
+            if (!GoesOn()) return false;
+            m_visitor.OnPart(level.node, part.path, part.name);
+        }
+        m_levels.pop_back();
+        return true;
+    }
+
+    PartScanVisitor& m_visitor;
+    std::vector<Level> m_levels;                 // from the root to where the scan is
+    std::unordered_map<std::string, int> m_ways; // links that were followed, by their target
+    std::size_t m_foldersRead = 0;
+};
 
 } // namespace
 
@@ -139,33 +190,7 @@ std::string PartInfoPath(const std::string& folder) {
 }
 
 bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisitor& visitor) {
-    std::size_t foldersRead = 0;
-    if (!visitor.OnProgress(foldersRead)) return false;
-    // No recursion: folders may be nested deeper than the machine stack could follow.
-    std::vector<Level> levels;
-    levels.push_back(EnterFolder(root, node, ReadFolder(root, false).value(), visitor));
-    std::unordered_map<std::string, int> ways; // links that were followed, by their target
-    ++foldersRead;
-    while (!levels.empty()) {
-        Level& level = levels.back();
-        if (level.entered == level.folders.size()) {
-            for (const Entry& part : level.parts)
-                visitor.OnPart(level.node, part.path, part.name);
-            levels.pop_back();
-            continue;
-        }
-        Entry folder = std::move(level.folders[level.entered++]);
-        const PartScanVisitor::Node child = visitor.OnFolder(level.node, folder.path, folder.name);
-        // Only a link can lead to a folder that was entered before.
-        if (folder.isLink) {
-            const std::string target = platform::FileIdentity(folder.path);
-            if (IsLoop(target, levels) || ++ways[target] > MostWays) continue;
-        }
-        if (!visitor.OnProgress(foldersRead)) return false;
-        levels.push_back(EnterFolder(folder.path, child, std::move(folder.contents), visitor));
-        ++foldersRead;
-    }
-    return true;
+    return Scan(visitor).Run(root, node);
 }
 
 } // namespace nesk

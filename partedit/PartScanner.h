@@ -25,8 +25,9 @@ public:
     /// @param attributes  what was read all the same
     virtual void OnUnreadable(const std::string& path, int code, std::uint32_t attributes) = 0;
 
-    /// Called before each folder is read.
-    /// @param foldersRead  number of folders read so far
+    /// Called before each folder is read, before each folder or part is told of, and at the end: often, even
+    /// where a folder holds nothing but parts. It should take no longer than it must.
+    /// @param foldersRead  number of folders read so far, those that are parts among them
     /// @return false to end the scan
     virtual bool OnProgress(std::size_t foldersRead) = 0;
 };

@@ -4,6 +4,7 @@
 #include "settings/RegEntry.h"
 #include "unit/CoreFixture.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 
@@ -27,16 +28,22 @@ public:
     void OnUnreadable(const std::string& path, int code, std::uint32_t) override {
         unreadable.push_back(path + " " + std::to_string(code));
     }
-    bool OnProgress(std::size_t foldersRead) override {
-        EXPECT_EQ(foldersRead, calls) << "one call a folder";
+    bool OnProgress(std::size_t count) override {
+        EXPECT_FALSE(calledOff) << "asked again after it was called off";
+        EXPECT_GE(count, foldersRead) << "the number went back";
+        EXPECT_LE(count, foldersRead + 1) << "a folder was read without a call before it";
+        foldersRead = count;
         ++calls;
-        return calls <= mostCalls;
+        calledOff = foldersRead >= mostFolders;
+        return !calledOff;
     }
 
     std::string tree;
     std::vector<std::string> unreadable;
     std::size_t calls = 0;
-    std::size_t mostCalls = 1000000;
+    std::size_t foldersRead = 0;
+    std::size_t mostFolders = 1000000; // with so many read it is called off
+    bool calledOff = false;
 
 private:
     std::size_t Add(Node parent, const std::string& text) {
@@ -65,7 +72,7 @@ TEST_F(PartScannerTest, FoldersComeBeforeParts) {
     station.Write("D:\\Parts\\file.txt", "");
     EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
     EXPECT_EQ(recorder.tree, "folder/\n inner\na part\n");
-    EXPECT_EQ(recorder.calls, 2u) << "the parts are not read as folders";
+    EXPECT_EQ(recorder.foldersRead, 4u) << "the root, and each folder below it once";
 }
 
 #ifdef NESK_PORTABLE_STATION
@@ -124,7 +131,7 @@ TEST_F(PartScannerTest, ADriveIsScannedFromItsRoot) {
     EXPECT_TRUE(ScanParts("D:\\", nullptr, recorder));
     EXPECT_EQ(recorder.tree, "part\n");
     recorder.tree.clear();
-    recorder.calls = 0;
+    recorder.foldersRead = 0;
     EXPECT_TRUE(ScanParts("D:", nullptr, recorder)) << "the root as a repository is named";
     EXPECT_EQ(recorder.tree, "part\n");
     EXPECT_EQ(PartInfoPath("D:\\"), "D:\\partinfo.ini");
@@ -134,16 +141,40 @@ TEST_F(PartScannerTest, ADriveIsScannedFromItsRoot) {
 TEST_F(PartScannerTest, AMissingRootGivesAnEmptyTree) {
     EXPECT_TRUE(ScanParts("D:\\None", nullptr, recorder));
     EXPECT_EQ(recorder.tree, "");
+    EXPECT_EQ(recorder.foldersRead, 1u) << "the end of a scan is told of";
     EXPECT_TRUE(recorder.unreadable.empty());
 }
 
 TEST_F(PartScannerTest, AScanThatIsCalledOffStopsAtOnce) {
     for (const char* name : {"a", "b", "c", "d"})
-        station.Write(std::string("D:\\Parts\\") + name + "\\x", "");
-    recorder.mostCalls = 2;
+        station.Write(std::string("D:\\Parts\\") + name + "\\inner\\x", "");
+    recorder.mostFolders = 6; // the root, what is in it, and what is in the first folder
     EXPECT_FALSE(ScanParts("D:\\Parts", nullptr, recorder));
-    EXPECT_EQ(recorder.calls, 3u);
-    EXPECT_EQ(recorder.tree.size(), 2 * std::string("a/\n").size());
+    EXPECT_EQ(recorder.foldersRead, 6u);
+    EXPECT_EQ(recorder.tree.size(), std::string("a/\n").size()) << recorder.tree;
+}
+
+// A listener that is asked only once a folder's parts are all read stands still meanwhile.
+TEST_F(PartScannerTest, ManyPartsInOneFolderAreReadWithProgress) {
+    for (int i = 0; i < 300; ++i)
+        MakePart("D:\\Parts\\all\\" + std::to_string(i));
+    EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.foldersRead, 302u);
+    EXPECT_EQ(std::count(recorder.tree.begin(), recorder.tree.end(), '\n'), 301);
+    EXPECT_GE(recorder.calls, 2 * 300u) << "while they are read, and while they are told of";
+
+    Recorder hasty;
+    hasty.mostFolders = 150;
+    EXPECT_FALSE(ScanParts("D:\\Parts", nullptr, hasty));
+    EXPECT_EQ(hasty.foldersRead, 150u) << "the rest of the folder was read";
+    EXPECT_EQ(hasty.tree, "all/\n") << "parts are told of when the folder is read";
+}
+
+TEST_F(PartScannerTest, AScanThatIsCalledOffTellsOfNoPart) {
+    MakePart("D:\\Parts\\part");
+    recorder.mostFolders = 2;
+    EXPECT_FALSE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.tree, "") << "a part was told of after it was called off";
 }
 
 #ifdef NESK_PORTABLE_STATION
@@ -174,7 +205,7 @@ TEST_F(PartScannerTest, VeryDeepFoldersNeedNoDeepStack) {
         path += "\\d";
     MakePart(path + "\\part");
     EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
-    EXPECT_EQ(recorder.calls, 301u);
+    EXPECT_EQ(recorder.foldersRead, 302u);
     EXPECT_TRUE(recorder.tree.ends_with(std::string(300, ' ') + "part\n"));
 }
 
