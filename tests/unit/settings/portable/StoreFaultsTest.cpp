@@ -15,6 +15,7 @@
 
 #include <chrono>
 #include <csignal>
+#include <set>
 #include <sqlite3.h>
 #include <sys/resource.h>
 #include <thread>
@@ -250,9 +251,67 @@ TEST_F(StoreFaultsTest, ADiskWithoutSpace) {
     EXPECT_EQ(StoredRoot(), "C:\\Later");
 }
 
-// Two programs save settings at once, again and again: every save comes through and each value is one of
-// theirs.
+// The settings that TwoProgramsSaveAtOnce writes.
+struct SavedTexts {
+    std::string root;
+    std::string machine;
+    std::string zoom;
+};
+
+// Reads what other programs write, as one of them does that sees the store at one moment alone.
+class Watcher {
+public:
+    explicit Watcher(const fs::path& store) {
+        EXPECT_EQ(SQLITE_OK, sqlite3_open(store.c_str(), &m_database));
+        sqlite3_busy_timeout(m_database, 5000);
+        // One statement, so that nothing is saved between its values.
+        const char* sql = "SELECT MAX(CASE name WHEN 'NeskRoot' THEN data END),"
+                          " MAX(CASE name WHEN 'NeskMachine' THEN data END),"
+                          " MAX(CASE name WHEN 'PrinterZoom' THEN data END) FROM vals";
+        EXPECT_EQ(SQLITE_OK, sqlite3_prepare_v2(m_database, sql, -1, &m_statement, nullptr))
+            << sqlite3_errmsg(m_database);
+    }
+    ~Watcher() {
+        sqlite3_finalize(m_statement);
+        sqlite3_close(m_database);
+    }
+    Watcher(const Watcher&) = delete;
+    Watcher& operator=(const Watcher&) = delete;
+
+    SavedTexts Look() const {
+        EXPECT_EQ(SQLITE_ROW, sqlite3_step(m_statement)) << sqlite3_errmsg(m_database);
+        SavedTexts texts{Column(0), Column(1), Column(2)};
+        sqlite3_reset(m_statement);
+        return texts;
+    }
+
+private:
+    // A text is stored with a zero at its end.
+    std::string Column(int index) const {
+        const void* data = sqlite3_column_blob(m_statement, index);
+        return data == nullptr ? "" : static_cast<const char*>(data);
+    }
+
+    sqlite3* m_database = nullptr;
+    sqlite3_stmt* m_statement = nullptr;
+};
+
+// A save that no other program makes.
+std::string TextOfSave(char program, int save) {
+    const std::string name = program + std::to_string(save) + " ";
+    std::string text;
+    while (text.size() < 200)
+        text += name;
+    return text;
+}
+
+// Two programs save settings at once, again and again: every save comes through, and whoever looks meanwhile
+// finds the values of one save.
 TEST_F(StoreFaultsTest, TwoProgramsSaveAtOnce) {
+    constexpr int saves = 100;
+    NeskRegistry first;
+    first.NeskRoot = first.NeskMachine = first.PrinterZoom = TextOfSave('-', 0);
+    first.Save();
     platform::portable::UseStation("/nonexistent/station");
     std::vector<pid_t> children;
     for (const char letter : {'a', 'b'}) {
@@ -260,28 +319,43 @@ TEST_F(StoreFaultsTest, TwoProgramsSaveAtOnce) {
         const pid_t child = ::fork();
         if (child == 0) {
             Close();
-            NeskRegistry record;
-            record.NeskRoot = record.NeskMachine = record.PrinterZoom = std::string(200, letter);
             // A message that was not announced is a failure.
-            for (int i = 0; i < 100; ++i)
+            for (int i = 1; i <= saves; ++i) {
+                NeskRegistry record;
+                record.NeskRoot = record.NeskMachine = record.PrinterZoom = TextOfSave(letter, i);
                 record.Save();
+            }
             std::fflush(nullptr);
             ::_exit(HasFailure() ? 1 : 0);
         }
         children.push_back(child);
     }
+    const Watcher watcher(Store());
+    std::set<std::string> seen;
+    std::string last;
+    const auto look = [&] {
+        const SavedTexts texts = watcher.Look();
+        EXPECT_EQ(texts.machine, texts.root) << "values of two saves";
+        EXPECT_EQ(texts.zoom, texts.root) << "values of two saves";
+        last = texts.root;
+        seen.insert(last);
+    };
     for (const pid_t child : children) {
         int status = 0;
-        ASSERT_EQ(child, ::waitpid(child, &status, 0));
+        pid_t ended = 0;
+        while ((ended = ::waitpid(child, &status, WNOHANG)) == 0)
+            if (!HasFailure()) look();
+        ASSERT_EQ(child, ended);
         EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "see above";
     }
+    look();
+    EXPECT_GT(seen.size(), 3U) << "nobody looked while they saved";
+    EXPECT_TRUE(last == TextOfSave('a', saves) || last == TextOfSave('b', saves)) << last;
     Close();
     RegEntry entry;
     entry.OpenKey("Neskworks");
-    for (const char* name : {"NeskRoot", "NeskMachine", "PrinterZoom"}) {
-        const std::string value = entry.GetString(name);
-        EXPECT_TRUE(value == std::string(200, 'a') || value == std::string(200, 'b')) << name << value;
-    }
+    for (const char* name : {"NeskRoot", "NeskMachine", "PrinterZoom"})
+        EXPECT_EQ(entry.GetString(name), last) << name;
 }
 
 } // namespace
