@@ -1,4 +1,5 @@
 #include "menu/MenuEditor.h"
+#include "shell/Messages.h"
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
@@ -37,6 +38,24 @@ std::string LargeMenu(const std::string& caption) {
     for (int i = 0; i < 1000; ++i)
         bytes += "BLOCK SUBMENU\r\nCAPTION=" + std::to_string(i) + std::string(250, 'x') + "\r\nEND\r\n";
     return bytes + "END\r\n";
+}
+
+// The error that tells of an operation which failed with a code.
+struct Told {
+    int number;
+    int message;
+};
+
+Told ToldOf(int code) {
+    switch (code) {
+    case ErrorCode::DiskFull: return {RuntimeError::DiskFull, Message::DiskFull};
+    case ErrorCode::AccessDenied: return {RuntimeError::PermissionDenied, Message::PermissionDenied};
+    case ErrorCode::SharingViolation: return {RuntimeError::PermissionDenied, Message::FileInUse};
+    case ErrorCode::PathNotFound: return {RuntimeError::PathNotFound, Message::PathNotFound};
+    case ErrorCode::WriteFault:
+    case ErrorCode::NotReady: return {RuntimeError::DeviceError, Message::DeviceError};
+    default: ADD_FAILURE() << "no error is known for code " << code; return {0, 0};
+    }
 }
 
 class MenuSaveFaultsTest : public nesk::testing::CoreTest {
@@ -108,6 +127,18 @@ void MenuSaveFaultsTest::SaveWith(const Before& before, const Fault& fault, cons
     EXPECT_EQ(editor.Find("R")->Caption(), "the new version");
 
     EXPECT_EQ(error.file, Path);
+    const Told told = ToldOf(fault.code);
+    // Of a copy that fails while the file itself can be read, the message names the copy and then the cause.
+    const bool copyAlone = failed == "copy" && !fault.lasting;
+    EXPECT_EQ(error.number, told.number);
+    EXPECT_EQ(error.messageId, copyAlone ? Message::BackupFailed : told.message);
+    if (copyAlone) {
+        const std::string copy = Path + before.copy;
+        const NeskError cause(
+            told.number, error.source, told.message,
+            {fault.code == ErrorCode::PathNotFound ? Folder + "\\" : copy, std::to_string(fault.code)});
+        EXPECT_EQ(error.arguments, (std::vector<std::string>{copy, modUtilities::MessageText(cause)}));
+    }
     const std::string text = modUtilities::MessageText(error);
     EXPECT_NE(text.find(fault.code == ErrorCode::PathNotFound ? Folder : Path), std::string::npos) << text;
     EXPECT_EQ(text.find("~"), std::string::npos) << "a name that the user has never heard: " << text;
