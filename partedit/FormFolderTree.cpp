@@ -90,7 +90,8 @@ wxTreeItemId FormFolderTree::FindOrAdd(const wxTreeItemId& parent, const std::st
     std::size_t position = 0;
     wxTreeItemIdValue cookie = nullptr;
     wxTreeItemId sameButCase;
-    for (wxTreeItemId node = GetFirstChild(parent, cookie); node.IsOk(); node = GetNextSibling(node)) {
+    for (wxTreeItemId node = GetFirstChild(parent, cookie); node.IsOk();
+         node = GetNextChild(parent, cookie)) {
         const std::string& listed = DataOf(*this, node).Name();
         if (listed == name) return node;
         if (!sameButCase.IsOk() && platform::EqualNoCase(listed, name)) sameButCase = node;

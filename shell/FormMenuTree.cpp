@@ -139,7 +139,7 @@ void FormMenuTree::ExpandBelow(const wxTreeItemId& node) {
         Expand(at);
         if (level == LevelsFilledAtOnce) continue;
         wxTreeItemIdValue cookie = nullptr;
-        for (wxTreeItemId child = GetFirstChild(at, cookie); child.IsOk(); child = GetNextSibling(child))
+        for (wxTreeItemId child = GetFirstChild(at, cookie); child.IsOk(); child = GetNextChild(at, cookie))
             found.emplace_back(child, level + 1);
     }
 }
@@ -169,10 +169,11 @@ wxTreeItemId FormMenuTree::NodeOf(const std::string& id) {
         if (error != std::errc()) return {};
         rest.remove_prefix(static_cast<std::size_t>(end - rest.data()));
         FillNode(node);
+        // By the cookie: GetNextSibling may look for its node among all siblings first.
         wxTreeItemIdValue cookie = nullptr;
         wxTreeItemId child = GetFirstChild(node, cookie);
         while (child.IsOk() && DataOf(*this, child).Counter() != counter)
-            child = GetNextSibling(child);
+            child = GetNextChild(node, cookie);
         node = child;
     }
     return node;
