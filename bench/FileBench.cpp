@@ -55,6 +55,12 @@ std::string Amount(double value, const char* unit) {
     return text;
 }
 
+std::string Ratio(double value) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%8.2f", value);
+    return text;
+}
+
 void RunRound(const fs::path& folder, int items, AllResults& all) {
     for (const Entrant& entrant : Entrants) {
         const std::string path = folder / entrant.name;
@@ -105,6 +111,14 @@ void MeasureFiles(Table& table, int items, int rounds) {
     table.AtMost("load: part of reading and scanning", MedianOfRatios(own.load, all["read and scan"].load),
                  1.0);
     table.AtLeast("save: times as fast as pugixml", MedianOfRatios(pugixml.save, own.save), 1.4);
+    // To know where they stand: no goal is set beside these.
+    for (const char* other : {"RapidJSON", "Boost INFO"}) {
+        const Results& results = all[other];
+        table.Line(std::string("load: times as fast as ") + other,
+                   Ratio(MedianOfRatios(results.load, own.load)));
+        table.Line(std::string("save: times as fast as ") + other,
+                   Ratio(MedianOfRatios(results.save, own.save)));
+    }
     table.AtMost("memory: part of the file", Median(own.memory) / fileSize, 1.4);
     table.AtMost("memory: part of pugixml's", MedianOfRatios(own.memory, pugixml.memory), 0.65);
 }
