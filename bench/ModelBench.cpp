@@ -12,8 +12,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <memory>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace nesk::bench {
@@ -22,6 +24,7 @@ namespace {
 
 constexpr int Items = 1000000;
 constexpr int Siblings = MenuItemCollection::MaxCount;
+constexpr int Edits = 2000; // a round
 constexpr int Histories = 10000;
 constexpr int Rounds = 5;
 
@@ -35,9 +38,9 @@ double MicrosecondsEach(int calls, const std::function<void(int)>& call) {
 }
 
 double MedianOfRounds(int calls, const std::function<void(int)>& call) {
-    std::vector<double> rounds;
-    for (int round = 0; round < Rounds; ++round)
-        rounds.push_back(MicrosecondsEach(calls, call));
+    std::vector<double> rounds(Rounds);
+    for (double& round : rounds)
+        round = MicrosecondsEach(calls, call);
     return Median(rounds);
 }
 
@@ -84,16 +87,29 @@ void MeasureSiblings(Table& table) {
     // Rearranged first: in the order of the file every search would end at once.
     for (int i = 0; i < Siblings; ++i)
         children.Append(children.Take(1 + static_cast<int>(random() % Siblings)));
-    const auto any = [&]() -> MenuItem& { return children.Item(1 + static_cast<int>(random() % Siblings)); };
-    table.AtMost("remove one of 32,767 siblings and add another",
-                 MedianOfRounds(2000,
-                                [&](int) {
-                                    children.RemoveItem(any());
-                                    children.Add("entry", MenuItem::PartType);
-                                }),
-                 40, " us");
+    const auto anyPosition = [&] {
+        return 1 + static_cast<int>(random() % static_cast<unsigned>(children.Count()));
+    };
+    const auto any = [&]() -> MenuItem& { return children.Item(anyPosition()); };
+    // In turns, so that there are always about as many as there may be.
+    std::vector<double> remove, add, putBack;
+    for (int round = 0; round < Rounds; ++round) {
+        remove.push_back(MicrosecondsEach(Edits, [&](int) { children.RemoveItem(any()); }));
+        add.push_back(MicrosecondsEach(Edits, [&](int) { children.Add("entry", MenuItem::PartType); }));
+        Demand(children.Count() == Siblings, "as many were added as were removed");
+        std::vector<std::unique_ptr<MenuItem>> taken(Edits);
+        for (std::unique_ptr<MenuItem>& item : taken)
+            item = children.Take(anyPosition());
+        putBack.push_back(MicrosecondsEach(Edits, [&](int i) {
+            children.Insert(anyPosition(), std::move(taken[static_cast<std::size_t>(i)]));
+        }));
+        Demand(children.Count() == Siblings, "all that were taken are back");
+    }
+    table.AtMost("remove one of 32,767 siblings", Median(remove), 20, " us");
+    table.AtMost("add to 32,767 siblings", Median(add), 20, " us");
+    table.AtMost("put a removed one back among 32,767 siblings", Median(putBack), 20, " us");
     table.AtMost("move one of 32,767 siblings",
-                 MedianOfRounds(2000,
+                 MedianOfRounds(Edits,
                                 [&](int i) {
                                     MenuItem& item = any();
                                     i % 2 == 0 ? item.MoveUp() : item.MoveDown();
@@ -105,8 +121,9 @@ void MeasureHistories(Table& table, TempStation& station) {
     std::string file = "BLOCK MENU\r\n";
     for (int i = 0; i < Histories; ++i) {
         const std::string number = std::to_string(i);
-        file += "\tBLOCK SUBMENU\r\n\t\tCAPTION=" + number + "\r\n\t\tHISTORY_DIR=C:\\Neskroot\\History\\" +
-                number + "\r\n\t\tHISTORY_TITLE=Bore " + number + "\r\n\tEND\r\n";
+        file.append("\tBLOCK SUBMENU\r\n\t\tCAPTION=").append(number);
+        file.append("\r\n\t\tHISTORY_DIR=C:\\Neskroot\\History\\").append(number);
+        file.append("\r\n\t\tHISTORY_TITLE=Bore ").append(number).append("\r\n\tEND\r\n");
     }
     station.Write("C:\\menu.cfg", file + "END\r\n");
     std::vector<double> rounds;
