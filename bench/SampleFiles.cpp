@@ -123,7 +123,7 @@ private:
 class JsonWriter final : public FieldWriter {
 public:
     explicit JsonWriter(const std::string& path) : FieldWriter(path) {}
-    void BeginMenu() override { file.Put("{\"CAPTION\":\"Main Menu\",\"GRAPHIC\":\"\",\"SUBMENUS\":["); }
+    void BeginMenu() override { file.Put(R"({"CAPTION":"Main Menu","GRAPHIC":"","SUBMENUS":[)"); }
     void BeginItem(const SampleEntry& entry) override {
         file.Put(m_first ? "\n{" : ",\n{");
         PutFields(entry);

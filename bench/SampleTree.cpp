@@ -14,13 +14,13 @@ SampleEntry EntryOf(int number, bool part) {
     SampleEntry entry;
     // One caption in eight has a character that the code page stores otherwise than UTF-8.
     entry.caption = (number % 8 == 0 ? "Geh\xC3\xA4use " : "Housing ") + n;
-    entry.graphic = "C:\\Neskroot\\Pictures\\group" + group + "\\" + n + ".bmp";
+    entry.graphic = R"(C:\Neskroot\Pictures\group)" + group + "\\" + n + ".bmp";
     entry.menuType = part ? "Part Program" : "Menu";
     if (!part) return entry;
-    entry.preview = "C:\\Neskroot\\Preview\\group" + group + "\\" + n + ".bmp";
-    entry.helpFile = "C:\\Neskroot\\Help\\part" + group + ".chm";
+    entry.preview = R"(C:\Neskroot\Preview\group)" + group + "\\" + n + ".bmp";
+    entry.helpFile = R"(C:\Neskroot\Help\part)" + group + ".chm";
     entry.helpTopic = number % 5000;
-    entry.programId = "@C:\\Neskroot\\Parts\\group" + group + "\\part" + n + "\\partinfo.ini@";
+    entry.programId = R"(@C:\Neskroot\Parts\group)" + group + "\\part" + n + "\\partinfo.ini@";
     entry.historyTitle = "Bore and flange of " + n;
     return entry;
 }

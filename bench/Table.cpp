@@ -1,16 +1,14 @@
 #include "bench/Table.h"
 
-#include <cstdio>
-
 namespace nesk::bench {
 
 void Table::Heading(const std::string& text) {
-    std::printf("\n%s\n", text.c_str());
+    std::fprintf(m_out, "\n%s\n", text.c_str());
 }
 
 void Table::Line(const std::string& what, const std::string& figure) {
-    std::printf("  %-58s %s\n", what.c_str(), figure.c_str());
-    std::fflush(stdout);
+    std::fprintf(m_out, "  %-58s %s\n", what.c_str(), figure.c_str());
+    std::fflush(m_out);
 }
 
 void Table::AtLeast(const std::string& what, double ratio, double goal) {

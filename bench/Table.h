@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdio>
 #include <string>
 
 namespace nesk::bench {
@@ -23,6 +24,7 @@ public:
 private:
     void Goal(const std::string& what, double figure, double goal, const std::string& unit, bool least);
 
+    std::FILE* m_out = stdout;
     int m_missed = 0;
 };
 
