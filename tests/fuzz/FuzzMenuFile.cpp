@@ -1,5 +1,6 @@
 // A menu file of any content. What loads without an error is the same menu after saving and loading, and from
-// the first save on not a byte of its file changes. What does not load is left alone.
+// the first save on not a byte of its file changes. What does not load is left alone. Either comes out the
+// same wherever the reader's blocks begin.
 
 #include "fuzz/Fuzz.h"
 #include "menu/BlockParser.h"
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace nesk::fuzz {
@@ -23,6 +25,10 @@ using nesk::testing::FileBytes;
 const std::string Folder = "C:\\Neskroot";
 const std::string Path = Folder + "\\menu.cfg";
 const std::string Copy = Folder + "\\copy.cfg";
+const std::string Shifted = Folder + "\\shifted.cfg";
+// What a reader of the file holds of it at a time: several times what the largest input has.
+constexpr std::size_t BlockSize = std::size_t{1} << 18;
+static_assert(BlockSize > LargestInput + 8, "a comment that ends in front of an input fits into a block");
 
 // One entry of a tree with its place, without what lies below.
 struct Entry {
@@ -81,6 +87,43 @@ void SaveTwice(MenuEditor& editor) {
     Require(FileBytes(Copy + ".bak") == bytes, "the version before is kept");
 }
 
+// Places of an input at which a block of the reader may end: in lines, on both sides of the ends of some, and
+// between CR and LF. 0 is in front of the input.
+std::set<std::size_t> Borders(const std::string& bytes) {
+    if (bytes.empty()) return {0};
+    std::set<std::size_t> borders{0, bytes.size() / 3, bytes.size() / 2, bytes.size() - 1};
+    for (const std::size_t from : {std::size_t{0}, bytes.size() / 2}) {
+        const std::size_t end = bytes.find_first_of("\r\n", from);
+        if (end != std::string::npos) borders.insert({end, end + 1});
+    }
+    return borders;
+}
+
+// Where the blocks in which the file is read begin must not matter. `error` is what loading it gave.
+void CheckBlocks(Surroundings& surroundings, const std::string& bytes, Menu& menu,
+                 const std::optional<NeskError>& error) {
+    const std::vector<Entry> entries = EntriesOf(menu);
+    const auto check = [&](std::size_t length) {
+        // With its end a line of that length.
+        const std::string comment = ";" + std::string(length - 3, 'x') + "\r\n";
+        surroundings.station.Write(Shifted, comment + bytes);
+        MenuEditor editor;
+        const std::optional<NeskError> again = editor.Open(Folder, Shifted);
+        Require(again.has_value() == error.has_value(), "the blocks of reading make no error and hide none");
+        Require(EntriesOf(*editor.OpenMenu()) == entries, "the blocks of reading change no entry");
+        Require(editor.OpenMenu()->EndIsMissing() == menu.EndIsMissing(), "nor what is missing");
+        if (!error) return;
+        Require(again->number == error->number && again->messageId == error->messageId,
+                "the blocks of reading change no error");
+        Require(again->line == error->line + 1, "the blocks of reading change no line number");
+    };
+    for (const std::size_t before : Borders(bytes))
+        check(BlockSize - before);
+    // The end of the comment itself is cut; and a line that takes more than a block.
+    check(BlockSize + 1);
+    check(BlockSize * 2 + 3);
+}
+
 void LoadMenu(Surroundings& surroundings, const std::string& bytes) {
     surroundings.station.Write(Path, bytes);
     MenuEditor editor;
@@ -90,6 +133,7 @@ void LoadMenu(Surroundings& surroundings, const std::string& bytes) {
             "an error and a missing end leave the menu incomplete");
     Require(FileBytes(Path) == bytes, "opening changes no file");
     CheckIds(*editor.OpenMenu());
+    CheckBlocks(surroundings, bytes, *editor.OpenMenu(), error);
     if (!error) return SaveTwice(editor);
     Require(error->file == Path, "an error names the file");
     const auto lines =
