@@ -8,6 +8,7 @@
 #include "unit/CoreFixture.h"
 #include "unit/FileBytes.h"
 #include "unit/menu/MenuModelTexts.h"
+#include "unit/menu/QuickFiles.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -20,6 +21,7 @@ using nesk::testing::FileBytes;
 using nesk::testing::FirstDifference;
 using nesk::testing::MenuModel;
 using nesk::testing::ModelEntry;
+using nesk::testing::QuickFiles;
 using nesk::testing::Random;
 using nesk::testing::TextRules;
 
@@ -38,8 +40,9 @@ protected:
     void OnMenuEvent(const MenuEvent& event) override { m_events.push_back(event); }
     void OnStateChanged() override {}
 
-    // Whether sequences save and load. Each save waits for the disk, so most of the many sequences do not.
-    bool m_withFiles = true;
+    // Whether sequences load in between, after which nothing can be taken back; all of them save, and load at
+    // the end.
+    bool m_withLoads = true;
 
     // Runs sequences with the seeds from `first` on and stops at the first that fails.
     void RunSequences(const TextRules& rules, unsigned first, unsigned count) {
@@ -79,7 +82,10 @@ private:
             station.Write(Path, m_startFile);
             m_onDisk = m_startModel;
         }
-        MenuEditor editor;
+        // Each save waits for the disk, so most of the many sequences do not.
+        QuickFiles quick;
+        platform::FileSystem& files = seed % 32 == 0 ? platform::StationFiles() : quick;
+        MenuEditor editor(files);
         m_editor = &editor;
         editor.SetListener(this);
         editor.SetChangeKeeper([this](std::unique_ptr<MenuChange> change) {
@@ -93,7 +99,8 @@ private:
             Compare();
         }
         m_action = "the way through a file";
-        if (!HasFailure() && m_withFiles && seed % 4 == 0) ThroughAFile();
+        if (!HasFailure()) SaveForAnother();
+        if (!HasFailure() && seed % 4 == 0) ThroughAFile();
         m_changes.clear();
         m_editor = nullptr;
     }
@@ -133,11 +140,11 @@ private:
             SetGraphic(id);
         else if (kind < 850)
             SetPart(id);
-        else if (kind < 930)
+        else if (kind < 920)
             Undo();
-        else if (kind < 995 || !m_withFiles)
+        else if (kind < (m_withLoads ? 970 : 990))
             Redo();
-        else if (kind < 998)
+        else if (kind < 985 || !m_withLoads)
             Save();
         else
             Load();
@@ -326,6 +333,21 @@ private:
         }
     }
 
+    // Saves, and another editor loads what was edited.
+    void SaveForAnother() {
+        Save();
+        MenuEditor another;
+        const std::optional<NeskError> error = another.Open(Folder, Path);
+        ASSERT_FALSE(error.has_value()) << Where() << ": " << error->source << " " << error->number;
+        ASSERT_FALSE(another.IsIncomplete()) << Where();
+        MenuModel read = m_model;
+        read.PassThroughFile(*m_rules, m_histories);
+        ASSERT_EQ(FirstDifference(*another.OpenMenu(), read.Root()), "") << Where();
+        CheckHistories();
+        // It stays as it is where it was edited.
+        Compare();
+    }
+
     // Saves, loads and saves again, twice over: from the second file on not a byte changes, and none at all
     // when a file holds all texts as they are.
     void ThroughAFile() {
@@ -360,21 +382,21 @@ private:
     std::string m_action;
 };
 
-TEST_F(MenuModelTest, EditsInMemory) {
-    m_withFiles = false;
+TEST_F(MenuModelTest, EditsWithoutLoads) {
+    m_withLoads = false;
     RunSequences(nesk::testing::WesternTexts(), 1, 1200);
 }
 
-TEST_F(MenuModelTest, MoreEditsInMemory) {
-    m_withFiles = false;
+TEST_F(MenuModelTest, MoreEditsWithoutLoads) {
+    m_withLoads = false;
     RunSequences(nesk::testing::WesternTexts(), 2001, 1200);
 }
 
-TEST_F(MenuModelTest, EditsWithFiles) {
+TEST_F(MenuModelTest, EditsWithLoads) {
     RunSequences(nesk::testing::WesternTexts(), 10000, 300);
 }
 
-TEST_F(MenuModelTest, MoreEditsWithFiles) {
+TEST_F(MenuModelTest, MoreEditsWithLoads) {
     RunSequences(nesk::testing::WesternTexts(), 11000, 300);
 }
 

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
+#include "unit/platform/TempStation.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace nesk::testing {
+
+/// The station's files, which never wait for the disk: thousands of saves take the time of some.
+class QuickFiles final : public platform::FileSystem {
+public:
+    int Attributes(const std::string& path, std::uint32_t& attributes) override {
+        return m_files.Attributes(path, attributes);
+    }
+    int Search(const std::string& pattern, std::unique_ptr<platform::DirectorySearch>& search,
+               platform::DirectoryEntry& first) override {
+        return m_files.Search(pattern, search, first);
+    }
+    int MakeFolder(const std::string& path) override { return m_files.MakeFolder(path); }
+    int OpenForReading(const std::string& path, std::unique_ptr<platform::FileReader>& reader) override {
+        return m_files.OpenForReading(path, reader);
+    }
+    int CreateNew(const std::string& path, std::unique_ptr<platform::FileWriter>& writer) override {
+        std::unique_ptr<platform::FileWriter> file;
+        const int result = m_files.CreateNew(path, file);
+        if (result == platform::ErrorCode::Success) writer = std::make_unique<Writer>(std::move(file));
+        return result;
+    }
+    int RemoveFile(const std::string& path) override { return m_files.RemoveFile(path); }
+    int RemoveAbandoned(const std::string& path) override { return m_files.RemoveAbandoned(path); }
+    int CopyAccessRights(const std::string& from, const std::string& to) override {
+        return m_files.CopyAccessRights(from, to);
+    }
+    // Some file systems write a file to the disk that takes the place of another, so the other goes first.
+    int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
+        const std::filesystem::path target = TempStation::Host(copy);
+        std::error_code error;
+        if (mayReplace) std::filesystem::remove(target, error);
+        std::filesystem::copy_file(TempStation::Host(path), target, error);
+        return error ? platform::ErrorCode::WriteFault : platform::ErrorCode::Success;
+    }
+    int Replace(const std::string& path, const std::string& replacement) override {
+        const std::filesystem::path target = TempStation::Host(path);
+        std::error_code error;
+        std::filesystem::remove(target, error);
+        std::filesystem::rename(TempStation::Host(replacement), target, error);
+        return error ? platform::ErrorCode::WriteFault : platform::ErrorCode::Success;
+    }
+
+private:
+    class Writer final : public platform::FileWriter {
+    public:
+        explicit Writer(std::unique_ptr<platform::FileWriter> file) : m_file(std::move(file)) {}
+        int Write(std::string_view bytes) override { return m_file->Write(bytes); }
+        int Flush() override { return platform::ErrorCode::Success; }
+        int Close() override { return m_file->Close(); }
+
+    private:
+        std::unique_ptr<platform::FileWriter> m_file;
+    };
+
+    platform::FileSystem& m_files = platform::StationFiles();
+};
+
+} // namespace nesk::testing
