@@ -84,8 +84,9 @@ private:
         }
         // Each save waits for the disk, so most of the many sequences do not.
         QuickFiles quick;
-        platform::FileSystem& files = seed % 32 == 0 ? platform::StationFiles() : quick;
-        MenuEditor editor(files);
+        platform::FileSystem* files = &quick;
+        if (seed % 32 == 0) files = &platform::StationFiles();
+        MenuEditor editor(*files);
         m_editor = &editor;
         editor.SetListener(this);
         editor.SetChangeKeeper([this](std::unique_ptr<MenuChange> change) {
