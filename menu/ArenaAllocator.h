@@ -18,6 +18,7 @@ public:
     explicit ArenaAllocator(const ArenaAllocator<Other>& other) noexcept : m_arena(&other.Source()) {}
 
     T* allocate(std::size_t count) {
+        // NOLINTNEXTLINE(bugprone-sizeof-expression): the size of a pointer is meant where T is one
         return static_cast<T*>(m_arena->Allocate(count * sizeof(T), alignof(T)));
     }
     void deallocate(T*, std::size_t) noexcept {}

@@ -21,8 +21,7 @@ std::unique_ptr<MenuItemCollection> MenuItemCollection::Create(Arena& arena) {
 }
 
 MenuItemCollection::MenuItemCollection(Arena& arena)
-    : m_items(ArenaAllocator<std::unique_ptr<MenuItem>>(arena))
-    , m_counters(ArenaAllocator<std::int32_t>(arena)) {}
+    : m_items(ArenaAllocator<MenuItem*>(arena)), m_counters(ArenaAllocator<std::int32_t>(arena)) {}
 
 // Children of any depth are released in a loop, so that a deep tree needs no deep machine stack, and without
 // asking for memory, of which there may be none left.
@@ -32,14 +31,19 @@ MenuItemCollection::~MenuItemCollection() {
         if (at->m_items.empty()) {
             if (at == this) return;
             at = at->m_above;
-            at->m_items.pop_back();
+            at->ReleaseLast();
         } else if (MenuItemCollection* below = at->m_items.back()->Children(); below != nullptr) {
             below->m_above = at;
             at = below;
         } else {
-            at->m_items.pop_back();
+            at->ReleaseLast();
         }
     }
+}
+
+void MenuItemCollection::ReleaseLast() {
+    delete m_items.back();
+    m_items.pop_back();
 }
 
 void MenuItemCollection::Initialize(MenuEntry& owner) {
@@ -94,7 +98,7 @@ MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem>&& item) {
     CheckRoom();
     MakeRoom();
     m_counters.push_back(item->Counter());
-    m_items.push_back(std::move(item));
+    m_items.push_back(item.release());
     return *m_items.back();
 }
 
@@ -103,12 +107,12 @@ MenuItem& MenuItemCollection::Insert(int position, std::unique_ptr<MenuItem>&& i
     const auto index = static_cast<std::ptrdiff_t>(CheckedIndex(position, m_items.size() + 1));
     MakeRoom();
     m_counters.insert(m_counters.begin() + index, item->Counter());
-    return **m_items.insert(m_items.begin() + index, std::move(item));
+    return **m_items.insert(m_items.begin() + index, item.release());
 }
 
 std::unique_ptr<MenuItem> MenuItemCollection::Take(int position) {
     const std::size_t index = CheckedIndex(position, m_items.size());
-    std::unique_ptr<MenuItem> item = std::move(m_items[index]);
+    std::unique_ptr<MenuItem> item(m_items[index]);
     m_items.erase(m_items.begin() + static_cast<std::ptrdiff_t>(index));
     m_counters.erase(m_counters.begin() + static_cast<std::ptrdiff_t>(index));
     return item;
@@ -125,12 +129,12 @@ std::size_t MenuItemCollection::IndexOfCounter(std::int32_t counter) const {
 
 int MenuItemCollection::PositionOf(const MenuItem& item) const {
     const std::size_t index = IndexOfCounter(item.Counter());
-    return index < m_items.size() && m_items[index].get() == &item ? static_cast<int>(index) + 1 : 0;
+    return index < m_items.size() && m_items[index] == &item ? static_cast<int>(index) + 1 : 0;
 }
 
 MenuItem* MenuItemCollection::FindCounter(std::int32_t counter) const {
     const std::size_t index = IndexOfCounter(counter);
-    return index < m_items.size() ? m_items[index].get() : nullptr;
+    return index < m_items.size() ? m_items[index] : nullptr;
 }
 
 void MenuItemCollection::RemoveItem(const MenuItem& item) {
@@ -159,6 +163,7 @@ bool MenuItemCollection::MoveDown(const MenuItem& item) {
 
 void MenuItemCollection::Terminate() {
     if (m_items.size() > 1) {
+        std::for_each(m_items.begin(), m_items.end() - 1, std::default_delete<MenuItem>());
         m_items.erase(m_items.begin(), m_items.end() - 1);
         m_counters.erase(m_counters.begin(), m_counters.end() - 1);
     }

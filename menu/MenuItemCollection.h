@@ -89,10 +89,12 @@ private:
     void CheckRoom() const;
     void MakeRoom();
     void Swap(std::size_t a, std::size_t b);
+    void ReleaseLast();
 
     MenuEntry* m_owner = nullptr;
     MenuItemCollection* m_above = nullptr; // from which the release of a tree came here
-    std::vector<std::unique_ptr<MenuItem>, ArenaAllocator<std::unique_ptr<MenuItem>>> m_items;
+    // Owned. Pointers that own by themselves would be moved one by one when a child is taken out.
+    std::vector<MenuItem*, ArenaAllocator<MenuItem*>> m_items;
     std::vector<std::int32_t, ArenaAllocator<std::int32_t>> m_counters;
 };
 
