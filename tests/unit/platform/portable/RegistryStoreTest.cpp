@@ -3,10 +3,13 @@
 #include "unit/platform/RegistryFixture.h"
 #include "unit/platform/portable/ChildProcess.h"
 
+#include <array>
 #include <csignal>
 #include <fstream>
 #include <functional>
 #include <iterator>
+#include <random>
+#include <set>
 #include <sqlite3.h>
 #include <sys/resource.h>
 
@@ -206,6 +209,116 @@ TEST_F(RegistryStoreTest, TellsThatTheStoreIsDamaged) {
         }
         EXPECT_TRUE(result == ErrorCode::BadDatabase || result == ErrorCode::RegistryCorrupt) << result;
     }
+}
+
+// Does everything that can be done to the store, in whatever state it is, and adds the results.
+class StoreUser {
+public:
+    std::set<int> results;
+
+    void UseKey(RegKey key) {
+        std::array<char, 512> name{};
+        for (std::uint32_t i = 0; i < MostEntries; ++i)
+            if (Note(Reg().EnumKey(key, i, name.data(), name.size())) == ErrorCode::NoMoreItems) break;
+        std::vector<char> data(1U << 16);
+        for (std::uint32_t i = 0; i < MostEntries; ++i) {
+            std::uint32_t nameSize = name.size();
+            auto size = static_cast<std::uint32_t>(data.size());
+            std::uint32_t type = 0;
+            const int result = Reg().EnumValue(key, i, name.data(), &nameSize, &type, data.data(), &size);
+            if (Note(result) == ErrorCode::NoMoreItems) break;
+            if (result != ErrorCode::Success) continue;
+            size = static_cast<std::uint32_t>(data.size());
+            Note(Reg().QueryValue(key, {name.data(), nameSize}, &type, data.data(), &size));
+        }
+        RegistryGroup group(Reg());
+        Note(Reg().SetValue(key, "value1", RegType::Text, "other"));
+        Note(Reg().SetValue(key, "new", RegType::Text, "new"));
+        Note(Reg().DeleteValue(key, "value2"));
+        Note(Reg().DeleteKey(key, "Below"));
+        Note(group.End());
+    }
+
+    void Use() {
+        for (const char* path : {"A", "A\\Below", "New"}) {
+            RegKey key = 0;
+            if (Note(Reg().OpenKey(LocalMachine, path, RegAccess::ReadWrite, key)) == ErrorCode::Success)
+                UseKey(key);
+            Reg().CloseKey(key);
+            if (Note(Reg().CreateKey(LocalMachine, path, RegAccess::ReadWrite, key)) == ErrorCode::Success)
+                UseKey(key);
+            Reg().CloseKey(key);
+        }
+    }
+
+private:
+    // More than the sound store has.
+    static constexpr std::uint32_t MostEntries = 60;
+
+    static Registry& Reg() { return StationRegistry(); }
+
+    int Note(int result) {
+        results.insert(result);
+        return result;
+    }
+};
+
+// A copy of bytes with some of them changed, a page full of others, or the end cut off.
+std::string Spoiled(std::string bytes, std::mt19937& random) {
+    constexpr std::size_t PageSize = 4096;
+    const auto below = [&random](std::size_t end) { return random() % end; };
+    switch (below(4)) {
+    case 0: bytes[below(bytes.size())] ^= static_cast<char>(1 + below(255)); break;
+    case 1:
+        for (int i = 0; i < 20; ++i)
+            bytes[below(bytes.size())] = static_cast<char>(random());
+        break;
+    case 2: {
+        const std::size_t page = below(bytes.size() / PageSize);
+        for (std::size_t i = 0; i < PageSize; ++i)
+            bytes[page * PageSize + i] = static_cast<char>(random());
+        break;
+    }
+    default: bytes.resize(below(bytes.size())); break;
+    }
+    return bytes;
+}
+
+TEST_F(RegistryStoreTest, GoesOnWithAStoreThatIsSpoiledAnywhere) {
+    const RegKey key = Create("A");
+    for (int i = 0; i < 40; ++i)
+        ASSERT_EQ(ErrorCode::Success, Set(key, "value" + std::to_string(i), std::string(500, 'x')));
+    for (int i = 0; i < 40; ++i)
+        Create("A\\Below\\key" + std::to_string(i));
+    Close();
+    const std::string sound = StoreBytes();
+    ASSERT_GT(sound.size(), 30000U);
+
+    const std::set<int> laidDown = {
+        ErrorCode::Success,     ErrorCode::FileNotFound,     ErrorCode::AccessDenied,
+        ErrorCode::DiskFull,    ErrorCode::WriteFault,       ErrorCode::OutOfMemory,
+        ErrorCode::Busy,        ErrorCode::MoreData,         ErrorCode::NoMoreItems,
+        ErrorCode::BadDatabase, ErrorCode::RegistryCorrupt,  ErrorCode::KeyDeleted,
+        ErrorCode::InvalidName, ErrorCode::InvalidParameter, ErrorCode::RegistryIoFailed};
+    std::mt19937 random(20'260);
+    int harmed = 0;
+    int unharmed = 0;
+    for (int round = 0; round < 400; ++round) {
+        WriteStore(Spoiled(sound, random));
+        StoreUser user;
+        user.Use();
+        Close();
+        for (const int result : user.results)
+            EXPECT_TRUE(laidDown.contains(result)) << "round " << round << ": " << result;
+        const bool told = user.results.contains(ErrorCode::BadDatabase) ||
+                          user.results.contains(ErrorCode::RegistryCorrupt);
+        ++(told ? harmed : unharmed);
+    }
+    EXPECT_GT(harmed, 50);
+    EXPECT_GT(unharmed, 50) << "bytes of a value may be any";
+
+    WriteStore(sound);
+    EXPECT_EQ(std::string(500, 'x'), Get(Create("A"), "value39")) << "the registry itself is as before";
 }
 
 TEST_F(RegistryStoreTest, TellsThatAFolderIsInItsPlace) {
