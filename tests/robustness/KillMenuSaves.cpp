@@ -1,5 +1,6 @@
 // Kills a program that saves a menu, at random moments, and looks at what it leaves: menu.cfg is always one
-// of the versions that were saved, and nothing that is left over piles up or stops the next save.
+// of the versions that were saved, or missing where the first save was not through, and nothing that is left
+// over piles up or stops the next save.
 
 #include "menu/MenuEditor.h"
 #include "platform/portable/Station.h"
@@ -15,6 +16,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <random>
 #include <set>
 #include <thread>
@@ -31,7 +33,16 @@ const std::string Path = Folder + "\\menu.cfg";
 // The entries of each version: less than a block of the disk, one piece of writing, several pieces.
 constexpr std::array<int, 3> Entries = {2, 300, 2500};
 
+// A first save, of a menu that has no file yet, is tried in one of so many rounds.
+constexpr int FirstSaveEvery = 8;
+
 using Editors = std::vector<std::unique_ptr<MenuEditor>>;
+
+// The bytes of a file; nothing when there is none.
+std::optional<std::string> BytesIfAny(const std::string& path) {
+    if (!std::filesystem::exists(TempStation::Host(path))) return std::nullopt;
+    return FileBytes(path);
+}
 
 // An editor for each version.
 Editors MakeEditors() {
@@ -93,7 +104,8 @@ public:
     bool Round(std::mt19937& random);
     // Whether `kills` of them hit enough steps of a save to have tried it.
     bool HitEnough(int kills) const {
-        return m_hits >= kills / 10 && m_leftMenus >= kills / 20 && m_leftBackups > 0 && m_saves > 0;
+        return m_hits >= kills / 10 && m_firstHits > 0 && m_leftMenus >= kills / 20 && m_leftBackups > 0 &&
+               m_saves > 0;
     }
     bool Finish(int kills);
 
@@ -105,20 +117,26 @@ private:
     bool IsVersion(const std::string& bytes) const {
         return std::find(m_versions.begin(), m_versions.end(), bytes) != m_versions.end();
     }
+    void RemoveMenu();
+    bool CheckBackup();
     bool CheckFolder();
 
     TempStation m_station;
     Editors m_editors = MakeEditors();
     std::vector<std::string> m_versions;
-    std::string m_before; // the menu before a round
+    std::optional<std::string> m_before; // the menu before a round
     Clock::duration m_longest{};
+    int m_rounds = 0;
+    int m_versionsKept = 2; // at least: of the menu and its backup
     int m_saves = 0;
     int m_hits = 0;
+    int m_firstHits = 0;
     int m_leftMenus = 0;
     int m_leftBackups = 0;
 };
 
 bool Killer::Round(std::mt19937& random) {
+    if (++m_rounds % FirstSaveEvery == 0) RemoveMenu();
     const auto seed = static_cast<unsigned>(random());
     testing::Victim victim({"save", m_station.Folder().string(), std::to_string(seed)});
     victim.WaitForSave();
@@ -127,23 +145,39 @@ bool Killer::Round(std::mt19937& random) {
     std::this_thread::sleep_for(microseconds(random() % static_cast<std::uint64_t>(longest)));
     if (!victim.Kill()) return Fail("the program that saves ended by itself");
     m_saves += victim.Ended();
-    m_hits += victim.Begun() > victim.Ended() ? 1 : 0;
+    m_versionsKept += victim.Ended();
+    const bool isHit = victim.Begun() > victim.Ended();
+    m_hits += isHit ? 1 : 0;
+    m_firstHits += isHit && !m_before && victim.Ended() == 0 ? 1 : 0;
     // What the last save that ended wrote, or the one that began after it.
     Order order(seed);
-    std::vector<std::string> known = {m_before};
+    std::vector<std::optional<std::string>> known = {m_before};
     for (int save = 1; save <= victim.Begun(); ++save, order.Next()) {
-        if (save >= victim.Ended()) known.push_back(m_versions[order.Version()]);
+        if (save >= victim.Ended()) known.emplace_back(m_versions[order.Version()]);
         if (save == victim.Ended()) known.erase(known.begin());
     }
-    m_before = FileBytes(Path);
+    m_before = BytesIfAny(Path);
     if (std::find(known.begin(), known.end(), m_before) == known.end())
         return Fail("menu.cfg is neither the version before nor the new one: " +
-                    std::to_string(m_before.size()) + " bytes");
-    return CheckFolder();
+                    (m_before ? std::to_string(m_before->size()) + " bytes" : "it is missing"));
+    return CheckBackup() && CheckFolder();
+}
+
+void Killer::RemoveMenu() {
+    for (const auto& entry : std::filesystem::directory_iterator(TempStation::Host(Folder)))
+        std::filesystem::remove(entry.path());
+    m_before.reset();
+    m_versionsKept = 0;
+}
+
+bool Killer::CheckBackup() {
+    const std::optional<std::string> backup = BytesIfAny(Path + ".bak");
+    if (!backup) return m_versionsKept < 2 || Fail("menu.cfg.bak is missing");
+    m_versionsKept = std::max(m_versionsKept, 2);
+    return IsVersion(*backup) || Fail("menu.cfg.bak is no version that was saved");
 }
 
 bool Killer::CheckFolder() {
-    if (!IsVersion(FileBytes(Path + ".bak"))) return Fail("menu.cfg.bak is no version that was saved");
     MenuEditor editor;
     if (const auto error = editor.Open(Folder, Path))
         return Fail("menu.cfg cannot be read: " + modUtilities::ErrorText(*error));
@@ -159,9 +193,11 @@ bool Killer::CheckFolder() {
 }
 
 bool Killer::Finish(int kills) {
-    std::cout << kills << " kills, " << m_hits
-              << " in the middle of a save, of which left a new menu: " << m_leftMenus
-              << ", a new backup: " << m_leftBackups << "; " << m_saves << " saves ended\n";
+    std::cout << kills << " kills, " << m_hits << " in the middle of a save, " << m_firstHits
+              << " of a first one; left were a new menu " << m_leftMenus << " times, a new backup "
+              << m_leftBackups << " times; " << m_saves << " saves ended\n";
+    // The first may be the very first.
+    m_editors.back()->Save(Path);
     m_editors.front()->Save(Path);
     if (FileBytes(Path) != m_versions.front()) return Fail("the last save wrote something else");
     if (testing::FilesIn(Folder) != "menu.cfg menu.cfg.bak") return Fail("something is left over");
