@@ -87,6 +87,11 @@ public:
     /// Ends a group. What was written in it may be found here not to be stored after all.
     virtual int EndGroup() { return 0; }
 
+    /// Until EndReading, what other programs write is not seen, where the registry can do that: values that
+    /// belong together are read together. Nothing is to be written in between.
+    virtual void BeginReading() {}
+    virtual void EndReading() {}
+
     /// Where the registry lies, for messages: a folder or file of the station, or the name of the system's
     /// own.
     virtual std::string Location() const = 0;
@@ -110,6 +115,18 @@ public:
 private:
     Registry& m_registry;
     bool m_ended = false;
+};
+
+/// Reads at one moment, from its construction to its destruction.
+class RegistryReading {
+public:
+    explicit RegistryReading(Registry& registry) : m_registry(registry) { m_registry.BeginReading(); }
+    ~RegistryReading() { m_registry.EndReading(); }
+    RegistryReading(const RegistryReading&) = delete;
+    RegistryReading& operator=(const RegistryReading&) = delete;
+
+private:
+    Registry& m_registry;
 };
 
 /// The registry of the station. Lives until the process ends.

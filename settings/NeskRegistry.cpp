@@ -97,6 +97,8 @@ NeskRegistry& NeskRegistry::Instance() {
 }
 
 void NeskRegistry::Load() {
+    // Of one save, also where another program is saving.
+    const platform::RegistryReading reading(platform::StationRegistry());
     RegEntry entry;
     m_unread.clear();
     Guarded([&] { entry.OpenKey(ProductKey); });

@@ -186,9 +186,23 @@ int RegistryStore::EndGroup() {
     m_begun = false;
     // A full disk, for one, ends the transaction by itself and with it what was written before.
     if (!m_database.InTransaction()) return ErrorCode::WriteFault;
+    return Commit();
+}
+
+// One that fails must not stay open: what is stored later would go with it.
+int RegistryStore::Commit() {
     const int result = m_database.Execute("COMMIT");
     if (result != ErrorCode::Success) m_database.Execute("ROLLBACK");
     return result;
+}
+
+// When it cannot be begun, the values are read one by one.
+void RegistryStore::BeginReading() {
+    if (!m_database.InTransaction()) m_isReading = m_database.Execute("BEGIN") == ErrorCode::Success;
+}
+
+void RegistryStore::EndReading() {
+    if (std::exchange(m_isReading, false)) Commit();
 }
 
 int RegistryStore::DeleteKey(std::int64_t key) {

@@ -48,6 +48,10 @@ public:
     /// When that fails, it fails for the rest of the group.
     int JoinGroup();
 
+    /// In between, what other programs write is not seen. Within the transaction of a group it never is.
+    void BeginReading();
+    void EndReading();
+
     int DeleteKey(std::int64_t key);
     int SubkeyName(std::int64_t key, std::uint32_t index, std::string& name);
 
@@ -59,6 +63,7 @@ public:
 private:
     explicit RegistryStore(std::unique_ptr<Database> database);
 
+    int Commit();
     int FindChild(std::int64_t parent, const std::string& name, std::int64_t& key);
 
     std::unique_ptr<Database> m_owner;
@@ -76,6 +81,7 @@ private:
     int m_groups = 0;
     bool m_begun = false; // the transaction of the group
     int m_joined = 0;     // how beginning it went
+    bool m_isReading = false;
 };
 
 } // namespace nesk::platform::portable

@@ -164,6 +164,16 @@ public:
         return m_store ? m_store->EndGroup() : ErrorCode::Success;
     }
 
+    void BeginReading() override {
+        m_isReading = true;
+        if (m_store) m_store->BeginReading();
+    }
+
+    void EndReading() override {
+        m_isReading = false;
+        if (m_store) m_store->EndReading();
+    }
+
     std::string Location() const override { return portable::ToWindowsPath(File()); }
 
 private:
@@ -185,9 +195,10 @@ private:
         if (std::chrono::steady_clock::now() < m_busyUntil) return ErrorCode::Busy;
         const int result = RegistryStore::Open(File(), create, m_store);
         if (result == ErrorCode::Busy) m_busyUntil = std::chrono::steady_clock::now() + BusyAnswer;
-        // The store may be opened within groups that have begun.
+        // The store may be opened within groups or a reading that have begun.
         for (int i = 0; m_store && i < m_groups; ++i)
             m_store->BeginGroup();
+        if (m_store && m_isReading) m_store->BeginReading();
         return result;
     }
 
@@ -226,6 +237,7 @@ private:
     std::unique_ptr<RegistryStore> m_store;
     std::chrono::steady_clock::time_point m_busyUntil;
     int m_groups = 0;
+    bool m_isReading = false;
     std::unordered_map<RegKey, Handle> m_handles;
     // Handle numbers start beside those of the predefined keys.
     RegKey m_lastHandle = std::uint64_t{1} << 32;

@@ -1,5 +1,6 @@
 // Kills a program that saves the settings, at random moments. The values of a save are stored together: those
-// of the last save are there, or those of the one before, and the store itself is always sound.
+// of the last save are there, or those of the one before, also for a program that loads them meanwhile, and
+// the store itself is always sound.
 
 #include "platform/ErrorCode.h"
 #include "platform/portable/Station.h"
@@ -53,6 +54,8 @@ constexpr TextField Fields[] = {
     {"PrinterZoom", &NeskRegistry::PrinterZoom},
 };
 
+constexpr int LoadsMeanwhile = 5;
+
 // Short texts in the first version, long ones and some that are empty in the second.
 NeskRegistry Record(bool second) {
     NeskRegistry record;
@@ -105,6 +108,7 @@ private:
         return false;
     }
     fs::path Store() const { return m_station.Folder() / "registry.db"; }
+    bool LoadMeanwhile() const;
     bool IsSound() const;
     bool CheckValues(int begun, int ended);
     const Values& Version(int save) const {
@@ -136,12 +140,35 @@ bool Killer::Round(int number, std::mt19937& random) {
     victim.WaitForSave();
     // The first save opens the store, which takes many times as long as a save.
     const bool opened = random() % 4 != 0;
-    if (opened) victim.WaitForEnds(1 + static_cast<int>(random() % 5));
+    if (opened) {
+        victim.WaitForEnds(1 + static_cast<int>(random() % 5));
+        if (!LoadMeanwhile()) return false;
+    }
     std::this_thread::sleep_for(microseconds(random() % (opened ? 2'000 : 20'000)));
     if (!victim.Kill()) return Fail("the program that saves ended by itself");
     m_saves += victim.Ended();
     m_hits += victim.Begun() > victim.Ended() ? 1 : 0;
     return CheckFolder() && CheckValues(victim.Begun(), victim.Ended()) && IsSound();
+}
+
+// While the other process saves.
+bool Killer::LoadMeanwhile() const {
+    platform::portable::UseStation(m_station.Folder());
+    for (int i = 0; i < LoadsMeanwhile; ++i) {
+        NeskRegistry loaded;
+        loaded.Load();
+        // Which is never read, on purpose.
+        const auto isOf = [&loaded](bool second) {
+            const NeskRegistry saved = Record(second);
+            loaded.HistoryMaxParts = saved.HistoryMaxParts;
+            return ValuesOf(loaded) == ValuesOf(saved);
+        };
+        if (isOf(false) || isOf(true)) continue;
+        return Fail("the settings that were loaded meanwhile are of no save: " + loaded.NeskRoot + " ... " +
+                    loaded.PrinterQuality);
+    }
+    platform::portable::UseStation("/nonexistent/station");
+    return true;
 }
 
 bool Killer::CheckFolder() const {

@@ -321,6 +321,39 @@ TEST_F(RegistryStoreTest, GoesOnWithAStoreThatIsSpoiledAnywhere) {
     EXPECT_EQ(std::string(500, 'x'), Get(Create("A"), "value39")) << "the registry itself is as before";
 }
 
+TEST_F(RegistryStoreTest, ReadsAtOneMoment) {
+    for (const bool isOpen : {true, false}) {
+        ASSERT_EQ(ErrorCode::Success, Set(Create("A"), "x", "before"));
+        ASSERT_EQ(ErrorCode::Success, Set(Create("A"), "y", "before"));
+        if (!isOpen) Close();
+        {
+            const RegistryReading reading(Reg());
+            const RegKey key = Create("A", LocalMachine, RegAccess::Read);
+            EXPECT_EQ("before", Get(key, "x"));
+            Execute("UPDATE vals SET data = CAST('after' AS BLOB)");
+            EXPECT_EQ("before", Get(key, "y")) << "of the same moment as x";
+        }
+        EXPECT_EQ("after", Get(Create("A"), "x"));
+        EXPECT_EQ("after", Get(Create("A"), "y"));
+        EXPECT_EQ(ErrorCode::Success, Set(Create("A"), "x", "again")) << "the reading is over";
+    }
+}
+
+TEST_F(RegistryStoreTest, ReadsWithinAGroupWhatTheGroupHasWritten) {
+    const RegKey key = Create("A");
+    RegistryGroup group(Reg());
+    EXPECT_EQ(ErrorCode::Success, Set(key, "x", "new"));
+    {
+        const RegistryReading reading(Reg());
+        EXPECT_EQ("new", Get(key, "x"));
+    }
+    EXPECT_EQ(ErrorCode::Success, Set(key, "y", "new")) << "the group goes on";
+    EXPECT_EQ(ErrorCode::Success, group.End());
+    Close();
+    EXPECT_EQ("new", Get(Create("A"), "x"));
+    EXPECT_EQ("new", Get(Create("A"), "y"));
+}
+
 TEST_F(RegistryStoreTest, TellsThatAFolderIsInItsPlace) {
     fs::create_directories(Store());
     EXPECT_EQ(ErrorCode::AccessDenied, OpenResult("A"));
