@@ -23,13 +23,35 @@ double Memory(const std::string& name) {
     return 0;
 }
 
+// Memory that is used once and given back.
+class UsedMemory {
+public:
+    UsedMemory(std::size_t size, bool largePages)
+        : m_size(size)
+        , m_memory(::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)) {
+        if (m_memory == MAP_FAILED) return;
+        ::madvise(m_memory, size, largePages ? MADV_HUGEPAGE : MADV_NOHUGEPAGE);
+        constexpr std::size_t SmallPage = 4096;
+        for (std::size_t at = 0; at < size; at += SmallPage)
+            static_cast<volatile char*>(m_memory)[at] = 1;
+    }
+    ~UsedMemory() {
+        if (m_memory != MAP_FAILED) ::munmap(m_memory, m_size);
+    }
+    UsedMemory(const UsedMemory&) = delete;
+    UsedMemory& operator=(const UsedMemory&) = delete;
+
+private:
+    std::size_t m_size;
+    void* m_memory;
+};
+
 // On a virtual machine, memory that nobody has used for a while is the host's, and whoever is the first to
-// use it again waits for the host. None of those that are measured is to be the first.
-void WarmMemory() {
-    constexpr std::size_t Size = std::size_t{1} << 30;
-    void* const memory =
-        ::mmap(nullptr, Size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_POPULATE, -1, 0);
-    if (memory != MAP_FAILED) ::munmap(memory, Size);
+// use it again waits for the host. None of those that are measured is to be the first. Large pages go back to
+// the host before small ones, and the system keeps the two apart.
+void WarmMemory(std::size_t size) {
+    const UsedMemory large(size, true);
+    const UsedMemory small(size, false);
 }
 
 [[noreturn]] void Run(const std::function<void()>& prepare, const std::function<void()>& action, int result) {
@@ -54,10 +76,11 @@ void WarmMemory() {
 
 } // namespace
 
-Figures Measure(const std::function<void()>& prepare, const std::function<void()>& action) {
+Figures Measure(const std::function<void()>& prepare, const std::function<void()>& action,
+                std::size_t memory) {
     int ends[2];
     std::fflush(nullptr);
-    WarmMemory();
+    WarmMemory(memory);
     if (::pipe(ends) != 0) std::abort();
     const pid_t child = ::fork();
     if (child < 0) std::abort();
