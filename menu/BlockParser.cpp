@@ -53,10 +53,10 @@ bool EqualsWord(std::string_view text, std::string_view upperWord) {
 
 } // namespace
 
-void BlockParser::OpenFile(const std::string& sFile, bool bWrite) {
+void BlockParser::OpenFile(const std::string& sFile, bool bWrite, platform::FileSystem& files) {
     if (bWrite) throw NeskError(5000, "BlockParser.Open", Message::NotImplementedAtThisTime);
     CloseFile();
-    m_reader = std::make_unique<LineReader>(sFile);
+    m_reader = std::make_unique<LineReader>(sFile, files);
     m_currentLine = 0;
 }
 

@@ -37,7 +37,8 @@ public:
 
     /// Opens a file and starts counting its lines; a file that is open is closed first. Raises 5000 when
     /// `bWrite` is true, and the run-time error of a file that cannot be opened.
-    void OpenFile(const std::string& sFile, bool bWrite);
+    void OpenFile(const std::string& sFile, bool bWrite,
+                  platform::FileSystem& files = platform::StationFiles());
 
     /// Closes the file. Closing twice does nothing.
     void CloseFile();

@@ -1,7 +1,6 @@
 #include "menu/FileFingerprint.h"
 
 #include "platform/ErrorCode.h"
-#include "platform/FileSystem.h"
 
 #include <algorithm>
 #include <bit>
@@ -11,10 +10,10 @@
 
 namespace nesk {
 
-FileFingerprint FileFingerprint::Of(const std::string& path) {
+FileFingerprint FileFingerprint::Of(const std::string& path, platform::FileSystem& files) {
     FileFingerprint fingerprint;
     std::unique_ptr<platform::FileReader> reader;
-    const int opened = platform::StationFiles().OpenForReading(path, reader);
+    const int opened = files.OpenForReading(path, reader);
     if (opened == platform::ErrorCode::FileNotFound || opened == platform::ErrorCode::PathNotFound)
         return fingerprint;
     fingerprint.m_state = opened == platform::ErrorCode::Success ? State::Readable : State::Unreadable;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileSystem.h"
+
 #include <array>
 #include <cstdint>
 #include <string>
@@ -12,7 +14,8 @@ class FileFingerprint {
 public:
     /// The fingerprint of a file's contents as they are now. A missing file has one of its own; so has one
     /// that cannot be read.
-    static FileFingerprint Of(const std::string& path);
+    static FileFingerprint Of(const std::string& path,
+                              platform::FileSystem& files = platform::StationFiles());
 
     /// Adds bytes that the file holds.
     void Add(std::string_view bytes);

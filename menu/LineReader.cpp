@@ -15,13 +15,13 @@ constexpr std::size_t BlockSize = std::size_t{1} << 18;
 
 } // namespace
 
-LineReader::LineReader(const std::string& path)
+LineReader::LineReader(const std::string& path, platform::FileSystem& files)
     : m_path(path)
     , m_block(BlockSize + LineScan::Padding)
     , m_at(m_block.data())
     , m_end(m_at)
     , m_searched(m_at) {
-    const int result = platform::StationFiles().OpenForReading(path, m_reader);
+    const int result = files.OpenForReading(path, m_reader);
     if (result != platform::ErrorCode::Success) throw FileError(result, "BlockParser.Open", path);
 }
 

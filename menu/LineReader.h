@@ -27,7 +27,7 @@ public:
     };
 
     /// Opens a file. Raises the run-time error of the failure, FileNotFound among them.
-    explicit LineReader(const std::string& path);
+    explicit LineReader(const std::string& path, platform::FileSystem& files = platform::StationFiles());
 
     /// The next line, when the block at hand holds all of it. Lines given before stay valid.
     bool NextInBlock(Line& line) {

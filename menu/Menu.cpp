@@ -41,7 +41,7 @@ bool Menu::Initialize(const std::string& sRootDir) {
     return true;
 }
 
-void Menu::LoadFromFile(const std::string& sFile) {
+void Menu::LoadFromFile(const std::string& sFile, platform::FileSystem& files) {
     if (!modUtilities::FileExists(sFile)) {
         modMessageBox::ShowMessage(modStringRes::FormatResString(Message::MenuFileMissing, sFile),
                                    modMessageBox::Option::Exclamation);
@@ -51,7 +51,7 @@ void Menu::LoadFromFile(const std::string& sFile) {
     // Histories are registered as they are met, which may be thousands of times.
     platform::RegistryGroup histories(platform::StationRegistry());
     try {
-        parser.OpenFile(sFile, false);
+        parser.OpenFile(sFile, false, files);
         ReadBlocks(parser, sFile);
         if (const int result = histories.End(); result != platform::ErrorCode::Success)
             throw FileError(result, "HistoryList.Append", platform::StationRegistry().Location());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuEntry.h"
+#include "platform/FileSystem.h"
 
 namespace nesk {
 
@@ -26,7 +27,7 @@ public:
     /// message and leaves the tree as it was. Raises 5000 for a file that is no menu or is damaged,
     /// TypeMismatch for a help topic that is no number, and the run-time error of a failed read, each with
     /// the file and the line. The items completed by then stay.
-    void LoadFromFile(const std::string& sFile);
+    void LoadFromFile(const std::string& sFile, platform::FileSystem& files = platform::StationFiles());
 
     /// Whether a file that was read ended before its root did. It is read without an error, but may have been
     /// cut off.

@@ -37,11 +37,11 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     auto menu = std::make_unique<Menu>();
     menu->Initialize(rootDirectory);
     // Taken before reading: what another program writes from now on is a change that a save must ask about.
-    const FileFingerprint fingerprint = FileFingerprint::Of(path);
+    const FileFingerprint fingerprint = FileFingerprint::Of(path, m_files);
     std::optional<NeskError> failure;
     if (fingerprint.Exists()) {
         try {
-            menu->LoadFromFile(path);
+            menu->LoadFromFile(path, m_files);
         } catch (const NeskError& error) {
             failure = error;
         } catch (const std::bad_alloc&) {
@@ -68,7 +68,7 @@ void MenuEditor::Close() {
 }
 
 SaveHazard MenuEditor::CheckSave(const std::string& path) const {
-    const FileFingerprint onDisk = FileFingerprint::Of(path);
+    const FileFingerprint onDisk = FileFingerprint::Of(path, m_files);
     if (!onDisk.Exists()) return SaveHazard::None;
     if (m_incomplete) return SaveHazard::Incomplete;
     return onDisk == m_fingerprint ? SaveHazard::None : SaveHazard::ChangedByOther;

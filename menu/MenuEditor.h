@@ -52,7 +52,7 @@ enum class SaveHazard {
 /// made, shown to the listener and handed to the keeper of changes.
 class MenuEditor {
 public:
-    /// @param files  where menus are saved
+    /// @param files  where menus are read and saved
     explicit MenuEditor(platform::FileSystem& files = platform::StationFiles());
     ~MenuEditor();
     MenuEditor(const MenuEditor&) = delete;

@@ -29,6 +29,13 @@ public:
     /// From now on everything works.
     void Mend() { m_fault = {}; }
 
+    /// Forgets the operations so far, and has those fail from now on that `fault` tells.
+    void Restart(Fault fault = {}) {
+        m_fault = fault;
+        m_operations.clear();
+        m_failed.clear();
+    }
+
     /// Called before each operation with its 1-based number.
     std::function<void(int)> before;
 
@@ -49,7 +56,13 @@ public:
         return Run("folder", [&] { return m_files.MakeFolder(path); });
     }
     int OpenForReading(const std::string& path, std::unique_ptr<platform::FileReader>& reader) override {
-        return Run("open", [&] { return m_files.OpenForReading(path, reader); });
+        return Run("open", [&] {
+            std::unique_ptr<platform::FileReader> file;
+            const int result = m_files.OpenForReading(path, file);
+            if (result == platform::ErrorCode::Success)
+                reader = std::make_unique<Reader>(*this, std::move(file));
+            return result;
+        });
     }
     int CreateNew(const std::string& path, std::unique_ptr<platform::FileWriter>& writer) override {
         return Run("create", [&] {
@@ -77,6 +90,20 @@ public:
     }
 
 private:
+    class Reader final : public platform::FileReader {
+    public:
+        Reader(FaultyFiles& owner, std::unique_ptr<platform::FileReader> file)
+            : m_owner(owner), m_file(std::move(file)) {}
+        int Read(char* buffer, std::size_t capacity, std::size_t& count) override {
+            count = 0;
+            return m_owner.Run("read", [&] { return m_file->Read(buffer, capacity, count); });
+        }
+
+    private:
+        FaultyFiles& m_owner;
+        std::unique_ptr<platform::FileReader> m_file;
+    };
+
     class Writer final : public platform::FileWriter {
     public:
         Writer(FaultyFiles& owner, std::unique_ptr<platform::FileWriter> file)

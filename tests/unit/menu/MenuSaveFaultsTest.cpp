@@ -83,6 +83,7 @@ protected:
         FaultyFiles files;
         MenuEditor editor(files);
         OpenAndEdit(editor);
+        files.Restart();
         editor.Save(Path);
         operations = files.Operations();
         return FileBytes(Path);
@@ -99,9 +100,10 @@ protected:
 void MenuSaveFaultsTest::SaveWith(const Before& before, const Fault& fault, const std::string& newVersion) {
     Prepare(before);
     const std::string filesBefore = FilesIn(Folder);
-    FaultyFiles files(fault);
+    FaultyFiles files;
     MenuEditor editor(files);
     OpenAndEdit(editor);
+    files.Restart(fault);
     const bool incomplete = editor.IsIncomplete();
     const NeskError error = ErrorOf([&] { editor.Save(Path); });
     m_faults += static_cast<int>(files.Failed().size());

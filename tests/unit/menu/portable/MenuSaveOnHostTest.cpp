@@ -183,6 +183,7 @@ TEST_F(MenuSaveOnHostTest, AProtectedFolder) {
                 FaultyFiles files;
                 MenuEditor editor(files);
                 OpenAndEdit(editor, 50, own);
+                files.Restart();
                 const fs::path folder = Host(own);
                 files.before = [&](int number) {
                     if (number == moment) fs::permissions(folder, static_cast<fs::perms>(mode));
@@ -239,6 +240,7 @@ TEST_F(MenuSaveOnHostTest, AFolderThatGoesAwayAndComesBack) {
         FaultyFiles files;
         MenuEditor editor(files);
         OpenAndEdit(editor, 50);
+        files.Restart();
         const fs::path folder = Host(Folder);
         files.before = [&](int number) {
             if (number == moment) fs::rename(folder, away);
