@@ -398,6 +398,39 @@ TEST_F(RegistryStoreTest, TellsThatItCannotBeWritten) {
     EXPECT_EQ(ErrorCode::Success, Set(Create("A"), "x", std::string(200000, 'y')));
 }
 
+// Of a group so much is written before its end that the disk is asked for room in the middle of it.
+TEST_F(RegistryStoreTest, NothingOfAGroupIsStoredThatFailedInItsMiddle) {
+    ASSERT_EQ(ErrorCode::Success, Set(Create("A"), "x", "before"));
+    InOtherProcess([] {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const RegKey key = Create("A");
+        RegistryGroup group(Reg());
+        EXPECT_EQ(ErrorCode::Success, Set(key, "x", "new"));
+        constexpr rlim_t megabyte = 1 << 20;
+        const rlimit limit{megabyte, RLIM_INFINITY};
+        ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &limit));
+        int result = ErrorCode::Success;
+        int written = 0;
+        for (; written < 100 && result == ErrorCode::Success; ++written)
+            result = Set(key, "large" + std::to_string(written), std::string(100'000, 'y'));
+        EXPECT_EQ(ErrorCode::RegistryIoFailed, result);
+        EXPECT_LT(written, 100) << "all of it was kept in memory";
+        const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
+        ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &none));
+        // There is room again, but without what came before these say something else.
+        EXPECT_EQ(ErrorCode::WriteFault, Set(key, "last", "new"));
+        EXPECT_EQ(ErrorCode::WriteFault, Reg().DeleteValue(key, "x"));
+        EXPECT_EQ(ErrorCode::WriteFault, Reg().DeleteKey(LocalMachine, "A"));
+        EXPECT_EQ(ErrorCode::WriteFault, group.End());
+        EXPECT_EQ("before", Get(key, "x"));
+        EXPECT_EQ(ErrorCode::Success, Set(key, "y", "later")) << "the group is over";
+    });
+    const RegKey key = Create("A");
+    EXPECT_EQ("before", Get(key, "x"));
+    EXPECT_EQ("later", Get(key, "y"));
+    EXPECT_EQ((std::vector<std::string>{"x", "y"}), Values(key));
+}
+
 // --- access rights -------------------------------------------------------------------------------
 
 class ProtectedStoreTest : public RegistryStoreTest {

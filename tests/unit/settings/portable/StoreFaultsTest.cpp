@@ -203,6 +203,65 @@ TEST_F(StoreFaultsTest, ADamagedStore) {
     }
 }
 
+// The store can be read but for the page on which one value lies.
+TEST_F(StoreFaultsTest, AValueThatCannotBeRead) {
+    constexpr std::size_t pageSize = 4096;
+    const std::string path = platform::StationRegistry().Location();
+    {
+        RegEntry entry;
+        entry.OpenKey("Neskworks");
+        platform::RegKey key = 0;
+        ASSERT_EQ(ErrorCode::Success, platform::StationRegistry().OpenKey(
+                                          platform::LocalMachine, "SOFTWARE\\Quarndale\\Neskworks",
+                                          platform::RegAccess::ReadWrite, key));
+        // Values lie one behind the other: with these between them two are on different pages.
+        for (const char* name : {"Filler1", "Filler2"})
+            ASSERT_EQ(ErrorCode::Success, platform::StationRegistry().SetValue(
+                                              key, name, platform::RegType::Text, std::string(3000, 'f')));
+        platform::StationRegistry().CloseKey(key);
+        entry.SetString("PrinterZoom", "the zoom of before");
+    }
+    Close();
+    const std::string sound = FileBytes(path);
+    const std::size_t page = sound.find("the zoom of before") / pageSize;
+    ASSERT_LT(page, sound.size() / pageSize);
+    ASSERT_NE(sound.find("C:\\Old") / pageSize, page);
+    std::string spoiled = sound;
+    spoiled.replace(page * pageSize, pageSize, pageSize, '\xA5');
+    const auto write = [&](const std::string& bytes) {
+        Close();
+        std::ofstream(Store(), std::ios::binary) << bytes;
+        for (const char* end : {"-wal", "-shm"})
+            fs::remove(Store().string() + end);
+        Close();
+    };
+
+    write(spoiled);
+    NeskRegistry record;
+    record.Load();
+    EXPECT_EQ(record.NeskRoot, "C:\\Old");
+    EXPECT_EQ(record.SampleSize, 7);
+    EXPECT_EQ(record.PrinterZoom, "");
+    record.NeskRoot = "C:\\New";
+    Expect();
+    record.Save();
+    ASSERT_EQ(messages.size(), 1U);
+    EXPECT_NE(messages[0].text.find("PrinterZoom"), std::string::npos) << messages[0].text;
+    EXPECT_NE(messages[0].text.find(FormatResString(Message::FileDamaged, path, ErrorCode::RegistryCorrupt)),
+              std::string::npos)
+        << messages[0].text;
+    Close();
+    EXPECT_TRUE(FileBytes(path) == spoiled) << "it was changed";
+
+    // Where the store comes back, so does the value.
+    write(sound);
+    record.Save();
+    NeskRegistry stored;
+    stored.Load();
+    EXPECT_EQ(stored.NeskRoot, "C:\\New");
+    EXPECT_EQ(stored.PrinterZoom, "the zoom of before");
+}
+
 TEST_F(StoreFaultsTest, AStoreThatMayOnlyBeRead) {
     for (const char* end : {"-wal", "-shm"})
         fs::remove(Store().string() + end);
