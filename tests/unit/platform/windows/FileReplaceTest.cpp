@@ -63,6 +63,27 @@ TEST_F(FileReplaceTest, AccessRightsAreTakenOver) {
     EXPECT_EQ(ErrorCode::FileNotFound, files.CopyAccessRights(Path, "C:\\Data\\none"));
 }
 
+TEST_F(FileReplaceTest, ABackupHasTheAccessRightsOfItsFile) {
+    for (const char* list : {Writable, Readable, Writable}) {
+        SetAccessList(Path, list);
+        const std::string rights = AccessListOf(Path);
+        EXPECT_EQ(ErrorCode::Success, files.KeepCopy(Path, Copy, true));
+        EXPECT_EQ(rights, AccessListOf(Copy)) << list;
+        EXPECT_EQ(rights, AccessListOf(Path)) << list;
+    }
+}
+
+// A backup is made under a name of its own first. What somebody put there is neither written nor used.
+TEST_F(FileReplaceTest, ABackupIsMadeInANewFile) {
+    const std::string planted = Copy + "." + std::to_string(::GetCurrentProcessId());
+    station.Write(planted + "~", "planted");
+    station.Write(planted + "1~", "planted, too");
+    EXPECT_EQ(ErrorCode::Success, files.KeepCopy(Path, Copy, true));
+    EXPECT_EQ("old", FileBytes(Copy));
+    EXPECT_EQ("planted", FileBytes(planted + "~"));
+    EXPECT_EQ("planted, too", FileBytes(planted + "1~"));
+}
+
 TEST_F(FileReplaceTest, ReplacingLeavesNothingBehind) {
     EXPECT_EQ(ErrorCode::Success, files.Replace(Path, New));
     EXPECT_EQ("new", FileBytes(Path));
