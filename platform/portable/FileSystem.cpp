@@ -67,6 +67,14 @@ int FolderCode(int error) {
     return error == ENOENT ? ErrorCode::PathNotFound : ErrorFromErrno(error, ErrorCode::PathNotFound);
 }
 
+// Whether a host path is the folder that stands for a drive. Nearly all names are longer than a letter, and
+// need no comparison of paths.
+bool IsDriveFolder(const fs::path& host) {
+    const std::string& name = host.native();
+    return name.size() > 2 && name[name.size() - 2] == '/' &&
+           host.parent_path() == portable::StationFolder() / "drives";
+}
+
 // The host's file of a Windows path, or why the path can name none.
 int Locate(const std::string& path, fs::path& host) {
     host = ToHostPath(path);
@@ -84,8 +92,7 @@ int Locate(const std::string& path, fs::path& host) {
     if (std::any_of(names.begin(), names.end(), isForbidden)) return ErrorCode::InvalidName;
     struct stat status {};
     // A drive that is not there is neither read nor made.
-    if (host.parent_path() == portable::StationFolder() / "drives" && ::stat(host.c_str(), &status) != 0)
-        return ErrorCode::PathNotFound;
+    if (IsDriveFolder(host) && ::stat(host.c_str(), &status) != 0) return ErrorCode::PathNotFound;
     // Only a folder may be named with a separator behind it.
     if ((path.back() == '\\' || path.back() == '/') && ::stat(host.c_str(), &status) == 0 &&
         !S_ISDIR(status.st_mode))
@@ -175,10 +182,8 @@ public:
 
 class PatternSearch final : public DirectorySearch {
 public:
-    PatternSearch(fs::path folder, std::string pattern)
-        : m_folder(std::move(folder))
-        , m_pattern(std::move(pattern))
-        , m_directory(::opendir(m_folder.c_str())) {}
+    PatternSearch(const fs::path& folder, std::string pattern)
+        : m_pattern(std::move(pattern)), m_directory(::opendir(folder.c_str())) {}
 
     bool IsOpen() const { return m_directory != nullptr; }
 
@@ -212,7 +217,6 @@ private:
                S_ISLNK(status.st_mode);
     }
 
-    fs::path m_folder;
     std::string m_pattern;
     struct Closer {
         void operator()(DIR* directory) const { ::closedir(directory); }

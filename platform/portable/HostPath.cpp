@@ -8,6 +8,7 @@
 #include <memory>
 #include <string_view>
 #include <sys/stat.h>
+#include <utility>
 #include <vector>
 
 namespace nesk::platform::portable {
@@ -58,15 +59,24 @@ std::vector<std::string_view> Components(std::string_view path) {
     return result;
 }
 
+std::string Below(const std::string& folder, std::string_view name) {
+    std::string path;
+    path.reserve(folder.size() + 1 + name.size());
+    path += folder;
+    if (!path.ends_with('/')) path += '/';
+    path += name;
+    return path;
+}
+
 // The entry of `folder` that equals `name` apart from case; the name as given when there is none.
-std::string FindEntry(const fs::path& folder, const std::string& name) {
+std::string FindEntry(const std::string& folder, std::string_view name) {
     struct stat status {};
-    std::string exact = NameToHost(name);
-    if (::lstat((folder / exact).c_str(), &status) == 0) return exact;
+    std::string exact = Below(folder, NameToHost(name));
+    if (::lstat(exact.c_str(), &status) == 0) return exact;
     const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(folder.c_str()), &::closedir);
     if (!directory) return exact;
     while (const dirent* entry = ::readdir(directory.get()))
-        if (EqualNoCase(NameFromHost(entry->d_name), name)) return entry->d_name;
+        if (EqualNoCase(NameFromHost(entry->d_name), name)) return Below(folder, entry->d_name);
     return exact;
 }
 
@@ -74,35 +84,36 @@ std::string FindEntry(const fs::path& folder, const std::string& name) {
 
 namespace {
 
-fs::path LookUp(std::string_view path) {
+std::string LookUp(std::string_view path) {
     const bool drive = HasDrive(path);
-    fs::path host = DriveFolder(drive ? path[0] : 'C');
+    std::string host = DriveFolder(drive ? path[0] : 'C').string();
     for (const std::string_view name : Components(drive ? path.substr(2) : path))
-        host /= FindEntry(host, std::string(name));
+        host = FindEntry(host, name);
     return host;
 }
 
 // The folder that was looked up last and those above it. One file after the other is asked for in the same
-// folder or in its neighbours, and each level costs a call of the system.
+// folder or in its neighbours, and each level costs a call of the system. The host's paths are texts here:
+// the library's paths keep each of their names by itself, which takes longer than the system's calls.
 class KnownFolders {
 public:
     // The folder of a path that ends with a separator and has no "..".
-    fs::path Find(std::string_view path) {
+    std::string Find(std::string_view path) {
         Forget(path);
         struct stat status {};
         if (!m_levels.empty() && ::stat(m_levels.back().host.c_str(), &status) != 0) m_levels.clear();
         if (m_levels.empty()) {
             const bool drive = HasDrive(path);
             m_station = StationFolder();
-            m_levels.push_back({drive ? std::size_t{2} : 0, DriveFolder(drive ? path[0] : 'C')});
+            m_levels.push_back({drive ? std::size_t{2} : 0, DriveFolder(drive ? path[0] : 'C').string()});
         }
-        fs::path host = m_levels.back().host;
+        std::string host = m_levels.back().host;
         for (std::size_t at = m_levels.back().length; at < path.size();) {
             const std::size_t end = path.find_first_of("\\/", at);
             const std::string_view name = WithoutTrailingDots(path.substr(at, end - at));
             at = end + 1;
             if (name.empty()) continue;
-            host /= FindEntry(host, std::string(name));
+            host = FindEntry(host, name);
             if (m_levels.size() < MostLevels) m_levels.push_back({at, host});
         }
         m_path = path;
@@ -115,7 +126,7 @@ private:
 
     struct Level {
         std::size_t length; // of its part of m_path
-        fs::path host;
+        std::string host;
     };
 
     // Leaves only what is above `path` as well.
@@ -123,7 +134,8 @@ private:
         const auto difference = std::mismatch(path.begin(), path.end(), m_path.begin(), m_path.end()).first;
         const auto same = static_cast<std::size_t>(difference - path.begin());
         const std::size_t root = HasDrive(path) ? 2 : 0;
-        if (m_station != StationFolder() || m_levels.empty() || m_levels.front().length != root)
+        if (m_station.native() != StationFolder().native() || m_levels.empty() ||
+            m_levels.front().length != root)
             m_levels.clear();
         while (!m_levels.empty() && m_levels.back().length > same)
             m_levels.pop_back();
@@ -145,8 +157,8 @@ fs::path ToHostPath(const std::string& path) {
                                       : WithoutTrailingDots(std::string_view(path).substr(separator + 1));
     if (separator == std::string::npos || path.find("..") != std::string::npos) return LookUp(path);
     static thread_local KnownFolders known;
-    const fs::path folder = known.Find(std::string_view(path).substr(0, separator + 1));
-    return name.empty() ? folder : folder / FindEntry(folder, std::string(name));
+    std::string folder = known.Find(std::string_view(path).substr(0, separator + 1));
+    return name.empty() ? std::move(folder) : FindEntry(folder, name);
 }
 
 std::string ToWindowsPath(const fs::path& path) {

@@ -30,7 +30,7 @@ std::filesystem::path DefaultStationFolder() {
     return data / "neskmanager" / "station";
 }
 
-std::filesystem::path StationFolder() {
+const std::filesystem::path& StationFolder() {
     std::optional<std::filesystem::path>& folder = ChosenFolder();
     if (!folder) folder = DefaultStationFolder();
     return *folder;

@@ -10,7 +10,8 @@ namespace nesk::platform::portable {
 std::filesystem::path DefaultStationFolder();
 
 /// Folder of the station in use: DefaultStationFolder, asked for once, unless another was put in its place.
-std::filesystem::path StationFolder();
+/// Valid until that happens.
+const std::filesystem::path& StationFolder();
 
 /// Puts another station in place of the one in use. Handles that are open on the old one become invalid.
 void UseStation(const std::filesystem::path& folder);

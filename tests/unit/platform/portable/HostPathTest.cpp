@@ -1,3 +1,5 @@
+#include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
 #include "platform/portable/FileNames.h"
 #include "platform/portable/Station.h"
 #include "unit/platform/TempStation.h"
@@ -28,6 +30,19 @@ TEST_F(HostPathTest, DrivesLieInTheStation) {
     EXPECT_EQ(ToHostPath("\\a"), Drive("c") / "a");
     EXPECT_EQ(ToHostPath("a"), Drive("c") / "a");
     EXPECT_EQ(ToHostPath("Z:\\etc\\passwd"), "/etc/passwd");
+}
+
+// A station may be named with a separator behind it or without; nobody makes a drive by naming it.
+TEST_F(HostPathTest, ADriveThatIsNotThere) {
+    const fs::path drive = Drive("q");
+    for (const fs::path& folder : {station.Folder(), station.Folder() / ""}) {
+        UseStation(folder);
+        EXPECT_EQ(ToHostPath("Q:\\"), drive);
+        for (const char* path : {"Q:", "Q:\\", "q:/", "Q:\\a\\.."})
+            EXPECT_EQ(StationFiles().MakeFolder(path), ErrorCode::PathNotFound) << folder << " " << path;
+        EXPECT_FALSE(fs::exists(drive));
+    }
+    EXPECT_EQ(StationFiles().MakeFolder("C:\\q"), ErrorCode::Success) << "a folder of that name is none";
 }
 
 TEST_F(HostPathTest, NoPathIsNoHostPath) {
