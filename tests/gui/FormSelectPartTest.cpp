@@ -67,8 +67,8 @@ protected:
     // Folders that take longer to scan than anything takes that a test waits for.
     void MakeManyFolders() {
 #ifdef NESK_PORTABLE_STATION
-        // Each holds links to all others, of which the scan follows ten to each: some six thousand.
-        constexpr int folders = 24;
+        // Each holds links to all others, of which the scan follows ten to each: some forty thousand.
+        constexpr int folders = 60;
 #else
         constexpr int folders = 3000;
 #endif
