@@ -74,9 +74,13 @@ FormSelectPart::FormSelectPart(wxWindow* parent)
 
     cmdOK->Disable();
     cmdSelectDrive->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { SelectDrive(); });
-    tvMain->Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent& event) {
-        m_result = TagOf(event.GetItem());
-        cmdOK->Enable(!m_result.empty());
+    tvMain->Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent& event) { Choose(event.GetItem()); });
+    // Of a click on the node that is selected already the tree says nothing, and after a scan the root is.
+    tvMain->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+        event.Skip();
+        int place = 0;
+        const wxTreeItemId node = tvMain->HitTest(event.GetPosition(), place);
+        if ((place & wxTREE_HITTEST_ONITEM) != 0 && node == tvMain->GetSelection()) Choose(node);
     });
     tvMain->Bind(wxEVT_TREE_ITEM_ACTIVATED, [this](wxTreeEvent& event) {
         // On a folder the tree does what it always does: it opens or closes it.
@@ -137,6 +141,11 @@ void FormSelectPart::SelectDrive() {
         BuildRepository();
     else if (!drive.empty())
         BuildTree(drive, ToWx(drive));
+}
+
+void FormSelectPart::Choose(const wxTreeItemId& node) {
+    m_result = TagOf(node);
+    cmdOK->Enable(!m_result.empty());
 }
 
 void FormSelectPart::OnOK() {

@@ -21,8 +21,7 @@ public:
 
     /// Shows the dialog and reads the repository.
     /// @return path of the partinfo.ini of the part program that was selected last, even when the dialog was
-    /// then
-    ///         cancelled; "" when a folder, or nothing, was
+    ///         cancelled then; "" when a folder, or nothing, was
     std::string SelectPart();
 
     /// True while folders are being read.
@@ -42,6 +41,7 @@ private:
     void BuildTree(const std::string& path, const wxString& text);
     wxTreeItemId StartTree(const wxString& text);
     void SelectDrive();
+    void Choose(const wxTreeItemId& node);
     void Close(int result);
     void ShowProgress(std::size_t foldersRead);
     std::string TagOf(const wxTreeItemId& node) const;

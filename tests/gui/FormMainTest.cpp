@@ -1,4 +1,5 @@
 #include "gui/GuiFixture.h"
+#include "gui/TreeIcons.h"
 
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
@@ -82,11 +83,10 @@ TEST_F(FormMainTest, OpenShowsTheTree) {
     const FormMenuTree& tree = *window->tvMain;
     EXPECT_TRUE(tree.IsExpanded(tree.GetRootItem()));
     EXPECT_EQ(window->tvMain->SelectedKey(), "R");
-    const int folder = tree.GetItemImage(tree.GetRootItem());
-    EXPECT_EQ(tree.GetItemImage(window->tvMain->NodeOf("R.2")), folder);
-    const int part = tree.GetItemImage(window->tvMain->NodeOf("R.1"));
-    EXPECT_NE(part, folder);
-    EXPECT_EQ(tree.GetItemImage(window->tvMain->NodeOf("R.2.1")), part);
+    EXPECT_TRUE(HasIcon(tree, tree.GetRootItem(), "folder"));
+    EXPECT_TRUE(HasIcon(tree, window->tvMain->NodeOf("R.2"), "folder"));
+    EXPECT_TRUE(HasIcon(tree, window->tvMain->NodeOf("R.1"), "part"));
+    EXPECT_TRUE(HasIcon(tree, window->tvMain->NodeOf("R.2.1"), "part"));
 }
 
 TEST_F(FormMainTest, AMissingFileOpensAnEmptyMenu) {

@@ -1,4 +1,5 @@
 #include "gui/PartDialogFixture.h"
+#include "gui/TreeIcons.h"
 
 #include "partedit/FormSelectDrive.h"
 #include "partedit/FormSelectPart.h"
@@ -114,11 +115,10 @@ TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
 
 TEST_F(FormSelectPartTest, FoldersAndPartsHaveTheirImages) {
     WhenScanned([](FormSelectPart& form) {
-        const int folder = form.tvMain->GetItemImage(form.tvMain->GetRootItem());
-        const int part = form.tvMain->GetItemImage(Node(form, {"Shaft"}));
-        EXPECT_NE(part, folder);
-        EXPECT_EQ(form.tvMain->GetItemImage(Node(form, {"Brackets"})), folder);
-        EXPECT_EQ(form.tvMain->GetItemImage(Node(form, {"Brackets", "Angle"})), part);
+        EXPECT_TRUE(HasIcon(*form.tvMain, form.tvMain->GetRootItem(), "folder"));
+        EXPECT_TRUE(HasIcon(*form.tvMain, Node(form, {"Brackets"}), "folder"));
+        EXPECT_TRUE(HasIcon(*form.tvMain, Node(form, {"Brackets", "Angle"}), "part"));
+        EXPECT_TRUE(HasIcon(*form.tvMain, Node(form, {"Shaft"}), "part"));
         Click(form.cmdCancel);
     });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "");
@@ -162,6 +162,40 @@ TEST_F(FormSelectPartTest, EnterOnAPartConfirms) {
         Press(WXK_RETURN);
     });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
+}
+
+TEST_F(FormSelectPartTest, ADoubleClickOnAPartConfirms) {
+    WhenScanned([](FormSelectPart& form) {
+        const auto doubleClick = [&](const wxTreeItemId& node) {
+            form.tvMain->SelectItem(node);
+            wxTreeEvent event(wxEVT_TREE_ITEM_ACTIVATED, form.tvMain, node);
+            form.tvMain->ProcessWindowEvent(event);
+        };
+        doubleClick(Node(form, {"Brackets"}));
+        EXPECT_TRUE(IsOpen(form)) << "a folder is no part program";
+        doubleClick(Node(form, {"Shaft"}));
+        EXPECT_FALSE(IsOpen(form));
+    });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
+}
+
+// The tree says nothing of a click on the node that it has selected by itself.
+TEST_F(FormSelectPartTest, AClickOnTheRootForgetsTheResult) {
+    WhenScanned([](FormSelectPart& form) {
+        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        Click(form.cmdSelectDrive);
+        ASSERT_TRUE(IsScanned(form));
+        wxRect place;
+        ASSERT_TRUE(form.tvMain->GetBoundingRect(form.tvMain->GetRootItem(), place, true));
+        wxMouseEvent press(wxEVT_LEFT_DOWN);
+        press.SetEventObject(form.tvMain);
+        press.SetPosition({place.x + place.width / 2, place.y + place.height / 2});
+        form.tvMain->ProcessWindowEvent(press);
+        EXPECT_FALSE(form.cmdOK->IsEnabled());
+        Click(form.cmdCancel);
+    });
+    WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) { Click(form.cmdOK); });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "");
 }
 
 TEST_F(FormSelectPartTest, ALongScanCanBeCalledOff) {

@@ -112,6 +112,17 @@ TEST_F(MenuFileTest, WritesEveryField) {
     EXPECT_EQ(FileBytes(Path), FullFile);
 }
 
+// Blanks and tabs are lost when the file is read, but it is not the writer that takes them away.
+TEST_F(MenuFileTest, WritesTextsAsTheyStand) {
+    m_menu.SetCaption("  a\tb=c;\"d\" ");
+    m_menu.SubMenus().Add("\t; END\t", "Menu").SetPreview("\x01 \x7F");
+    m_menu.SaveToFile(Path);
+    const std::string bytes = FileBytes(Path);
+    for (const char* line : {"\r\n\tCAPTION=  a\tb=c;\"d\" \r\n", "\r\n\t\tCAPTION=\t; END\t\r\n",
+                             "\r\n\t\tPREVIEW=\x01 \x7F\r\n"})
+        EXPECT_NE(bytes.find(line), std::string::npos) << line << bytes;
+}
+
 TEST_F(MenuFileTest, ReadsEveryField) {
     Load(FullFile);
     EXPECT_EQ(m_menu.Graphic(), "root.bmp");
