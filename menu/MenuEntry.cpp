@@ -7,6 +7,7 @@
 
 #include <charconv>
 #include <limits>
+#include <vector>
 
 namespace nesk {
 
@@ -61,6 +62,20 @@ MenuItemCollection& MenuEntry::SubMenus() {
 
 int MenuEntry::ChildCount() const {
     return m_subMenus ? m_subMenus->Count() : 0;
+}
+
+std::int64_t MenuEntry::CountBelow() const {
+    std::int64_t count = 0;
+    std::vector<const MenuEntry*> entries{this};
+    while (!entries.empty()) {
+        const MenuEntry* const entry = entries.back();
+        entries.pop_back();
+        const int children = entry->ChildCount();
+        count += children;
+        for (int i = 1; i <= children; ++i)
+            entries.push_back(&entry->Children()->Item(i));
+    }
+    return count;
 }
 
 MenuEntry* MenuEntry::Find(const std::string& sKey) {

@@ -52,6 +52,9 @@ public:
     /// Number of children.
     int ChildCount() const;
 
+    /// Number of all entries below this one.
+    std::int64_t CountBelow() const;
+
     /// The entry with this id at or below this one; null when there is none.
     MenuEntry* Find(const std::string& sKey);
 

@@ -45,7 +45,8 @@ FormBrowse::FormBrowse(wxWindow* parent)
     for (const std::string& drive : m_drives)
         Drive1->Append(ToWx(drive));
     lblFolders = NewLabel(this, "lblFolders", FoldersText);
-    Dir1 = new FormFolderTree(this, "Dir1");
+    m_folders = std::make_unique<FormFolderTree>(this, "Dir1");
+    Dir1 = m_folders.get();
     cmdFolder = NewButton(this, "cmdFolder", NewFolderText);
 
     auto* content = new wxBoxSizer(wxVERTICAL);
@@ -53,23 +54,25 @@ FormBrowse::FormBrowse(wxWindow* parent)
     content->Add(lblDrive);
     content->Add(Drive1, wxSizerFlags().Expand().Border(wxBOTTOM, Gap()));
     content->Add(lblFolders);
-    content->Add(Dir1, wxSizerFlags(1).Expand());
+    content->Add(&Dir1->Window(), wxSizerFlags(1).Expand());
     content->Add(cmdFolder, wxSizerFlags().Border(wxTOP, Gap()));
     Finish(content);
 
     Drive1->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { OnDrive(); });
     cmdFolder->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnNewFolder(); });
-    BindAccessKey(*this, *lblFolders, *Dir1);
+    BindAccessKey(*this, *lblFolders, Dir1->Window());
     // A double click opens a folder, Enter takes it.
-    BindEnter(*Dir1, [this] { OnOK(); });
+    BindEnter(Dir1->Window(), [this] { OnOK(); });
 }
+
+FormBrowse::~FormBrowse() = default;
 
 std::string FormBrowse::Invoke(const std::string& sPrompt, const std::string& sPath) {
     lblPrompt->SetLabelText(ToWx(sPrompt));
     lblPrompt->Wrap(FromDIP(PromptWidth));
     GetSizer()->SetSizeHints(this);
     GoTo(BrowseChoice::StartFolder(sPath));
-    Dir1->SetFocus();
+    Dir1->Window().SetFocus();
     return ShowModal() == wxID_OK ? m_result : "";
 }
 
@@ -99,7 +102,7 @@ void FormBrowse::OnNewFolder() {
     const std::string made = FormFolder(this).Invoke(Dir1->Path());
     if (made.empty() || !modUtilities::DirectoryExists(made)) return;
     GoTo(made);
-    Dir1->SetFocus();
+    Dir1->Window().SetFocus();
 }
 
 void FormBrowse::OnOK() {

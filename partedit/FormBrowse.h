@@ -2,6 +2,7 @@
 
 #include "shell/FormDialog.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ class FormFolderTree;
 class FormBrowse : public FormDialog {
 public:
     explicit FormBrowse(wxWindow* parent);
+    ~FormBrowse() override;
 
     /// Shows the dialog.
     /// @param sPrompt  text above the lists
@@ -39,6 +41,7 @@ private:
     void OnDrive();
     void OnNewFolder();
 
+    std::unique_ptr<FormFolderTree> m_folders;
     std::vector<std::string> m_drives; // as listed
     std::string m_result;
 };

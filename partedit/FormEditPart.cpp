@@ -201,7 +201,9 @@ void FormEditPart::RefreshDescription() {
 }
 
 void FormEditPart::SelectPart() {
-    const std::string path = FormSelectPart(this).SelectPart();
+    FormSelectPart dialog(this);
+    dialog.SetCurrent(PartReference::IniPath(FromWx(txtPartName->GetValue())));
+    const std::string path = dialog.SelectPart();
     if (!path.empty()) txtPartName->SetValue(ToWx(PartReference::Make(path)));
 }
 

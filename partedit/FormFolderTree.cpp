@@ -5,123 +5,105 @@
 #include "platform/TextEncoding.h"
 #include "shell/FileErrors.h"
 #include "shell/FormIcons.h"
-#include "shell/FormUtilities.h"
 #include "shell/modUtilities.h"
 
+#include <memory>
 #include <vector>
+
+#include <wx/window.h>
 
 namespace nesk {
 
-using modUtilities::ToWx;
+using platform::TreeNode;
+using platform::TreeView;
 
 namespace {
 
-constexpr int ImageSize = 16;
+constexpr int FolderImage = 0;
 
-// A folder by its own name. What a node shows could differ from it: a label is cut at control characters.
-class NodeData final : public wxTreeItemData {
-public:
-    explicit NodeData(std::string name) : m_name(std::move(name)) {}
-    const std::string& Name() const { return m_name; }
+TreeView& MakeView(wxWindow* parent, const char* name) {
+    platform::TreeStyle style;
+    style.size = parent->FromDIP(wxSize(320, 240));
+    return *TreeView::Create(parent, name, style);
+}
 
-    bool filled = false;
-
-private:
-    std::string m_name;
-};
-
-NodeData& DataOf(const wxTreeCtrl& tree, const wxTreeItemId& node) {
-    return *static_cast<NodeData*>(tree.GetItemData(node));
+// Whether there is anything in a folder shows when it is opened; asking every folder now would take long.
+std::unique_ptr<TreeNode> NodeFor(const std::string& text, const std::string& name) {
+    return std::make_unique<TreeNode>(text, FolderImage, name, true);
 }
 
 } // namespace
 
-FormFolderTree::FormFolderTree(wxWindow* parent, const char* name) {
-    Create(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(320, 240)),
-           wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_SINGLE, wxDefaultValidator, name);
-    wxVector<wxBitmapBundle> images;
-    images.push_back(IconBundle("folder", wxSize(ImageSize, ImageSize)));
-    SetImages(images);
-    Bind(wxEVT_TREE_ITEM_EXPANDING, [this](wxTreeEvent& event) {
-        Fill(event.GetItem());
-        event.Skip();
-    });
+FormFolderTree::FormFolderTree(wxWindow* parent, const char* name) : m_view(MakeView(parent, name)) {
+    m_view.SetImages({IconBundle("folder", m_view.ImageSize())});
+    m_view.on.fill = [this](TreeNode& node) { Fill(node); };
 }
 
-std::string FormFolderTree::PathOf(const wxTreeItemId& node) const {
-    std::vector<wxTreeItemId> nodes;
-    for (wxTreeItemId at = node; at.IsOk() && at != GetRootItem(); at = GetItemParent(at))
+// The control may report its last events while the window is taken down; nobody may follow them into what is
+// gone.
+FormFolderTree::~FormFolderTree() {
+    m_view.on = {};
+}
+
+std::string FormFolderTree::PathOf(const TreeNode* node) const {
+    std::vector<const TreeNode*> nodes;
+    for (const TreeNode* at = node; at != nullptr && at->Parent() != nullptr; at = at->Parent())
         nodes.push_back(at);
     std::string path{m_drive, ':', '\\'};
     for (auto at = nodes.rbegin(); at != nodes.rend(); ++at)
-        path.append(path.ends_with('\\') ? "" : "\\").append(DataOf(*this, *at).Name());
+        path.append(path.ends_with('\\') ? "" : "\\").append((*at)->Key());
     return path;
 }
 
 std::string FormFolderTree::Path() const {
-    return m_drive == 0 ? "" : PathOf(GetSelection());
+    return m_drive == 0 ? "" : PathOf(m_view.Selected());
 }
 
-wxTreeItemId FormFolderTree::AddFolder(const wxTreeItemId& parent, std::size_t position,
-                                       const std::string& name) {
-    const wxTreeItemId node = InsertItem(parent, position, ToWx(name), 0, 0, new NodeData(name));
-    // Whether there is anything in it shows when it is opened; asking every folder now would take long.
-    SetItemHasChildren(node);
-    return node;
-}
-
-void FormFolderTree::Fill(const wxTreeItemId& node) {
-    NodeData& data = DataOf(*this, node);
-    if (data.filled) return;
-    data.filled = true;
-    const std::string path = PathOf(node);
+void FormFolderTree::Fill(TreeNode& node) {
+    const std::string path = PathOf(&node);
     std::vector<std::string> names;
     if (const int result = FolderList::Read(path, names); result != platform::ErrorCode::Success) {
         // It may be readable later, when it is opened again.
-        data.filled = false;
+        m_view.Unfill(node);
         return modUtilities::ReportError(FileError(result, "FormFolderTree.Fill", path));
     }
-    for (std::size_t i = 0; i < names.size(); ++i)
-        AddFolder(node, i, names[i]);
-    SetItemHasChildren(node, !names.empty());
+    for (const std::string& name : names)
+        m_view.Append(node, NodeFor(name, name));
 }
 
-wxTreeItemId FormFolderTree::FindOrAdd(const wxTreeItemId& parent, const std::string& name) {
+TreeNode* FormFolderTree::FindOrAdd(TreeNode& parent, const std::string& name) {
     std::size_t position = 0;
-    wxTreeItemIdValue cookie = nullptr;
-    wxTreeItemId sameButCase;
-    for (wxTreeItemId node = GetFirstChild(parent, cookie); node.IsOk();
-         node = GetNextChild(parent, cookie)) {
-        const std::string& listed = DataOf(*this, node).Name();
-        if (listed == name) return node;
-        if (!sameButCase.IsOk() && platform::EqualNoCase(listed, name)) sameButCase = node;
-        if (FolderList::Before(listed, name)) ++position;
+    TreeNode* sameButCase = nullptr;
+    for (std::size_t i = 0; i < parent.ChildCount(); ++i) {
+        TreeNode& node = parent.Child(i);
+        if (node.Key() == name) return &node;
+        if (sameButCase == nullptr && platform::EqualNoCase(node.Key(), name)) sameButCase = &node;
+        if (FolderList::Before(node.Key(), name)) ++position;
     }
-    if (sameButCase.IsOk()) return sameButCase;
-    std::string path = PathOf(parent);
+    if (sameButCase != nullptr) return sameButCase;
+    std::string path = PathOf(&parent);
     modUtilities::AddTrailingBackslash(path);
-    return modUtilities::DirectoryExists(path + name) ? AddFolder(parent, position, name) : wxTreeItemId();
+    if (!modUtilities::DirectoryExists(path + name)) return nullptr;
+    return &m_view.Insert(parent, position, NodeFor(name, name));
 }
 
 void FormFolderTree::SetPath(const std::string& path) {
     const FolderList::Parts parts = FolderList::Split(path);
     if (m_drive != parts.drive) {
-        DeleteAllItems();
         m_drive = parts.drive;
-        const wxTreeItemId root = AddRoot(ToWx(PathOf({})), 0, 0, new NodeData(""));
-        SetItemHasChildren(root);
+        m_view.SetRoot(NodeFor(PathOf(nullptr), ""));
     }
-    wxTreeItemId node = GetRootItem();
-    Fill(node);
+    TreeNode* node = m_view.Root();
+    m_view.Fill(*node);
     for (const std::string& name : parts.names) {
-        const wxTreeItemId child = FindOrAdd(node, name);
-        if (!child.IsOk()) break;
+        TreeNode* const child = FindOrAdd(*node, name);
+        if (child == nullptr) break;
         node = child;
-        Fill(node);
+        m_view.Fill(*node);
     }
-    SelectItem(node);
-    Expand(node);
-    EnsureVisible(node);
+    m_view.Select(node);
+    if (node->ChildCount() > 0) m_view.Expand(*node);
+    m_view.EnsureVisible(*node);
 }
 
 } // namespace nesk

@@ -1,17 +1,25 @@
 #pragma once
 
-#include <string>
+#include "platform/TreeView.h"
 
-#include <wx/treectrl.h>
+#include <string>
 
 namespace nesk {
 
 /// A list of the folders of one drive, as a tree. A folder's content is read when it is opened, so that
-/// neither size nor links that lead back make it wait. The selected folder is the one it stands at.
-class FormFolderTree : public wxTreeCtrl {
+/// neither size nor links that lead back make it wait. The selected folder is the one it stands at. The key
+/// of a node is the folder's own name: a label may be cut at control characters.
+class FormFolderTree {
 public:
     /// @param name  control name, as "Dir1"
     FormFolderTree(wxWindow* parent, const char* name);
+    ~FormFolderTree();
+    FormFolderTree(const FormFolderTree&) = delete;
+    FormFolderTree& operator=(const FormFolderTree&) = delete;
+
+    /// The control, which the parent window owns.
+    platform::TreeView& View() { return m_view; }
+    wxWindow& Window() { return m_view.Window(); }
 
     /// Windows path of the folder it stands at, without a trailing "\" unless that is a drive's root.
     std::string Path() const;
@@ -24,12 +32,12 @@ public:
     char Drive() const { return m_drive; }
 
 private:
-    std::string PathOf(const wxTreeItemId& node) const;
-    wxTreeItemId AddFolder(const wxTreeItemId& parent, std::size_t position, const std::string& name);
-    wxTreeItemId FindOrAdd(const wxTreeItemId& parent, const std::string& name);
-    void Fill(const wxTreeItemId& node);
+    std::string PathOf(const platform::TreeNode* node) const;
+    platform::TreeNode* FindOrAdd(platform::TreeNode& parent, const std::string& name);
+    void Fill(platform::TreeNode& node);
 
     char m_drive = 0;
+    platform::TreeView& m_view;
 };
 
 } // namespace nesk

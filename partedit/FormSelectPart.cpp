@@ -2,12 +2,17 @@
 
 #include "partedit/FormSelectDrive.h"
 #include "partedit/RepositoryRoot.h"
+#include "platform/TextEncoding.h"
 #include "shell/FileErrors.h"
 #include "shell/FormIcons.h"
 #include "shell/FormUtilities.h"
 #include "shell/Messages.h"
+#include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+
+#include <memory>
+#include <utility>
 
 #include <wx/app.h>
 #include <wx/button.h>
@@ -16,14 +21,16 @@
 #include <wx/msgdlg.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
-#include <wx/treectrl.h>
 #include <wx/utils.h>
 
 namespace nesk {
 
 using modStringRes::FormatResString;
+using modStringRes::LoadResString;
 using modUtilities::ResText;
 using modUtilities::ToWx;
+using platform::TreeNode;
+using platform::TreeView;
 
 namespace {
 
@@ -32,9 +39,11 @@ constexpr int SelectDriveText = 32068;
 constexpr int RootText = 32069;
 constexpr int ProgressText = 34201;   // %0% number of folders
 constexpr int UnreadableText = 34205; // %0% number, %1% description, %2% path, %3% attributes
+constexpr int NextText = 34206;
+constexpr int SkipAllText = 34207;
+constexpr int UnreadableListText = 34208; // %0% number of them
 constexpr std::int32_t HelpTopic = 33004;
 
-constexpr int ImageSize = 20;
 // Often enough to be seen moving, seldom enough to cost nothing.
 constexpr long ProgressMilliseconds = 50;
 // So that a click on "Cancel" is seen at once.
@@ -42,24 +51,29 @@ constexpr long EventMilliseconds = 15;
 
 enum Image { FolderImage, PartImage };
 
-// What a node stands for. Folders have no tag.
-class NodeData final : public wxTreeItemData {
-public:
-    explicit NodeData(std::string nodeTag) : tag(std::move(nodeTag)) {}
-    const std::string tag;
-};
+std::unique_ptr<TreeNode> FolderNode(const std::string& text) {
+    return std::make_unique<TreeNode>(text, FolderImage, "");
+}
+
+TreeView& MakeView(wxWindow* parent) {
+    platform::TreeStyle style;
+    style.size = parent->FromDIP(wxSize(420, 340));
+    style.details = true;
+    return *TreeView::Create(parent, "tvMain", style);
+}
+
+// What a node stands for: the path of a partinfo.ini, "" for a folder and for none.
+std::string TagOf(const TreeNode* node) {
+    return node != nullptr ? node->Key() : "";
+}
 
 } // namespace
 
 FormSelectPart::FormSelectPart(wxWindow* parent)
     : FormDialog(parent, "FormSelectPart", TitleText, HelpTopic) {
-    tvMain =
-        new wxTreeCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(420, 340)),
-                       wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_SINGLE, wxDefaultValidator, "tvMain");
-    wxVector<wxBitmapBundle> images; // in the order of Image
-    images.push_back(IconBundle("folder", wxSize(ImageSize, ImageSize)));
-    images.push_back(IconBundle("part", wxSize(ImageSize, ImageSize)));
-    tvMain->SetImages(images);
+    tvMain = &MakeView(this);
+    const wxSize size = tvMain->ImageSize();
+    tvMain->SetImages({IconBundle("folder", size), IconBundle("part", size)}); // in the order of Image
     lblProgress = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
                                    "lblProgress");
     cmdSelectDrive = NewButton(this, "cmdSelectDrive", SelectDriveText);
@@ -68,25 +82,25 @@ FormSelectPart::FormSelectPart(wxWindow* parent)
     lower->Add(lblProgress, wxSizerFlags(1).CentreVertical());
     lower->Add(cmdSelectDrive);
     auto* content = new wxBoxSizer(wxVERTICAL);
-    content->Add(tvMain, wxSizerFlags(1).Expand());
+    content->Add(&tvMain->Window(), wxSizerFlags(1).Expand());
     content->Add(lower, wxSizerFlags().Expand().Border(wxTOP, Gap()));
     Finish(content);
 
     cmdOK->Disable();
     cmdSelectDrive->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { SelectDrive(); });
-    tvMain->Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent& event) { Choose(event.GetItem()); });
-    // Of a click on the node that is selected already the tree says nothing, and after a scan the root is.
-    tvMain->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
-        event.Skip();
-        int place = 0;
-        const wxTreeItemId node = tvMain->HitTest(event.GetPosition(), place);
-        if ((place & wxTREE_HITTEST_ONITEM) != 0 && node == tvMain->GetSelection()) Choose(node);
-    });
-    tvMain->Bind(wxEVT_TREE_ITEM_ACTIVATED, [this](wxTreeEvent& event) {
+    tvMain->on.selectionChanged = [this] { Choose(tvMain->Selected()); };
+    // A click on what is selected already counts as well: after a scan that is the root.
+    tvMain->on.clicked = [this](TreeNode& node) { Choose(&node); };
+    tvMain->on.activated = [this](TreeNode& node) {
         // On a folder the tree does what it always does: it opens or closes it.
-        if (TagOf(event.GetItem()).empty()) return event.Skip();
+        if (TagOf(&node).empty()) return false;
         OnOK();
-    });
+        return true;
+    };
+}
+
+FormSelectPart::~FormSelectPart() {
+    tvMain->on = {};
 }
 
 std::string FormSelectPart::SelectPart() {
@@ -95,25 +109,28 @@ std::string FormSelectPart::SelectPart() {
     cmdCancel->Enable();
     // The scan needs the dialog on the screen, to be watched and called off.
     CallAfter([this] { BuildRepository(); });
-    tvMain->SetFocus();
+    tvMain->Window().SetFocus();
     ShowModal();
     return m_result;
 }
 
 void FormSelectPart::BuildRepository() {
-    BuildTree(RepositoryRoot(), ResText(RootText));
+    BuildTree(RepositoryRoot(), LoadResString(RootText));
 }
 
-void FormSelectPart::BuildTree(const std::string& path, const wxString& text) {
-    const wxTreeItemId root = StartTree(text);
+void FormSelectPart::BuildTree(const std::string& path, const std::string& text) {
+    TreeNode& root = StartTree(text);
     cmdOK->Disable();
     cmdSelectDrive->Disable();
     m_busy = true;
+    m_touched = m_skipsUnreadable = false;
+    m_unreadable.clear();
     m_foldersRead = 0;
-    const wxCursor before = tvMain->GetCursor();
-    tvMain->SetCursor(*wxHOURGLASS_CURSOR);
+    wxWindow& tree = tvMain->Window();
+    const wxCursor before = tree.GetCursor();
+    tree.SetCursor(*wxHOURGLASS_CURSOR);
     // Without a folder there is nothing to read, and "*.*" alone would read another.
-    if (!path.empty()) ScanParts(path, root.GetID(), *this);
+    if (!path.empty()) ScanParts(path, &root, *this);
     m_busy = false;
     if (m_cancelled) {
         EndModal(m_closeResult);
@@ -121,17 +138,16 @@ void FormSelectPart::BuildTree(const std::string& path, const wxString& text) {
     }
     ShowProgress(m_foldersRead);
     tvMain->Expand(root);
-    tvMain->SetCursor(before);
+    tree.SetCursor(before);
     cmdSelectDrive->Enable();
+    TellUnreadable();
 }
 
-// A tree without a selection selects something by itself, sooner or later. That is no choice of the user's,
-// and what was chosen before stays the result.
-wxTreeItemId FormSelectPart::StartTree(const wxString& text) {
-    const wxEventBlocker blocker(tvMain, wxEVT_TREE_SEL_CHANGED);
-    tvMain->DeleteAllItems();
-    const wxTreeItemId root = tvMain->AddRoot(text, FolderImage, FolderImage, new NodeData(""));
-    tvMain->SelectItem(root);
+// What is selected here was not selected by the user, and what he chose before stays the result.
+TreeNode& FormSelectPart::StartTree(const std::string& text) {
+    const TreeView::Quiet quiet(*tvMain);
+    TreeNode& root = tvMain->SetRoot(FolderNode(text));
+    tvMain->Select(&root);
     return root;
 }
 
@@ -140,16 +156,17 @@ void FormSelectPart::SelectDrive() {
     if (drive == "*")
         BuildRepository();
     else if (!drive.empty())
-        BuildTree(drive, ToWx(drive));
+        BuildTree(drive, drive);
 }
 
-void FormSelectPart::Choose(const wxTreeItemId& node) {
+void FormSelectPart::Choose(const TreeNode* node) {
+    m_touched = true;
     m_result = TagOf(node);
     cmdOK->Enable(!m_result.empty());
 }
 
 void FormSelectPart::OnOK() {
-    const std::string tag = TagOf(tvMain->GetSelection());
+    const std::string tag = TagOf(tvMain->Selected());
     if (tag.empty()) return;
     m_result = tag;
     Close(wxID_OK);
@@ -167,26 +184,48 @@ void FormSelectPart::Close(int result) {
     cmdCancel->Disable();
 }
 
-std::string FormSelectPart::TagOf(const wxTreeItemId& node) const {
-    return node.IsOk() ? static_cast<NodeData*>(tvMain->GetItemData(node))->tag : "";
+// Shows what is set now, unless the user has gone elsewhere meanwhile.
+void FormSelectPart::Preselect(TreeNode& part) {
+    if (m_touched || m_current.empty() || !platform::EqualNoCase(part.Key(), m_current)) return;
+    const TreeView::Quiet quiet(*tvMain);
+    tvMain->Select(&part);
+    tvMain->EnsureVisible(part);
+    cmdOK->Enable();
 }
 
 PartScanVisitor::Node FormSelectPart::OnFolder(Node parent, const std::string&, const std::string& name) {
-    return tvMain->AppendItem(wxTreeItemId(parent), ToWx(name), FolderImage, FolderImage, new NodeData(""))
-        .GetID();
+    return &tvMain->Append(*static_cast<TreeNode*>(parent), FolderNode(name));
 }
 
-void FormSelectPart::OnPart(Node parent, const std::string& path, const std::string& name) {
-    tvMain->AppendItem(wxTreeItemId(parent), ToWx(name), PartImage, PartImage,
-                       new NodeData(PartInfoPath(path)));
+void FormSelectPart::OnPart(Node parent, const std::string& path, const std::string& name,
+                            const std::string& partName) {
+    auto part = std::make_unique<TreeNode>(name, PartImage, PartInfoPath(path));
+    if (partName != name) part->SetDetail(partName);
+    Preselect(tvMain->Append(*static_cast<TreeNode*>(parent), std::move(part)));
 }
 
+// A drive may have thousands of folders that nobody may read: after the first one the user can let all others
+// pass.
 void FormSelectPart::OnUnreadable(const std::string& path, int code, std::uint32_t attributes) {
     const NeskError error = FileError(code, "FormSelectPart", path);
     const std::string text =
         FormatResString(UnreadableText, error.number, modUtilities::MessageText(error), path, attributes);
-    wxMessageDialog(this, ToWx(text), ResText(Message::ApplicationTitle), wxOK | wxICON_EXCLAMATION)
-        .ShowModal();
+    if (m_skipsUnreadable) {
+        m_unreadable.push_back(text);
+        return;
+    }
+    wxMessageDialog box(this, ToWx(text), ResText(Message::ApplicationTitle),
+                        wxOK | wxCANCEL | wxICON_EXCLAMATION);
+    box.SetOKCancelLabels(ResText(NextText), ResText(SkipAllText));
+    m_skipsUnreadable = box.ShowModal() != wxID_OK;
+}
+
+void FormSelectPart::TellUnreadable() {
+    if (m_unreadable.empty()) return;
+    std::string text = FormatResString(UnreadableListText, m_unreadable.size());
+    for (const std::string& place : m_unreadable)
+        text.append("\n").append(place);
+    modMessageBox::ShowMessage(text, modMessageBox::Option::Exclamation);
 }
 
 bool FormSelectPart::OnProgress(std::size_t foldersRead) {

@@ -1,16 +1,15 @@
 #pragma once
 
 #include "partedit/PartScanner.h"
+#include "platform/TreeView.h"
 #include "shell/FormDialog.h"
 
 #include <string>
+#include <vector>
 
 #include <wx/stopwatch.h>
-#include <wx/treebase.h>
 
 class wxStaticText;
-class wxTreeCtrl;
-class wxTreeEvent;
 
 namespace nesk {
 
@@ -18,6 +17,11 @@ namespace nesk {
 class FormSelectPart : public FormDialog, private PartScanVisitor {
 public:
     explicit FormSelectPart(wxWindow* parent);
+    ~FormSelectPart() override;
+
+    /// The part program that is selected as soon as the scan has found it, by the path of its partinfo.ini.
+    /// It becomes the result only when the user confirms it.
+    void SetCurrent(const std::string& partInfo) { m_current = partInfo; }
 
     /// Shows the dialog and reads the repository.
     /// @return path of the partinfo.ini of the part program that was selected last, even when the dialog was
@@ -28,8 +32,8 @@ public:
     bool IsBusy() const { return m_busy; }
 
     // Controls.
-    wxTreeCtrl* tvMain = nullptr;
-    wxStaticText* lblProgress = nullptr; ///< number of folders read
+    platform::TreeView* tvMain = nullptr; ///< the key of a part is the path of its partinfo.ini
+    wxStaticText* lblProgress = nullptr;  ///< number of folders read
     wxButton* cmdSelectDrive = nullptr;
 
 protected:
@@ -38,20 +42,26 @@ protected:
 
 private:
     void BuildRepository();
-    void BuildTree(const std::string& path, const wxString& text);
-    wxTreeItemId StartTree(const wxString& text);
+    void BuildTree(const std::string& path, const std::string& text);
+    platform::TreeNode& StartTree(const std::string& text);
     void SelectDrive();
-    void Choose(const wxTreeItemId& node);
+    void Choose(const platform::TreeNode* node);
+    void Preselect(platform::TreeNode& part);
+    void TellUnreadable();
     void Close(int result);
     void ShowProgress(std::size_t foldersRead);
-    std::string TagOf(const wxTreeItemId& node) const;
 
     Node OnFolder(Node parent, const std::string& path, const std::string& name) override;
-    void OnPart(Node parent, const std::string& path, const std::string& name) override;
+    void OnPart(Node parent, const std::string& path, const std::string& name,
+                const std::string& partName) override;
     void OnUnreadable(const std::string& path, int code, std::uint32_t attributes) override;
     bool OnProgress(std::size_t foldersRead) override;
 
+    std::string m_current;
     std::string m_result;
+    bool m_touched = false;                // the user has selected something since the scan began
+    bool m_skipsUnreadable = false;        // they are told at the end of the scan
+    std::vector<std::string> m_unreadable; // what is to be told then
     bool m_busy = false;
     bool m_cancelled = false;
     int m_closeResult = 0; // how the dialog closes when a scan that was called off has ended

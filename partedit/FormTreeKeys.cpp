@@ -4,7 +4,6 @@
 
 #include <wx/dialog.h>
 #include <wx/stattext.h>
-#include <wx/treectrl.h>
 
 namespace nesk {
 
@@ -23,7 +22,7 @@ int AccessKeyOf(const wxStaticText& label) {
 
 } // namespace
 
-void BindAccessKey(wxDialog& dialog, const wxStaticText& label, wxTreeCtrl& tree) {
+void BindAccessKey(wxDialog& dialog, const wxStaticText& label, wxWindow& tree) {
     dialog.Bind(wxEVT_CHAR_HOOK, [&label, &tree](wxKeyEvent& event) {
         const bool altAlone = event.GetModifiers() == wxMOD_ALT;
         if (altAlone && event.GetKeyCode() != 0 && event.GetKeyCode() == AccessKeyOf(label))
@@ -33,7 +32,7 @@ void BindAccessKey(wxDialog& dialog, const wxStaticText& label, wxTreeCtrl& tree
     });
 }
 
-void BindEnter(wxTreeCtrl& tree, std::function<void()> act) {
+void BindEnter(wxWindow& tree, std::function<void()> act) {
     tree.Bind(wxEVT_CHAR_HOOK, [act = std::move(act)](wxKeyEvent& event) {
         const int key = event.GetKeyCode();
         if (!event.HasAnyModifiers() && (key == WXK_RETURN || key == WXK_NUMPAD_ENTER))

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <optional>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
@@ -46,7 +45,8 @@ struct Entry {
     std::string path;
     std::string name;
     bool isLink;
-    Contents contents; // of a folder alone
+    Contents contents;    // of a folder alone
+    std::string partName; // of a part alone
 };
 
 // A folder whose subfolders are being entered one after the other.
@@ -67,13 +67,14 @@ std::string Join(const std::string& folder, std::string_view name) {
     return path;
 }
 
-// Whether a folder is a part, by its entries; a folder that cannot be listed may be one all the same.
-bool IsPart(const std::string& folder, int listed, const std::vector<std::string>& files) {
+// The name of the part that a folder is, by its entries; "" for a folder that is none. A folder that cannot
+// be listed may be a part all the same.
+std::string PartNameOf(const std::string& folder, int listed, const std::vector<std::string>& files) {
     const bool mayBe = listed != ErrorCode::NoMoreItems ||
                        std::any_of(files.begin(), files.end(), [](const std::string& name) {
                            return platform::EqualNoCase(name, PartInfoName);
                        });
-    return mayBe && !modUtilities::ReadIniValue(PartInfoPath(folder), "Part", "Name").empty();
+    return mayBe ? modUtilities::ReadIniValue(PartInfoPath(folder), "Part", "Name") : "";
 }
 
 // What is a folder can be asked; of the rest it may turn out that it cannot.
@@ -83,10 +84,17 @@ void CheckFile(std::string path, Contents& contents) {
     if (result != ErrorCode::Success) contents.unreadable.push_back({std::move(path), result, attributes});
 }
 
-// Reads the entries of a folder once, for both questions: whether it is a part, and what is in it.
-// Returns nothing when it is a part and `mayBePart`.
-std::optional<Contents> ReadFolder(const std::string& folder, bool mayBePart) {
+// What a folder is: a part, which has a name, or a folder with contents.
+struct FolderRead {
+    std::string partName;
     Contents contents;
+};
+
+// Reads the entries of a folder once, for both questions: whether it is a part, and what is in it. The root
+// of a scan is no part; where it does not exist, or is no valid path, there is nothing in it.
+FolderRead ReadFolder(const std::string& folder, bool isRoot) {
+    FolderRead read;
+    Contents& contents = read.contents;
     std::vector<std::string> files;
     std::unique_ptr<platform::DirectorySearch> search;
     platform::DirectoryEntry entry;
@@ -100,13 +108,15 @@ std::optional<Contents> ReadFolder(const std::string& folder, bool mayBePart) {
         result = search->Next(entry);
     }
     if (result == ErrorCode::FileNotFound) result = ErrorCode::NoMoreItems;
-    if (mayBePart && IsPart(folder, result, files)) return std::nullopt;
+    if (!isRoot) read.partName = PartNameOf(folder, result, files);
+    if (!read.partName.empty()) return read;
     for (const std::string& name : files)
         CheckFile(Join(folder, name), contents);
-    const bool missing = result == ErrorCode::PathNotFound && !modUtilities::DirectoryExists(folder);
+    const bool missing =
+        (isRoot || result == ErrorCode::PathNotFound) && !modUtilities::DirectoryExists(folder);
     if (result != ErrorCode::NoMoreItems && !missing)
         contents.unreadable.push_back({folder, result, platform::FileAttribute::Directory});
-    return contents;
+    return read;
 }
 
 // Whether the target of a link is one of the folders that the link lies in.
@@ -123,7 +133,7 @@ public:
 
     bool Run(const std::string& root, PartScanVisitor::Node node) {
         if (!GoesOn()) return false;
-        Contents contents = ReadFolder(root, false).value();
+        Contents contents = ReadFolder(root, true).contents;
         ++m_foldersRead;
         if (!Enter(root, node, std::move(contents))) return false;
         // No recursion: folders may be nested deeper than the machine stack could follow.
@@ -146,11 +156,11 @@ private:
         for (Contents::Folder& inner : contents.folders) {
             if (!GoesOn()) return false;
             std::string innerPath = Join(level.path, inner.name);
-            std::optional<Contents> below = ReadFolder(innerPath, true);
+            FolderRead read = ReadFolder(innerPath, false);
             ++m_foldersRead;
-            std::vector<Entry>& place = below ? level.folders : level.parts;
+            std::vector<Entry>& place = read.partName.empty() ? level.folders : level.parts;
             place.push_back({std::move(innerPath), std::move(inner.name), inner.isLink,
-                             std::move(below).value_or(Contents{})});
+                             std::move(read.contents), std::move(read.partName)});
         }
         m_levels.push_back(std::move(level));
         return true;
@@ -171,7 +181,7 @@ private:
     bool TellParts(const Level& level) {
         for (const Entry& part : level.parts) {
             if (!GoesOn()) return false;
-            m_visitor.OnPart(level.node, part.path, part.name);
+            m_visitor.OnPart(level.node, part.path, part.name, part.partName);
         }
         m_levels.pop_back();
         return true;

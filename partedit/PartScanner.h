@@ -18,7 +18,9 @@ public:
     virtual Node OnFolder(Node parent, const std::string& path, const std::string& name) = 0;
 
     /// A part program below `parent`.
-    virtual void OnPart(Node parent, const std::string& path, const std::string& name) = 0;
+    /// @param partName  what its partinfo.ini calls it
+    virtual void OnPart(Node parent, const std::string& path, const std::string& name,
+                        const std::string& partName) = 0;
 
     /// A file or folder whose attributes or entries could not be read; the scan goes on.
     /// @param code        result code (platform/ErrorCode.h)

@@ -69,22 +69,15 @@ FormMain::FormMain()
         },
         FirstCommandId, LastCommandId);
     Bind(wxEVT_CLOSE_WINDOW, &FormMain::OnClose, this);
-    tvMain->Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent&) { UpdateFileMenus(); });
-    tvMain->Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, &FormMain::OnBeginLabelEdit, this);
-    tvMain->Bind(wxEVT_TREE_END_LABEL_EDIT, &FormMain::OnEndLabelEdit, this);
-    tvMain->Bind(wxEVT_TREE_ITEM_MENU, &FormMain::OnContextMenu, this);
-    tvMain->Bind(wxEVT_KEY_DOWN, &FormMain::OnTreeKey, this);
-    tvMain->Bind(wxEVT_TREE_ITEM_ACTIVATED, &FormMain::OnActivated, this);
+    BindTree();
 
     UpdateTitle();
     UpdateFileMenus();
-    tvMain->SetFocus();
+    tvMain->Window().SetFocus();
 }
 
-// The tree reports its last events while the window is taken down; nobody may follow them into what is gone.
 FormMain::~FormMain() {
     m_editor.SetListener(nullptr);
-    tvMain->SetEvtHandlerEnabled(false);
 }
 
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
@@ -136,12 +129,13 @@ void FormMain::BuildControls() {
 
     ibIncomplete = new wxInfoBar(this);
     ibIncomplete->SetName("ibIncomplete");
-    tvMain = new FormMenuTree(this, m_editor);
-    tvMain->SetMinSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
+    m_tree = std::make_unique<FormMenuTree>(this, m_editor);
+    tvMain = m_tree.get();
+    tvMain->Window().SetMinSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(ibIncomplete, wxSizerFlags().Expand());
-    sizer->Add(tvMain, wxSizerFlags(1).Expand());
+    sizer->Add(&tvMain->Window(), wxSizerFlags(1).Expand());
     SetSizer(sizer);
 }
 
@@ -164,7 +158,7 @@ void FormMain::UpdateFileMenus() {
     for (const MainCommandInfo& info : MainCommandTable())
         ItemOf(info.command)->Enable(Contains(enabled, info.command));
     // While a caption is typed, Del deletes characters and not the entry.
-    if (m_editingLabel) mnuMenuRemove->Enable(false);
+    if (tvMain->View().Edited() != nullptr) mnuMenuRemove->Enable(false);
     wxMenuBar* bar = GetMenuBar();
     for (std::size_t i = 0; i < bar->GetMenuCount(); ++i)
         if (bar->GetMenu(i) == mnuMenu) bar->EnableTop(i, m_editor.IsOpen());
@@ -191,6 +185,7 @@ void FormMain::OnStateChanged() {
 
 void FormMain::OnCommand(MainCommand command) {
     try {
+        if (InfoOf(command).menu == Message::MenuMenu) ShowSelected();
         Run(command);
     } catch (const NeskError& error) {
         ShowError(Message::CommandFailed, error);
@@ -285,8 +280,8 @@ void FormMain::AddEntry(MainCommand command) {
     const std::string id = part ? m_editor.AddPart(parent, caption) : m_editor.AddSubmenu(parent, caption);
     if (id.empty()) return;
     tvMain->SelectKey(id);
-    tvMain->SetFocus();
-    tvMain->EditLabel(tvMain->GetSelection());
+    tvMain->Window().SetFocus();
+    tvMain->View().EditLabel(*tvMain->NodeOf(id));
 }
 
 void FormMain::Move(MainCommand command) {
@@ -300,19 +295,22 @@ void FormMain::Move(MainCommand command) {
 
 void FormMain::Remove() {
     const std::string id = tvMain->SelectedKey();
-    if (id.empty()) return;
-    if (m_editor.Find(id) == m_editor.OpenMenu()) {
+    const MenuEntry* entry = m_editor.Find(id);
+    if (entry == nullptr) return;
+    if (entry == m_editor.OpenMenu()) {
         Ask(LoadResString(Message::RootNotRemovable), Message::NoticeTitle, wxOK | wxICON_INFORMATION);
         return;
     }
-    if (Ask(LoadResString(Message::ConfirmRemove), Message::ConfirmTitle, wxYES_NO | wxICON_QUESTION) ==
-        wxID_YES)
-        m_editor.Remove(id);
+    const std::int64_t below = entry->CountBelow();
+    const std::string alsoRemoved = below == 0 ? "" : FormatResString(Message::RemovedBelow, below);
+    const std::string text =
+        FormatResString(Message::ConfirmRemove, alsoRemoved, std::string(entry->Caption()));
+    if (Ask(text, Message::ConfirmTitle, wxYES_NO | wxICON_QUESTION) == wxID_YES) m_editor.Remove(id);
 }
 
 void FormMain::Rename() {
-    const wxTreeItemId node = tvMain->GetSelection();
-    if (node.IsOk() && !m_editingLabel) tvMain->EditLabel(node);
+    platform::TreeNode* const node = tvMain->View().Selected();
+    if (node != nullptr && tvMain->View().Edited() == nullptr) tvMain->View().EditLabel(*node);
 }
 
 void FormMain::EditSelected() {

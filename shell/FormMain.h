@@ -3,6 +3,7 @@
 #include "menu/MenuEditor.h"
 #include "shell/MainCommands.h"
 
+#include <memory>
 #include <string>
 
 #include <wx/frame.h>
@@ -11,7 +12,10 @@ class wxInfoBarGeneric;
 class wxMenu;
 class wxMenuItem;
 class wxStatusBar;
-class wxTreeEvent;
+
+namespace nesk::platform {
+class TreeNode;
+}
 
 namespace nesk {
 
@@ -79,15 +83,15 @@ private:
     void HelpContents();
     void ShowHelpTopic();
 
-    // The tree's events.
-    void OnBeginLabelEdit(wxTreeEvent& event);
-    void OnEndLabelEdit(wxTreeEvent& event);
-    void OnContextMenu(wxTreeEvent& event);
-    void OnTreeKey(wxKeyEvent& event);
-    void OnActivated(wxTreeEvent& event);
-    void FilterLabelEdit();
+    // Keys, and what the tree reports.
+    void BindTree();
+    void OnCharHook(wxKeyEvent& event);
+    void OnContextMenu(platform::TreeNode* node, wxPoint at);
+    bool OnActivated(platform::TreeNode& node);
+    void OnEndLabelEdit(platform::TreeNode& node, const std::string* text);
     bool FinishLabelEdit();
-    void EditLabelAgain(const std::string& id, const wxString& text);
+    void EditLabelAgain(const std::string& id, const std::string& text);
+    void ShowSelected();
 
     void OnClose(wxCloseEvent& event);
     bool ConfirmClose(bool mayCancel);
@@ -96,7 +100,7 @@ private:
     void ShowError(int messageId, const NeskError& error);
 
     MenuEditor m_editor;
-    bool m_editingLabel = false;
+    std::unique_ptr<FormMenuTree> m_tree;
     bool m_captionRefused = false; // by the last end of an edit
 };
 

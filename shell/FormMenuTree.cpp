@@ -3,187 +3,103 @@
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "shell/FormIcons.h"
-#include "shell/FormUtilities.h"
 
-#include <charconv>
+#include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include <wx/window.h>
+
 namespace nesk {
 
-using modUtilities::ToWx;
+using platform::TreeNode;
+using platform::TreeView;
 
 namespace {
 
 enum Image { FolderImage, PartImage };
 
-constexpr int ImageSize = 20;
-
-// Levels that are filled at once. What lies deeper is filled when its parent is expanded: the tree control
-// follows expanded levels on the machine stack.
-constexpr std::size_t LevelsFilledAtOnce = 200;
-
-// A node knows the counter of its entry alone, as the entry does: whole ids would take the square of the
-// depth.
-class NodeData final : public wxTreeItemData {
-public:
-    explicit NodeData(std::int32_t counter) : m_counter(counter) {}
-    std::int32_t Counter() const { return m_counter; }
-
-    bool filled = false;
-
-private:
-    std::int32_t m_counter;
-};
-
-NodeData& DataOf(const wxTreeCtrl& tree, const wxTreeItemId& node) {
-    return *static_cast<NodeData*>(tree.GetItemData(node));
+std::unique_ptr<TreeNode> NodeFor(const MenuItem& item) {
+    return std::make_unique<TreeNode>(std::string(item.Caption()), item.IsPart() ? PartImage : FolderImage,
+                                      std::to_string(item.Counter()), item.ChildCount() > 0);
 }
 
 } // namespace
 
-FormMenuTree::FormMenuTree(wxWindow* parent, const MenuEditor& editor) : m_editor(editor) {
-    Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-           wxTR_EDIT_LABELS | wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_SINGLE, wxDefaultValidator,
-           "tvMain");
-    const wxSize size(ImageSize, ImageSize);
-    wxVector<wxBitmapBundle> images; // in the order of Image
-    images.push_back(IconBundle("folder", size));
-    images.push_back(IconBundle("part", size));
-    SetImages(images);
-    Bind(wxEVT_TREE_ITEM_EXPANDING, &FormMenuTree::OnExpanding, this);
-    // Where it is a character of its own, and where it takes two keys.
-    Bind(wxEVT_KEY_DOWN, &FormMenuTree::OnKey, this);
-    Bind(wxEVT_CHAR, &FormMenuTree::OnKey, this);
+FormMenuTree::FormMenuTree(wxWindow* parent, const MenuEditor& editor)
+    : m_editor(editor), m_view(*TreeView::Create(parent, "tvMain", {})) {
+    const wxSize size = m_view.ImageSize();
+    m_view.SetImages({IconBundle("folder", size), IconBundle("part", size)}); // in the order of Image
+    m_view.on.fill = [this](TreeNode& node) { Fill(node); };
+}
+
+// The control may report its last events while the window is taken down; nobody may follow them into what is
+// gone.
+FormMenuTree::~FormMenuTree() {
+    m_view.on = {};
 }
 
 void FormMenuTree::ClearTree() {
-    DeleteAllItems();
+    m_view.Clear();
 }
 
 void FormMenuTree::BuildTree() {
-    Freeze();
     ClearTree();
-    if (Menu* menu = m_editor.OpenMenu()) {
-        const wxTreeItemId root = AddRoot(ToWx(menu->Caption()), FolderImage, FolderImage, new NodeData(0));
-        AddChildNodes(*menu, root);
-        Expand(root);
-        SelectItem(root);
-    }
-    Thaw();
+    const Menu* menu = m_editor.OpenMenu();
+    if (menu == nullptr) return;
+    Window().Freeze();
+    TreeNode& root = m_view.SetRoot(
+        std::make_unique<TreeNode>(std::string(menu->Caption()), FolderImage, "R", menu->ChildCount() > 0));
+    m_view.Expand(root);
+    m_view.Select(&root);
+    Window().Thaw();
 }
 
-wxTreeItemId FormMenuTree::AddNode(const wxTreeItemId& parent, std::size_t position, const MenuEntry& entry) {
-    const auto& item = static_cast<const MenuItem&>(entry);
-    const int image = item.IsPart() ? PartImage : FolderImage;
-    return InsertItem(parent, position, ToWx(item.Caption()), image, image, new NodeData(item.Counter()));
+// Only the children that are about to be seen get nodes, so that a menu of any size and depth opens at once.
+void FormMenuTree::Fill(TreeNode& node) {
+    MenuEntry* entry = m_editor.Find(KeyOf(&node));
+    if (entry == nullptr) return;
+    const int count = entry->ChildCount();
+    for (int i = 1; i <= count; ++i)
+        m_view.Append(node, NodeFor(entry->SubMenus().Item(i)));
 }
 
-void FormMenuTree::AddChildNodes(MenuEntry& entry, const wxTreeItemId& node) {
-    struct Level {
-        MenuEntry* entry;
-        wxTreeItemId node;
-        int added;
-    };
-    std::vector<Level> levels{{&entry, node, 0}};
-    DataOf(*this, node).filled = true;
-    while (!levels.empty()) {
-        Level& level = levels.back();
-        if (level.added == level.entry->ChildCount()) {
-            levels.pop_back();
-            continue;
-        }
-        MenuItem& child = level.entry->SubMenus().Item(++level.added);
-        const int image = child.IsPart() ? PartImage : FolderImage;
-        const wxTreeItemId childNode =
-            AppendItem(level.node, ToWx(child.Caption()), image, image, new NodeData(child.Counter()));
-        if (child.ChildCount() == 0) {
-            DataOf(*this, childNode).filled = true;
-        } else if (levels.size() < LevelsFilledAtOnce) {
-            DataOf(*this, childNode).filled = true;
-            levels.push_back({&child, childNode, 0});
-        } else {
-            SetItemHasChildren(childNode);
-        }
-    }
+std::string FormMenuTree::KeyOf(const TreeNode* node) {
+    std::vector<std::string_view> keys;
+    for (const TreeNode* at = node; at != nullptr; at = at->Parent())
+        keys.push_back(at->Key());
+    std::string id;
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key)
+        id.append(id.empty() ? "" : ".").append(*key);
+    return id;
 }
 
-void FormMenuTree::FillNode(const wxTreeItemId& node) {
-    if (DataOf(*this, node).filled) return;
-    if (MenuEntry* entry = m_editor.Find(KeyOf(node))) AddChildNodes(*entry, node);
-}
-
-void FormMenuTree::OnExpanding(wxTreeEvent& event) {
-    FillNode(event.GetItem());
-    event.Skip();
-}
-
-// The key that expands everything below a node. The tree control would follow a deep menu until the machine
-// stack ends.
-void FormMenuTree::OnKey(wxKeyEvent& event) {
-    const int key = event.GetKeyCode();
-    const wxTreeItemId node = GetSelection();
-    const bool expands = key == '*' || key == WXK_MULTIPLY || key == WXK_NUMPAD_MULTIPLY;
-    if (!expands || !node.IsOk()) return event.Skip();
-    Freeze();
-    ExpandBelow(node);
-    Thaw();
-}
-
-void FormMenuTree::ExpandBelow(const wxTreeItemId& node) {
-    std::vector<std::pair<wxTreeItemId, std::size_t>> found{{node, 1}};
-    while (!found.empty()) {
-        const auto [at, level] = found.back();
-        found.pop_back();
-        if (!ItemHasChildren(at)) continue;
-        Expand(at);
-        if (level == LevelsFilledAtOnce) continue;
-        wxTreeItemIdValue cookie = nullptr;
-        for (wxTreeItemId child = GetFirstChild(at, cookie); child.IsOk(); child = GetNextChild(at, cookie))
-            found.emplace_back(child, level + 1);
-    }
-}
-
-std::string FormMenuTree::KeyOf(const wxTreeItemId& node) const {
-    if (!node.IsOk()) return "";
-    std::vector<std::int32_t> counters;
-    const wxTreeItemId root = GetRootItem();
-    for (wxTreeItemId at = node; at.IsOk() && at != root; at = GetItemParent(at))
-        counters.push_back(DataOf(*this, at).Counter());
-    std::string key = "R";
-    for (auto counter = counters.rbegin(); counter != counters.rend(); ++counter)
-        key.append(1, '.').append(std::to_string(*counter));
-    return key;
-}
-
-wxTreeItemId FormMenuTree::NodeOf(const std::string& id) {
+TreeNode* FormMenuTree::NodeOf(const std::string& id) {
     // Most changes concern the entry that the user has selected.
-    if (const wxTreeItemId selected = GetSelection(); selected.IsOk() && KeyOf(selected) == id)
-        return selected;
-    if (GetCount() == 0 || !id.starts_with('R')) return {};
-    wxTreeItemId node = GetRootItem();
-    std::string_view rest = std::string_view(id).substr(1);
-    while (node.IsOk() && rest.starts_with('.')) {
-        std::int32_t counter = 0;
-        const auto [end, error] = std::from_chars(rest.data() + 1, rest.data() + rest.size(), counter);
-        if (error != std::errc()) return {};
-        rest.remove_prefix(static_cast<std::size_t>(end - rest.data()));
-        FillNode(node);
-        // By the cookie: GetNextSibling may look for its node among all siblings first.
-        wxTreeItemIdValue cookie = nullptr;
-        wxTreeItemId child = GetFirstChild(node, cookie);
-        while (child.IsOk() && DataOf(*this, child).Counter() != counter)
-            child = GetNextChild(node, cookie);
-        node = child;
+    if (TreeNode* selected = m_view.Selected(); selected != nullptr && KeyOf(selected) == id) return selected;
+    TreeNode* node = m_view.Root();
+    std::string_view rest = id;
+    if (node == nullptr || rest.substr(0, 1) != node->Key()) return nullptr;
+    rest.remove_prefix(1);
+    while (node != nullptr && rest.starts_with('.')) {
+        rest.remove_prefix(1);
+        const std::string_view key = rest.substr(0, rest.find('.'));
+        rest.remove_prefix(key.size());
+        m_view.Fill(*node);
+        TreeNode* found = nullptr;
+        for (std::size_t i = 0; i < node->ChildCount() && found == nullptr; ++i)
+            if (node->Child(i).Key() == key) found = &node->Child(i);
+        node = found;
     }
     return node;
 }
 
 void FormMenuTree::SelectKey(const std::string& id) {
-    const wxTreeItemId node = NodeOf(id);
-    if (!node.IsOk()) return;
-    SelectItem(node);
-    EnsureVisible(node);
+    TreeNode* const node = NodeOf(id);
+    if (node == nullptr) return;
+    m_view.Select(node);
+    m_view.EnsureVisible(*node);
 }
 
 void FormMenuTree::Follow(const MenuEvent& event) {
@@ -191,34 +107,35 @@ void FormMenuTree::Follow(const MenuEvent& event) {
     case MenuEvent::Kind::None: break;
     case MenuEvent::Kind::Added: Place(event); break;
     case MenuEvent::Kind::Removed:
-        if (const wxTreeItemId node = NodeOf(event.id); node.IsOk()) Delete(node);
+        if (TreeNode* node = NodeOf(event.id)) m_view.Remove(*node);
         break;
-    case MenuEvent::Kind::Moved: {
-        Freeze();
-        const wxTreeItemId node = NodeOf(event.id);
-        const bool expanded = node.IsOk() && IsExpanded(node);
-        if (node.IsOk()) Delete(node);
-        Place(event);
-        SelectKey(event.id);
-        if (expanded) Expand(NodeOf(event.id));
-        Thaw();
-        break;
-    }
+    case MenuEvent::Kind::Moved: Move(event); break;
     case MenuEvent::Kind::Edited:
-        if (const wxTreeItemId node = NodeOf(event.id); node.IsOk())
-            SetItemText(node, ToWx(m_editor.Find(event.id)->Caption()));
+        if (TreeNode* node = NodeOf(event.id))
+            m_view.SetText(*node, std::string(m_editor.Find(event.id)->Caption()));
         break;
     }
 }
 
-// Inserts the node of an entry, with everything below it, where the event says.
+// Shows a new entry where the event says. Where its siblings have no nodes yet it gets one with them.
 void FormMenuTree::Place(const MenuEvent& event) {
-    const wxTreeItemId parent = NodeOf(event.parentId);
-    MenuEntry* entry = m_editor.Find(event.id);
-    if (!parent.IsOk() || entry == nullptr) return;
-    if (!DataOf(*this, parent).filled) return FillNode(parent);
-    const wxTreeItemId node = AddNode(parent, static_cast<std::size_t>(event.position) - 1, *entry);
-    AddChildNodes(*entry, node);
+    TreeNode* const parent = NodeOf(event.parentId);
+    const auto* item = dynamic_cast<const MenuItem*>(m_editor.Find(event.id));
+    if (parent == nullptr || item == nullptr) return;
+    if (parent->IsFilled())
+        m_view.Insert(*parent, static_cast<std::size_t>(event.position) - 1, NodeFor(*item));
+    else
+        m_view.Fill(*parent);
+}
+
+void FormMenuTree::Move(const MenuEvent& event) {
+    Window().Freeze();
+    TreeNode* const node = NodeOf(event.id);
+    TreeNode* const parent = NodeOf(event.parentId);
+    if (node != nullptr && parent != nullptr)
+        m_view.Move(*node, *parent, static_cast<std::size_t>(event.position) - 1);
+    SelectKey(event.id);
+    Window().Thaw();
 }
 
 } // namespace nesk

@@ -2,6 +2,7 @@
 
 #include "shell/Messages.h"
 
+#include <algorithm>
 #include <array>
 
 namespace nesk {
@@ -31,6 +32,11 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
 
 std::span<const MainCommandInfo> MainCommandTable() {
     return Table;
+}
+
+const MainCommandInfo& InfoOf(MainCommand command) {
+    return *std::find_if(Table.begin(), Table.end(),
+                         [command](const MainCommandInfo& info) { return info.command == command; });
 }
 
 bool Contains(const MainCommandSet& set, MainCommand command) {

@@ -43,6 +43,9 @@ struct MainCommandInfo {
 /// All commands, menu by menu, in the order in which they are shown.
 std::span<const MainCommandInfo> MainCommandTable();
 
+/// The row of a command.
+const MainCommandInfo& InfoOf(MainCommand command);
+
 /// Which commands are enabled.
 using MainCommandSet = std::bitset<MainCommandCount>;
 

@@ -20,7 +20,7 @@ constexpr int ConfirmTitle = 32017;
 constexpr int NewPartCaption = 32018;
 constexpr int NewSubmenuCaption = 32019;
 constexpr int RootNotRemovable = 32020;
-constexpr int ConfirmRemove = 32021;
+constexpr int ConfirmRemove = 32021; // %0% "" or RemovedBelow, %1% caption
 constexpr int WindowCaption = 32049;
 constexpr int MenuFileMissing = 32053; // %0% file
 
@@ -97,6 +97,9 @@ constexpr int SaveQuestionTitle = 34145;
 constexpr int DirtyTitle = 34146;    // %0% window caption
 constexpr int BackupFailed = 34147;  // %0% path, %1% reason
 constexpr int CommandFailed = 34148; // %0% error
+
+// Editing.
+constexpr int RemovedBelow = 34310; // %0% number of entries
 
 // Start-up.
 constexpr int StoreNotOpened = 34150; // %0% place, %1% code, as for the next three

@@ -4,7 +4,7 @@ nesk_test_sources(gui_sources gui)
 add_executable(gui_tests ${gui_sources})
 target_link_libraries(gui_tests PRIVATE nesk_ui nesk_test_station GTest::gtest)
 nesk_warnings(gui_tests)
-nesk_quick_build(gui_tests <gtest/gtest.h> <wx/wx.h> <wx/listctrl.h> <wx/treectrl.h> <wx/uiaction.h>)
+nesk_quick_build(gui_tests <gtest/gtest.h> <wx/wx.h> <wx/listctrl.h> <wx/uiaction.h>)
 add_dependencies(gui_tests nesk_texts nesk_help)
 if(NESK_SANITIZE)
   # All in one process: each one would look for leaks at its end, which takes longer than most tests.

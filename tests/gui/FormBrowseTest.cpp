@@ -93,7 +93,7 @@ TEST_F(FormBrowseTest, AccessKeysLeadToTheLists) {
         EXPECT_EQ(form.Dir1->Path(), "D:\\");
         form.cmdCancel->SetFocus();
         Press('F', wxMOD_ALT);
-        EXPECT_TRUE(form.Dir1->HasFocus());
+        EXPECT_TRUE(form.Dir1->Window().HasFocus());
         Press(WXK_DOWN);
         EXPECT_EQ(form.Dir1->Path(), "D:\\Other");
         Click(form.cmdCancel);

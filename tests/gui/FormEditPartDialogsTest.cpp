@@ -16,7 +16,6 @@
 #include <wx/button.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
-#include <wx/treectrl.h>
 
 namespace nesk::testing {
 namespace {
@@ -45,7 +44,7 @@ TEST_F(FormEditPartDialogsTest, ThePartTreeGivesTheReference) {
     common.CreateKey("Common");
     common.SetString("RepositoryRoot", "D:\\Parts\\");
     const auto isScanned = [](const FormSelectPart& tree) {
-        return !tree.IsBusy() && tree.cmdSelectDrive->IsEnabled() && !tree.tvMain->IsEmpty();
+        return !tree.IsBusy() && tree.cmdSelectDrive->IsEnabled() && tree.tvMain->Root() != nullptr;
     };
     EXPECT_TRUE(Edit([&](FormEditPart& form) {
         WhenShown<FormSelectPart>(
@@ -55,10 +54,8 @@ TEST_F(FormEditPartDialogsTest, ThePartTreeGivesTheReference) {
         WhenShown<FormSelectPart>(
             "FormSelectPart",
             [](FormSelectPart& tree) {
-                wxTreeItemIdValue cookie = nullptr;
-                const wxTreeItemId part = tree.tvMain->GetFirstChild(tree.tvMain->GetRootItem(), cookie);
-                ASSERT_TRUE(part.IsOk());
-                tree.tvMain->SelectItem(part);
+                ASSERT_EQ(tree.tvMain->Root()->ChildCount(), 1u);
+                tree.tvMain->Select(&tree.tvMain->Root()->Child(0));
                 Click(tree.cmdOK);
             },
             isScanned);

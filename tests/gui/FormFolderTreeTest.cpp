@@ -1,7 +1,8 @@
 #include "partedit/FormFolderTree.h"
 
 #include "gui/PartDialogFixture.h"
-#include "shell/FormUtilities.h"
+
+#include <memory>
 
 #include <wx/frame.h>
 
@@ -9,13 +10,12 @@ namespace nesk::testing {
 namespace {
 
 namespace fs = std::filesystem;
-using modUtilities::FromWx;
 
 class FormFolderTreeTest : public PartDialogTest {
 protected:
     FormFolderTreeTest() {
         frame = new wxFrame(nullptr, wxID_ANY, "Tree");
-        tree = new FormFolderTree(frame, "Dir1");
+        tree = std::make_unique<FormFolderTree>(frame, "Dir1");
         frame->Show();
         // On Windows the system has folders on drive C:.
         station.AddDrive('D');
@@ -23,24 +23,24 @@ protected:
             fs::create_directories(Drive() / folder);
     }
     ~FormFolderTreeTest() override {
+        tree.reset();
         frame->Destroy();
         Settle();
     }
 
     static fs::path Drive() { return TempStation::Host("D:\\"); }
 
-    // What lies below the selected node, one blank between the names.
+    // What lies below the selected node, one space between the names.
     std::string Children() const {
         std::string text;
-        wxTreeItemIdValue cookie = nullptr;
-        for (wxTreeItemId node = tree->GetFirstChild(tree->GetSelection(), cookie); node.IsOk();
-             node = tree->GetNextSibling(node))
-            text.append(text.empty() ? "" : " ").append(FromWx(tree->GetItemText(node)));
+        const platform::TreeNode& node = *tree->View().Selected();
+        for (std::size_t i = 0; i < node.ChildCount(); ++i)
+            text.append(text.empty() ? "" : " ").append(node.Child(i).Text());
         return text;
     }
 
     wxFrame* frame;
-    FormFolderTree* tree;
+    std::unique_ptr<FormFolderTree> tree;
 };
 
 TEST_F(FormFolderTreeTest, StandsNowhereAtFirst) {
@@ -55,11 +55,11 @@ TEST_F(FormFolderTreeTest, GoesToAFolderAndOpensIt) {
     tree->SetPath("D:\\DATA\\");
     EXPECT_EQ(tree->Path(), "D:\\Data");
     EXPECT_EQ(Children(), "Alpha beta");
-    EXPECT_TRUE(tree->IsExpanded(tree->GetSelection()));
+    EXPECT_TRUE(tree->View().Selected()->IsExpanded());
     tree->SetPath("D:\\Data\\beta\\Deep");
     EXPECT_EQ(tree->Path(), "D:\\Data\\beta\\Deep");
     EXPECT_EQ(Children(), "");
-    EXPECT_FALSE(tree->ItemHasChildren(tree->GetSelection()));
+    EXPECT_FALSE(tree->View().Selected()->MayHaveChildren());
 }
 
 TEST_F(FormFolderTreeTest, GoesAsFarAsThePathExists) {
@@ -79,12 +79,11 @@ TEST_F(FormFolderTreeTest, ChangesTheDrive) {
 
 TEST_F(FormFolderTreeTest, AFolderIsReadWhenItIsOpened) {
     tree->SetPath("D:\\");
-    wxTreeItemIdValue cookie = nullptr;
-    const wxTreeItemId data = tree->GetFirstChild(tree->GetRootItem(), cookie);
-    EXPECT_EQ(tree->GetChildrenCount(data), 0u);
-    EXPECT_TRUE(tree->ItemHasChildren(data));
-    tree->Expand(data);
-    EXPECT_EQ(tree->GetChildrenCount(data, false), 2u);
+    platform::TreeNode& data = tree->View().Root()->Child(0);
+    EXPECT_EQ(data.ChildCount(), 0u);
+    EXPECT_TRUE(data.MayHaveChildren());
+    tree->View().Expand(data);
+    EXPECT_EQ(data.ChildCount(), 2u);
 }
 
 TEST_F(FormFolderTreeTest, AFolderMadeInTheMeantimeIsFoundInItsPlace) {
@@ -119,7 +118,7 @@ TEST_F(FormFolderTreeTest, NamesAreShownAsTheyAre) {
                                "A&B", "\xE6\xBC\xA2"})
         fs::create_directories(TempStation::Host(std::string("D:\\R&D\\") + folder));
     tree->SetPath("D:\\R&D");
-    EXPECT_EQ(FromWx(tree->GetItemText(tree->GetSelection())), "R&D");
+    EXPECT_EQ(tree->View().Selected()->Text(), "R&D");
     EXPECT_EQ(Children(), "A&B Pr\xC3\xBC"
                           "f \xE6\xBC\xA2");
     tree->SetPath("D:\\R&D\\\xE6\xBC\xA2");
@@ -130,8 +129,7 @@ TEST_F(FormFolderTreeTest, AFolderThatCannotBeReadIsReported) {
     tree->SetPath("D:\\");
     fs::remove_all(Drive() / "Data");
     Expect();
-    wxTreeItemIdValue cookie = nullptr;
-    tree->Expand(tree->GetFirstChild(tree->GetRootItem(), cookie));
+    tree->View().Expand(tree->View().Root()->Child(0));
     ASSERT_EQ(messages.size(), 1u);
     EXPECT_NE(messages[0].text.find("D:\\Data"), std::string::npos);
 }

@@ -4,6 +4,7 @@
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -85,7 +86,7 @@ protected:
         Settle();
     }
 
-    std::size_t Entries() const { return window->tvMain->GetCount() - 1; }
+    std::size_t Entries() const { return static_cast<std::size_t>(std::ranges::count(TreeText(), '\n')) - 1; }
 
 private:
     std::vector<std::unique_ptr<MenuChange>> m_changes;

@@ -29,10 +29,10 @@ TEST_F(FormMainHugeTest, AMillionLevels) {
     Open("BLOCK MENU\n" + Repeat("BLOCK SUBMENU\n", Levels));
     EXPECT_EQ(window->Editor().Find("R" + Repeat(".1", Levels))->ChildCount(), 0);
     FormMenuTree& tree = *window->tvMain;
-    tree.Collapse(tree.GetRootItem());
+    Tree().Collapse(*Tree().Root());
     Press(WXK_NUMPAD_MULTIPLY); // expands all below
-    EXPECT_TRUE(tree.IsExpanded(tree.NodeOf("R" + Repeat(".1", 100))));
-    EXPECT_FALSE(tree.IsExpanded(tree.NodeOf("R" + Repeat(".1", 1000)))) << "what nobody could look at";
+    EXPECT_TRUE(tree.NodeOf("R" + Repeat(".1", 100))->IsExpanded());
+    EXPECT_FALSE(tree.NodeOf("R" + Repeat(".1", 1000))->IsExpanded()) << "what nobody could look at";
     Press(WXK_END);
     EXPECT_TRUE(tree.SelectedKey().starts_with("R" + Repeat(".1", 100)));
     dialogs.Answer(wxID_YES);
@@ -46,7 +46,7 @@ TEST_F(FormMainHugeTest, ASubmenuThatIsFull) {
     constexpr int Most = MenuItemCollection::MaxCount;
     Open("BLOCK MENU\n" + Repeat("BLOCK SUBMENU\nCAPTION=child\nEND\n", Most) + "END\n");
     FormMenuTree& tree = *window->tvMain;
-    EXPECT_EQ(tree.GetChildrenCount(tree.GetRootItem(), false), static_cast<std::size_t>(Most));
+    EXPECT_EQ(Tree().Root()->ChildCount(), static_cast<std::size_t>(Most));
     Press(WXK_END);
     EXPECT_EQ(tree.SelectedKey(), "R." + std::to_string(Most));
     Press(WXK_UP, wxMOD_CONTROL);

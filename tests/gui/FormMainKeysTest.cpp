@@ -1,21 +1,16 @@
 #include "gui/GuiFixture.h"
 
-#include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
 
 #include <deque>
 
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
-#include <wx/textctrl.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
 
 namespace nesk::testing {
 namespace {
-
-using modUtilities::FromWx;
-using modUtilities::ToWx;
 
 // The main window used with the keyboard alone, through real key events.
 class FormMainKeysTest : public MainWindowTest {
@@ -86,12 +81,10 @@ TEST_F(FormMainKeysTest, SavingTakesTheCaptionBeingTyped) {
 TEST_F(FormMainKeysTest, ALineBreakCannotBePasted) {
     Press(WXK_DOWN);
     Press(WXK_F2);
-    wxTextCtrl* box = window->tvMain->GetEditControl();
-    ASSERT_NE(box, nullptr);
-    box->SetValue("");
-    box->WriteText("one\r\ntwo\nthree\tfour");
+    ASSERT_NE(Tree().Edited(), nullptr);
+    Tree().SetEditText("one\r\ntwo\nthree\tfour");
     Settle();
-    EXPECT_EQ(FromWx(box->GetValue()), "one two three four");
+    EXPECT_EQ(Tree().EditText(), "one two three four");
     Press(WXK_RETURN);
     EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "one two three four");
 }
@@ -103,8 +96,8 @@ TEST_F(FormMainKeysTest, ARefusedCaptionStopsWhatEndedItsEdit) {
     for (const auto& end : ends) {
         Press(WXK_DOWN);
         Press(WXK_F2);
-        ASSERT_NE(window->tvMain->GetEditControl(), nullptr);
-        window->tvMain->GetEditControl()->ChangeValue(ToWx("日"));
+        ASSERT_NE(Tree().Edited(), nullptr);
+        Tree().SetEditText("日");
         dialogs.shown.clear();
         dialogs.Answer(wxID_OK);
         end();
@@ -113,8 +106,8 @@ TEST_F(FormMainKeysTest, ARefusedCaptionStopsWhatEndedItsEdit) {
         EXPECT_NE(dialogs.shown[0].text.find("日"), std::string::npos);
         EXPECT_TRUE(window->IsShown());
         ASSERT_TRUE(window->Editor().IsOpen());
-        ASSERT_NE(window->tvMain->GetEditControl(), nullptr);
-        EXPECT_EQ(FromWx(window->tvMain->GetEditControl()->GetValue()), "日");
+        ASSERT_NE(Tree().Edited(), nullptr);
+        EXPECT_EQ(Tree().EditText(), "日");
         Press(WXK_ESCAPE);
     }
 }
@@ -122,25 +115,23 @@ TEST_F(FormMainKeysTest, ARefusedCaptionStopsWhatEndedItsEdit) {
 TEST_F(FormMainKeysTest, ACharacterOutsideTheCodePageIsRefusedAndComesBack) {
     Press(WXK_DOWN);
     Press(WXK_F2);
-    ASSERT_NE(window->tvMain->GetEditControl(), nullptr);
-    window->tvMain->GetEditControl()->ChangeValue(ToWx("Gehäuse 日"));
+    ASSERT_NE(Tree().Edited(), nullptr);
+    Tree().SetEditText("Gehäuse 日");
     dialogs.Answer(wxID_OK);
     Press(WXK_RETURN);
     ASSERT_EQ(dialogs.shown.size(), 1u);
     EXPECT_NE(dialogs.shown[0].text.find("日"), std::string::npos);
     EXPECT_NE(dialogs.shown[0].text.find("1252"), std::string::npos);
     EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "First");
-    ASSERT_NE(window->tvMain->GetEditControl(), nullptr) << "what was typed is there to be corrected";
-    EXPECT_EQ(FromWx(window->tvMain->GetEditControl()->GetValue()), "Gehäuse 日");
-    window->tvMain->GetEditControl()->ChangeValue(ToWx("Gehäuse"));
+    ASSERT_NE(Tree().Edited(), nullptr) << "what was typed is there to be corrected";
+    EXPECT_EQ(Tree().EditText(), "Gehäuse 日");
+    Tree().SetEditText("Gehäuse");
     Press(WXK_RETURN);
     EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "Gehäuse");
-    EXPECT_EQ(FromWx(window->tvMain->GetItemText(window->tvMain->NodeOf("R.1"))), "Gehäuse");
+    EXPECT_EQ(Row("R.1").Text(), "Gehäuse");
 }
 
 TEST_F(FormMainKeysTest, TheContextMenuHasTheCommandsOfTheMenu) {
-    wxRect row;
-    ASSERT_TRUE(window->tvMain->GetBoundingRect(window->tvMain->NodeOf("R.2"), row, true));
     // While the menu is open nothing returns from the click, so a timer chooses its second command.
     std::deque<int> keys{WXK_DOWN, WXK_DOWN, WXK_RETURN};
     wxTimer timer;
@@ -151,11 +142,8 @@ TEST_F(FormMainKeysTest, TheContextMenuHasTheCommandsOfTheMenu) {
         keys.pop_front();
     });
     timer.Start(200);
-    wxUIActionSimulator simulator;
-    const wxPoint middle(row.x + row.width / 2, row.y + row.height / 2);
-    simulator.MouseMove(window->tvMain->ClientToScreen(middle));
-    simulator.MouseClick(wxMOUSE_BTN_RIGHT);
-    ASSERT_TRUE(WaitUntil([&] { return window->tvMain->GetEditControl() != nullptr; }));
+    ClickRow("R.2", wxMOUSE_BTN_RIGHT);
+    ASSERT_TRUE(WaitUntil([&] { return Tree().Edited() != nullptr; }));
     Press(WXK_RETURN);
     EXPECT_EQ(window->tvMain->SelectedKey(), "R.2.2") << "below the entry that was clicked";
     EXPECT_TRUE(window->Editor().CommandsFor("R.2.2").addPart) << "a submenu";

@@ -80,13 +80,14 @@ TEST_F(FormMainTest, OpenShowsTheTree) {
     EXPECT_TRUE(window->mnuFileSave->IsEnabled());
     EXPECT_TRUE(window->mnuFileClose->IsEnabled());
     EXPECT_TRUE(window->GetMenuBar()->IsEnabledTop(1));
-    const FormMenuTree& tree = *window->tvMain;
-    EXPECT_TRUE(tree.IsExpanded(tree.GetRootItem()));
+    EXPECT_TRUE(Tree().Root()->IsExpanded());
     EXPECT_EQ(window->tvMain->SelectedKey(), "R");
-    EXPECT_TRUE(HasIcon(tree, tree.GetRootItem(), "folder"));
-    EXPECT_TRUE(HasIcon(tree, window->tvMain->NodeOf("R.2"), "folder"));
-    EXPECT_TRUE(HasIcon(tree, window->tvMain->NodeOf("R.1"), "part"));
-    EXPECT_TRUE(HasIcon(tree, window->tvMain->NodeOf("R.2.1"), "part"));
+    EXPECT_TRUE(HasIcon(Tree(), *Tree().Root(), "folder"));
+    EXPECT_TRUE(HasIcon(Tree(), Row("R.2"), "folder"));
+    EXPECT_TRUE(HasIcon(Tree(), Row("R.1"), "part"));
+    Tree().Expand(Row("R.2"));
+    Settle();
+    EXPECT_TRUE(HasIcon(Tree(), Row("R.2.1"), "part"));
 }
 
 TEST_F(FormMainTest, AMissingFileOpensAnEmptyMenu) {
@@ -124,8 +125,8 @@ TEST_F(FormMainTest, ANewPartIsSelectedAndItsCaptionTyped) {
     Select("R.2");
     ASSERT_TRUE(Click(window->mnuMenuAddPart));
     EXPECT_EQ(window->tvMain->SelectedKey(), "R.2.2");
-    ASSERT_NE(window->tvMain->GetEditControl(), nullptr) << "its label is being edited";
-    EXPECT_EQ(FromWx(window->tvMain->GetEditControl()->GetValue()), LoadResString(32018));
+    ASSERT_NE(Tree().Edited(), nullptr) << "its label is being edited";
+    EXPECT_EQ(Tree().EditText(), LoadResString(32018));
     Type("Plate");
     Press(WXK_RETURN);
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n  Plate\n Last\n");
@@ -142,7 +143,7 @@ TEST_F(FormMainTest, ANewSubmenuKeepsItsCaptionWhenTypingIsCalledOff) {
     Type("Gone");
     Press(WXK_ESCAPE);
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n Last\n " + LoadResString(32019) + "\n");
-    EXPECT_EQ(window->tvMain->GetEditControl(), nullptr);
+    EXPECT_EQ(Tree().Edited(), nullptr);
     EXPECT_TRUE(window->Editor().IsDirty());
     EXPECT_EQ(Enabled(), "part submenu up rename remove");
 }
@@ -172,9 +173,10 @@ TEST_F(FormMainTest, RemovingAsksFirst) {
     ASSERT_TRUE(Click(window->mnuMenuRemove));
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Last\n");
     EXPECT_TRUE(window->Editor().IsDirty());
-    EXPECT_EQ(dialogs.shown.at(1).text, LoadResString(32021));
+    EXPECT_EQ(dialogs.shown.at(1).text,
+              "Remove \"Brackets\" from the menu?\n\nEntries below it that are removed too: 1.");
     EXPECT_EQ(dialogs.shown.at(1).title, LoadResString(32017));
-    EXPECT_TRUE(window->tvMain->GetSelection().IsOk()) << "the selection falls on another entry";
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.3") << "the selection falls on another entry";
 }
 
 TEST_F(FormMainTest, TheRootIsNotRemoved) {
@@ -366,19 +368,17 @@ TEST_F(FormMainTest, EditOpensTheEditorOfTheEntry) {
 
 TEST_F(FormMainTest, ADoubleClickEdits) {
     OpenSmallMenu();
-    wxTreeEvent onRoot(wxEVT_TREE_ITEM_ACTIVATED, window->tvMain, window->tvMain->GetRootItem());
-    window->tvMain->ProcessWindowEvent(onRoot);
+    DoubleClickRow("R");
     EXPECT_TRUE(dialogs.shown.empty());
-    Select("R.2");
+    EXPECT_FALSE(Tree().Root()->IsExpanded()) << "the root has nothing to edit: it closes";
+    DoubleClickRow("R");
     dialogs.Answer(wxID_OK);
-    wxTreeEvent onSubmenu(wxEVT_TREE_ITEM_ACTIVATED, window->tvMain, window->tvMain->NodeOf("R.2"));
-    window->tvMain->ProcessWindowEvent(onSubmenu);
+    DoubleClickRow("R.2");
     EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32081));
     EXPECT_TRUE(window->Editor().IsDirty());
-    Select("R.1");
+    EXPECT_FALSE(Row("R.2").IsExpanded());
     dialogs.Answer(wxID_CANCEL);
-    wxTreeEvent onPart(wxEVT_TREE_ITEM_ACTIVATED, window->tvMain, window->tvMain->NodeOf("R.1"));
-    window->tvMain->ProcessWindowEvent(onPart);
+    DoubleClickRow("R.1");
     EXPECT_EQ(dialogs.shown.at(1).title, modStringRes::FormatResString(32029, "First"));
 }
 
@@ -413,13 +413,13 @@ TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
     EXPECT_LE(window->GetSize().y, screen.y);
     window->SetClientSize(400, 300);
     ASSERT_TRUE(WaitUntil([&] { return window->GetClientSize() == wxSize(400, 300); }));
-    EXPECT_EQ(window->tvMain->GetPosition(), wxPoint(0, 0));
-    EXPECT_EQ(window->tvMain->GetSize(), wxSize(400, 300));
+    EXPECT_EQ(Tree().Window().GetPosition(), wxPoint(0, 0));
+    EXPECT_EQ(Tree().Window().GetSize(), wxSize(400, 300));
     // 2,000 twips in pixels of a screen at normal resolution.
     EXPECT_GE(window->GetMinSize().x, 2000 / 15);
     EXPECT_GE(window->GetMinSize().y, 2000 / 15);
-    EXPECT_GE(window->tvMain->GetMinSize().x, 2000 / 15);
-    EXPECT_GE(window->tvMain->GetMinSize().y, 2000 / 15);
+    EXPECT_GE(Tree().Window().GetMinSize().x, 2000 / 15);
+    EXPECT_GE(Tree().Window().GetMinSize().y, 2000 / 15);
 }
 
 TEST_F(FormMainTest, ControlsAreFoundByName) {

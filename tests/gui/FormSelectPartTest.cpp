@@ -15,7 +15,8 @@
 #include <wx/radiobut.h>
 #include <wx/settings.h>
 #include <wx/stattext.h>
-#include <wx/treectrl.h>
+#include <wx/uiaction.h>
+#include <wx/utils.h>
 
 namespace nesk::testing {
 namespace {
@@ -34,22 +35,35 @@ protected:
         common.SetString("RepositoryRoot", "D:\\Parts\\");
     }
 
-    // The node at the end of a path of texts below the root; not ok when there is none.
-    static wxTreeItemId Node(const FormSelectPart& form, const std::vector<std::string>& path) {
-        wxTreeItemId node = form.tvMain->GetRootItem();
+    // The node at the end of a path of texts below the root; null when there is none.
+    static platform::TreeNode* Node(const FormSelectPart& form, const std::vector<std::string>& path) {
+        platform::TreeNode* node = form.tvMain->Root();
         for (const std::string& text : path) {
-            wxTreeItemIdValue cookie = nullptr;
-            wxTreeItemId child = form.tvMain->GetFirstChild(node, cookie);
-            while (child.IsOk() && FromWx(form.tvMain->GetItemText(child)) != text)
-                child = form.tvMain->GetNextSibling(child);
-            if (!child.IsOk()) return child;
-            node = child;
+            platform::TreeNode* found = nullptr;
+            for (std::size_t i = 0; i < node->ChildCount() && found == nullptr; ++i)
+                if (node->Child(i).Text() == text) found = &node->Child(i);
+            if (found == nullptr) return nullptr;
+            node = found;
         }
         return node;
     }
 
+    // Number of nodes.
+    static std::size_t Count(const FormSelectPart& form) {
+        std::size_t count = 0;
+        std::vector<const platform::TreeNode*> nodes{form.tvMain->Root()};
+        while (!nodes.empty()) {
+            const platform::TreeNode* node = nodes.back();
+            nodes.pop_back();
+            ++count;
+            for (std::size_t i = 0; i < node->ChildCount(); ++i)
+                nodes.push_back(&node->Child(i));
+        }
+        return count;
+    }
+
     static bool IsScanned(const FormSelectPart& form) {
-        return !form.IsBusy() && form.cmdSelectDrive->IsEnabled() && !form.tvMain->IsEmpty();
+        return !form.IsBusy() && form.cmdSelectDrive->IsEnabled() && form.tvMain->Root() != nullptr;
     }
 
     // Presses "OK" whether it is enabled or not.
@@ -95,16 +109,16 @@ protected:
 TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
     WhenScanned([](FormSelectPart& form) {
         EXPECT_EQ(FromWx(form.GetTitle()), LoadResString(32047));
-        EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), LoadResString(32069));
-        EXPECT_TRUE(form.tvMain->IsExpanded(form.tvMain->GetRootItem()));
+        EXPECT_EQ(form.tvMain->Root()->Text(), LoadResString(32069));
+        EXPECT_TRUE(form.tvMain->Root()->IsExpanded());
         // The repository itself, Brackets and the three parts.
         EXPECT_EQ(FromWx(form.lblProgress->GetLabelText()), modStringRes::FormatResString(34201, 5));
         EXPECT_EQ(FromWx(form.cmdSelectDrive->GetLabel()), LoadResString(32068));
-        EXPECT_FALSE(form.tvMain->GetCursor().IsSameAs(*wxHOURGLASS_CURSOR));
+        EXPECT_FALSE(form.tvMain->Window().GetCursor().IsSameAs(*wxHOURGLASS_CURSOR));
         EXPECT_FALSE(form.cmdOK->IsEnabled());
-        const wxTreeItemId part = Node(form, {"Brackets", "Angle"});
-        ASSERT_TRUE(part.IsOk());
-        form.tvMain->SelectItem(part);
+        platform::TreeNode* part = Node(form, {"Brackets", "Angle"});
+        ASSERT_NE(part, nullptr);
+        form.tvMain->Select(part);
         EXPECT_TRUE(form.cmdOK->IsEnabled());
         Click(form.cmdOK);
     });
@@ -115,10 +129,13 @@ TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
 
 TEST_F(FormSelectPartTest, FoldersAndPartsHaveTheirImages) {
     WhenScanned([](FormSelectPart& form) {
-        EXPECT_TRUE(HasIcon(*form.tvMain, form.tvMain->GetRootItem(), "folder"));
-        EXPECT_TRUE(HasIcon(*form.tvMain, Node(form, {"Brackets"}), "folder"));
-        EXPECT_TRUE(HasIcon(*form.tvMain, Node(form, {"Brackets", "Angle"}), "part"));
-        EXPECT_TRUE(HasIcon(*form.tvMain, Node(form, {"Shaft"}), "part"));
+        form.tvMain->Expand(*Node(form, {"Brackets"}));
+        Settle();
+        EXPECT_TRUE(HasIcon(*form.tvMain, *form.tvMain->Root(), "folder"));
+        EXPECT_TRUE(HasIcon(*form.tvMain, *Node(form, {"Brackets"}), "folder"));
+        EXPECT_TRUE(HasIcon(*form.tvMain, *Node(form, {"Brackets", "Angle"}), "part"));
+        EXPECT_TRUE(HasIcon(*form.tvMain, *Node(form, {"Shaft"}), "part"));
+        EXPECT_FALSE(HasIcon(*form.tvMain, *Node(form, {"Shaft"}), "folder"));
         Click(form.cmdCancel);
     });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "");
@@ -126,8 +143,8 @@ TEST_F(FormSelectPartTest, FoldersAndPartsHaveTheirImages) {
 
 TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
     WhenScanned([](FormSelectPart& form) {
-        form.tvMain->SelectItem(Node(form, {"Shaft"}));
-        form.tvMain->SelectItem(Node(form, {"Brackets"}));
+        form.tvMain->Select(Node(form, {"Shaft"}));
+        form.tvMain->Select(Node(form, {"Brackets"}));
         EXPECT_FALSE(form.cmdOK->IsEnabled());
         PressOk(form);
         EXPECT_TRUE(IsOpen(form)) << "the dialog stays open";
@@ -138,8 +155,8 @@ TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
 
 TEST_F(FormSelectPartTest, OkWithoutASelectionDoesNothing) {
     WhenScanned([](FormSelectPart& form) {
-        form.tvMain->Unselect();
-        ASSERT_FALSE(form.tvMain->GetSelection().IsOk());
+        form.tvMain->Select(nullptr);
+        ASSERT_EQ(form.tvMain->Selected(), nullptr);
         PressOk(form);
         EXPECT_TRUE(IsOpen(form)) << "the dialog stays open";
         Click(form.cmdCancel);
@@ -149,7 +166,7 @@ TEST_F(FormSelectPartTest, OkWithoutASelectionDoesNothing) {
 
 TEST_F(FormSelectPartTest, CancelKeepsWhatWasSelected) {
     WhenScanned([](FormSelectPart& form) {
-        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        form.tvMain->Select(Node(form, {"Shaft"}));
         Click(form.cmdCancel);
     });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
@@ -157,8 +174,8 @@ TEST_F(FormSelectPartTest, CancelKeepsWhatWasSelected) {
 
 TEST_F(FormSelectPartTest, EnterOnAPartConfirms) {
     WhenScanned([](FormSelectPart& form) {
-        form.tvMain->SelectItem(Node(form, {"Shaft"}));
-        form.tvMain->SetFocus();
+        form.tvMain->Select(Node(form, {"Shaft"}));
+        form.tvMain->Window().SetFocus();
         Press(WXK_RETURN);
     });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
@@ -166,10 +183,15 @@ TEST_F(FormSelectPartTest, EnterOnAPartConfirms) {
 
 TEST_F(FormSelectPartTest, ADoubleClickOnAPartConfirms) {
     WhenScanned([](FormSelectPart& form) {
-        const auto doubleClick = [&](const wxTreeItemId& node) {
-            form.tvMain->SelectItem(node);
-            wxTreeEvent event(wxEVT_TREE_ITEM_ACTIVATED, form.tvMain, node);
-            form.tvMain->ProcessWindowEvent(event);
+        const auto doubleClick = [&](const platform::TreeNode* node) {
+            const wxRect row = form.tvMain->RowRect(*node);
+            wxUIActionSimulator simulator;
+            simulator.MouseMove(
+                form.tvMain->Window().ClientToScreen(wxPoint(row.x + 30, row.y + row.height / 2)));
+            Settle();
+            simulator.MouseDblClick();
+            wxMilliSleep(50);
+            Settle();
         };
         doubleClick(Node(form, {"Brackets"}));
         EXPECT_TRUE(IsOpen(form)) << "a folder is no part program";
@@ -182,15 +204,16 @@ TEST_F(FormSelectPartTest, ADoubleClickOnAPartConfirms) {
 // The tree says nothing of a click on the node that it has selected by itself.
 TEST_F(FormSelectPartTest, AClickOnTheRootForgetsTheResult) {
     WhenScanned([](FormSelectPart& form) {
-        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        form.tvMain->Select(Node(form, {"Shaft"}));
         Click(form.cmdSelectDrive);
         ASSERT_TRUE(IsScanned(form));
-        wxRect place;
-        ASSERT_TRUE(form.tvMain->GetBoundingRect(form.tvMain->GetRootItem(), place, true));
-        wxMouseEvent press(wxEVT_LEFT_DOWN);
-        press.SetEventObject(form.tvMain);
-        press.SetPosition({place.x + place.width / 2, place.y + place.height / 2});
-        form.tvMain->ProcessWindowEvent(press);
+        const wxRect row = form.tvMain->RowRect(*form.tvMain->Root());
+        wxUIActionSimulator simulator;
+        simulator.MouseMove(
+            form.tvMain->Window().ClientToScreen(wxPoint(row.x + 30, row.y + row.height / 2)));
+        simulator.MouseClick();
+        wxMilliSleep(50);
+        Settle();
         EXPECT_FALSE(form.cmdOK->IsEnabled());
         Click(form.cmdCancel);
     });
@@ -201,19 +224,19 @@ TEST_F(FormSelectPartTest, AClickOnTheRootForgetsTheResult) {
 TEST_F(FormSelectPartTest, ALongScanCanBeCalledOff) {
     MakeManyFolders();
     bool wasBusy = false;
-    unsigned found = 0;
+    std::size_t found = 0;
     WhenShown<FormSelectPart>("FormSelectPart", [&](FormSelectPart& form) {
         wasBusy = form.IsBusy();
         EXPECT_FALSE(form.cmdSelectDrive->IsEnabled());
-        EXPECT_TRUE(form.tvMain->GetCursor().IsSameAs(*wxHOURGLASS_CURSOR));
+        EXPECT_TRUE(form.tvMain->Window().GetCursor().IsSameAs(*wxHOURGLASS_CURSOR));
         Click(form.cmdCancel);
         EXPECT_FALSE(form.cmdCancel->IsEnabled());
-        found = form.tvMain->GetCount();
+        found = Count(form);
     });
     FormSelectPart form(nullptr);
     EXPECT_EQ(form.SelectPart(), "");
     EXPECT_TRUE(wasBusy);
-    EXPECT_EQ(form.tvMain->GetCount(), found) << "the scan went on";
+    EXPECT_EQ(Count(form), found) << "the scan went on";
 }
 
 TEST_F(FormSelectPartTest, ALongScanShowsItsProgress) {
@@ -239,8 +262,8 @@ TEST_F(FormSelectPartTest, AnEntryThatCannotBeReadIsToldAndTheScanGoesOn) {
     std::filesystem::create_symlink("/nonexistent/file", TempStation::Host("D:\\Parts") / "dangling");
     ExpectSystemBox();
     WhenScanned([](FormSelectPart& form) {
-        EXPECT_TRUE(Node(form, {"Brackets", "Angle"}).IsOk());
-        EXPECT_TRUE(Node(form, {"Shaft"}).IsOk());
+        EXPECT_NE(Node(form, {"Brackets", "Angle"}), nullptr);
+        EXPECT_NE(Node(form, {"Shaft"}), nullptr);
         Click(form.cmdCancel);
     });
     FormSelectPart(nullptr).SelectPart();
@@ -258,8 +281,8 @@ TEST_F(FormSelectPartTest, WithoutARepositoryThereIsTheRootAlone) {
     for (const char* root : {"", "D:\\None"}) {
         common.SetString("RepositoryRoot", root);
         WhenScanned([](FormSelectPart& form) {
-            EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), LoadResString(32069));
-            EXPECT_EQ(form.tvMain->GetChildrenCount(form.tvMain->GetRootItem()), 0u);
+            EXPECT_EQ(form.tvMain->Root()->Text(), LoadResString(32069));
+            EXPECT_EQ(form.tvMain->Root()->ChildCount(), 0u);
             Click(form.cmdCancel);
         });
         EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "") << root;
@@ -271,8 +294,8 @@ TEST_F(FormSelectPartTest, AnotherDriveCanBeScanned) {
     WhenScanned([](FormSelectPart& form) {
         Click(form.cmdSelectDrive);
         ASSERT_TRUE(IsScanned(form));
-        EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), "E:\\");
-        form.tvMain->SelectItem(Node(form, {"Other"}));
+        EXPECT_EQ(form.tvMain->Root()->Text(), "E:\\");
+        form.tvMain->Select(Node(form, {"Other"}));
         Click(form.cmdOK);
     });
     WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) {
@@ -288,9 +311,9 @@ TEST_F(FormSelectPartTest, AnotherDriveCanBeScanned) {
 
 TEST_F(FormSelectPartTest, ACancelledDriveDialogChangesNothing) {
     WhenScanned([](FormSelectPart& form) {
-        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        form.tvMain->Select(Node(form, {"Shaft"}));
         Click(form.cmdSelectDrive);
-        EXPECT_TRUE(Node(form, {"Brackets", "Angle"}).IsOk());
+        EXPECT_NE(Node(form, {"Brackets", "Angle"}), nullptr);
         EXPECT_TRUE(form.cmdOK->IsEnabled());
         Click(form.cmdOK);
     });
@@ -300,14 +323,14 @@ TEST_F(FormSelectPartTest, ACancelledDriveDialogChangesNothing) {
 
 TEST_F(FormSelectPartTest, ReadingTheRepositoryAgainKeepsTheResult) {
     WhenScanned([this](FormSelectPart& form) {
-        form.tvMain->SelectItem(Node(form, {"Shaft"}));
+        form.tvMain->Select(Node(form, {"Shaft"}));
         station.Write("D:\\Parts\\New\\partinfo.ini", "[Part]\r\nName=x\r\n");
         Click(form.cmdSelectDrive);
         // Here the tree looks after what it has put off.
         wxEventLoopBase::GetActive()->ProcessIdle();
-        EXPECT_EQ(FromWx(form.tvMain->GetItemText(form.tvMain->GetRootItem())), LoadResString(32069));
-        EXPECT_TRUE(form.tvMain->IsExpanded(form.tvMain->GetRootItem()));
-        EXPECT_TRUE(Node(form, {"New"}).IsOk());
+        EXPECT_EQ(form.tvMain->Root()->Text(), LoadResString(32069));
+        EXPECT_TRUE(form.tvMain->Root()->IsExpanded());
+        EXPECT_NE(Node(form, {"New"}), nullptr);
         Click(form.cmdCancel);
     });
     WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) { Click(form.cmdOK); });

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 #include <wx/app.h>
 #include <wx/evtloop.h>
@@ -140,17 +141,46 @@ void MainWindowTest::Select(const std::string& id) {
 
 std::string MainWindowTest::TreeText() const {
     std::string text;
-    const FormMenuTree& tree = *window->tvMain;
-    const std::function<void(const wxTreeItemId&, std::size_t)> add = [&](const wxTreeItemId& node,
+    platform::TreeView& tree = Tree();
+    const std::function<void(platform::TreeNode&, std::size_t)> add = [&](platform::TreeNode& node,
                                                                           std::size_t level) {
-        text += std::string(level, ' ') + FromWx(tree.GetItemText(node)) + "\n";
-        wxTreeItemIdValue cookie = nullptr;
-        for (wxTreeItemId child = tree.GetFirstChild(node, cookie); child.IsOk();
-             child = tree.GetNextSibling(child))
-            add(child, level + 1);
+        text += std::string(level, ' ') + node.Text() + "\n";
+        tree.Fill(node);
+        for (std::size_t i = 0; i < node.ChildCount(); ++i)
+            add(node.Child(i), level + 1);
     };
-    if (!tree.IsEmpty()) add(tree.GetRootItem(), 0);
+    if (tree.Root() != nullptr) add(*tree.Root(), 0);
     return text;
+}
+
+platform::TreeNode& MainWindowTest::Row(const std::string& id) const {
+    platform::TreeNode* node = window->tvMain->NodeOf(id);
+    if (node == nullptr) throw std::runtime_error("no row for " + id);
+    return *node;
+}
+
+wxPoint MainWindowTest::MiddleOf(const std::string& id) const {
+    const wxRect row = Tree().RowRect(Row(id));
+    if (row.IsEmpty()) throw std::runtime_error("the row of " + id + " cannot be seen");
+    return Tree().Window().ClientToScreen(wxPoint(row.x + 40, row.y + row.height / 2));
+}
+
+void MainWindowTest::ClickRow(const std::string& id, int button) {
+    wxUIActionSimulator simulator;
+    simulator.MouseMove(MiddleOf(id));
+    Settle();
+    simulator.MouseClick(button);
+    wxMilliSleep(50);
+    Settle();
+}
+
+void MainWindowTest::DoubleClickRow(const std::string& id) {
+    wxUIActionSimulator simulator;
+    simulator.MouseMove(MiddleOf(id));
+    Settle();
+    simulator.MouseDblClick();
+    wxMilliSleep(50);
+    Settle();
 }
 
 } // namespace nesk::testing

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include <wx/gdicmn.h>
 #include <wx/modalhook.h>
 
 class wxDialog;
@@ -74,8 +75,21 @@ protected:
     /// Selects an entry by its id.
     void Select(const std::string& id);
 
-    /// The captions in the tree view, one a line, indented by their level.
+    /// The captions in the tree view, one a line, indented by their level. Asks the view for all of them.
     std::string TreeText() const;
+
+    /// The view of the tree.
+    platform::TreeView& Tree() const { return window->tvMain->View(); }
+
+    /// The row of an entry, by its id.
+    platform::TreeNode& Row(const std::string& id) const;
+
+    /// Clicks the row of an entry.
+    void ClickRow(const std::string& id, int button = wxMOUSE_BTN_LEFT);
+    void DoubleClickRow(const std::string& id);
+
+    /// A point in the middle of a row that can be seen, on the screen.
+    wxPoint MiddleOf(const std::string& id) const;
 
     TempStation station;
     DialogScript dialogs;

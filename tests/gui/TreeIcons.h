@@ -1,25 +1,19 @@
 #pragma once
 
-#include "shell/FormIcons.h"
+#include "platform/TreeView.h"
 
-#include <cstring>
 #include <string_view>
 
-#include <wx/bitmap.h>
-#include <wx/image.h>
-#include <wx/treectrl.h>
+class wxImage;
+class wxWindow;
 
 namespace nesk::testing {
 
-/// Whether a node has the picture of this key (FormIcons.h).
-inline bool HasIcon(const wxTreeCtrl& tree, const wxTreeItemId& node, std::string_view key) {
-    const wxImage shown = tree.GetImageBitmapFor(&tree, tree.GetItemImage(node)).ConvertToImage();
-    const wxSize size = shown.GetSize();
-    const wxImage expected = IconBundle(key, size).GetBitmap(size).ConvertToImage();
-    if (!shown.IsOk() || !expected.IsOk() || expected.GetSize() != size) return false;
-    const auto pixels =
-        static_cast<std::size_t>(size.GetWidth()) * static_cast<std::size_t>(size.GetHeight());
-    return std::memcmp(shown.GetData(), expected.GetData(), pixels * 3) == 0;
-}
+/// What a control draws, with its children.
+wxImage Drawn(wxWindow& window);
+
+/// Whether the picture of this key (FormIcons.h) is drawn in the row of a node, which must be in view and not
+/// selected.
+bool HasIcon(platform::TreeView& tree, const platform::TreeNode& node, std::string_view key);
 
 } // namespace nesk::testing

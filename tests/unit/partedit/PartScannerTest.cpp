@@ -21,9 +21,11 @@ public:
         levels.push_back(std::make_unique<std::size_t>(Add(parent, name + "/")));
         return levels.back().get();
     }
-    void OnPart(Node parent, const std::string& path, const std::string& name) override {
+    void OnPart(Node parent, const std::string& path, const std::string& name,
+                const std::string& partName) override {
         EXPECT_TRUE(path.ends_with("\\" + name)) << path;
         Add(parent, name);
+        partNames.push_back(partName);
     }
     void OnUnreadable(const std::string& path, int code, std::uint32_t) override {
         unreadable.push_back(path + " " + std::to_string(code));
@@ -40,6 +42,7 @@ public:
 
     std::string tree;
     std::vector<std::string> unreadable;
+    std::vector<std::string> partNames;
     std::size_t calls = 0;
     std::size_t foldersRead = 0;
     std::size_t mostFolders = 1000000; // with so many read it is called off

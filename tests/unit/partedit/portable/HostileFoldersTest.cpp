@@ -24,7 +24,7 @@ public:
         names.insert(name);
         return nullptr;
     }
-    void OnPart(Node, const std::string&, const std::string& name) override {
+    void OnPart(Node, const std::string&, const std::string& name, const std::string&) override {
         ++parts;
         names.insert(name);
     }

@@ -1,0 +1,138 @@
+// The mouse in GTK's tree view: clicks on one of several selected rows, and dragging.
+
+#include "platform/portable/UiGtkTreeView.h"
+
+namespace nesk::platform::portable {
+
+namespace {
+
+// Rows go from one place of a view to another; nobody else knows what to do with them.
+GtkTargetEntry RowTarget() {
+    static char name[] = "application/x-neskmanager-rows";
+    return {name, GTK_TARGET_SAME_WIDGET, 0};
+}
+
+GtkTreeControl& Of(gpointer self) {
+    return *static_cast<GtkTreeControl*>(self);
+}
+
+bool Copies(GdkDragContext* context) {
+    GdkModifierType modifiers{};
+    GdkWindow* const window = gdk_drag_context_get_dest_window(context);
+    gdk_window_get_device_position(window, gdk_drag_context_get_device(context), nullptr, nullptr,
+                                   &modifiers);
+    return (modifiers & GDK_CONTROL_MASK) != 0;
+}
+
+} // namespace
+
+gboolean GtkTreeControl::OnButtonPress(const GdkEventButton& press) {
+    if (press.type != GDK_BUTTON_PRESS || press.window != gtk_tree_view_get_bin_window(m_tree)) return FALSE;
+    m_pressed = nullptr;
+    GtkTreePath* path = nullptr;
+    const int x = static_cast<int>(press.x), y = static_cast<int>(press.y);
+    if (gtk_tree_view_get_path_at_pos(m_tree, x, y, &path, nullptr, nullptr, nullptr) == FALSE) return FALSE;
+    TreeNode* const node = m_model.NodeAt(path);
+    const bool selected =
+        gtk_tree_selection_path_is_selected(gtk_tree_view_get_selection(m_tree), path) != FALSE;
+    GdkRectangle cell{};
+    gtk_tree_view_get_cell_area(m_tree, path, m_column, &cell);
+    gtk_tree_path_free(path);
+    // Left of it is what expands and collapses the row.
+    if (node == nullptr || x < cell.x) return FALSE;
+    if (press.button == GDK_BUTTON_SECONDARY) {
+        gtk_widget_grab_focus(GTK_WIDGET(m_tree));
+        // The menu is about what is selected, where it is asked for there.
+        if (Edited() != nullptr) EndLabelEdit(true);
+        if (!selected) Select(node);
+        ReportContextMenu(ClientToScreen(FromWidget(x, y)));
+        return TRUE;
+    }
+    if (press.button != GDK_BUTTON_PRIMARY) return FALSE;
+    ReportClick(*node);
+    if ((press.state & (GDK_CONTROL_MASK | GDK_SHIFT_MASK)) != 0) return FALSE;
+    m_pressed = node;
+    m_pressedAt = wxPoint(static_cast<int>(press.x_root), static_cast<int>(press.y_root));
+    // GTK would select the row alone, before it can be dragged with the others.
+    m_pressedSelected = selected && m_style.drag && Selection().size() > 1;
+    if (!m_pressedSelected) return FALSE;
+    gtk_widget_grab_focus(GTK_WIDGET(m_tree));
+    return TRUE;
+}
+
+gboolean GtkTreeControl::OnButtonRelease(const GdkEventButton& release) {
+    TreeNode* const node = m_pressed;
+    m_pressed = nullptr;
+    if (release.button != GDK_BUTTON_PRIMARY || node == nullptr || !m_pressedSelected) return FALSE;
+    Select(node);
+    return TRUE;
+}
+
+gboolean GtkTreeControl::OnMotion(GdkEventMotion& motion) {
+    if (!m_style.drag || m_pressed == nullptr || (motion.state & GDK_BUTTON1_MASK) == 0) return FALSE;
+    if (gtk_drag_check_threshold(GTK_WIDGET(m_tree), m_pressedAt.x, m_pressedAt.y,
+                                 static_cast<int>(motion.x_root), static_cast<int>(motion.y_root)) == FALSE)
+        return FALSE;
+    TreeNode* const node = m_pressed;
+    m_pressed = nullptr;
+    if (!BeginDrag(m_pressedSelected ? Selection() : std::vector<TreeNode*>{node})) return FALSE;
+    const GtkTargetEntry target = RowTarget();
+    GtkTargetList* const targets = gtk_target_list_new(&target, 1);
+    gtk_drag_begin_with_coordinates(GTK_WIDGET(m_tree), targets,
+                                    GdkDragAction(GDK_ACTION_MOVE | GDK_ACTION_COPY), GDK_BUTTON_PRIMARY,
+                                    reinterpret_cast<GdkEvent*>(&motion), -1, -1);
+    gtk_target_list_unref(targets);
+    return TRUE;
+}
+
+void GtkTreeControl::ConnectDrag() {
+    const GtkTargetEntry target = RowTarget();
+    gtk_drag_dest_set(GTK_WIDGET(m_tree), GtkDestDefaults(0), &target, 1,
+                      GdkDragAction(GDK_ACTION_MOVE | GDK_ACTION_COPY));
+    const auto connect = [this](const char* signal, GCallback handler) {
+        g_signal_connect(m_tree, signal, handler, this);
+    };
+    connect("drag-motion",
+            G_CALLBACK(+[](GtkWidget*, GdkDragContext* context, int x, int y, guint time, gpointer self) {
+                return Of(self).OnDragMotion(context, x, y, time);
+            }));
+    connect("drag-drop", G_CALLBACK(+[](GtkWidget*, GdkDragContext* context, int x, int y, guint time,
+                                        gpointer self) { return Of(self).OnDragDrop(context, x, y, time); }));
+    connect("drag-leave",
+            G_CALLBACK(+[](GtkWidget*, GdkDragContext*, guint, gpointer self) { Of(self).LeaveDrag(); }));
+    connect("drag-end", G_CALLBACK(+[](GtkWidget*, GdkDragContext*, gpointer self) { Of(self).EndDrag(); }));
+    // There is nothing to hand over, and none of GTK's own handlers is to try.
+    connect("drag-data-get",
+            G_CALLBACK(+[](GtkWidget* tree, GdkDragContext*, GtkSelectionData*, guint, guint, gpointer) {
+                g_signal_stop_emission_by_name(tree, "drag-data-get");
+            }));
+}
+
+gboolean GtkTreeControl::OnDragMotion(GdkDragContext* context, int x, int y, guint time) {
+    const bool copies = Copies(context);
+    const bool allowed = DragTo(FromWidget(x, y), copies);
+    gdk_drag_status(context, !allowed ? GdkDragAction(0) : copies ? GDK_ACTION_COPY : GDK_ACTION_MOVE, time);
+    return TRUE;
+}
+
+gboolean GtkTreeControl::OnDragDrop(GdkDragContext* context, int x, int y, guint time) {
+    const bool dropped = Drop(FromWidget(x, y), Copies(context));
+    gtk_drag_finish(context, gboolean{dropped}, FALSE, time);
+    return TRUE;
+}
+
+void GtkTreeControl::DoMark(const TreeDrop& drop) {
+    if (drop.node == nullptr) {
+        gtk_tree_view_set_drag_dest_row(m_tree, nullptr, GTK_TREE_VIEW_DROP_BEFORE);
+        return;
+    }
+    GtkTreePath* const path = GtkNodeModel::PathOf(*drop.node);
+    const GtkTreeViewDropPosition position = drop.where == TreeDrop::Where::Before ? GTK_TREE_VIEW_DROP_BEFORE
+                                             : drop.where == TreeDrop::Where::After
+                                                 ? GTK_TREE_VIEW_DROP_AFTER
+                                                 : GTK_TREE_VIEW_DROP_INTO_OR_AFTER;
+    gtk_tree_view_set_drag_dest_row(m_tree, path, position);
+    gtk_tree_path_free(path);
+}
+
+} // namespace nesk::platform::portable

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/TreeNode.h"
+
+#include <vector>
+
+#include <gtk/gtk.h>
+
+namespace nesk::platform::portable {
+
+/// The columns of the model.
+enum GtkTreeColumn { ImageColumn, TextColumn, DetailColumn, ColumnCount };
+
+/// Shows a tree of nodes to GTK's tree view, without a copy of its own. An iterator is the node itself.
+class GtkNodeModel {
+public:
+    GtkNodeModel();
+    ~GtkNodeModel();
+    GtkNodeModel(const GtkNodeModel&) = delete;
+    GtkNodeModel& operator=(const GtkNodeModel&) = delete;
+
+    GtkTreeModel* Model() const { return m_model; }
+
+    /// What is shown: one topmost row and all below it; null for nothing. Takes effect while no view uses the
+    /// model.
+    void SetRoot(TreeNode* root);
+
+    /// Pictures by the number of a node's image. The model keeps references.
+    void SetImages(std::vector<cairo_surface_t*> images);
+
+    static TreeNode& NodeOf(const GtkTreeIter& iter) { return *static_cast<TreeNode*>(iter.user_data); }
+    static GtkTreeIter IterOf(const TreeNode& node);
+
+    /// The node at a path; null when there is none.
+    TreeNode* NodeAt(GtkTreePath* path) const;
+
+    /// The path of a node. Free it with gtk_tree_path_free.
+    static GtkTreePath* PathOf(const TreeNode& node);
+
+    // What is told to the views of the model.
+    void RowInserted(const TreeNode& node);
+    void RowRemoved(const TreeNode& parent, std::size_t index);
+    void RowChanged(const TreeNode& node);
+    void ChildrenToggled(const TreeNode& node);
+
+private:
+    GtkTreeModel* m_model;
+};
+
+} // namespace nesk::platform::portable

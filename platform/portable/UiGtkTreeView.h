@@ -1,0 +1,100 @@
+#pragma once
+
+#include "platform/TreeView.h"
+#include "platform/portable/UiGtkTreeModel.h"
+
+#include <wx/control.h>
+
+namespace nesk::platform::portable {
+
+/// GTK's own tree view, which screen readers know.
+class GtkTreeControl final : public wxControl, public TreeView {
+public:
+    GtkTreeControl(wxWindow* parent, const char* name, const TreeStyle& style);
+    ~GtkTreeControl() override;
+
+    wxWindow& Window() override { return *this; }
+    void SetImages(const std::vector<wxBitmapBundle>& images) override;
+    void SetAccessibleName(const std::string& name) override;
+
+    std::vector<TreeNode*> Selection() const override;
+    TreeNode* Selected() const override;
+    Scroll ScrollPosition() const override;
+    void SetScrollPosition(const Scroll& scroll) override;
+    wxRect RowRect(const TreeNode& node) const override;
+    TreeNode* RowAt(wxPoint point) const override;
+
+    void EditLabel(TreeNode& node) override;
+    void EndLabelEdit(bool keep) override;
+    std::string EditText() const override;
+    void SetEditText(const std::string& text) override;
+
+    // What wx asks of a window whose widget consists of several.
+    GtkWidget* GetConnectWidget() override { return GTK_WIDGET(m_tree); }
+    void OnInternalIdle() override;
+
+protected:
+    GdkWindow* GTKGetWindow(wxArrayGdkWindows& windows) const override;
+    void DoApplyWidgetStyle(GtkRcStyle* style) override;
+    int GTKIMFilterKeypress(GdkEventKey* event) const override;
+    wxSize DoGetBestClientSize() const override;
+
+    void DoReset() override;
+    void DoInserted(TreeNode& node) override;
+    void DoRemove(TreeNode&) override {}
+    void DoRemoved(TreeNode& parent, std::size_t index) override { m_model.RowRemoved(parent, index); }
+    void DoChanged(TreeNode& node) override;
+    void DoSelect(const std::vector<TreeNode*>& nodes, TreeNode* current) override;
+    void DoExpand(TreeNode& node) override;
+    void DoCollapse(TreeNode& node) override;
+    void DoShow(TreeNode& node) override;
+    void DoMark(const TreeDrop& drop) override;
+    void DoScrollRows(int rows) override;
+
+private:
+    void BuildWidgets(const TreeStyle& style);
+    void ConnectTree();
+    void ConnectLabels();
+    void ConnectDrag();
+
+    // Signals of the tree.
+    gboolean OnTestExpand(GtkTreeIter* iter);
+    void OnExpanded(GtkTreeIter* iter);
+    void OnCollapsed(GtkTreeIter* iter);
+    gboolean OnButtonPress(const GdkEventButton& press);
+    gboolean OnButtonRelease(const GdkEventButton& release);
+    gboolean OnMotion(GdkEventMotion& motion);
+
+    // Signals of the text box in a row.
+    void OnEditStarted(GtkCellEditable* editable);
+    void OnEditCanceled();
+    void OnEditChanged();
+
+    // Signals of a drag.
+    gboolean OnDragMotion(GdkDragContext* context, int x, int y, guint time);
+    gboolean OnDragDrop(GdkDragContext* context, int x, int y, guint time);
+
+    void WidenColumn();
+    wxPoint FromWidget(int x, int y) const;
+    bool HasPath(TreeNode* node, GtkTreePath* path) const;
+
+    TreeStyle m_style;
+    GtkNodeModel m_model;
+    GtkTreeView* m_tree = nullptr;
+    GtkTreeViewColumn* m_column = nullptr;
+    GtkCellRenderer* m_imageCell = nullptr;
+    GtkCellRenderer* m_textCell = nullptr;
+    GtkEntry* m_entry = nullptr; // while a label is edited
+    GtkIMContext* m_input = nullptr;
+    bool m_restoring = false;
+    bool m_correcting = false;
+    int m_columnWidth = 0;
+    bool m_rowsChanged = false; // since the column was widened
+
+    // A press on one of several selected rows, which either drags them all or selects that row alone.
+    TreeNode* m_pressed = nullptr;
+    bool m_pressedSelected = false;
+    wxPoint m_pressedAt; // on the screen
+};
+
+} // namespace nesk::platform::portable

@@ -1,0 +1,49 @@
+#include "gui/TreeIcons.h"
+
+#include "shell/FormIcons.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include <wx/image.h>
+#include <wx/window.h>
+
+namespace nesk::testing {
+
+namespace {
+
+// Whether the opaque pixels of a picture are in a larger one at a point, as nearly as different ways to draw
+// give them.
+bool IsAt(const wxImage& picture, const wxImage& in, int left, int top) {
+    constexpr int Tolerance = 24;
+    int compared = 0;
+    for (int y = 0; y < picture.GetHeight(); ++y)
+        for (int x = 0; x < picture.GetWidth(); ++x) {
+            if (picture.HasAlpha() && picture.GetAlpha(x, y) != 255) continue;
+            ++compared;
+            if (std::abs(picture.GetRed(x, y) - in.GetRed(left + x, top + y)) > Tolerance ||
+                std::abs(picture.GetGreen(x, y) - in.GetGreen(left + x, top + y)) > Tolerance ||
+                std::abs(picture.GetBlue(x, y) - in.GetBlue(left + x, top + y)) > Tolerance)
+                return false;
+        }
+    return compared > 20;
+}
+
+} // namespace
+
+bool HasIcon(platform::TreeView& tree, const platform::TreeNode& node, std::string_view key) {
+    const wxSize size = tree.ImageSize();
+    const wxImage picture = IconBundle(key, size).GetBitmap(size).ConvertToImage();
+    const wxRect row = tree.RowRect(node);
+    if (row.IsEmpty()) return false;
+    const wxImage shown = Drawn(tree.Window());
+    // A few pixels around: rows may be drawn beside a border that their rectangle leaves out.
+    constexpr int Margin = 4;
+    const int bottom = std::min(row.GetBottom() + Margin, shown.GetHeight());
+    for (int top = std::max(0, row.y - Margin); top + picture.GetHeight() <= bottom; ++top)
+        for (int left = 0; left + picture.GetWidth() <= shown.GetWidth(); ++left)
+            if (IsAt(picture, shown, left, top)) return true;
+    return false;
+}
+
+} // namespace nesk::testing
