@@ -257,6 +257,7 @@ private:
     bool OnCommandKey(int key);
     void GoTo(TreeNode* node);
     void ExpandAbove(const TreeNode& node);
+    void OpenMenuAtSelected();
     void OnDragTimer();
     void Mark(const TreeDrop& drop);
 
@@ -270,6 +271,7 @@ private:
     bool m_dragCopies = false;
     int m_hoverTicks = 0;
     wxTimer m_dragTimer;
+    wxTimer m_menuTimer;
 };
 
 } // namespace nesk::platform

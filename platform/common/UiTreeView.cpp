@@ -16,6 +16,7 @@ namespace {
 // Nobody looks at more levels than that at once, and controls follow expanded levels on the machine stack.
 constexpr std::size_t MostLevelsExpanded = 200;
 
+constexpr int ScrollMilliseconds = 50;
 constexpr int DragTickMilliseconds = 60;
 constexpr int TicksBeforeOpening = 12; // of a submenu over which something is held
 
@@ -28,6 +29,7 @@ bool IsAnyWithin(const std::vector<TreeNode*>& nodes, const TreeNode& node) {
 
 TreeView::TreeView() {
     m_dragTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OnDragTimer(); });
+    m_menuTimer.Bind(wxEVT_TIMER, [this](wxTimerEvent&) { OpenMenuAtSelected(); });
 }
 
 TreeView::~TreeView() = default;
@@ -108,6 +110,8 @@ void TreeView::Move(TreeNode& node, TreeNode& parent, std::size_t index) {
     parent.Insert(index, std::move(taken));
     DoInserted(node);
     RestoreExpansion(node);
+    for (const TreeNode* selected : selection)
+        ExpandAbove(*selected);
     DoSelect(selection, current);
 }
 
@@ -299,12 +303,19 @@ void TreeView::ReportContextMenu(wxPoint screen) {
         const wxPoint at = Window().ScreenToClient(screen);
         return on.contextMenu(RowAt(at), at);
     }
-    // By the keyboard: below the row that it is about.
+    // By the keyboard: at the row that it is about. A control may scroll no sooner than it is painted next.
     TreeNode* const node = Selected();
-    if (node == nullptr) return on.contextMenu(nullptr, wxPoint());
-    EnsureVisible(*node);
-    const wxRect row = RowRect(*node);
-    on.contextMenu(node, wxPoint(row.x, row.GetBottom() + 1));
+    if (node != nullptr) EnsureVisible(*node);
+    if (node != nullptr && RowRect(*node).IsEmpty())
+        m_menuTimer.StartOnce(ScrollMilliseconds);
+    else
+        OpenMenuAtSelected();
+}
+
+void TreeView::OpenMenuAtSelected() {
+    TreeNode* const node = Selected();
+    const wxRect row = node != nullptr ? RowRect(*node) : wxRect();
+    if (on.contextMenu) on.contextMenu(node, wxPoint(row.x, row.y + row.height));
 }
 
 void TreeView::BeginRename(TreeNode& node) {

@@ -146,7 +146,17 @@ void GtkTreeControl::ConnectTree() {
     connect("size-allocate",
             G_CALLBACK(+[](GtkWidget*, GdkRectangle*, gpointer self) { Of(self).m_rowsChanged = true; }));
     g_signal_connect(gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(m_tree)), "value-changed",
-                     G_CALLBACK(+[](GtkAdjustment*, gpointer self) { Of(self).m_rowsChanged = true; }), this);
+                     G_CALLBACK(+[](GtkAdjustment*, gpointer self) {
+                         Of(self).m_rowsChanged = true;
+                         if (Of(self).m_scrolling) return;
+                         // The user has gone elsewhere.
+                         Of(self).m_toShow = nullptr;
+                         Of(self).m_toScroll = {};
+                     }),
+                     this);
+    g_signal_connect(gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(m_tree)), "changed",
+                     G_CALLBACK(+[](GtkAdjustment*, gpointer self) { Of(self).m_heightChanged = true; }),
+                     this);
     connect("realize", G_CALLBACK(+[](GtkWidget* tree, gpointer self) {
                 gtk_im_context_set_client_window(Of(self).m_input, gtk_widget_get_window(tree));
             }));
@@ -308,8 +318,8 @@ int GtkTreeControl::GTKIMFilterKeypress(GdkEventKey* event) const {
 
 void GtkTreeControl::OnInternalIdle() {
     wxControl::OnInternalIdle();
-    if (!std::exchange(m_rowsChanged, false)) return;
-    WidenColumn();
+    if (std::exchange(m_heightChanged, false)) ScrollAgain();
+    if (std::exchange(m_rowsChanged, false)) WidenColumn();
 }
 
 wxSize GtkTreeControl::DoGetBestClientSize() const {
@@ -321,7 +331,8 @@ wxSize GtkTreeControl::DoGetBestClientSize() const {
 void GtkTreeControl::DoReset() {
     gtk_tree_view_set_model(m_tree, nullptr);
     m_columnWidth = 0;
-    m_pressed = nullptr;
+    m_pressed = m_toShow = nullptr;
+    m_toScroll = {};
     m_model.SetRoot(Root());
     gtk_tree_view_set_model(m_tree, m_model.Model());
 }
@@ -405,7 +416,28 @@ void GtkTreeControl::DoSelect(const std::vector<TreeNode*>& nodes, TreeNode* cur
 }
 
 void GtkTreeControl::DoShow(TreeNode& node) {
+    m_scrolling = true;
     gtk_tree_view_scroll_to_cell(m_tree, Path(node), nullptr, FALSE, 0, 0);
+    m_scrolling = false;
+    m_toShow = &node;
+    m_toScroll = {};
+}
+
+// The height of the tree has changed: what was scrolled to may have room only now.
+void GtkTreeControl::ScrollAgain() {
+    if (TreeNode* node = std::exchange(m_toShow, nullptr)) {
+        DoShow(*node);
+        m_toShow = nullptr;
+    } else if (m_toScroll.top != nullptr) {
+        SetScrollPosition(m_toScroll);
+        m_toScroll = {};
+    }
+}
+
+void GtkTreeControl::DoRemove(TreeNode& node) {
+    if (m_toShow != nullptr && m_toShow->IsWithin(node)) m_toShow = nullptr;
+    if (m_toScroll.top != nullptr && m_toScroll.top->IsWithin(node)) m_toScroll = {};
+    if (m_pressed != nullptr && m_pressed->IsWithin(node)) m_pressed = nullptr;
 }
 
 TreeView::Scroll GtkTreeControl::ScrollPosition() const {
@@ -423,7 +455,11 @@ void GtkTreeControl::SetScrollPosition(const Scroll& scroll) {
     GdkRectangle row{};
     gtk_tree_view_get_background_area(m_tree, Path(*scroll.top), m_column, &row);
     GtkAdjustment* const position = gtk_scrollable_get_vadjustment(GTK_SCROLLABLE(m_tree));
+    m_scrolling = true;
     gtk_adjustment_set_value(position, gtk_adjustment_get_value(position) + row.y + scroll.offset);
+    m_scrolling = false;
+    m_toShow = nullptr;
+    m_toScroll = scroll;
 }
 
 void GtkTreeControl::DoScrollRows(int rows) {

@@ -41,7 +41,7 @@ protected:
 
     void DoReset() override;
     void DoInserted(TreeNode& node) override;
-    void DoRemove(TreeNode&) override {}
+    void DoRemove(TreeNode& node) override;
     void DoRemoved(TreeNode& parent, std::size_t index) override { m_model.RowRemoved(parent, index); }
     void DoChanged(TreeNode& node) override;
     void DoSelect(const std::vector<TreeNode*>& nodes, TreeNode* current) override;
@@ -75,6 +75,7 @@ private:
     gboolean OnDragDrop(GdkDragContext* context, int x, int y, guint time);
 
     void WidenColumn();
+    void ScrollAgain();
     wxPoint FromWidget(int x, int y) const;
     bool HasPath(TreeNode* node, GtkTreePath* path) const;
 
@@ -90,6 +91,13 @@ private:
     bool m_correcting = false;
     int m_columnWidth = 0;
     bool m_rowsChanged = false; // since the column was widened
+
+    // What was scrolled to before the rows that make room for it had their layout; it is scrolled to again
+    // then.
+    TreeNode* m_toShow = nullptr;
+    Scroll m_toScroll;
+    bool m_scrolling = false;
+    bool m_heightChanged = false;
 
     // A press on one of several selected rows, which either drags them all or selects that row alone.
     TreeNode* m_pressed = nullptr;

@@ -1,0 +1,358 @@
+#include "platform/windows/UiTreeControl.h"
+
+#include <utility>
+
+#include <wx/dnd.h>
+#include <wx/msw/private.h>
+#include <wx/msw/wrapcctl.h>
+#include <wx/textctrl.h>
+
+namespace nesk::platform {
+
+TreeView* TreeView::Create(wxWindow* parent, const char* name, const TreeStyle& style) {
+    return &(new windows::NativeTreeControl(parent, name, style))->View();
+}
+
+namespace windows {
+
+namespace {
+
+wxString ToWx(const std::string& text) {
+    return wxString::FromUTF8(text.data(), text.size());
+}
+
+class ItemData final : public wxTreeItemData {
+public:
+    explicit ItemData(TreeNode& itemNode) : node(itemNode) {}
+    TreeNode& node;
+};
+
+// Rows go from one place of a view to another; nobody else knows what to do with them.
+wxDataFormat RowFormat() {
+    return wxDataFormat("application/x-neskmanager-rows");
+}
+
+class RowTarget final : public wxDropTarget {
+public:
+    explicit RowTarget(NativeTreeView& view)
+        : wxDropTarget(new wxCustomDataObject(RowFormat())), m_view(view) {}
+
+    wxDragResult OnDragOver(wxCoord x, wxCoord y, wxDragResult) override {
+        if (!m_view.OnDragOver(wxPoint(x, y))) return wxDragNone;
+        return m_view.Marked().copies ? wxDragCopy : wxDragMove;
+    }
+    void OnLeave() override { m_view.OnDragLeave(); }
+    wxDragResult OnData(wxCoord x, wxCoord y, wxDragResult result) override {
+        return m_view.OnDropped(wxPoint(x, y)) ? result : wxDragNone;
+    }
+
+private:
+    NativeTreeView& m_view;
+};
+
+long StyleOf(const TreeStyle& style) {
+    return wxTR_EDIT_LABELS | wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT |
+           (style.multiple ? wxTR_MULTIPLE : wxTR_SINGLE);
+}
+
+} // namespace
+
+NativeTreeControl::NativeTreeControl(wxWindow* parent, const char* name, const TreeStyle& style)
+    : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, style.size, StyleOf(style), wxDefaultValidator, name)
+    , m_view(std::make_unique<NativeTreeView>(*this, style)) {}
+
+// The control reports its last events while it is taken down; nobody may follow them into what is gone.
+NativeTreeControl::~NativeTreeControl() {
+    SetEvtHandlerEnabled(false);
+    SetDropTarget(nullptr);
+}
+
+WXLRESULT NativeTreeControl::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) {
+    constexpr WXLPARAM ByKeyboard = -1;
+    if (message == WM_CONTEXTMENU && lParam == ByKeyboard) {
+        m_view->OnContextKey();
+        return 0;
+    }
+    return wxTreeCtrl::MSWWindowProc(message, wParam, lParam);
+}
+
+NativeTreeView::NativeTreeView(NativeTreeControl& control, const TreeStyle& style)
+    : m_control(control), m_style(style) {
+    BindEvents();
+    BindKeys();
+    if (style.drag) m_control.SetDropTarget(new RowTarget(*this));
+}
+
+void NativeTreeView::BindEvents() {
+    m_control.Bind(wxEVT_TREE_ITEM_EXPANDING, &NativeTreeView::OnExpanding, this);
+    m_control.Bind(wxEVT_TREE_ITEM_EXPANDED, &NativeTreeView::OnExpanded, this);
+    m_control.Bind(wxEVT_TREE_ITEM_COLLAPSED, [this](wxTreeEvent& event) {
+        if (TreeNode* node = NodeOf(event.GetItem())) node->SetExpanded(false);
+    });
+    m_control.Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent&) { ReportSelection(); });
+    m_control.Bind(wxEVT_TREE_ITEM_ACTIVATED, [this](wxTreeEvent& event) {
+        if (TreeNode* node = NodeOf(event.GetItem())) ReportActivated(*node);
+    });
+    m_control.Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+        event.Skip();
+        int place = 0;
+        const wxTreeItemId item = m_control.HitTest(event.GetPosition(), place);
+        TreeNode* const node = (place & wxTREE_HITTEST_ONITEM) != 0 ? NodeOf(item) : nullptr;
+        if (node != nullptr) ReportClick(*node);
+    });
+    m_control.Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent& event) {
+        TreeNode* const node = NodeOf(event.GetItem());
+        if (Edited() != nullptr) EndLabelEdit(true);
+        if (node != nullptr && !m_control.IsSelected(event.GetItem())) Select(node);
+        if (on.contextMenu) on.contextMenu(node, event.GetPoint());
+    });
+    m_control.Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, &NativeTreeView::OnBeginLabelEdit, this);
+    m_control.Bind(wxEVT_TREE_END_LABEL_EDIT, &NativeTreeView::OnEndLabelEdit, this);
+    if (m_style.drag) m_control.Bind(wxEVT_TREE_BEGIN_DRAG, &NativeTreeView::OnBeginDrag, this);
+}
+
+void NativeTreeView::SetImages(const std::vector<wxBitmapBundle>& images) {
+    wxVector<wxBitmapBundle> bundles;
+    for (const wxBitmapBundle& image : images)
+        bundles.push_back(image);
+    m_control.SetImages(bundles);
+}
+
+void NativeTreeView::SetAccessibleName(const std::string& name) {
+    m_control.SetLabel(ToWx(name));
+}
+
+// --- nodes ---
+
+TreeNode* NativeTreeView::NodeOf(const wxTreeItemId& item) const {
+    if (!item.IsOk()) return nullptr;
+    const auto* data = static_cast<ItemData*>(m_control.GetItemData(item));
+    return data != nullptr ? &data->node : nullptr;
+}
+
+void NativeTreeView::Describe(TreeNode& node, const wxTreeItemId& item) {
+    node.native = item.GetID();
+    if (node.MayHaveChildren()) m_control.SetItemHasChildren(item);
+}
+
+namespace {
+
+wxString LabelOf(const TreeNode& node) {
+    return ToWx(node.Detail().empty() ? node.Text() : node.Text() + "   (" + node.Detail() + ")");
+}
+
+} // namespace
+
+void NativeTreeView::DoReset() {
+    m_control.DeleteAllItems();
+    TreeNode* const root = Root();
+    if (root == nullptr) return;
+    Describe(*root, m_control.AddRoot(LabelOf(*root), root->Image(), root->Image(), new ItemData(*root)));
+}
+
+void NativeTreeView::DoInserted(TreeNode& inserted) {
+    std::vector<TreeNode*> nodes{&inserted};
+    while (!nodes.empty()) {
+        TreeNode& node = *nodes.back();
+        nodes.pop_back();
+        const TreeNode& parent = *node.Parent();
+        const std::size_t index = node.Index();
+        auto* const data = new ItemData(node);
+        // Below `inserted` siblings come in their order, each as the last so far.
+        const bool append = &node != &inserted || index + 1 == parent.ChildCount();
+        const wxTreeItemId above = ItemOf(parent);
+        const wxTreeItemId item =
+            append       ? m_control.AppendItem(above, LabelOf(node), node.Image(), node.Image(), data)
+            : index == 0 ? m_control.PrependItem(above, LabelOf(node), node.Image(), node.Image(), data)
+                         : m_control.InsertItem(above, ItemOf(parent.Child(index - 1)), LabelOf(node),
+                                                node.Image(), node.Image(), data);
+        Describe(node, item);
+        for (std::size_t i = node.ChildCount(); i > 0; --i)
+            nodes.push_back(&node.Child(i - 1));
+    }
+    m_control.SetItemHasChildren(ItemOf(*inserted.Parent()));
+}
+
+void NativeTreeView::DoRemove(TreeNode& node) {
+    m_control.Delete(ItemOf(node));
+    node.native = nullptr;
+}
+
+void NativeTreeView::DoRemoved(TreeNode& parent, std::size_t) {
+    if (!parent.MayHaveChildren()) m_control.SetItemHasChildren(ItemOf(parent), false);
+}
+
+void NativeTreeView::DoChanged(TreeNode& node) {
+    const wxTreeItemId item = ItemOf(node);
+    m_control.SetItemText(item, LabelOf(node));
+    m_control.SetItemHasChildren(item, node.MayHaveChildren());
+}
+
+void NativeTreeView::OnExpanding(wxTreeEvent& event) {
+    TreeNode* const node = NodeOf(event.GetItem());
+    if (node == nullptr || !Fill(*node)) event.Veto();
+}
+
+void NativeTreeView::OnExpanded(wxTreeEvent& event) {
+    TreeNode* const node = NodeOf(event.GetItem());
+    if (node == nullptr) return;
+    node->SetExpanded(true);
+    if (m_restoring) return;
+    m_restoring = true;
+    RestoreExpansion(*node);
+    m_restoring = false;
+}
+
+void NativeTreeView::DoExpand(TreeNode& node) {
+    const bool outermost = !std::exchange(m_restoring, true);
+    m_control.Expand(ItemOf(node));
+    if (outermost) m_restoring = false;
+}
+
+void NativeTreeView::DoCollapse(TreeNode& node) {
+    m_control.Collapse(ItemOf(node));
+}
+
+// --- selection and scrolling ---
+
+std::vector<TreeNode*> NativeTreeView::Selection() const {
+    wxArrayTreeItemIds items;
+    if (m_style.multiple)
+        m_control.GetSelections(items);
+    else if (const wxTreeItemId item = m_control.GetSelection(); item.IsOk())
+        items.push_back(item);
+    std::vector<TreeNode*> nodes;
+    for (const wxTreeItemId item : items)
+        if (TreeNode* node = NodeOf(item)) nodes.push_back(node);
+    return nodes;
+}
+
+TreeNode* NativeTreeView::Selected() const {
+    if (!m_style.multiple) return NodeOf(m_control.GetSelection());
+    const wxTreeItemId focused = m_control.GetFocusedItem();
+    if (focused.IsOk() && m_control.IsSelected(focused)) return NodeOf(focused);
+    const std::vector<TreeNode*> nodes = Selection();
+    return nodes.empty() ? nullptr : nodes.front();
+}
+
+void NativeTreeView::DoSelect(const std::vector<TreeNode*>& nodes, TreeNode* current) {
+    if (!m_style.multiple) {
+        if (current != nullptr)
+            m_control.SelectItem(ItemOf(*current));
+        else
+            m_control.Unselect();
+        return;
+    }
+    m_control.UnselectAll();
+    if (current != nullptr) m_control.SetFocusedItem(ItemOf(*current));
+    for (const TreeNode* node : nodes)
+        m_control.SelectItem(ItemOf(*node));
+}
+
+void NativeTreeView::DoShow(TreeNode& node) {
+    m_control.EnsureVisible(ItemOf(node));
+}
+
+TreeView::Scroll NativeTreeView::ScrollPosition() const {
+    return {NodeOf(m_control.GetFirstVisibleItem()), 0};
+}
+
+void NativeTreeView::SetScrollPosition(const Scroll& scroll) {
+    if (scroll.top == nullptr) return;
+    ::SendMessageW(static_cast<HWND>(m_control.GetHandle()), TVM_SELECTITEM, TVGN_FIRSTVISIBLE,
+                   reinterpret_cast<LPARAM>(scroll.top->native));
+}
+
+wxRect NativeTreeView::RowRect(const TreeNode& node) const {
+    wxRect row;
+    if (!m_control.GetBoundingRect(ItemOf(node), row, true)) return {};
+    return row.y < m_control.GetClientSize().y && row.GetBottom() >= 0 ? row : wxRect();
+}
+
+TreeNode* NativeTreeView::RowAt(wxPoint point) const {
+    int place = 0;
+    return NodeOf(m_control.HitTest(point, place));
+}
+
+// --- labels ---
+
+void NativeTreeView::EditLabel(TreeNode& node) {
+    if (Edited() == &node) return;
+    if (Edited() != nullptr) EndLabelEdit(true);
+    EnsureVisible(node);
+    m_mayEdit = true;
+    m_control.EditLabel(ItemOf(node));
+    m_mayEdit = false;
+}
+
+void NativeTreeView::OnBeginLabelEdit(wxTreeEvent& event) {
+    TreeNode* const node = NodeOf(event.GetItem());
+    if (!m_mayEdit || node == nullptr) return event.Veto();
+    BeginRename(*node);
+    // The text box is made after this event.
+    m_control.CallAfter([this] {
+        if (wxTextCtrl* box = m_control.GetEditControl())
+            box->Bind(wxEVT_TEXT, [this](wxCommandEvent& change) {
+                change.Skip();
+                CorrectEdit();
+            });
+    });
+}
+
+void NativeTreeView::CorrectEdit() {
+    const std::string typed = EditText();
+    if (const std::string corrected = Corrected(typed); corrected != typed) SetEditText(corrected);
+}
+
+// The text of the row follows the node, not what was typed. Wine's control reports the end of an edit once
+// more when the text box, going, loses the focus: with what was typed, even if that had been called off.
+void NativeTreeView::OnEndLabelEdit(wxTreeEvent& event) {
+    event.Veto();
+    if (Edited() == nullptr) return;
+    const std::string typed = event.GetLabel().utf8_string();
+    EndRename(event.IsEditCancelled() ? nullptr : &typed);
+}
+
+void NativeTreeView::EndLabelEdit(bool keep) {
+    if (const TreeNode* node = Edited()) m_control.EndEditLabel(ItemOf(*node), !keep);
+}
+
+std::string NativeTreeView::EditText() const {
+    const wxTextCtrl* box = m_control.GetEditControl();
+    return box != nullptr ? box->GetValue().utf8_string() : "";
+}
+
+void NativeTreeView::SetEditText(const std::string& text) {
+    wxTextCtrl* const box = m_control.GetEditControl();
+    if (box == nullptr) return;
+    // Before the first event of the box was handled, nobody corrects what it holds.
+    box->ChangeValue(ToWx(Corrected(text)));
+    box->SetInsertionPointEnd();
+}
+
+// --- dragging ---
+
+void NativeTreeView::OnBeginDrag(wxTreeEvent& event) {
+    TreeNode* const node = NodeOf(event.GetItem());
+    if (node == nullptr) return;
+    const bool several = m_style.multiple && m_control.IsSelected(event.GetItem());
+    if (!BeginDrag(several ? Selection() : std::vector<TreeNode*>{node})) return;
+    wxCustomDataObject rows(RowFormat());
+    rows.SetData(1, ""); // something has to be in it
+    wxDropSource source(rows, &m_control);
+    source.DoDragDrop(wxDrag_AllowMove);
+    EndDrag();
+}
+
+void NativeTreeView::DoMark(const TreeDrop& drop) {
+    const auto control = static_cast<HWND>(m_control.GetHandle());
+    const bool into = drop.node != nullptr && drop.where == TreeDrop::Where::On;
+    const bool beside = drop.node != nullptr && drop.where != TreeDrop::Where::On;
+    const auto item = reinterpret_cast<LPARAM>(drop.node != nullptr ? drop.node->native : nullptr);
+    ::SendMessageW(control, TVM_SELECTITEM, TVGN_DROPHILITE, into ? item : 0);
+    ::SendMessageW(control, TVM_SETINSERTMARK, WPARAM{drop.where == TreeDrop::Where::After},
+                   beside ? item : 0);
+}
+
+} // namespace windows
+} // namespace nesk::platform

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "platform/TreeView.h"
+
+#include <wx/treectrl.h>
+
+namespace nesk::platform::windows {
+
+class NativeTreeView;
+
+/// The native control, which owns the view.
+class NativeTreeControl final : public wxTreeCtrl {
+public:
+    NativeTreeControl(wxWindow* parent, const char* name, const TreeStyle& style);
+    ~NativeTreeControl() override;
+
+    NativeTreeView& View() { return *m_view; }
+
+    WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) override;
+
+private:
+    std::unique_ptr<NativeTreeView> m_view;
+};
+
+/// Windows' own tree view.
+class NativeTreeView final : public TreeView {
+public:
+    NativeTreeView(NativeTreeControl& control, const TreeStyle& style);
+
+    wxWindow& Window() override { return m_control; }
+    void SetImages(const std::vector<wxBitmapBundle>& images) override;
+    void SetAccessibleName(const std::string& name) override;
+
+    std::vector<TreeNode*> Selection() const override;
+    TreeNode* Selected() const override;
+    Scroll ScrollPosition() const override;
+    void SetScrollPosition(const Scroll& scroll) override;
+    wxRect RowRect(const TreeNode& node) const override;
+    TreeNode* RowAt(wxPoint point) const override;
+
+    void EditLabel(TreeNode& node) override;
+    void EndLabelEdit(bool keep) override;
+    std::string EditText() const override;
+    void SetEditText(const std::string& text) override;
+
+    // What the control and its drop target report.
+    void OnContextKey() { ReportContextMenu(wxDefaultPosition); }
+    bool OnDragOver(wxPoint point) { return DragTo(point, wxGetKeyState(WXK_CONTROL)); }
+    bool OnDropped(wxPoint point) { return Drop(point, wxGetKeyState(WXK_CONTROL)); }
+    void OnDragLeave() { LeaveDrag(); }
+
+protected:
+    void DoReset() override;
+    void DoInserted(TreeNode& node) override;
+    void DoRemove(TreeNode& node) override;
+    void DoRemoved(TreeNode& parent, std::size_t index) override;
+    void DoChanged(TreeNode& node) override;
+    void DoSelect(const std::vector<TreeNode*>& nodes, TreeNode* current) override;
+    void DoExpand(TreeNode& node) override;
+    void DoCollapse(TreeNode& node) override;
+    void DoShow(TreeNode& node) override;
+    void DoMark(const TreeDrop& drop) override;
+    void DoScrollRows(int rows) override { m_control.ScrollLines(rows); }
+
+private:
+    void BindEvents();
+    void OnExpanding(wxTreeEvent& event);
+    void OnExpanded(wxTreeEvent& event);
+    void OnBeginLabelEdit(wxTreeEvent& event);
+    void OnEndLabelEdit(wxTreeEvent& event);
+    void OnBeginDrag(wxTreeEvent& event);
+    void CorrectEdit();
+
+    static wxTreeItemId ItemOf(const TreeNode& node) { return wxTreeItemId(node.native); }
+    TreeNode* NodeOf(const wxTreeItemId& item) const;
+    void Describe(TreeNode& node, const wxTreeItemId& item);
+
+    NativeTreeControl& m_control;
+    TreeStyle m_style;
+    bool m_mayEdit = false; // only the program begins an edit, no slow second click
+    bool m_restoring = false;
+};
+
+} // namespace nesk::platform::windows
