@@ -215,6 +215,7 @@ void TreeView::OnKeyDown(wxKeyEvent& event) {
     const bool plain = (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
     if (m_edited != nullptr || !plain || m_root == nullptr) return event.Skip();
     const int key = event.GetKeyCode();
+    if (key == WXK_F10 && event.ShiftDown()) return ReportContextMenu(wxDefaultPosition);
     // Controls take the space for a command of their own before they make a character of it.
     if (key == WXK_SPACE) return TypeText(" ");
     if (event.GetModifiers() != 0 || !OnCommandKey(key)) event.Skip();

@@ -37,13 +37,13 @@ public:
     explicit RowTarget(NativeTreeView& view)
         : wxDropTarget(new wxCustomDataObject(RowFormat())), m_view(view) {}
 
-    wxDragResult OnDragOver(wxCoord x, wxCoord y, wxDragResult) override {
-        if (!m_view.OnDragOver(wxPoint(x, y))) return wxDragNone;
-        return m_view.Marked().copies ? wxDragCopy : wxDragMove;
+    // The system tells by the result whether Ctrl is held.
+    wxDragResult OnDragOver(wxCoord x, wxCoord y, wxDragResult result) override {
+        return m_view.OnDragOver(wxPoint(x, y), result == wxDragCopy) ? result : wxDragNone;
     }
     void OnLeave() override { m_view.OnDragLeave(); }
     wxDragResult OnData(wxCoord x, wxCoord y, wxDragResult result) override {
-        return m_view.OnDropped(wxPoint(x, y)) ? result : wxDragNone;
+        return m_view.OnDropped(wxPoint(x, y), result == wxDragCopy) ? result : wxDragNone;
     }
 
 private:
@@ -93,13 +93,9 @@ void NativeTreeView::BindEvents() {
     m_control.Bind(wxEVT_TREE_ITEM_ACTIVATED, [this](wxTreeEvent& event) {
         if (TreeNode* node = NodeOf(event.GetItem())) ReportActivated(*node);
     });
-    m_control.Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
-        event.Skip();
-        int place = 0;
-        const wxTreeItemId item = m_control.HitTest(event.GetPosition(), place);
-        TreeNode* const node = (place & wxTREE_HITTEST_ONITEM) != 0 ? NodeOf(item) : nullptr;
-        if (node != nullptr) ReportClick(*node);
-    });
+    m_control.Bind(wxEVT_LEFT_DOWN, &NativeTreeView::OnLeftDown, this);
+    // The second of two quick clicks.
+    m_control.Bind(wxEVT_LEFT_DCLICK, &NativeTreeView::OnLeftDown, this);
     m_control.Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent& event) {
         TreeNode* const node = NodeOf(event.GetItem());
         if (Edited() != nullptr) EndLabelEdit(true);
@@ -109,6 +105,14 @@ void NativeTreeView::BindEvents() {
     m_control.Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, &NativeTreeView::OnBeginLabelEdit, this);
     m_control.Bind(wxEVT_TREE_END_LABEL_EDIT, &NativeTreeView::OnEndLabelEdit, this);
     if (m_style.drag) m_control.Bind(wxEVT_TREE_BEGIN_DRAG, &NativeTreeView::OnBeginDrag, this);
+}
+
+void NativeTreeView::OnLeftDown(wxMouseEvent& event) {
+    event.Skip();
+    int place = 0;
+    const wxTreeItemId item = m_control.HitTest(event.GetPosition(), place);
+    TreeNode* const node = (place & wxTREE_HITTEST_ONITEM) != 0 ? NodeOf(item) : nullptr;
+    if (node != nullptr) ReportClick(*node);
 }
 
 void NativeTreeView::SetImages(const std::vector<wxBitmapBundle>& images) {

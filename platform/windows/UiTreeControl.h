@@ -45,8 +45,8 @@ public:
 
     // What the control and its drop target report.
     void OnContextKey() { ReportContextMenu(wxDefaultPosition); }
-    bool OnDragOver(wxPoint point) { return DragTo(point, wxGetKeyState(WXK_CONTROL)); }
-    bool OnDropped(wxPoint point) { return Drop(point, wxGetKeyState(WXK_CONTROL)); }
+    bool OnDragOver(wxPoint point, bool copies) { return DragTo(point, copies); }
+    bool OnDropped(wxPoint point, bool copies) { return Drop(point, copies); }
     void OnDragLeave() { LeaveDrag(); }
 
 protected:
@@ -64,6 +64,7 @@ protected:
 
 private:
     void BindEvents();
+    void OnLeftDown(wxMouseEvent& event);
     void OnExpanding(wxTreeEvent& event);
     void OnExpanded(wxTreeEvent& event);
     void OnBeginLabelEdit(wxTreeEvent& event);

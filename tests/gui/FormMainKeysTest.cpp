@@ -131,6 +131,88 @@ TEST_F(FormMainKeysTest, ACharacterOutsideTheCodePageIsRefusedAndComesBack) {
     EXPECT_EQ(Row("R.1").Text(), "Gehäuse");
 }
 
+// A file of the menu that a search by typing must not change, whatever is typed.
+TEST_F(FormMainKeysTest, TypingInTheTreeSearchesAndChangesNothing) {
+    ASSERT_TRUE(window->Editor().SetCaption("R.3", "Daily check of the machine"));
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "Daily report"));
+    Press('S', wxMOD_CONTROL);
+    const std::string saved = MenuOnDisk();
+    Press(WXK_HOME);
+    Type("Daily check");
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.3");
+    EXPECT_TRUE(dialogs.shown.empty()) << "no editor opens";
+    EXPECT_FALSE(window->Editor().IsDirty());
+    Press('S', wxMOD_CONTROL);
+    EXPECT_EQ(MenuOnDisk(), saved);
+}
+
+TEST_F(FormMainKeysTest, SpaceOpensNothing) {
+    for (const char* id : {"R.1", "R.2", "R"}) {
+        Select(id);
+        Press(WXK_SPACE);
+        EXPECT_EQ(window->tvMain->SelectedKey(), id);
+    }
+    EXPECT_TRUE(dialogs.shown.empty());
+}
+
+TEST_F(FormMainKeysTest, ADisabledKeyDoesNothing) {
+    Tree().Expand(Row("R.2"));
+    const std::string before = TreeText();
+    const struct {
+        const char* id;
+        int key;
+    } cases[] = {{"R.1", WXK_UP},   {"R.1", WXK_NUMPAD_UP}, {"R.2.1", WXK_UP}, {"R.2.1", WXK_DOWN},
+                 {"R.3", WXK_DOWN}, {"R", WXK_DOWN},        {"R", WXK_UP}};
+    for (const auto& [id, key] : cases) {
+        Select(id);
+        for (int i = 0; i < 3; ++i)
+            Press(key, wxMOD_CONTROL);
+        EXPECT_EQ(window->tvMain->SelectedKey(), id) << key;
+        EXPECT_EQ(TreeText(), before) << id << " " << key;
+    }
+    Select("R");
+    Press(WXK_DELETE);
+    Press('E', wxMOD_CONTROL);
+    EXPECT_TRUE(dialogs.shown.empty());
+    Select("R.1");
+    Press('N', wxMOD_CONTROL);
+    EXPECT_EQ(Tree().Edited(), nullptr);
+    EXPECT_EQ(TreeText(), before);
+    EXPECT_FALSE(window->Editor().IsDirty());
+}
+
+TEST_F(FormMainKeysTest, NothingOutOfSightIsRemoved) {
+    for (int i = 0; i < 60; ++i)
+        ASSERT_FALSE(window->Editor().AddPart("R.2", "Part " + std::to_string(i)).empty());
+    Tree().Expand(Row("R.2"));
+    Select("R.1");
+    Press(WXK_PAGEDOWN);
+    const std::string paged = window->tvMain->SelectedKey();
+    EXPECT_NE(paged, "R.1") << "paging moves the selection";
+    EXPECT_TRUE(WaitUntil([&] { return !Tree().RowRect(Row(paged)).IsEmpty(); }));
+    Select("R.2.50");
+    Tree().EnsureVisible(Row("R"));
+    ASSERT_TRUE(WaitUntil([&] { return Tree().RowRect(Row("R.2.50")).IsEmpty(); }));
+    dialogs.Answer(wxID_NO);
+    Press(WXK_DELETE);
+    EXPECT_TRUE(WaitUntil([&] { return !Tree().RowRect(Row("R.2.50")).IsEmpty(); })) << "it comes into view";
+    EXPECT_NE(dialogs.shown.at(0).text.find("\"Part 48\""), std::string::npos) << dialogs.shown[0].text;
+}
+
+TEST_F(FormMainKeysTest, TheQuestionNamesWhatIsRemoved) {
+    ASSERT_TRUE(window->Editor().SetCaption("R.1", "100%1% %0%"));
+    Select("R.1");
+    dialogs.Answer(wxID_NO);
+    Press(WXK_DELETE);
+    EXPECT_EQ(dialogs.shown.at(0).text, "Remove \"100%1% %0%\" from the menu?");
+    Select("R.2");
+    dialogs.Answer(wxID_NO);
+    Press(WXK_DELETE);
+    EXPECT_EQ(dialogs.shown.at(1).text,
+              "Remove \"Brackets\" from the menu?\n\nEntries below it that are removed too: 1.");
+    EXPECT_EQ(dialogs.shown.at(1).style & (wxYES | wxNO | wxCANCEL), wxYES_NO);
+}
+
 TEST_F(FormMainKeysTest, TheContextMenuHasTheCommandsOfTheMenu) {
     // While the menu is open nothing returns from the click, so a timer chooses its second command.
     std::deque<int> keys{WXK_DOWN, WXK_DOWN, WXK_RETURN};

@@ -82,6 +82,7 @@ TEST_F(FormMainTest, OpenShowsTheTree) {
     EXPECT_TRUE(window->GetMenuBar()->IsEnabledTop(1));
     EXPECT_TRUE(Tree().Root()->IsExpanded());
     EXPECT_EQ(window->tvMain->SelectedKey(), "R");
+    Select("R.3");
     EXPECT_TRUE(HasIcon(Tree(), *Tree().Root(), "folder"));
     EXPECT_TRUE(HasIcon(Tree(), Row("R.2"), "folder"));
     EXPECT_TRUE(HasIcon(Tree(), Row("R.1"), "part"));

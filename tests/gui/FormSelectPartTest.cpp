@@ -131,6 +131,7 @@ TEST_F(FormSelectPartTest, FoldersAndPartsHaveTheirImages) {
     WhenScanned([](FormSelectPart& form) {
         form.tvMain->Expand(*Node(form, {"Brackets"}));
         Settle();
+        form.tvMain->Select(Node(form, {"Brackets", "Plate"}));
         EXPECT_TRUE(HasIcon(*form.tvMain, *form.tvMain->Root(), "folder"));
         EXPECT_TRUE(HasIcon(*form.tvMain, *Node(form, {"Brackets"}), "folder"));
         EXPECT_TRUE(HasIcon(*form.tvMain, *Node(form, {"Brackets", "Angle"}), "part"));
@@ -138,7 +139,7 @@ TEST_F(FormSelectPartTest, FoldersAndPartsHaveTheirImages) {
         EXPECT_FALSE(HasIcon(*form.tvMain, *Node(form, {"Shaft"}), "folder"));
         Click(form.cmdCancel);
     });
-    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "");
+    FormSelectPart(nullptr).SelectPart();
 }
 
 TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
@@ -164,6 +165,58 @@ TEST_F(FormSelectPartTest, OkWithoutASelectionDoesNothing) {
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "");
 }
 
+TEST_F(FormSelectPartTest, TheNameOfAPartStandsBesideItsFolder) {
+    station.Write("D:\\Parts\\b100\\partinfo.ini", "[Part]\r\nName=Bracket, left\r\n");
+    station.Write("D:\\Parts\\Same\\partinfo.ini", "[Part]\r\nName=Same\r\n");
+    WhenScanned([](FormSelectPart& form) {
+        EXPECT_EQ(Node(form, {"b100"})->Detail(), "Bracket, left");
+        EXPECT_EQ(Node(form, {"Same"})->Detail(), "") << "nothing is said twice";
+        EXPECT_EQ(Node(form, {"Brackets"})->Detail(), "");
+        Click(form.cmdCancel);
+    });
+    FormSelectPart(nullptr).SelectPart();
+}
+
+TEST_F(FormSelectPartTest, TheCurrentPartIsSelected) {
+    const std::string current = "d:\\PARTS\\Brackets\\Angle\\partinfo.ini";
+    for (const bool confirm : {true, false}) {
+        WhenScanned([confirm](FormSelectPart& form) {
+            EXPECT_EQ(form.tvMain->Selected(), Node(form, {"Brackets", "Angle"}));
+            EXPECT_FALSE(form.tvMain->RowRect(*form.tvMain->Selected()).IsEmpty()) << "it can be seen";
+            EXPECT_TRUE(form.cmdOK->IsEnabled());
+            Click(confirm ? form.cmdOK : form.cmdCancel);
+        });
+        FormSelectPart form(nullptr);
+        form.SetCurrent(current);
+        EXPECT_EQ(form.SelectPart(), confirm ? "D:\\Parts\\Brackets\\Angle\\partinfo.ini" : "")
+            << "what nobody clicked is no result of Cancel";
+    }
+}
+
+TEST_F(FormSelectPartTest, ACurrentPartElsewhereSelectsNothing) {
+    WhenScanned([](FormSelectPart& form) {
+        EXPECT_EQ(form.tvMain->Selected(), form.tvMain->Root());
+        EXPECT_FALSE(form.cmdOK->IsEnabled());
+        Click(form.cmdCancel);
+    });
+    FormSelectPart form(nullptr);
+    form.SetCurrent("D:\\Elsewhere\\partinfo.ini");
+    EXPECT_EQ(form.SelectPart(), "");
+}
+
+TEST_F(FormSelectPartTest, TypingFindsAPart) {
+    WhenScanned([](FormSelectPart& form) {
+        form.tvMain->Expand(*Node(form, {"Brackets"}));
+        form.tvMain->Window().SetFocus();
+        Settle();
+        Type("pl");
+        EXPECT_EQ(form.tvMain->Selected(), Node(form, {"Brackets", "Plate"}));
+        EXPECT_TRUE(form.cmdOK->IsEnabled());
+        Click(form.cmdOK);
+    });
+    EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Brackets\\Plate\\partinfo.ini");
+}
+
 TEST_F(FormSelectPartTest, CancelKeepsWhatWasSelected) {
     WhenScanned([](FormSelectPart& form) {
         form.tvMain->Select(Node(form, {"Shaft"}));
@@ -187,7 +240,7 @@ TEST_F(FormSelectPartTest, ADoubleClickOnAPartConfirms) {
             const wxRect row = form.tvMain->RowRect(*node);
             wxUIActionSimulator simulator;
             simulator.MouseMove(
-                form.tvMain->Window().ClientToScreen(wxPoint(row.x + 30, row.y + row.height / 2)));
+                form.tvMain->Window().ClientToScreen(wxPoint(row.x + 8, row.y + row.height / 2)));
             Settle();
             simulator.MouseDblClick();
             wxMilliSleep(50);
@@ -209,8 +262,7 @@ TEST_F(FormSelectPartTest, AClickOnTheRootForgetsTheResult) {
         ASSERT_TRUE(IsScanned(form));
         const wxRect row = form.tvMain->RowRect(*form.tvMain->Root());
         wxUIActionSimulator simulator;
-        simulator.MouseMove(
-            form.tvMain->Window().ClientToScreen(wxPoint(row.x + 30, row.y + row.height / 2)));
+        simulator.MouseMove(form.tvMain->Window().ClientToScreen(wxPoint(row.x + 8, row.y + row.height / 2)));
         simulator.MouseClick();
         wxMilliSleep(50);
         Settle();
@@ -271,6 +323,25 @@ TEST_F(FormSelectPartTest, AnEntryThatCannotBeReadIsToldAndTheScanGoesOn) {
     const std::string path = "D:\\Parts\\dangling";
     EXPECT_EQ(boxes[0].text, "Error 53 " + modStringRes::FormatResString(Message::FileNotFound, path) +
                                  ": GetAttrib(" + path + ")=0");
+}
+
+TEST_F(FormSelectPartTest, MessagesAboutUnreadablePlacesCanBeSkippedAndAreListedAtTheEnd) {
+    for (const char* name : {"one", "two", "three"})
+        std::filesystem::create_symlink("/nonexistent/file", TempStation::Host("D:\\Parts") / name);
+    ExpectSystemBox(wxID_CANCEL);
+    Expect();
+    WhenScanned([](FormSelectPart& form) {
+        EXPECT_TRUE(Node(form, {"Brackets", "Angle"}));
+        Click(form.cmdCancel);
+    });
+    FormSelectPart(nullptr).SelectPart();
+    EXPECT_EQ(boxes.size(), 1u) << "the first alone has a box";
+    ASSERT_EQ(messages.size(), 1u);
+    int listed = 0;
+    for (const char* name : {"one", "two", "three"})
+        if (messages[0].text.find(std::string("D:\\Parts\\") + name) != std::string::npos) ++listed;
+    EXPECT_EQ(listed, 2) << messages[0].text;
+    EXPECT_NE(messages[0].text.find("could not be read: 2"), std::string::npos) << messages[0].text;
 }
 #endif
 

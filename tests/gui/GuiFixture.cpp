@@ -162,7 +162,7 @@ platform::TreeNode& MainWindowTest::Row(const std::string& id) const {
 wxPoint MainWindowTest::MiddleOf(const std::string& id) const {
     const wxRect row = Tree().RowRect(Row(id));
     if (row.IsEmpty()) throw std::runtime_error("the row of " + id + " cannot be seen");
-    return Tree().Window().ClientToScreen(wxPoint(row.x + 40, row.y + row.height / 2));
+    return Tree().Window().ClientToScreen(wxPoint(row.x + 8, row.y + row.height / 2));
 }
 
 void MainWindowTest::ClickRow(const std::string& id, int button) {

@@ -51,7 +51,7 @@ PartDialogTest::~PartDialogTest() {
     platform::SetOpenFileDialog(m_fileDialog);
     EXPECT_TRUE(m_steps.empty()) << "a dialog that was expected did not come: " << m_steps.front().name;
     EXPECT_TRUE(m_files.empty()) << "a file dialog that was expected did not come";
-    EXPECT_EQ(m_expectedBoxes, 0) << "a box of the system that was expected did not come";
+    EXPECT_TRUE(m_boxAnswers.empty()) << "a box of the system that was expected did not come";
 }
 
 void PartDialogTest::Watch() {
@@ -75,9 +75,13 @@ void PartDialogTest::Watch() {
 int PartDialogTest::Answer(wxDialog* dialog) {
     if (const auto* box = dynamic_cast<wxMessageDialog*>(dialog)) {
         boxes.push_back({FromWx(box->GetCaption()), FromWx(box->GetMessage())});
-        EXPECT_GT(m_expectedBoxes, 0) << "unexpected box: " << boxes.back().text;
-        --m_expectedBoxes;
-        return wxID_OK;
+        if (m_boxAnswers.empty()) {
+            ADD_FAILURE() << "unexpected box: " << boxes.back().text;
+            return wxID_CANCEL;
+        }
+        const int answer = m_boxAnswers.front();
+        m_boxAnswers.pop_front();
+        return answer;
     }
     return wxID_NONE;
 }

@@ -52,8 +52,8 @@ protected:
                            }});
     }
 
-    /// Announces a message box of the system, which is confirmed.
-    void ExpectSystemBox() { ++m_expectedBoxes; }
+    /// Announces a message box of the system and the answer to it.
+    void ExpectSystemBox(int answer = wxID_OK) { m_boxAnswers.push_back(answer); }
 
     /// Announces a file dialog and the Windows path chosen in it; "" when it is cancelled.
     void ChooseFile(const std::string& path) { m_files.push_back(path); }
@@ -111,7 +111,7 @@ private:
 
     std::deque<Step> m_steps;
     std::deque<std::string> m_files;
-    int m_expectedBoxes = 0;
+    std::deque<int> m_boxAnswers;
     int m_idleTicks = 0;
     platform::OpenFileDialogFunction m_fileDialog; // what was there before
     wxTimer m_timer;

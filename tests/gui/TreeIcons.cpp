@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include <wx/evtloop.h>
 #include <wx/image.h>
+#include <wx/utils.h>
 #include <wx/window.h>
 
 namespace nesk::testing {
@@ -36,6 +38,11 @@ bool HasIcon(platform::TreeView& tree, const platform::TreeNode& node, std::stri
     const wxImage picture = IconBundle(key, size).GetBitmap(size).ConvertToImage();
     const wxRect row = tree.RowRect(node);
     if (row.IsEmpty()) return false;
+    // A window gets its layout, and is painted, at the next tick of its clock, 60 a second.
+    for (int i = 0; i < 10; ++i) {
+        wxMilliSleep(10);
+        wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
+    }
     const wxImage shown = Drawn(tree.Window());
     // A few pixels around: rows may be drawn beside a border that their rectangle leaves out.
     constexpr int Margin = 4;

@@ -12,10 +12,12 @@ wxImage Drawn(wxWindow& window) {
     window.Update();
     const wxSize size = window.GetClientSize();
     wxBitmap bitmap(size);
-    wxClientDC shown(&window);
-    wxMemoryDC copy(bitmap);
-    copy.Blit(wxPoint(), size, &shown, wxPoint());
-    copy.SelectObject(wxNullBitmap);
+    // Of a window that was just shown, the first copy under Wine is black.
+    for (int i = 0; i < 2; ++i) {
+        wxClientDC shown(&window);
+        wxMemoryDC copy(bitmap);
+        copy.Blit(wxPoint(), size, &shown, wxPoint());
+    }
     return bitmap.ConvertToImage();
 }
 

@@ -60,6 +60,19 @@ TEST_F(MenuTreeTest, AFreshRoot) {
     EXPECT_EQ(menu.RootDirectory(), "");
 }
 
+TEST_F(MenuTreeTest, AllEntriesBelowAreCounted) {
+    EXPECT_EQ(m_menu.CountBelow(), 0);
+    MenuItem& first = Add(m_menu);
+    Add(Add(first));
+    Add(m_menu);
+    EXPECT_EQ(m_menu.CountBelow(), 4);
+    EXPECT_EQ(first.CountBelow(), 2);
+    MenuEntry* deep = &m_menu.SubMenus().Item(2);
+    for (int i = 0; i < 100'000; ++i)
+        deep = &Add(*deep);
+    EXPECT_EQ(m_menu.CountBelow(), 100'004);
+}
+
 TEST_F(MenuTreeTest, InitializingAgainStartsAfresh) {
     Add(Add(m_menu));
     m_menu.Initialize("D:\\");

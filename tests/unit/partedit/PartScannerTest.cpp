@@ -78,6 +78,24 @@ TEST_F(PartScannerTest, FoldersComeBeforeParts) {
     EXPECT_EQ(recorder.foldersRead, 4u) << "the root, and each folder below it once";
 }
 
+TEST_F(PartScannerTest, PartsAreToldWithTheirNames) {
+    MakePart("D:\\Parts\\b100", "Bracket, left");
+    MakePart("D:\\Parts\\folder\\b200", "Bracket, right");
+    EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.partNames, (std::vector<std::string>{"Bracket, right", "Bracket, left"}));
+}
+
+TEST_F(PartScannerTest, ARootThatIsNoFolderIsEmpty) {
+    station.Write("D:\\file.txt", "");
+    for (const char* root :
+         {"D:\\None", "D:\\no|name", "D:\\a*", "Q:\\Parts", "\\\\server\\share", "::", "D:\\file.txt"}) {
+        EXPECT_TRUE(ScanParts(root, nullptr, recorder)) << root;
+        EXPECT_EQ(recorder.tree, "") << root;
+        EXPECT_TRUE(recorder.unreadable.empty()) << root << ": " << recorder.unreadable.front();
+        recorder = Recorder();
+    }
+}
+
 #ifdef NESK_PORTABLE_STATION
 // Elsewhere there is no second way to ask for the order.
 TEST_F(PartScannerTest, FoldersAndPartsKeepTheOrderOfTheFileSystem) {
