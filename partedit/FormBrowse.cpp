@@ -47,6 +47,7 @@ FormBrowse::FormBrowse(wxWindow* parent)
     lblFolders = NewLabel(this, "lblFolders", FoldersText);
     m_folders = std::make_unique<FormFolderTree>(this, "Dir1");
     Dir1 = m_folders.get();
+    Dir1->View().SetAccessibleName(modUtilities::FromWx(wxControl::RemoveMnemonics(ResText(FoldersText))));
     cmdFolder = NewButton(this, "cmdFolder", NewFolderText);
 
     auto* content = new wxBoxSizer(wxVERTICAL);

@@ -74,6 +74,7 @@ FormSelectPart::FormSelectPart(wxWindow* parent)
     tvMain = &MakeView(this);
     const wxSize size = tvMain->ImageSize();
     tvMain->SetImages({IconBundle("folder", size), IconBundle("part", size)}); // in the order of Image
+    tvMain->SetAccessibleName(LoadResString(RootText));
     lblProgress = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
                                    "lblProgress");
     cmdSelectDrive = NewButton(this, "cmdSelectDrive", SelectDriveText);

@@ -3,6 +3,8 @@
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "shell/FormIcons.h"
+#include "shell/Messages.h"
+#include "shell/modStringRes.h"
 
 #include <memory>
 #include <string_view>
@@ -31,6 +33,7 @@ FormMenuTree::FormMenuTree(wxWindow* parent, const MenuEditor& editor)
     : m_editor(editor), m_view(*TreeView::Create(parent, "tvMain", {})) {
     const wxSize size = m_view.ImageSize();
     m_view.SetImages({IconBundle("folder", size), IconBundle("part", size)}); // in the order of Image
+    m_view.SetAccessibleName(modStringRes::LoadResString(Message::TreeName));
     m_view.on.fill = [this](TreeNode& node) { Fill(node); };
 }
 

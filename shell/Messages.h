@@ -100,6 +100,7 @@ constexpr int CommandFailed = 34148; // %0% error
 
 // Editing.
 constexpr int RemovedBelow = 34310; // %0% number of entries
+constexpr int TreeName = 34311;
 
 // Start-up.
 constexpr int StoreNotOpened = 34150; // %0% place, %1% code, as for the next three

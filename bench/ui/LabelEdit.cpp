@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include <wx/menuitem.h>
-#include <wx/textctrl.h>
 
 namespace nesk::bench {
 
@@ -19,24 +18,21 @@ void Select(FormMain& window, const std::string& id) {
     Settle();
 }
 
-wxTextCtrl& BeginEdit(FormMain& window) {
+platform::TreeView& BeginEdit(FormMain& window) {
     window.ProcessCommand(window.mnuMenuRename->GetId());
     Settle();
-    wxTextCtrl* box = window.tvMain->GetEditControl();
-    Demand(box != nullptr, "no label is being edited");
-    return *box;
+    platform::TreeView& tree = window.tvMain->View();
+    Demand(tree.Edited() != nullptr, "no label is being edited");
+    return tree;
 }
 
-void PressEnter(wxTextCtrl& box) {
-    wxKeyEvent enter(wxEVT_CHAR);
-    enter.SetEventObject(&box);
-    enter.m_keyCode = WXK_RETURN;
-    box.HandleWindowEvent(enter);
+void Confirm(platform::TreeView& tree) {
+    tree.EndLabelEdit(true);
     Settle();
 }
 
 void DemandCaption(FormMain& window, const std::string& id, const std::string& caption) {
-    Demand(window.tvMain->GetEditControl() == nullptr && window.Editor().Find(id)->Caption() == caption,
+    Demand(window.tvMain->View().Edited() == nullptr && window.Editor().Find(id)->Caption() == caption,
            "the entry has not got what was typed");
 }
 
@@ -44,13 +40,14 @@ void DemandCaption(FormMain& window, const std::string& id, const std::string& c
 
 double TypeCaption(FormMain& window, const std::string& id, const std::string& caption) {
     Select(window, id);
-    wxTextCtrl& box = BeginEdit(window);
-    box.SetValue("");
+    platform::TreeView& tree = BeginEdit(window);
+    tree.SetEditText("");
     Settle();
     double slowest = 0;
     for (const char character : caption)
-        slowest = std::max(slowest, MillisecondsSettled([&] { box.WriteText(wxString(character, 1)); }));
-    PressEnter(box);
+        slowest =
+            std::max(slowest, MillisecondsSettled([&] { tree.SetEditText(tree.EditText() + character); }));
+    Confirm(tree);
     DemandCaption(window, id, caption);
     return slowest;
 }
@@ -58,9 +55,9 @@ double TypeCaption(FormMain& window, const std::string& id, const std::string& c
 double RenameInPlace(FormMain& window, const std::string& id, const std::string& caption) {
     Select(window, id);
     const double seconds = Seconds([&] {
-        wxTextCtrl& box = BeginEdit(window);
-        box.SetValue(wxString::FromUTF8(caption));
-        PressEnter(box);
+        platform::TreeView& tree = BeginEdit(window);
+        tree.SetEditText(caption);
+        Confirm(tree);
     });
     DemandCaption(window, id, caption);
     return 1000 * seconds;

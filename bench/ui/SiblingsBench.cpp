@@ -43,7 +43,7 @@ void MeasureWindowSiblings(Table& table) {
     window->Show();
     window->ProcessCommand(window->mnuFileOpen->GetId());
     FormMenuTree& tree = *window->tvMain;
-    tree.Expand(tree.NodeOf("R.1"));
+    tree.View().Expand(*tree.NodeOf("R.1"));
     Settle();
     Demand(window->Editor().Find("R.1")->ChildCount() == Siblings, "the menu is not open");
 

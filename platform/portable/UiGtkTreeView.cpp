@@ -30,6 +30,9 @@ private:
     GtkTreePath* m_path;
 };
 
+// Between the picture and the text of a row.
+constexpr int Spacing = 4;
+
 GtkTreeControl& Of(gpointer self) {
     return *static_cast<GtkTreeControl*>(self);
 }
@@ -99,7 +102,7 @@ void GtkTreeControl::BuildWidgets(const TreeStyle& style) {
     }
     gtk_tree_view_column_add_attribute(m_column, m_imageCell, "surface", ImageColumn);
     gtk_tree_view_column_add_attribute(m_column, m_textCell, "text", TextColumn);
-    gtk_tree_view_column_set_spacing(m_column, 4);
+    gtk_tree_view_column_set_spacing(m_column, Spacing);
     // Rows of one height need not be measured, of which there may be 100,000. The column is as wide as the
     // rows that were seen.
     gtk_tree_view_column_set_sizing(m_column, GTK_TREE_VIEW_COLUMN_FIXED);
@@ -203,6 +206,22 @@ void GtkTreeControl::OnEditStarted(GtkCellEditable* editable) {
     m_entry = GTK_ENTRY(editable);
     g_signal_connect(m_entry, "changed",
                      G_CALLBACK(+[](GtkEditable*, gpointer self) { Of(self).OnEditChanged(); }), this);
+    g_signal_connect(m_entry, "size-allocate",
+                     G_CALLBACK(+[](GtkWidget* entry, GdkRectangle* place, gpointer self) {
+                         Of(self).PlaceEntry(entry, *place);
+                     }),
+                     this);
+}
+
+// The toolkit puts the text box over the picture of the row, whose width it does not know at that time.
+void GtkTreeControl::PlaceEntry(GtkWidget* entry, const GdkRectangle& place) {
+    if (Edited() == nullptr) return;
+    GdkRectangle cell{};
+    gtk_tree_view_get_cell_area(m_tree, Path(*Edited()), m_column, &cell);
+    const int missing = cell.x + ImageSize().x + Spacing - place.x;
+    if (missing <= 0 || missing >= place.width) return;
+    const GdkRectangle right{place.x + missing, place.y, place.width - missing, place.height};
+    gtk_widget_size_allocate(entry, const_cast<GdkRectangle*>(&right));
 }
 
 void GtkTreeControl::OnEditChanged() {
@@ -267,6 +286,7 @@ void GtkTreeControl::SetImages(const std::vector<wxBitmapBundle>& images) {
         surfaces.push_back(gdk_cairo_surface_create_from_pixbuf(bitmap.GetPixbuf(), scale, nullptr));
     }
     m_model.SetImages(surfaces);
+    gtk_cell_renderer_set_fixed_size(m_imageCell, ImageSize().x, ImageSize().y);
     for (cairo_surface_t* surface : surfaces)
         cairo_surface_destroy(surface);
 }

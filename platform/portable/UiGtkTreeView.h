@@ -69,6 +69,7 @@ private:
     void OnEditStarted(GtkCellEditable* editable);
     void OnEditCanceled();
     void OnEditChanged();
+    void PlaceEntry(GtkWidget* entry, const GdkRectangle& place);
 
     // Signals of a drag.
     gboolean OnDragMotion(GdkDragContext* context, int x, int y, guint time);

@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# What assistive technology is told of the tree: a name, the rows with their captions, what is selected and expanded.
+# The display that tests run in has no bus for it, so the test begins one.
+if [[ ${NESKMANAGER_OWN_BUS:-} != 1 ]]; then
+  exec env NESKMANAGER_OWN_BUS=1 NO_AT_BRIDGE=0 dbus-run-session -- bash "$0" "$@"
+fi
+folder=$(dirname "$0")
+source "$folder/station.bash"
+
+rows() { /usr/bin/python3 "$folder/accessible_tree.py" NeskManager "Menu entries" 2>/dev/null; }
+has_row() { rows | grep -E "^ *$1\$" >/dev/null; }
+expect_row() { until_true "a row \"$1\" of the tree" has_row "$1"; }
+
+start "$program"
+keys ctrl+o
+expect_row "Main Menu: selected.* expanded expandable"
+expect_row "Brackets and Plates: expandable"
+expect_row "Daily check of the machine: ?"
+keys Home Down Right
+expect_row "Gear Unit GU 40: selected.* expanded expandable"
+expect_row "Gear Wheels: expandable"
+keys Home
+xdotool type --delay 40 "daily ch"
+expect_row "Daily check of the machine: selected.*"
+keys ctrl+q
+expect_end
