@@ -37,11 +37,8 @@ char* Put(char* at, MenuKey key) {
 
 } // namespace
 
-Backup BackupOf(const std::string& path) {
-    return {path + ".bak", true};
-}
-
-FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& backup) {
+FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& backup,
+                                     const FileFingerprint& known) {
     SafeFile file(path, m_files);
     m_file = &file;
     m_fingerprint = {};
@@ -50,7 +47,8 @@ FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& back
     WriteTree();
     FlushBuffer();
     m_file = nullptr;
-    file.Commit(backup);
+    const bool isSame = m_fingerprint == known && FileFingerprint::Of(path, m_files) == m_fingerprint;
+    file.Commit(isSame ? Backup{} : backup);
     return m_fingerprint;
 }
 
