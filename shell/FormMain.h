@@ -2,6 +2,7 @@
 
 #include "menu/MenuEditor.h"
 #include "shell/MainCommands.h"
+#include "shell/StartChoices.h"
 
 #include <string>
 
@@ -16,6 +17,7 @@ class wxTreeEvent;
 namespace nesk {
 
 class FormMenuTree;
+class FormStartPage;
 
 /// The main window: the tree of the open menu, its commands, and the questions that go with them.
 class FormMain : public wxFrame, private MenuEditorListener {
@@ -29,13 +31,18 @@ public:
     /// Sets the commands for the state of the window: file open or not, and what is selected.
     void UpdateFileMenus();
 
+    bool Layout() override;
+
     // Controls.
     FormMenuTree* tvMain = nullptr;
     wxStatusBar* sbMain = nullptr;
     wxInfoBarGeneric* ibIncomplete = nullptr;
+    wxInfoBarGeneric* ibNew = nullptr; ///< tells that the menu has no file yet
+    FormStartPage* pgStart = nullptr;  ///< in the place of the tree while nothing is open
     wxMenu* mnuMenu = nullptr;
     wxMenuItem* mnuFileOpen = nullptr;
     wxMenuItem* mnuFileSave = nullptr;
+    wxMenuItem* mnuFileSaveAs = nullptr;
     wxMenuItem* mnuFileClose = nullptr;
     wxMenuItem* mnuFileExit = nullptr;
     wxMenuItem* mnuMenuAddPart = nullptr;
@@ -49,6 +56,7 @@ public:
     wxMenuItem* mnuSettingsOptions = nullptr;
     wxMenuItem* mnuHelpContents = nullptr;
     wxMenuItem* mnuHelpWindow = nullptr;
+    wxMenuItem* mnuHelpAbout = nullptr;
 
 private:
     // Construction.
@@ -68,6 +76,7 @@ private:
     void Run(MainCommand command);
     void FileOpen();
     bool FileSave();
+    void FileSaveAs();
     void FileClose();
     void AddEntry(MainCommand command);
     void Move(MainCommand command);
@@ -78,6 +87,14 @@ private:
     void Access();
     void HelpContents();
     void ShowHelpTopic();
+    void HelpAbout();
+
+    // While nothing is open.
+    void UpdateStartPage();
+    void TakeStep(StartStep step);
+    void OpenStation();
+    void StationChanged();
+    void OnActivate(wxActivateEvent& event);
 
     // The tree's events.
     void OnBeginLabelEdit(wxTreeEvent& event);
@@ -91,13 +108,15 @@ private:
 
     void OnClose(wxCloseEvent& event);
     bool ConfirmClose(bool mayCancel);
-    bool ConfirmOverwrite(const std::string& path);
+    void UpdateBars();
     int Ask(const std::string& text, int titleId, long style);
     void ShowError(int messageId, const NeskError& error);
 
     MenuEditor m_editor;
     bool m_editingLabel = false;
     bool m_captionRefused = false; // by the last end of an edit
+    bool m_wasActive = false;
+    std::string m_newMenuText; // as ibNew shows it
 };
 
 } // namespace nesk
