@@ -60,6 +60,7 @@ void FormSelectFromList::ShowEntries() {
     lstMain->Clear();
     for (const std::string& displayName : m_entries.DisplayNames())
         lstMain->Append(ToWx(displayName));
+    lstMain->SetSelection(wxNOT_FOUND);
     lblEmpty->Show(lstMain->IsEmpty());
     Layout();
 }
@@ -98,8 +99,8 @@ void FormSelectFromList::OnRemove() {
         return;
     RegistryListEditor::Remove(key);
     m_entries = RegistryList(m_parentKey);
-    ShowEntries();
     lstMain->SetFocus();
+    ShowEntries();
 }
 
 std::string FormSelectFromList::Choose() {

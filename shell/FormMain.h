@@ -31,8 +31,6 @@ public:
     /// Sets the commands for the state of the window: file open or not, and what is selected.
     void UpdateFileMenus();
 
-    bool Layout() override;
-
     // Controls.
     FormMenuTree* tvMain = nullptr;
     wxStatusBar* sbMain = nullptr;

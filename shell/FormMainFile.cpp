@@ -35,17 +35,6 @@ using modUtilities::FromWx;
 using modUtilities::ResText;
 using modUtilities::ToWx;
 
-bool FormMain::Layout() {
-    const bool done = wxFrame::Layout();
-    // The tree has its place before it is shown. Not at once: GTK may be giving out places right now, and
-    // refuses one to a hidden window meanwhile.
-    if (pgStart != nullptr && pgStart->IsShown() && tvMain != nullptr && !tvMain->IsShown())
-        CallAfter([this] {
-            if (!tvMain->IsShown()) tvMain->SetSize(pgStart->GetRect());
-        });
-    return done;
-}
-
 void FormMain::OnMenuReplaced() {
     tvMain->BuildTree();
     OnStateChanged();

@@ -9,7 +9,7 @@ namespace nesk::platform {
 
 namespace {
 
-// GTK closes each message box on Escape; the toolkit's own box with Yes and No alone stays.
+// GTK's own message box closes on Escape, whatever its buttons are.
 class YesNoBox final : public wxMessageDialog {
 public:
     using wxMessageDialog::wxMessageDialog;
@@ -18,6 +18,15 @@ public:
         // Whoever watches for message boxes sees this one.
         WX_HOOK_MODAL_DIALOG();
         wxGenericMessageDialog box(GetParent(), GetMessage(), GetCaption(), GetMessageDialogStyle());
+        box.Bind(wxEVT_CHAR_HOOK, [](wxKeyEvent& event) {
+            if (event.GetKeyCode() != WXK_ESCAPE) event.Skip();
+        });
+        box.Bind(wxEVT_CLOSE_WINDOW, [&](wxCloseEvent& event) {
+            if (event.CanVeto())
+                event.Veto();
+            else
+                box.EndModal(wxID_CANCEL);
+        });
         return box.ShowModal();
     }
 };
