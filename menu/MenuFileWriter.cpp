@@ -6,6 +6,7 @@
 #include "menu/MenuItemCollection.h"
 #include "menu/MenuKeys.h"
 #include "menu/MenuText.h"
+#include "platform/ErrorCode.h"
 
 #include <algorithm>
 #include <array>
@@ -48,8 +49,15 @@ FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& back
     FlushBuffer();
     m_file = nullptr;
     const bool isSame = m_fingerprint == known && FileFingerprint::Of(path, m_files) == m_fingerprint;
-    file.Commit(isSame ? Backup{} : backup);
+    file.Commit(isSame && !IsFirstOf(backup) ? Backup{} : backup);
     return m_fingerprint;
+}
+
+// Whether a backup would be the first one of a menu.
+bool MenuFileWriter::IsFirstOf(const Backup& backup) {
+    std::uint32_t attributes = 0;
+    return backup.mayReplace &&
+           m_files.Attributes(backup.path, attributes) == platform::ErrorCode::FileNotFound;
 }
 
 void MenuFileWriter::WriteTree() {

@@ -27,11 +27,12 @@ public:
     /// @param backup  where the version before is kept
     /// @param known   what the file is believed to hold. When the tree makes the same bytes, and the file
     /// does
-    ///                hold them, there is no version before to keep: an older backup stays
+    ///                hold them, an older backup stays, and a dated one is not made
     /// @return the fingerprint of the new file
     FileFingerprint Save(const std::string& path, const Backup& backup, const FileFingerprint& known = {});
 
 private:
+    bool IsFirstOf(const Backup& backup);
     void WriteTree();
     void WriteItem(const MenuItem& item, std::size_t level);
     void WriteNumber(std::size_t level, MenuKey key, std::int32_t number);

@@ -184,6 +184,13 @@ TEST_F(MenuEditorPlacesTest, EqualBytesKeepTheOlderBackup) {
     EXPECT_EQ(FileBytes(Path), first);
 }
 
+TEST_F(MenuEditorPlacesTest, TheFirstBackupIsMadeOfEqualBytesToo) {
+    OpenWith(Good);
+    SavePlanned(Path);
+    EXPECT_EQ(FilesIn(Folder), "menu.cfg menu.cfg.bak");
+    EXPECT_EQ(FileBytes(Path + ".bak"), Good);
+}
+
 TEST_F(MenuEditorPlacesTest, SomebodyElsesEqualVersionIsNoVersionToKeep) {
     m_editor.Open(Folder, Path);
     m_editor.SetCaption("R", "good");

@@ -301,8 +301,8 @@ private:
         m_dirty = false;
         m_onDisk = m_model;
         if (existed) {
-            const bool isSame = FileBytes(Path) == before;
-            ASSERT_TRUE(FileBytes(Path + ".bak") == (isSame ? backup : before)) << Where();
+            const bool isOlderKept = FileBytes(Path) == before && !backup.empty();
+            ASSERT_TRUE(FileBytes(Path + ".bak") == (isOlderKept ? backup : before)) << Where();
         }
     }
 
