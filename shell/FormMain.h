@@ -107,6 +107,7 @@ private:
     void OnClose(wxCloseEvent& event);
     bool ConfirmClose(bool mayCancel);
     void UpdateBars();
+    void ShowPlace(const wxString& place);
     int Ask(const std::string& text, int titleId, long style);
     void ShowError(int messageId, const NeskError& error);
 
