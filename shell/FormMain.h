@@ -115,6 +115,7 @@ private:
     bool m_editingLabel = false;
     bool m_captionRefused = false; // by the last end of an edit
     bool m_wasActive = false;
+    std::string m_shownRoot;   // root folder of which pgStart tells
     std::string m_newMenuText; // as ibNew shows it
 };
 

@@ -183,7 +183,9 @@ void FormMain::HelpAbout() {
 
 void FormMain::UpdateStartPage() {
     if (m_editor.IsOpen()) return;
-    pgStart->ShowChoices(StartChoices::For(StartChoices::LookUp(NeskRegistry::Instance())));
+    const StartState state = StartChoices::LookUp(NeskRegistry::Instance());
+    m_shownRoot = state.root;
+    pgStart->ShowChoices(StartChoices::For(state));
 }
 
 void FormMain::OnActivate(wxActivateEvent& event) {
@@ -193,8 +195,9 @@ void FormMain::OnActivate(wxActivateEvent& event) {
     // knows where it is, and moves it.
     if (!m_wasActive && !IsMaximized()) PlaceOnScreen();
     m_wasActive = true;
-    if (m_editor.IsOpen()) return;
-    // Folders may have come and gone while the user worked with another program.
+    // Folders may have come and gone while the user worked with another program. Other settings are shown
+    // when they are confirmed.
+    if (m_editor.IsOpen() || m_shownRoot != NeskRegistry::Instance().NeskRoot) return;
     UpdateFileMenus();
     UpdateStartPage();
     wxWindow* focus = FindFocus();
