@@ -17,6 +17,7 @@ else()
     file(MAKE_DIRECTORY \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR})
     file(CREATE_LINK ../${program_folder}/NeskManager
       \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}/neskmanager SYMBOLIC)" COMPONENT program)
+  install(DIRECTORY ${example_station}/ DESTINATION ${CMAKE_INSTALL_DATADIR}/neskmanager/example COMPONENT program)
   install(FILES packaging/linux/neskmanager.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT program)
   install(FILES packaging/NeskManager.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
     RENAME neskmanager.svg COMPONENT program)

@@ -4,6 +4,9 @@
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "menu/MenuText.h"
+#include "menu/SamePlace.h"
+#include "platform/ErrorCode.h"
+#include "shell/FileErrors.h"
 #include "shell/Messages.h"
 #include "shell/modUtilities.h"
 
@@ -26,6 +29,18 @@ NeskError NoMemory(const char* source, int messageId, const std::string& path) {
     return error;
 }
 
+// Raises what keeps a file from being found that is not missing: a folder that may not be searched, say. The
+// load itself would take it for missing.
+void CheckReachable(const std::string& path, platform::FileSystem& files) {
+    if (modUtilities::FileExists(path) || modUtilities::DirectoryExists(path)) return;
+    std::unique_ptr<platform::FileReader> reader;
+    const int result = files.OpenForReading(path, reader);
+    if (result == platform::ErrorCode::Success) return;
+    NeskError error = FileError(result, "MenuEditor.Open", path);
+    error.file = path;
+    throw error;
+}
+
 } // namespace
 
 MenuEditor::MenuEditor(platform::FileSystem& files) : m_files(files) {}
@@ -41,6 +56,7 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     std::optional<NeskError> failure;
     if (fingerprint.Exists()) {
         try {
+            CheckReachable(path, m_files);
             menu->LoadFromFile(path, m_files);
         } catch (const NeskError& error) {
             failure = error;
@@ -50,6 +66,7 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     }
     m_menu = std::move(menu);
     m_path = fingerprint.Exists() ? path : "";
+    m_place = path;
     m_fingerprint = fingerprint;
     m_dirty = false;
     m_incomplete = failure.has_value() || m_menu->EndIsMissing();
@@ -61,44 +78,78 @@ void MenuEditor::Close() {
     if (m_menu) m_menu->Terminate();
     m_menu.reset();
     m_path.clear();
+    m_place.clear();
     m_fingerprint = {};
     m_dirty = false;
     m_incomplete = false;
     if (m_listener != nullptr) m_listener->OnMenuReplaced();
 }
 
-SaveHazard MenuEditor::CheckSave(const std::string& path) const {
-    const FileFingerprint onDisk = FileFingerprint::Of(path, m_files);
-    if (!onDisk.Exists()) return SaveHazard::None;
-    if (m_incomplete) return SaveHazard::Incomplete;
-    return onDisk == m_fingerprint ? SaveHazard::None : SaveHazard::ChangedByOther;
+SavePlan MenuEditor::PlanSave(const std::string& path) const {
+    SavePlan plan;
+    plan.onDisk = FileFingerprint::Of(path, m_files);
+    const bool isOther = IsOpen() && !m_place.empty() && !IsSamePlace(path, m_place);
+    plan.backup = BackupFor(path);
+    if (!plan.onDisk.Exists()) {
+        plan.hazard = isOther ? SaveHazard::OtherPlace : SaveHazard::None;
+    } else if (isOther) {
+        plan.hazard = SaveHazard::OtherPlaceReplaces;
+        plan.backup = DatedBackupOf(path);
+    } else if (m_incomplete) {
+        plan.hazard = SaveHazard::Incomplete;
+    } else if (plan.onDisk != m_fingerprint) {
+        plan.hazard = SaveHazard::ChangedByOther;
+        plan.backup = DatedBackupOf(path);
+    }
+    return plan;
 }
 
 Backup MenuEditor::BackupFor(const std::string& path) const {
-    if (!m_incomplete) return BackupOf(path);
     // The last good version stays in the ".bak"; what could not be read never replaces an older one of its
     // kind.
-    std::string copy = path + ".damaged";
-    for (int number = 2; modUtilities::FileExists(copy); ++number)
-        copy = path + ".damaged." + std::to_string(number);
-    return {copy, false};
+    return m_incomplete ? DamagedBackupOf(path) : BackupOf(path);
+}
+
+void MenuEditor::Save(const std::string& path, const SavePlan& plan) {
+    // The user may have thought about a question for a long time.
+    const SavePlan now = PlanSave(path);
+    const SavePlan& used = now.onDisk == plan.onDisk && now.hazard == plan.hazard ? plan : now;
+    SaveWith(path, used.backup, used.onDisk);
 }
 
 void MenuEditor::Save(const std::string& path) {
+    SaveWith(path, BackupFor(path), m_fingerprint);
+}
+
+void MenuEditor::SaveWith(const std::string& path, const Backup& backup, const FileFingerprint& known) {
     if (!m_menu) return;
+    m_fingerprint = Write(path, backup, known);
+    m_path = path;
+    m_place = path;
+    m_dirty = false;
+    m_incomplete = false;
+    StateChanged();
+}
+
+void MenuEditor::SaveCopy(const std::string& path) {
+    if (!m_menu) return;
+    const SavePlan plan = PlanSave(path);
+    const FileFingerprint written = Write(path, plan.backup, plan.onDisk);
+    // In the menu's own place, what was just written is no change by another program.
+    if (IsSamePlace(path, m_place)) m_fingerprint = written;
+}
+
+FileFingerprint MenuEditor::Write(const std::string& path, const Backup& backup,
+                                  const FileFingerprint& known) {
     if (path.empty()) throw NeskError(RuntimeError::PathNotFound, "MenuEditor.Save", Message::NoMenuRoot);
     try {
-        m_fingerprint = MenuFileWriter(*m_menu, m_files).Save(path, BackupFor(path));
+        return MenuFileWriter(*m_menu, m_files).Save(path, backup, known);
     } catch (NeskError& error) {
         if (error.file.empty()) error.file = path;
         throw;
     } catch (const std::bad_alloc&) {
         throw NoMemory("MenuEditor.Save", Message::NoMemoryToSave, path);
     }
-    m_path = path;
-    m_dirty = false;
-    m_incomplete = false;
-    StateChanged();
 }
 
 MenuEntry* MenuEditor::Find(const std::string& id) const {

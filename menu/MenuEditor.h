@@ -41,11 +41,20 @@ struct MenuCommands {
     bool operator==(const MenuCommands&) const = default;
 };
 
-/// What a save would destroy.
+/// What the user has to know before a save.
 enum class SaveHazard {
     None,
-    Incomplete,    ///< the file on disk holds entries that could not be read
-    ChangedByOther ///< the file on disk is not the one that was read or written last
+    Incomplete,         ///< the file on disk holds entries that could not be read
+    ChangedByOther,     ///< the file on disk is not the one that was read or written last
+    OtherPlace,         ///< the menu was opened from another path; there is no file at the new one
+    OtherPlaceReplaces, ///< the menu was opened from another path; a file at the new one is replaced
+};
+
+/// How a save will be done.
+struct SavePlan {
+    SaveHazard hazard = SaveHazard::None;
+    Backup backup;          ///< where the version that is replaced is kept
+    FileFingerprint onDisk; ///< of that version
 };
 
 /// The open menu and every operation on it: nothing else changes it. Each edit is a MenuChange, which is
@@ -74,23 +83,43 @@ public:
     /// Closes the menu without saving.
     void Close();
 
-    /// What saving to `path` would destroy. Ask the user before saving all the same.
-    SaveHazard CheckSave(const std::string& path) const;
+    /// What saving to `path` would do to the file there. Ask the user about a hazard before saving all the
+    /// same. A version that somebody else wrote, or that is in another place than the menu, is kept under a
+    /// name of its own (DatedBackupOf).
+    SavePlan PlanSave(const std::string& path) const;
 
-    /// Where Save keeps what stands at `path`: "menu.cfg.bak", or for an incomplete menu a "menu.cfg.damaged"
-    /// that does not exist yet.
+    /// The hazard of PlanSave.
+    SaveHazard CheckSave(const std::string& path) const { return PlanSave(path).hazard; }
+
+    /// Where the last version of this menu is kept when it is saved to `path`: "menu.cfg.bak", or for an
+    /// incomplete menu a "menu.cfg.damaged" that does not exist yet.
     Backup BackupFor(const std::string& path) const;
 
-    /// Saves the menu. Raises the run-time error of what failed; the menu stays open and dirty then and the
-    /// file is as it was.
+    /// Saves the menu as planned. Where the file was changed after the plan was made, that version is kept as
+    /// a new plan says. Equal bytes on disk leave the older backup. Raises the run-time error of what failed;
+    /// the menu stays open and dirty then and the file is as it was.
+    void Save(const std::string& path, const SavePlan& plan);
+
+    /// Saves the menu without asking what is on the disk: the version before is kept as BackupFor says.
     void Save(const std::string& path);
+
+    /// Writes a copy of the menu to `path`. The menu's own path and its dirty flag stay. Raises the run-time
+    /// error of what failed; the file at `path` is as it was then.
+    void SaveCopy(const std::string& path);
 
     bool IsOpen() const { return m_menu != nullptr; }
     bool IsDirty() const { return m_dirty; }
     bool IsIncomplete() const { return m_incomplete; }
 
+    /// Whether the open menu has no file yet: there was none to open, and it was not saved since.
+    bool IsNew() const { return IsOpen() && m_path.empty(); }
+
     /// Path of the menu file that was read or written last; "" when there is none yet.
     const std::string& Path() const { return m_path; }
+
+    /// Path from which the menu was opened, also where there was no file, or to which it was saved last; ""
+    /// when nothing is open.
+    const std::string& Place() const { return m_place; }
 
     /// The open menu; null when there is none. Only this class changes it.
     Menu* OpenMenu() const { return m_menu.get(); }
@@ -130,12 +159,15 @@ private:
     MenuEvent Make(std::unique_ptr<MenuChange> change);
     bool Report(const MenuEvent& event);
     void StateChanged();
+    FileFingerprint Write(const std::string& path, const Backup& backup, const FileFingerprint& known);
+    void SaveWith(const std::string& path, const Backup& backup, const FileFingerprint& known);
 
     platform::FileSystem& m_files;
     MenuEditorListener* m_listener = nullptr;
     ChangeKeeper m_keeper;
     std::unique_ptr<Menu> m_menu;
     std::string m_path;
+    std::string m_place;
     FileFingerprint m_fingerprint;
     bool m_dirty = false;
     bool m_incomplete = false;

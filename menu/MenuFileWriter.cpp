@@ -6,6 +6,7 @@
 #include "menu/MenuItemCollection.h"
 #include "menu/MenuKeys.h"
 #include "menu/MenuText.h"
+#include "platform/ErrorCode.h"
 
 #include <algorithm>
 #include <array>
@@ -37,11 +38,8 @@ char* Put(char* at, MenuKey key) {
 
 } // namespace
 
-Backup BackupOf(const std::string& path) {
-    return {path + ".bak", true};
-}
-
-FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& backup) {
+FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& backup,
+                                     const FileFingerprint& known) {
     SafeFile file(path, m_files);
     m_file = &file;
     m_fingerprint = {};
@@ -50,8 +48,16 @@ FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& back
     WriteTree();
     FlushBuffer();
     m_file = nullptr;
-    file.Commit(backup);
+    const bool isSame = m_fingerprint == known && FileFingerprint::Of(path, m_files) == m_fingerprint;
+    file.Commit(isSame && !IsFirstOf(backup) ? Backup{} : backup);
     return m_fingerprint;
+}
+
+// Whether a backup would be the first one of a menu.
+bool MenuFileWriter::IsFirstOf(const Backup& backup) {
+    std::uint32_t attributes = 0;
+    return backup.mayReplace &&
+           m_files.Attributes(backup.path, attributes) == platform::ErrorCode::FileNotFound;
 }
 
 void MenuFileWriter::WriteTree() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "menu/BackupNames.h"
 #include "menu/FileFingerprint.h"
 #include "shell/SafeFile.h"
 
@@ -15,9 +16,6 @@ class Menu;
 class MenuItem;
 enum class MenuKey : std::size_t;
 
-/// Where the version before a save is kept: the file's name and ".bak".
-Backup BackupOf(const std::string& path);
-
 /// Writes a menu tree as a block file in the station's code page.
 class MenuFileWriter {
 public:
@@ -26,10 +24,15 @@ public:
 
     /// Replaces the file `path` by the tree. Raises the run-time error of a failed step, or 5000 for a text
     /// that the code page cannot hold or that would end its line; the file is unchanged then.
+    /// @param backup  where the version before is kept
+    /// @param known   what the file is believed to hold. When the tree makes the same bytes, and the file
+    /// does
+    ///                hold them, an older backup stays, and a dated one is not made
     /// @return the fingerprint of the new file
-    FileFingerprint Save(const std::string& path, const Backup& backup);
+    FileFingerprint Save(const std::string& path, const Backup& backup, const FileFingerprint& known = {});
 
 private:
+    bool IsFirstOf(const Backup& backup);
     void WriteTree();
     void WriteItem(const MenuItem& item, std::size_t level);
     void WriteNumber(std::size_t level, MenuKey key, std::int32_t number);

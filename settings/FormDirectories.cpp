@@ -10,6 +10,7 @@
 #include "shell/NumericKeyFilter.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
 
 #include <functional>
 #include <utility>
@@ -39,6 +40,7 @@ constexpr int HistoryText = 32083;
 constexpr int PrinterText = 32082;
 constexpr int BrowseText = 34251;
 constexpr int ChooseText = 34252;
+constexpr int CreateRootQuestion = 34432; // %0% folder
 constexpr int RootPrompt = 32023;
 constexpr int SlidesPrompt = 32024;
 constexpr int BitmapPrompt = 32073;
@@ -153,7 +155,8 @@ void FormDirectories::BindEvents() {
         });
 }
 
-bool FormDirectories::Invoke() {
+bool FormDirectories::Invoke(bool mayMakeRoot) {
+    m_mayMakeRoot = mayMakeRoot;
     m_fields = OptionsCheck::Load(NeskRegistry::Instance());
     ShowFields();
     txtRoot->SetFocus();
@@ -162,12 +165,22 @@ bool FormDirectories::Invoke() {
 
 void FormDirectories::OnOK() {
     ReadFields();
+    if (m_mayMakeRoot) OfferRoot();
     OptionsCheck::Numbers numbers;
     if (const auto fault = OptionsCheck::Check(m_fields, numbers)) return Refuse(*fault);
     NeskRegistry& settings = NeskRegistry::Instance();
     OptionsCheck::Apply(m_fields, numbers, settings);
     settings.Save();
     Accept();
+}
+
+// Whoever says No hears from the check that the folder does not exist.
+void FormDirectories::OfferRoot() {
+    if (!OptionsCheck::RootCanBeMade(m_fields.root)) return;
+    namespace Option = modMessageBox::Option;
+    const std::string question = modStringRes::FormatResString(CreateRootQuestion, m_fields.root);
+    if (modMessageBox::ShowMessage(question, Option::YesNo | Option::Question) == modMessageBox::Result::Yes)
+        modUtilities::MakePath(m_fields.root);
 }
 
 void FormDirectories::Refuse(const OptionsCheck::Fault& fault) {

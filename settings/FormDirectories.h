@@ -16,8 +16,9 @@ public:
     explicit FormDirectories(wxWindow* parent);
 
     /// Shows the dialog with the settings of the record; OK stores and saves them.
+    /// @param mayMakeRoot  a root folder that does not exist can be created, after a question
     /// @return true when it was confirmed
-    bool Invoke();
+    bool Invoke(bool mayMakeRoot = false);
 
     // Controls.
     wxStaticText* lblRoot = nullptr;
@@ -55,10 +56,12 @@ private:
     void ChooseMachine();
     void ChooseUser();
     void ChooseHistory();
+    void OfferRoot();
     void Refuse(const OptionsCheck::Fault& fault);
     wxTextCtrl& BoxOf(OptionsCheck::Field field);
 
     OptionsFields m_fields;
+    bool m_mayMakeRoot = false;
 };
 
 } // namespace nesk

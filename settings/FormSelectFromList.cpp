@@ -1,28 +1,106 @@
 #include "settings/FormSelectFromList.h"
 
+#include "settings/FormListName.h"
+#include "settings/RegistryListEditor.h"
 #include "shell/FormUtilities.h"
+#include "shell/NeskError.h"
+#include "shell/modMessageBox.h"
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
 
 #include <wx/button.h>
 #include <wx/listbox.h>
 #include <wx/sizer.h>
+#include <wx/stattext.h>
 
 namespace nesk {
 
 using modUtilities::ToWx;
 
+namespace {
+
+constexpr int AddText = 34423;
+constexpr int RemoveText = 34424;
+constexpr int RemoveQuestion = 34431; // %0% display name
+
+} // namespace
+
 FormSelectFromList::FormSelectFromList(wxWindow* parent, const char* name, int titleId,
-                                       std::int32_t helpTopic, const std::string& parentKey)
-    : FormDialog(parent, name, titleId, helpTopic), m_entries(parentKey) {
+                                       std::int32_t helpTopic, const std::string& parentKey, int emptyId,
+                                       int addFirstId)
+    : FormDialog(parent, name, titleId, helpTopic), m_parentKey(parentKey), m_entries(parentKey) {
+    const bool mayEdit = RegistryListEditor::MayEdit();
     lstMain = new wxListBox(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(320, 200)), 0, nullptr,
                             wxLB_SINGLE | wxLB_NEEDED_SB | wxLB_HSCROLL, wxDefaultValidator, "lstMain");
-    for (const std::string& displayName : m_entries.DisplayNames())
-        lstMain->Append(ToWx(displayName));
+    lblEmpty = NewLabel(this, "lblEmpty", mayEdit ? addFirstId : emptyId);
+    lblEmpty->Wrap(FromDIP(320));
+    auto* list = new wxBoxSizer(wxHORIZONTAL);
+    list->Add(lstMain, wxSizerFlags(1).Expand());
+    if (mayEdit) {
+        cmdAdd = NewButton(this, "cmdAdd", AddText);
+        cmdRemove = NewButton(this, "cmdRemove", RemoveText);
+        auto* buttons = new wxBoxSizer(wxVERTICAL);
+        buttons->Add(cmdAdd, wxSizerFlags().Expand());
+        buttons->Add(cmdRemove, wxSizerFlags().Expand().Border(wxTOP, Gap()));
+        list->Add(buttons, wxSizerFlags().Border(wxLEFT, Gap()));
+        cmdAdd->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Guarded(&FormSelectFromList::OnAdd); });
+        cmdRemove->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Guarded(&FormSelectFromList::OnRemove); });
+    }
     auto* content = new wxBoxSizer(wxVERTICAL);
-    content->Add(lstMain, wxSizerFlags(1).Expand());
+    content->Add(list, wxSizerFlags(1).Expand());
+    content->Add(lblEmpty, wxSizerFlags().Border(wxTOP, Gap()));
     Finish(content);
+    ShowEntries();
 
     lstMain->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { UpdateButtons(); });
     lstMain->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { OnOK(); });
+}
+
+void FormSelectFromList::ShowEntries() {
+    lstMain->Clear();
+    for (const std::string& displayName : m_entries.DisplayNames())
+        lstMain->Append(ToWx(displayName));
+    lstMain->SetSelection(wxNOT_FOUND);
+    lblEmpty->Show(lstMain->IsEmpty());
+    Layout();
+}
+
+// A failure is reported; the list is what it is in the registry.
+void FormSelectFromList::Guarded(void (FormSelectFromList::*act)()) {
+    try {
+        (this->*act)();
+    } catch (const NeskError& error) {
+        modUtilities::ReportError(error);
+    }
+    UpdateButtons();
+}
+
+void FormSelectFromList::OnAdd() {
+    FormListName dialog(this);
+    std::string name;
+    if (!dialog.Ask(name)) return;
+    const std::string key = RegistryListEditor::Add(m_parentKey, name);
+    m_entries = RegistryList(m_parentKey);
+    ShowEntries();
+    for (int i = 0; i < static_cast<int>(lstMain->GetCount()); ++i)
+        if (m_entries.KeyAt(i) == key) lstMain->SetSelection(i);
+    lstMain->SetFocus();
+}
+
+void FormSelectFromList::OnRemove() {
+    const int position = lstMain->GetSelection();
+    const std::string key = m_entries.KeyAt(position);
+    if (key.empty()) return;
+    const std::string question =
+        modStringRes::FormatResString(RemoveQuestion, modUtilities::FromWx(lstMain->GetStringSelection()));
+    namespace Option = modMessageBox::Option;
+    if (modMessageBox::ShowMessage(question, Option::YesNo | Option::Question | Option::SecondDefault) !=
+        modMessageBox::Result::Yes)
+        return;
+    RegistryListEditor::Remove(key);
+    m_entries = RegistryList(m_parentKey);
+    lstMain->SetFocus();
+    ShowEntries();
 }
 
 std::string FormSelectFromList::Choose() {
@@ -42,7 +120,9 @@ void FormSelectFromList::OnOK() {
 }
 
 void FormSelectFromList::UpdateButtons() {
-    cmdOK->Enable(lstMain->GetSelection() != wxNOT_FOUND);
+    const bool isSelected = lstMain->GetSelection() != wxNOT_FOUND;
+    cmdOK->Enable(isSelected);
+    if (cmdRemove != nullptr) cmdRemove->Enable(isSelected);
 }
 
 } // namespace nesk

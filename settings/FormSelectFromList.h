@@ -6,6 +6,7 @@
 #include <string>
 
 class wxListBox;
+class wxStaticText;
 
 namespace nesk {
 
@@ -14,6 +15,9 @@ class FormSelectFromList : public FormDialog {
 public:
     // Controls.
     wxListBox* lstMain = nullptr;
+    wxStaticText* lblEmpty = nullptr; ///< shown while the list is empty: where its entries come from
+    wxButton* cmdAdd = nullptr;       ///< null, like the next, where other software makes the list
+    wxButton* cmdRemove = nullptr;
 
 protected:
     /// Reads the list; a failure is reported before the dialog is shown, which then offers nothing.
@@ -21,8 +25,10 @@ protected:
     /// @param titleId    message number of the title
     /// @param helpTopic  topic of the Help button
     /// @param parentKey  registry key whose subkeys are the entries
+    /// @param emptyId    message number of what an empty list says where other software makes it
+    /// @param addFirstId the same where it is made here
     FormSelectFromList(wxWindow* parent, const char* name, int titleId, std::int32_t helpTopic,
-                       const std::string& parentKey);
+                       const std::string& parentKey, int emptyId, int addFirstId);
 
     /// Shows the dialog.
     /// @return the registry key of the entry chosen; "" when none was
@@ -32,7 +38,12 @@ protected:
 
 private:
     void UpdateButtons();
+    void ShowEntries();
+    void OnAdd();
+    void OnRemove();
+    void Guarded(void (FormSelectFromList::*act)());
 
+    std::string m_parentKey;
     RegistryList m_entries;
     std::string m_result;
 };

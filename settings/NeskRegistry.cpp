@@ -176,8 +176,11 @@ void NeskRegistry::Save() {
 }
 
 std::string NeskRegistry::MenuFile() const {
-    if (NeskRoot.empty() || !modUtilities::DirectoryExists(NeskRoot)) return "";
-    return NeskRoot + "\\menu.cfg";
+    return modUtilities::DirectoryExists(NeskRoot) ? MenuPath() : "";
+}
+
+std::string NeskRegistry::MenuPath() const {
+    return NeskRoot.empty() ? "" : NeskRoot + "\\menu.cfg";
 }
 
 } // namespace nesk

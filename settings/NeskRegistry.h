@@ -29,6 +29,9 @@ public:
     /// Full path of the menu file; "" when NeskRoot is empty or no existing folder.
     std::string MenuFile() const;
 
+    /// The same without a look at the disk: "" only when NeskRoot is empty.
+    std::string MenuPath() const;
+
     std::string NeskMachine;            ///< "Machines\" and the machine's subkey
     std::string NeskUser;               ///< "Users\" and the user's subkey
     std::string HistoryDirectory;       ///< default directory of the measurement history

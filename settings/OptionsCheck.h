@@ -57,6 +57,9 @@ void ShowName(const std::string& key, std::string& name);
 /// True when there is a history. Without one its two numbers are not used: both are set to "0".
 bool ApplyHistoryRule(OptionsFields& fields);
 
+/// Whether a root folder is missing that could be created: a full path below a drive, or a share.
+bool RootCanBeMade(const std::string& root);
+
 /// The folder without the separators at its end.
 std::string StripTrailingSeparators(std::string folder);
 

@@ -1,6 +1,8 @@
 #include "settings/RegistryList.h"
 
+#include "platform/ErrorCode.h"
 #include "settings/RegEntry.h"
+#include "settings/RegistryListEditor.h"
 #include "shell/NeskError.h"
 #include "shell/modUtilities.h"
 
@@ -21,6 +23,10 @@ RegistryList::RegistryList(std::string parentKey) : m_parentKey(std::move(parent
 
 void RegistryList::Read() {
     RegEntry entry;
+    // Where the list is made here, one that was never made is empty.
+    if (RegistryListEditor::MayEdit() && !entry.TestKey(m_parentKey) &&
+        entry.LastResult() == platform::ErrorCode::FileNotFound)
+        return;
     entry.OpenKey(m_parentKey);
     entry.Query(m_names);
     for (const std::string& name : m_names) {

@@ -10,7 +10,8 @@ namespace nesk {
 /// display name.
 class RegistryList {
 public:
-    /// Reads the list. A failure is shown as an error report and leaves the list empty.
+    /// Reads the list. A failure is shown as an error report and leaves the list empty; so does, without a
+    /// report, a missing key on a station whose lists are made here (RegistryListEditor).
     /// @param parentKey  key below the base path, as "Machines"
     explicit RegistryList(std::string parentKey);
 

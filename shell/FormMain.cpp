@@ -4,10 +4,10 @@
 #include "menu/MenuItem.h"
 #include "partedit/FormEditPart.h"
 #include "settings/FormAccess.h"
-#include "settings/FormDirectories.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormIcons.h"
 #include "shell/FormMenuTree.h"
+#include "shell/FormStartPage.h"
 #include "shell/FormUtilities.h"
 #include "shell/Messages.h"
 #include "shell/modHelp.h"
@@ -71,9 +71,8 @@ FormMain::FormMain()
     Bind(wxEVT_CLOSE_WINDOW, &FormMain::OnClose, this);
     BindTree();
 
-    UpdateTitle();
-    UpdateFileMenus();
-    tvMain->Window().SetFocus();
+    Bind(wxEVT_ACTIVATE, &FormMain::OnActivate, this);
+    OnMenuReplaced();
 }
 
 FormMain::~FormMain() {
@@ -84,6 +83,7 @@ wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     switch (command) {
     case MainCommand::FileOpen: return mnuFileOpen;
     case MainCommand::FileSave: return mnuFileSave;
+    case MainCommand::FileSaveAs: return mnuFileSaveAs;
     case MainCommand::FileClose: return mnuFileClose;
     case MainCommand::FileExit: return mnuFileExit;
     case MainCommand::AddPart: return mnuMenuAddPart;
@@ -96,6 +96,7 @@ wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     case MainCommand::SettingsAccess: return mnuSettingsAccess;
     case MainCommand::SettingsOptions: return mnuSettingsOptions;
     case MainCommand::HelpContents: return mnuHelpContents;
+    case MainCommand::HelpAbout: return mnuHelpAbout;
     case MainCommand::HelpWindow:
     case MainCommand::Count: break;
     }
@@ -129,12 +130,18 @@ void FormMain::BuildControls() {
 
     ibIncomplete = new wxInfoBar(this);
     ibIncomplete->SetName("ibIncomplete");
+    ibNew = new wxInfoBar(this);
+    ibNew->SetName("ibNew");
+    pgStart = new FormStartPage(this, [this](StartStep step) { TakeStep(step); });
     m_tree = std::make_unique<FormMenuTree>(this, m_editor);
     tvMain = m_tree.get();
     tvMain->Window().SetMinSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     sizer->Add(ibIncomplete, wxSizerFlags().Expand());
+    sizer->Add(ibNew, wxSizerFlags().Expand());
+    // One of these two is shown.
+    sizer->Add(pgStart, wxSizerFlags(1).Expand());
     sizer->Add(&tvMain->Window(), wxSizerFlags(1).Expand());
     SetSizer(sizer);
 }
@@ -153,8 +160,9 @@ void FormMain::UpdateTitle() {
 }
 
 void FormMain::UpdateFileMenus() {
-    const bool rootExists = modUtilities::DirectoryExists(NeskRegistry::Instance().NeskRoot);
-    const MainCommandSet enabled = EnabledCommands(m_editor, tvMain->SelectedKey(), rootExists);
+    const MainCommandSet enabled = CurrentCommands(m_editor, tvMain->SelectedKey(), [] {
+        return modUtilities::DirectoryExists(NeskRegistry::Instance().NeskRoot);
+    });
     for (const MainCommandInfo& info : MainCommandTable())
         ItemOf(info.command)->Enable(Contains(enabled, info.command));
     // While a caption is typed, Del deletes characters and not the entry.
@@ -164,23 +172,8 @@ void FormMain::UpdateFileMenus() {
         if (bar->GetMenu(i) == mnuMenu) bar->EnableTop(i, m_editor.IsOpen());
 }
 
-void FormMain::OnMenuReplaced() {
-    tvMain->BuildTree();
-    OnStateChanged();
-}
-
 void FormMain::OnMenuEvent(const MenuEvent& event) {
     tvMain->Follow(event);
-}
-
-void FormMain::OnStateChanged() {
-    sbMain->SetStatusText(ToWx(m_editor.Path()), PathPanel);
-    if (m_editor.IsIncomplete() && !ibIncomplete->IsShown())
-        ibIncomplete->ShowMessage(ResText(Message::IncompleteBar), wxICON_WARNING);
-    else if (!m_editor.IsIncomplete() && ibIncomplete->IsShown())
-        ibIncomplete->Dismiss();
-    UpdateTitle();
-    UpdateFileMenus();
 }
 
 void FormMain::OnCommand(MainCommand command) {
@@ -196,6 +189,7 @@ void FormMain::Run(MainCommand command) {
     switch (command) {
     case MainCommand::FileOpen: FileOpen(); break;
     case MainCommand::FileSave: FileSave(); break;
+    case MainCommand::FileSaveAs: FileSaveAs(); break;
     case MainCommand::FileClose: FileClose(); break;
     case MainCommand::FileExit: Close(); break;
     case MainCommand::AddPart:
@@ -206,70 +200,12 @@ void FormMain::Run(MainCommand command) {
     case MainCommand::Remove: Remove(); break;
     case MainCommand::HelpContents: HelpContents(); break;
     case MainCommand::HelpWindow: ShowHelpTopic(); break;
+    case MainCommand::HelpAbout: HelpAbout(); break;
     case MainCommand::Edit: EditSelected(); break;
     case MainCommand::SettingsAccess: Access(); break;
     case MainCommand::SettingsOptions: Options(); break;
     case MainCommand::Count: break;
     }
-}
-
-void FormMain::FileOpen() {
-    if (m_editor.IsOpen()) return;
-    const NeskRegistry& settings = NeskRegistry::Instance();
-    std::optional<NeskError> failure;
-    {
-        const wxBusyCursor busy;
-        failure = m_editor.Open(settings.NeskRoot, settings.MenuFile());
-    }
-    if (failure) ShowError(Message::OpenFailed, *failure);
-}
-
-bool FormMain::FileSave() {
-    if (!FinishLabelEdit()) return false;
-    if (!m_editor.IsOpen()) return true;
-    const std::string path = NeskRegistry::Instance().MenuFile();
-    try {
-        if (!ConfirmOverwrite(path)) return false;
-        const wxBusyCursor busy;
-        m_editor.Save(path);
-        return true;
-    } catch (const NeskError& error) {
-        ShowError(Message::SaveFailed, error);
-        return false;
-    }
-}
-
-bool FormMain::ConfirmOverwrite(const std::string& path) {
-    const SaveHazard hazard = m_editor.CheckSave(path);
-    if (hazard == SaveHazard::None) return true;
-    const int question = hazard == SaveHazard::Incomplete ? Message::SaveIncomplete : Message::SaveChanged;
-    const std::string text = FormatResString(question, path, m_editor.BackupFor(path).path);
-    return Ask(text, Message::SaveQuestionTitle, wxYES_NO | wxNO_DEFAULT | wxICON_WARNING) == wxID_YES;
-}
-
-void FormMain::FileClose() {
-    if (!FinishLabelEdit()) return;
-    if (m_editor.IsOpen() && ConfirmClose(false)) m_editor.Close();
-}
-
-// Asks about unsaved changes. False when the menu has to stay open: the user called it off, or saving failed.
-bool FormMain::ConfirmClose(bool mayCancel) {
-    if (!m_editor.IsOpen() || !m_editor.IsDirty()) return true;
-    const long buttons = mayCancel ? wxYES_NO | wxCANCEL : wxYES_NO;
-    switch (Ask(LoadResString(Message::SaveChanges), Message::ConfirmTitle, buttons | wxICON_QUESTION)) {
-    case wxID_YES: return FileSave();
-    case wxID_NO: return true;
-    // Cancel, or a question that was closed without an answer, which must not cost the changes.
-    default: return false;
-    }
-}
-
-void FormMain::OnClose(wxCloseEvent& event) {
-    const bool mayClose = FinishLabelEdit() && ConfirmClose(true);
-    if (!mayClose && event.CanVeto()) return event.Veto();
-    // What was to be said about the caption goes with the window.
-    DeletePendingEvents();
-    Destroy();
 }
 
 void FormMain::AddEntry(MainCommand command) {
@@ -327,11 +263,6 @@ void FormMain::EditSelected() {
         FormSelectMenuPicture dialog(this);
         if (dialog.Display(graphic)) m_editor.SetGraphic(id, graphic);
     }
-}
-
-void FormMain::Options() {
-    // Another root folder may exist where the old one did not, and the other way round.
-    if (FormDirectories(this).Invoke()) UpdateFileMenus();
 }
 
 void FormMain::Access() {

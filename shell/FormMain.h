@@ -2,6 +2,7 @@
 
 #include "menu/MenuEditor.h"
 #include "shell/MainCommands.h"
+#include "shell/StartChoices.h"
 
 #include <memory>
 #include <string>
@@ -20,6 +21,7 @@ class TreeNode;
 namespace nesk {
 
 class FormMenuTree;
+class FormStartPage;
 
 /// The main window: the tree of the open menu, its commands, and the questions that go with them.
 class FormMain : public wxFrame, private MenuEditorListener {
@@ -37,9 +39,12 @@ public:
     FormMenuTree* tvMain = nullptr;
     wxStatusBar* sbMain = nullptr;
     wxInfoBarGeneric* ibIncomplete = nullptr;
+    wxInfoBarGeneric* ibNew = nullptr; ///< tells that the menu has no file yet
+    FormStartPage* pgStart = nullptr;  ///< in the place of the tree while nothing is open
     wxMenu* mnuMenu = nullptr;
     wxMenuItem* mnuFileOpen = nullptr;
     wxMenuItem* mnuFileSave = nullptr;
+    wxMenuItem* mnuFileSaveAs = nullptr;
     wxMenuItem* mnuFileClose = nullptr;
     wxMenuItem* mnuFileExit = nullptr;
     wxMenuItem* mnuMenuAddPart = nullptr;
@@ -53,6 +58,7 @@ public:
     wxMenuItem* mnuSettingsOptions = nullptr;
     wxMenuItem* mnuHelpContents = nullptr;
     wxMenuItem* mnuHelpWindow = nullptr;
+    wxMenuItem* mnuHelpAbout = nullptr;
 
 private:
     // Construction.
@@ -72,6 +78,7 @@ private:
     void Run(MainCommand command);
     void FileOpen();
     bool FileSave();
+    void FileSaveAs();
     void FileClose();
     void AddEntry(MainCommand command);
     void Move(MainCommand command);
@@ -82,6 +89,14 @@ private:
     void Access();
     void HelpContents();
     void ShowHelpTopic();
+    void HelpAbout();
+
+    // While nothing is open.
+    void UpdateStartPage();
+    void TakeStep(StartStep step);
+    void OpenStation();
+    void StationChanged();
+    void OnActivate(wxActivateEvent& event);
 
     // Keys, and what the tree reports.
     void BindTree();
@@ -95,13 +110,17 @@ private:
 
     void OnClose(wxCloseEvent& event);
     bool ConfirmClose(bool mayCancel);
-    bool ConfirmOverwrite(const std::string& path);
+    void UpdateBars();
+    void ShowPlace(const wxString& place);
     int Ask(const std::string& text, int titleId, long style);
     void ShowError(int messageId, const NeskError& error);
 
     MenuEditor m_editor;
     std::unique_ptr<FormMenuTree> m_tree;
     bool m_captionRefused = false; // by the last end of an edit
+    bool m_wasActive = false;
+    std::string m_shownRoot;   // root folder of which pgStart tells
+    std::string m_newMenuText; // as ibNew shows it
 };
 
 } // namespace nesk

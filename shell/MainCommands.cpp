@@ -12,6 +12,7 @@ namespace {
 constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
     {MainCommand::FileOpen, "mnuFileOpen", Message::MenuFile, Message::FileOpen, false},
     {MainCommand::FileSave, "mnuFileSave", Message::MenuFile, Message::FileSave, false},
+    {MainCommand::FileSaveAs, "mnuFileSaveAs", Message::MenuFile, Message::FileSaveAs, false},
     {MainCommand::FileClose, "mnuFileClose", Message::MenuFile, Message::FileClose, false},
     {MainCommand::FileExit, "mnuFileExit", Message::MenuFile, Message::FileExit, true},
     {MainCommand::AddPart, "mnuMenuAddPart", Message::MenuMenu, Message::AddPart, false},
@@ -26,6 +27,7 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      false},
     {MainCommand::HelpContents, "mnuHelpContents", Message::MenuHelp, Message::HelpContents, false},
     {MainCommand::HelpWindow, "mnuHelpWindow", Message::MenuHelp, Message::HelpWindow, false},
+    {MainCommand::HelpAbout, "mnuHelpAbout", Message::MenuHelp, Message::HelpAbout, true},
 }};
 
 } // namespace
@@ -52,6 +54,7 @@ MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& sele
     };
     set(MainCommand::FileOpen, !open && menuRootExists);
     set(MainCommand::FileSave, open);
+    set(MainCommand::FileSaveAs, open);
     set(MainCommand::FileClose, open);
     set(MainCommand::FileExit, true);
     set(MainCommand::AddPart, menu.addPart);
@@ -65,7 +68,13 @@ MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& sele
     set(MainCommand::SettingsOptions, true);
     set(MainCommand::HelpContents, true);
     set(MainCommand::HelpWindow, true);
+    set(MainCommand::HelpAbout, true);
     return enabled;
+}
+
+MainCommandSet CurrentCommands(const MenuEditor& editor, const std::string& selectedId,
+                               const std::function<bool()>& menuRootExists) {
+    return EnabledCommands(editor, selectedId, !editor.IsOpen() && menuRootExists());
 }
 
 } // namespace nesk

@@ -4,6 +4,7 @@
 
 #include <bitset>
 #include <cstddef>
+#include <functional>
 #include <span>
 #include <string>
 
@@ -13,6 +14,7 @@ namespace nesk {
 enum class MainCommand {
     FileOpen,
     FileSave,
+    FileSaveAs,
     FileClose,
     FileExit,
     AddPart,
@@ -26,6 +28,7 @@ enum class MainCommand {
     SettingsOptions,
     HelpContents,
     HelpWindow,
+    HelpAbout,
     Count
 };
 
@@ -57,5 +60,10 @@ bool Contains(const MainCommandSet& set, MainCommand command);
 /// @param selectedId      id of the selected entry; "" for none
 /// @param menuRootExists  the menu root folder of the settings exists
 MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& selectedId, bool menuRootExists);
+
+/// The same, where the root folder costs a look at the disk.
+/// @param menuRootExists  asked only while nothing is open: no command depends on the folder otherwise
+MainCommandSet CurrentCommands(const MenuEditor& editor, const std::string& selectedId,
+                               const std::function<bool()>& menuRootExists);
 
 } // namespace nesk

@@ -116,4 +116,68 @@ constexpr int HelpFormat = 34162;
 constexpr int HelpFailed = 34163;
 constexpr int HelpTitle = 34164;
 
+// Menu bar: further commands; the lines that explain them are 34390 and 34391.
+constexpr int FileSaveAs = 34350;
+constexpr int HelpAbout = 34351;
+
+// Where a menu is saved.
+constexpr int SaveElsewhere = 34352;         // %0% where it came from, %1% where it will be saved
+constexpr int SaveElsewhereReplaces = 34353; // %2% name of the copy
+constexpr int SaveIncompleteElsewhere = 34354;
+constexpr int FromAndTo = 34355;   // %0% where it came from, %1% where it will be saved
+constexpr int WillBeSaved = 34356; // %0% where
+constexpr int NewMenuBar = 34357;  // %0% file
+constexpr int NewMenuNowhere = 34358;
+constexpr int RootGone = 34359; // %0% folder, as for the next three
+constexpr int RootClosed = 34360;
+constexpr int StationGone = 34361;
+constexpr int StationClosed = 34362;
+constexpr int SaveAsTitle = 34363;
+constexpr int MenuFileFilter = 34364;
+constexpr int SaveAsFailed = 34365;    // %0% error
+constexpr int OpenNotPossible = 34366; // %0% error
+
+// While no menu is open.
+constexpr int StartNothingOpen = 34370;
+constexpr int StartMenuText = 34371;   // %0% file
+constexpr int StartNoMenuText = 34372; // %0% file
+constexpr int StartNoRoot = 34373;
+constexpr int StartNoRootText = 34374;
+constexpr int StartRootGone = 34375;
+constexpr int StartRootGoneText = 34376; // %0% folder
+constexpr int StartRootClosed = 34377;
+constexpr int StartRootClosedText = 34378; // %0% folder
+constexpr int StartNoStation = 34379;
+constexpr int StartNoStationText = 34380;    // %0% folder
+constexpr int StartEmptyStationText = 34381; // %0% folder
+constexpr int StartStationClosed = 34382;
+constexpr int StartStationClosedText = 34383; // %0% folder
+constexpr int StartStationLine = 34384;       // %0% folder
+constexpr int StepOpenMenu = 34385;
+constexpr int StepChooseRoot = 34386;
+constexpr int StepCreateStation = 34387;
+constexpr int StepOpenStation = 34388;
+
+// A new station.
+constexpr int ProposedMachine = 34400;
+constexpr int ProposedUser = 34401;
+constexpr int StationFolderNeeded = 34402;
+constexpr int StationExists = 34403; // %0% folder, as for the next two
+constexpr int StationFolderNotEmpty = 34404;
+constexpr int NotAStation = 34405;
+constexpr int OpenStationPrompt = 34406;
+constexpr int StationFailed = 34407; // %0% error
+
+// Machines and users.
+constexpr int NameNeeded = 34420;
+constexpr int NameNotStorable = 34421;
+constexpr int NameTooLong = 34422;
+
+// About.
+constexpr int AboutTitle = 34440;
+constexpr int AboutProgram = 34441; // %0% version
+constexpr int AboutLicence = 34442;
+constexpr int AboutLibraries = 34443;
+constexpr int AboutLibrary = 34444; // %0% name, %1% version, %2% licence
+
 } // namespace nesk::Message

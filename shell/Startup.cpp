@@ -60,16 +60,6 @@ void Warn(const std::string& text) {
     modMessageBox::ShowMessage(text, modMessageBox::Option::Exclamation);
 }
 
-void ReportProblems() {
-    RegEntry probe;
-    probe.TestKey("Neskworks");
-    if (const int message = StoreMessage(probe.LastResult()); message != 0)
-        Warn(modStringRes::FormatResString(message, platform::StationRegistry().Location(),
-                                           probe.LastResult()));
-    if (!TheState().unusableLanguage.empty())
-        Warn(modStringRes::FormatResString(Message::LanguageNotANumber, TheState().unusableLanguage));
-}
-
 } // namespace
 
 int LanguageID() {
@@ -90,11 +80,26 @@ void InitLanguage() {
     modStringRes::InitStringRes(state.languageId);
 }
 
+void LoadStation() {
+    InitLanguage();
+    modHelp::SetHelpFile(LanguageID(), HelpBaseName);
+    NeskRegistry::Instance() = NeskRegistry();
+    NeskRegistry::Instance().Load();
+}
+
+void ReportProblems() {
+    RegEntry probe;
+    probe.TestKey("Neskworks");
+    if (const int message = StoreMessage(probe.LastResult()); message != 0)
+        Warn(modStringRes::FormatResString(message, platform::StationRegistry().Location(),
+                                           probe.LastResult()));
+    if (!TheState().unusableLanguage.empty())
+        Warn(modStringRes::FormatResString(Message::LanguageNotANumber, TheState().unusableLanguage));
+}
+
 void Main(const std::function<void()>& showMainWindow) {
     try {
-        InitLanguage();
-        modHelp::SetHelpFile(LanguageID(), HelpBaseName);
-        NeskRegistry::Instance().Load();
+        LoadStation();
         showMainWindow();
         ReportProblems();
     } catch (const std::exception& error) {

@@ -23,4 +23,12 @@ cmp "$NESKMANAGER_STATION/second.cfg" "$menu" || fail "overwritten without conse
 keys alt+y
 until_true "first editor's save" is_clean
 grep -aq "CAPTION=By the first" "$menu" || fail "the first editor's change is not in the file"
-cmp "$NESKMANAGER_STATION/second.cfg" "$menu.bak" || fail "the other's version was not kept"
+# Under a name with its date, which the next save does not take.
+keys F2
+type_text "By the first again"
+keys Return ctrl+s
+until_true "first editor's next save" is_clean
+kept=("$menu".20*.bak)
+[[ ${#kept[@]} == 1 ]] || fail "not one dated version: ${kept[*]}"
+cmp "$NESKMANAGER_STATION/second.cfg" "${kept[0]}" || fail "the other's version was not kept"
+grep -aq "CAPTION=By the first" "$menu.bak" || fail "the own version before was not kept"

@@ -14,9 +14,12 @@
 #include "partedit/FormSelectPart.h"
 #include "settings/FormAccess.h"
 #include "settings/FormDirectories.h"
+#include "settings/FormListName.h"
 #include "settings/FormSelectMachine.h"
 #include "settings/FormSelectUser.h"
 #include "settings/RegEntry.h"
+#include "shell/FormAbout.h"
+#include "shell/FormCreateStation.h"
 #include "shell/FormUtilities.h"
 #include "shell/Startup.h"
 #include "shell/modHelp.h"
@@ -129,7 +132,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case<FormBrowse>("FormBrowse", 33002), Case<FormFolder>("FormFolder", 0),
         Case<FormSelectHistory>("FormSelectHistory", 33005),
         Case<FormSelectHelpFile>("FormSelectHelpFile", 33000), Case<FormSelectPart>("FormSelectPart", 33004),
-        Case<FormSelectDrive>("FormSelectDrive", 0),
+        Case<FormSelectDrive>("FormSelectDrive", 0), Case<FormAbout>("FormAbout", 0),
+        Case<FormCreateStation>("FormCreateStation", 0), Case<FormListName>("FormListName", 0),
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, WideScreen); }},
         Case<FormSelectMenuPicture>("FormSelectMenuPicture", 33003),
         Case<FormEditMenu>("FormEditMenu", 33003)),

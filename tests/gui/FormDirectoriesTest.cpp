@@ -11,6 +11,8 @@
 #include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
 
+#include <filesystem>
+
 #include <wx/button.h>
 #include <wx/listbox.h>
 #include <wx/stattext.h>
@@ -52,12 +54,12 @@ protected:
     }
 
     // Shows the dialog, does something with it, closes it if that did not, and returns its answer.
-    bool Show(const std::function<void(FormDirectories&)>& act) {
+    bool Show(const std::function<void(FormDirectories&)>& act, bool mayMakeRoot = false) {
         WhenShown<FormDirectories>("FormDirectories", [act](FormDirectories& form) {
             act(form);
             if (IsOpen(form)) Click(form.cmdCancel);
         });
-        return FormDirectories(nullptr).Invoke();
+        return FormDirectories(nullptr).Invoke(mayMakeRoot);
     }
 
     // Confirms and expects a message about a box, which has the focus then.
@@ -434,6 +436,45 @@ TEST_F(FormDirectoriesTest, AFailedSaveIsReportedAndClosesTheDialog) {
     EXPECT_EQ(messages[0].title, LoadResString(34123));
     EXPECT_EQ(Saved("NeskRoot"), "C:\\Other") << "what was written before the failure stays";
     EXPECT_EQ(Saved("NeskMachine"), "");
+}
+
+TEST_F(FormDirectoriesTest, ARootFolderIsCreatedAfterAQuestion) {
+    const auto answer = [this](FormDirectories& form, std::int16_t result) {
+        Expect(result);
+        if (result == modMessageBox::Result::No) Expect();
+        Click(form.cmdOK);
+    };
+    const bool confirmed = Show(
+        [&](FormDirectories& form) {
+            form.txtRoot->SetValue("C:\\New\\Menus\\");
+            answer(form, modMessageBox::Result::No);
+            ASSERT_EQ(messages.size(), 2u);
+            EXPECT_EQ(messages[0].text, modStringRes::FormatResString(34432, "C:\\New\\Menus\\"));
+            EXPECT_NE(messages[1].text.find("oot folder"), std::string::npos) << messages[1].text;
+            EXPECT_TRUE(IsOpen(form));
+            EXPECT_FALSE(std::filesystem::exists(TempStation::Host("C:\\New")));
+            answer(form, modMessageBox::Result::Yes);
+            EXPECT_FALSE(IsOpen(form));
+        },
+        true);
+    EXPECT_TRUE(confirmed);
+    EXPECT_EQ(Saved("NeskRoot"), "C:\\New\\Menus");
+    EXPECT_TRUE(std::filesystem::is_directory(TempStation::Host("C:\\New\\Menus")));
+}
+
+TEST_F(FormDirectoriesTest, ARootFolderThatCannotBeCreatedKeepsTheDialogOpen) {
+    const bool confirmed = Show(
+        [&](FormDirectories& form) {
+            form.txtRoot->SetValue("C:\\Root\\x.txt\\Menus");
+            Expect(modMessageBox::Result::Yes);
+            Expect();
+            Click(form.cmdOK);
+            EXPECT_NE(messages.back().text.find("x.txt"), std::string::npos) << messages.back().text;
+            EXPECT_TRUE(IsOpen(form));
+        },
+        true);
+    EXPECT_FALSE(confirmed);
+    EXPECT_EQ(Saved("NeskRoot"), "");
 }
 
 TEST_F(FormDirectoriesTest, ANumberThatNothingCanHoldIsReported) {

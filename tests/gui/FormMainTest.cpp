@@ -331,18 +331,20 @@ TEST_F(FormMainTest, AFileChangedByAnotherProgramIsNotOverwrittenUnasked) {
     WriteMenu("BLOCK MENU\nCAPTION=Theirs\nEND\n");
     dialogs.Answer(wxID_NO);
     ASSERT_TRUE(Click(window->mnuFileSave));
-    EXPECT_NE(dialogs.shown.at(0).text.find("menu.cfg.bak"), std::string::npos);
+    const std::string copy = window->Editor().PlanSave("C:\\Neskroot\\menu.cfg").backup.path;
+    EXPECT_NE(dialogs.shown.at(0).text.find(copy), std::string::npos) << dialogs.shown[0].text;
     EXPECT_EQ(MenuOnDisk(), "BLOCK MENU\nCAPTION=Theirs\nEND\n");
     EXPECT_TRUE(window->Editor().IsDirty());
     dialogs.Answer(wxID_YES);
     ASSERT_TRUE(Click(window->mnuFileSave));
     EXPECT_NE(MenuOnDisk().find("CAPTION=Mine"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::exists(TempStation::Host(copy))) << copy;
 }
 
 TEST_F(FormMainTest, SavingWithoutAMenuRootSaysSo) {
     OpenSmallMenu();
     ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
-    NeskRegistry::Instance().NeskRoot = "C:\\Gone";
+    NeskRegistry::Instance().NeskRoot = "";
     dialogs.Answer(wxID_OK);
     ASSERT_TRUE(Click(window->mnuFileSave));
     EXPECT_NE(dialogs.shown.at(0).text.find(LoadResString(34135)), std::string::npos);
@@ -408,7 +410,7 @@ TEST_F(FormMainTest, ConfirmedOptionsDecideWhetherThereIsAMenuToOpen) {
 }
 
 TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
-    OpenWindow();
+    OpenSmallMenu();
     const wxSize screen = wxGetDisplaySize();
     EXPECT_LE(window->GetSize().x, screen.x);
     EXPECT_LE(window->GetSize().y, screen.y);
@@ -425,7 +427,7 @@ TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
 
 TEST_F(FormMainTest, ControlsAreFoundByName) {
     OpenWindow();
-    for (const char* name : {"tvMain", "sbMain", "ibIncomplete"})
+    for (const char* name : {"tvMain", "sbMain", "ibIncomplete", "ibNew", "pgStart"})
         EXPECT_NE(wxWindow::FindWindowByName(name, window), nullptr) << name;
 }
 

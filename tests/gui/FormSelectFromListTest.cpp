@@ -1,12 +1,16 @@
 #include "settings/FormSelectMachine.h"
 #include "settings/FormSelectUser.h"
 
+#include "gui/NextDialog.h"
 #include "gui/SettingsDialogFixture.h"
+#include "settings/FormListName.h"
 #include "settings/RegEntry.h"
 #include "shell/FormUtilities.h"
 
 #include <wx/button.h>
 #include <wx/listbox.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
 
 namespace nesk::testing {
 namespace {
@@ -162,6 +166,64 @@ TEST_F(FormSelectFromListTest, WithoutMachinesOnlyCancelLeadsOut) {
     EXPECT_EQ(key, "");
 }
 
+#ifdef NESK_PORTABLE_STATION
+TEST_F(FormSelectFromListTest, AnEmptyListSaysWhereItsEntriesComeFromAndGetsOne) {
+    const std::string key = Machine([this](FormSelectMachine& dialog) {
+        EXPECT_TRUE(messages.empty()) << "a list that was never made is no fault";
+        EXPECT_EQ(FromWx(dialog.lblEmpty->GetLabel()), LoadResString(34427));
+        EXPECT_TRUE(dialog.lblEmpty->IsShown());
+        EXPECT_FALSE(dialog.cmdRemove->IsEnabled());
+        const NextDialog<FormListName> next([this](FormListName& name) {
+            EXPECT_TRUE(name.txtName->HasFocus());
+            Expect();
+            PressButton(name.cmdOK);
+            EXPECT_EQ(messages.back().text, LoadResString(34420));
+            EXPECT_TRUE(IsOpen(name)) << "a name is needed";
+            name.txtName->SetValue("Bridge");
+            PressButton(name.cmdOK);
+        });
+        PressButton(dialog.cmdAdd);
+        ASSERT_EQ(dialog.lstMain->GetCount(), 1u);
+        EXPECT_EQ(dialog.lstMain->GetSelection(), 0) << "the new one is chosen";
+        EXPECT_FALSE(dialog.lblEmpty->IsShown());
+        EXPECT_TRUE(dialog.cmdOK->IsEnabled());
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_EQ(key, "Machines\\M1");
+    RegEntry entry;
+    entry.OpenKey(key);
+    EXPECT_EQ(entry.GetString("Name"), "Bridge");
+}
+
+TEST_F(FormSelectFromListTest, AnEntryIsRemovedAfterAQuestion) {
+    Add("Machines\\A", "Bridge");
+    Add("Machines\\B", "Arm");
+    Machine([this](FormSelectMachine& dialog) {
+        ClickLine(*dialog.lstMain, 1);
+        Expect(modMessageBox::Result::No);
+        PressButton(dialog.cmdRemove);
+        EXPECT_NE(messages.back().text.find("\"Arm\""), std::string::npos);
+        EXPECT_EQ(dialog.lstMain->GetCount(), 2u);
+        Expect(modMessageBox::Result::Yes);
+        PressButton(dialog.cmdRemove);
+        ASSERT_EQ(dialog.lstMain->GetCount(), 1u);
+        EXPECT_EQ(dialog.lstMain->GetString(0), "Bridge");
+        EXPECT_FALSE(dialog.cmdOK->IsEnabled());
+        EXPECT_FALSE(dialog.cmdRemove->IsEnabled());
+    });
+    EXPECT_FALSE(RegEntry().TestKey("Machines\\B"));
+    EXPECT_TRUE(RegEntry().TestKey("Machines\\A"));
+}
+#else
+TEST_F(FormSelectFromListTest, AnEmptyListSaysWhereItsEntriesComeFrom) {
+    RegEntry().CreateKey("Machines");
+    Machine([](FormSelectMachine& dialog) {
+        EXPECT_TRUE(dialog.lblEmpty->IsShown());
+        EXPECT_EQ(FromWx(dialog.lblEmpty->GetLabel()).substr(0, 22), LoadResString(34425).substr(0, 22));
+        EXPECT_EQ(dialog.cmdAdd, nullptr) << "other software makes the list";
+    });
+}
+
 TEST_F(FormSelectFromListTest, AMissingListIsReportedAndEmpty) {
     Expect();
     const std::string key = Machine([this](FormSelectMachine& dialog) {
@@ -171,6 +233,7 @@ TEST_F(FormSelectFromListTest, AMissingListIsReportedAndEmpty) {
     });
     EXPECT_EQ(key, "");
 }
+#endif
 
 TEST_F(FormSelectFromListTest, UsersAreAListOfTheirOwn) {
     Add("Machines\\M1", "Bridge");

@@ -265,5 +265,14 @@ TEST_F(OptionsCheckTest, LoadAppliesTheHistoryRule) {
     EXPECT_EQ(loaded.machine, "");
 }
 
+TEST_F(OptionsCheckTest, RootFoldersThatCanBeMade) {
+    station.Write("C:\\Data\\file", "");
+    for (const char* root : {"C:\\New", "c:\\Data\\New\\", "\\\\server\\share\\x"})
+        EXPECT_TRUE(OptionsCheck::RootCanBeMade(root)) << root;
+    for (const char* root :
+         {"", "C:\\Data", "C:\\Data\\file", "New", "C:", "C:\\", "C:New", "\\New", "\\\\", "1:\\x"})
+        EXPECT_FALSE(OptionsCheck::RootCanBeMade(root)) << root;
+}
+
 } // namespace
 } // namespace nesk

@@ -8,8 +8,8 @@ namespace {
 
 using enum MainCommand;
 
-const std::set<MainCommand> AlwaysEnabled = {FileExit, SettingsAccess, SettingsOptions, HelpContents,
-                                             HelpWindow};
+const std::set<MainCommand> AlwaysEnabled = {FileExit,     SettingsAccess, SettingsOptions,
+                                             HelpContents, HelpWindow,     HelpAbout};
 
 class MainCommandsTest : public nesk::testing::CoreTest {
 protected:
@@ -62,9 +62,10 @@ TEST_F(MainCommandsTest, EveryCommandHasOneRow) {
     EXPECT_EQ(names.size(), MainCommandCount);
     EXPECT_EQ(texts.size(), MainCommandCount);
     EXPECT_FALSE(names.contains(""));
-    for (const char* name : {"mnuFileOpen", "mnuFileSave", "mnuFileClose", "mnuFileExit", "mnuMenuAddPart",
-                             "mnuMenuAddSubmenu", "mnuMenuUp", "mnuMenuDown", "mnuMenuEdit", "mnuMenuRemove",
-                             "mnuSettingsAccess", "mnuSettingsOptions", "mnuHelpContents"})
+    for (const char* name :
+         {"mnuFileOpen", "mnuFileSave", "mnuFileClose", "mnuFileExit", "mnuMenuAddPart", "mnuMenuAddSubmenu",
+          "mnuMenuUp", "mnuMenuDown", "mnuMenuEdit", "mnuMenuRemove", "mnuSettingsAccess",
+          "mnuSettingsOptions", "mnuHelpContents", "mnuFileSaveAs", "mnuHelpAbout"})
         EXPECT_TRUE(names.contains(name)) << name;
 }
 
@@ -94,15 +95,17 @@ TEST_F(MainCommandsTest, WhatIsEnabledForTheSelectedEntry) {
         const char* id;
         std::string enabled;
     } table[] = {
-        {"", NamesOf({FileSave, FileClose})},
-        {"R.9", NamesOf({FileSave, FileClose})},
-        {"R", NamesOf({FileSave, FileClose, AddPart, AddSubmenu, Rename})},
-        {"R.1", NamesOf({FileSave, FileClose, AddPart, AddSubmenu, MoveDown, Edit, Rename, Remove})},
-        {"R.2", NamesOf({FileSave, FileClose, AddPart, AddSubmenu, MoveUp, MoveDown, Edit, Rename, Remove})},
-        {"R.3", NamesOf({FileSave, FileClose, MoveUp, Edit, Rename, Remove})},
-        {"R.1.1", NamesOf({FileSave, FileClose, MoveDown, Edit, Rename, Remove})},
-        {"R.1.2", NamesOf({FileSave, FileClose, MoveUp, MoveDown, Edit, Rename, Remove})},
-        {"R.1.3", NamesOf({FileSave, FileClose, MoveUp, Edit, Rename, Remove})},
+        {"", NamesOf({FileSave, FileSaveAs, FileClose})},
+        {"R.9", NamesOf({FileSave, FileSaveAs, FileClose})},
+        {"R", NamesOf({FileSave, FileSaveAs, FileClose, AddPart, AddSubmenu, Rename})},
+        {"R.1",
+         NamesOf({FileSave, FileSaveAs, FileClose, AddPart, AddSubmenu, MoveDown, Edit, Rename, Remove})},
+        {"R.2", NamesOf({FileSave, FileSaveAs, FileClose, AddPart, AddSubmenu, MoveUp, MoveDown, Edit, Rename,
+                         Remove})},
+        {"R.3", NamesOf({FileSave, FileSaveAs, FileClose, MoveUp, Edit, Rename, Remove})},
+        {"R.1.1", NamesOf({FileSave, FileSaveAs, FileClose, MoveDown, Edit, Rename, Remove})},
+        {"R.1.2", NamesOf({FileSave, FileSaveAs, FileClose, MoveUp, MoveDown, Edit, Rename, Remove})},
+        {"R.1.3", NamesOf({FileSave, FileSaveAs, FileClose, MoveUp, Edit, Rename, Remove})},
     };
     for (const auto& row : table) {
         EXPECT_EQ(Enabled(row.id), row.enabled) << row.id;
@@ -119,6 +122,22 @@ TEST_F(MainCommandsTest, WhatIsAlwaysEnabled) {
             EXPECT_TRUE(Contains(set, info.command)) << info.name;
         }
     }
+}
+
+// The folder may lie on a drive that answers late, and every selection in the tree asks for the commands.
+TEST_F(MainCommandsTest, TheRootFolderIsLookedUpOnlyWhileNothingIsOpen) {
+    int lookUps = 0;
+    const auto exists = [&] {
+        ++lookUps;
+        return true;
+    };
+    EXPECT_TRUE(Contains(CurrentCommands(m_editor, "", exists), FileOpen));
+    EXPECT_EQ(lookUps, 1);
+    EXPECT_FALSE(Contains(CurrentCommands(m_editor, "", [] { return false; }), FileOpen));
+    OpenExample();
+    for (const char* id : {"R", "R.1", "R.3", ""})
+        EXPECT_FALSE(Contains(CurrentCommands(m_editor, id, exists), FileOpen));
+    EXPECT_EQ(lookUps, 1);
 }
 
 } // namespace

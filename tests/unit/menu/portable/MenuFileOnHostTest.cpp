@@ -83,6 +83,25 @@ TEST_F(MenuFileOnHostTest, ALinkToAFolder) {
     EXPECT_TRUE(fs::is_symlink(m_file));
 }
 
+TEST_F(MenuFileOnHostTest, AFolderThatMayNotBeSearched) {
+    station.Write(Path, Small);
+    // The program that looks has to reach the station itself.
+    fs::permissions(station.Folder(), fs::perms::others_exec, fs::perm_options::add);
+    fs::permissions(m_folder, fs::perms::none);
+    const auto look = [&] {
+        nesk::testing::BecomePlainUser();
+        const auto failure = m_editor.Open(Folder, Path);
+        EXPECT_TRUE(failure.has_value());
+        EXPECT_EQ(failure->messageId, Message::PermissionDenied);
+        EXPECT_EQ(failure->file, Path);
+        EXPECT_TRUE(m_editor.IsIncomplete());
+        EXPECT_EQ(m_editor.CheckSave(Path), SaveHazard::Incomplete);
+        return true;
+    };
+    EXPECT_EQ(nesk::testing::InChildProcess(look), nesk::testing::ChildEnd::Good);
+    fs::permissions(m_folder, fs::perms::owner_all);
+}
+
 TEST_F(MenuFileOnHostTest, ALinkThatLeadsNowhere) {
     fs::create_symlink(m_folder / "none.cfg", m_file);
     EXPECT_FALSE(m_editor.Open(Folder, Path).has_value()) << "a new menu";

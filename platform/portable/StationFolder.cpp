@@ -1,0 +1,164 @@
+#include "platform/StationFolder.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/portable/HostError.h"
+#include "platform/portable/Station.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <unistd.h>
+
+namespace nesk::platform {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The example lies beside the program where it was built, and among the shared data where it was installed.
+constexpr const char* BesideProgram = "example-station";
+constexpr const char* InstalledShare = "share/neskmanager/example";
+
+int ErrorFrom(const std::error_code& error) {
+    return portable::ErrorFromErrno(error.value(), ErrorCode::WriteFault);
+}
+
+bool Exists(const fs::path& path) {
+    std::error_code error;
+    return fs::exists(fs::symlink_status(path, error));
+}
+
+bool IsStation(const fs::path& folder) {
+    return Exists(folder / "registry.db") || Exists(folder / "drives");
+}
+
+fs::path FindExample() {
+    std::error_code error;
+    const fs::path program = fs::read_symlink("/proc/self/exe", error).parent_path();
+    if (error) return {};
+    // The program's folder is lib/neskmanager or lib/MACHINE/neskmanager below the place it was installed at.
+    for (const fs::path& folder :
+         {program / BesideProgram, program / "../.." / InstalledShare, program / "../../.." / InstalledShare})
+        if (IsStation(folder)) return folder;
+    return {};
+}
+
+int CopyStation(const fs::path& from, const fs::path& to) {
+    std::error_code error;
+    fs::copy(from, to, fs::copy_options::recursive, error);
+    if (error) return ErrorFrom(error);
+    // What was installed may be write-protected; the new station is its user's.
+    for (fs::recursive_directory_iterator at(to, error); !error && at != fs::recursive_directory_iterator();
+         at.increment(error)) {
+        fs::permissions(at->path(), fs::perms::owner_write, fs::perm_options::add, error);
+        if (error) break;
+    }
+    return error ? ErrorFrom(error) : ErrorCode::Success;
+}
+
+class StationBeside final : public NewStationFolder {
+public:
+    StationBeside(fs::path folder, fs::path beside)
+        : m_folder(std::move(folder)), m_beside(std::move(beside)), m_former(portable::StationFolder()) {
+        portable::UseStation(m_beside);
+    }
+    StationBeside(const StationBeside&) = delete;
+    StationBeside& operator=(const StationBeside&) = delete;
+
+    ~StationBeside() override {
+        if (m_finished) return;
+        portable::UseStation(m_former);
+        std::error_code error;
+        fs::remove_all(m_beside, error);
+    }
+
+    int Finish() override {
+        // The store is closed before it is moved. An empty folder is replaced, any other one refused.
+        portable::UseStation(m_former);
+        std::error_code error;
+        fs::rename(m_beside, m_folder, error);
+        if (error == std::errc::directory_not_empty || error == std::errc::file_exists ||
+            error == std::errc::not_a_directory)
+            return ErrorCode::AlreadyExists;
+        if (error) return ErrorFrom(error);
+        m_finished = true;
+        portable::UseStation(m_folder);
+        return ErrorCode::Success;
+    }
+
+private:
+    fs::path m_folder;
+    fs::path m_beside;
+    fs::path m_former;
+    bool m_finished = false;
+};
+
+} // namespace
+
+bool StationIsFolder() {
+    return true;
+}
+
+std::string StationFolderName() {
+    return portable::StationFolder().string();
+}
+
+std::string UsualStationFolder() {
+    return portable::DefaultStationFolder().string();
+}
+
+StationFolderState LookUpStationFolder(const std::string& folder) {
+    std::error_code error;
+    const fs::file_status status = fs::status(folder, error);
+    if (error == std::errc::permission_denied) return StationFolderState::Denied;
+    if (!fs::is_directory(status)) return StationFolderState::Missing;
+    if (::access(folder.c_str(), R_OK | X_OK) != 0) return StationFolderState::Denied;
+    return IsStation(folder) ? StationFolderState::Usable : StationFolderState::Empty;
+}
+
+int UseStationFolder(const std::string& folder) {
+    switch (LookUpStationFolder(folder)) {
+    case StationFolderState::Usable: break;
+    case StationFolderState::Denied: return ErrorCode::AccessDenied;
+    case StationFolderState::Missing: return ErrorCode::PathNotFound;
+    case StationFolderState::Empty:
+    case StationFolderState::NotApplicable: return ErrorCode::InvalidName;
+    }
+    portable::UseStation(folder);
+    return ErrorCode::Success;
+}
+
+bool HasExampleStation() {
+    return !FindExample().empty();
+}
+
+int BeginStationFolder(const std::string& folder, bool example, std::unique_ptr<NewStationFolder>& station) {
+    fs::path target(folder);
+    if (!target.is_absolute() || folder.find('\0') != std::string::npos) return ErrorCode::InvalidName;
+    target = target.lexically_normal();
+    if (!target.has_filename()) target = target.parent_path();
+    std::error_code error;
+    if (Exists(target) && !(fs::is_directory(target, error) && fs::is_empty(target, error)))
+        return error ? ErrorFrom(error) : ErrorCode::AlreadyExists;
+    fs::create_directories(target.parent_path(), error);
+    if (error) return ErrorFrom(error);
+
+    std::string pattern = target.string() + ".new-XXXXXX";
+    if (::mkdtemp(pattern.data()) == nullptr) return portable::ErrorFromErrno(errno, ErrorCode::WriteFault);
+    const fs::path beside(pattern);
+    int result = ErrorCode::Success;
+    if (example) {
+        result = CopyStation(FindExample(), beside);
+    } else {
+        fs::create_directories(beside / "drives" / "c", error);
+        if (error) result = ErrorFrom(error);
+    }
+    if (result != ErrorCode::Success) {
+        fs::remove_all(beside, error);
+        return result;
+    }
+    station = std::make_unique<StationBeside>(target, beside);
+    return ErrorCode::Success;
+}
+
+} // namespace nesk::platform

@@ -1,0 +1,29 @@
+#include "platform/FileTime.h"
+
+#include "platform/windows/Handle.h"
+#include "platform/windows/WideText.h"
+
+namespace nesk::platform {
+
+bool LastWriteTime(const std::string& path, std::tm& local) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (::GetFileAttributesExW(windows::FilePath(path).c_str(), GetFileExInfoStandard, &data) == 0)
+        return false;
+    SYSTEMTIME universal{};
+    SYSTEMTIME time{};
+    // By the rules of the date itself: in winter, a file of the summer shows the summer's time.
+    if (::FileTimeToSystemTime(&data.ftLastWriteTime, &universal) == 0 ||
+        ::SystemTimeToTzSpecificLocalTime(nullptr, &universal, &time) == 0)
+        return false;
+    constexpr int firstYear = 1900;
+    local = {};
+    local.tm_year = time.wYear - firstYear;
+    local.tm_mon = time.wMonth - 1;
+    local.tm_mday = time.wDay;
+    local.tm_hour = time.wHour;
+    local.tm_min = time.wMinute;
+    local.tm_sec = time.wSecond;
+    return true;
+}
+
+} // namespace nesk::platform

@@ -1,0 +1,9 @@
+#include "platform/Libraries.h"
+
+namespace nesk::platform {
+
+std::vector<Library> LinkedLibraries() {
+    return {};
+}
+
+} // namespace nesk::platform

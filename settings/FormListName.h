@@ -1,0 +1,30 @@
+#pragma once
+
+#include "shell/FormDialog.h"
+
+#include <string>
+
+class wxStaticText;
+class wxTextCtrl;
+
+namespace nesk {
+
+/// Asks for the name of a new entry of a list in the registry.
+class FormListName : public FormDialog {
+public:
+    explicit FormListName(wxWindow* parent);
+
+    /// Shows the dialog.
+    /// @param name  receives the name, which can be stored
+    /// @return false when the dialog was cancelled
+    bool Ask(std::string& name);
+
+    // Controls.
+    wxStaticText* lblName = nullptr;
+    wxTextCtrl* txtName = nullptr;
+
+protected:
+    void OnOK() override;
+};
+
+} // namespace nesk

@@ -1,0 +1,34 @@
+#include "shell/FormAbout.h"
+
+#include "shell/AboutText.h"
+#include "shell/FormUtilities.h"
+#include "shell/Messages.h"
+
+#include <wx/button.h>
+#include <wx/sizer.h>
+#include <wx/textctrl.h>
+#include <wx/utils.h>
+#include <wx/versioninfo.h>
+
+namespace nesk {
+
+using modUtilities::ToWx;
+
+FormAbout::FormAbout(wxWindow* parent) : FormDialog(parent, "FormAbout", Message::AboutTitle, 0) {
+    const wxVersionInfo toolkit = wxGetLibraryVersionInfo();
+    const wxString version =
+        wxString::Format("%d.%d.%d", toolkit.GetMajor(), toolkit.GetMinor(), toolkit.GetMicro());
+    txtAbout = new wxTextCtrl(
+        this, wxID_ANY, ToWx(AboutText({"wxWidgets", modUtilities::FromWx(version), "wxWindows licence"})),
+        wxDefaultPosition, FromDIP(wxSize(460, 260)), wxTE_MULTILINE | wxTE_READONLY, wxDefaultValidator,
+        "txtAbout");
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(txtAbout, wxSizerFlags(1).Expand());
+    Finish(content);
+    // Escape goes on working.
+    cmdCancel->Hide();
+    Layout();
+    cmdOK->SetFocus();
+}
+
+} // namespace nesk

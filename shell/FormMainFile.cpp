@@ -1,0 +1,240 @@
+// The main window's file commands, and what it shows of the menu's place.
+
+#include "shell/FormMain.h"
+
+#include "menu/SamePlace.h"
+#include "platform/SaveFileDialog.h"
+#include "platform/SystemQuestion.h"
+#include "settings/FormDirectories.h"
+#include "settings/NeskRegistry.h"
+#include "shell/FormAbout.h"
+#include "shell/FormCreateStation.h"
+#include "shell/FormMenuTree.h"
+#include "shell/FormStartPage.h"
+#include "shell/FormUtilities.h"
+#include "shell/Messages.h"
+#include "shell/SavePlace.h"
+#include "shell/Startup.h"
+#include "shell/StationCreation.h"
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
+
+#include <optional>
+
+#include <wx/dirdlg.h>
+#include <wx/infobar.h>
+#include <wx/menu.h>
+#include <wx/msgdlg.h>
+#include <wx/statusbr.h>
+#include <wx/utils.h>
+
+namespace nesk {
+
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+using modUtilities::ResText;
+using modUtilities::ToWx;
+
+void FormMain::OnMenuReplaced() {
+    tvMain->BuildTree();
+    OnStateChanged();
+    const bool isOpen = m_editor.IsOpen();
+    tvMain->Window().Show(isOpen);
+    pgStart->Show(!isOpen);
+    UpdateStartPage();
+    Layout();
+    if (isOpen)
+        tvMain->Window().SetFocus();
+    else
+        pgStart->FocusNextStep();
+}
+
+void FormMain::OnStateChanged() {
+    UpdateBars();
+    UpdateTitle();
+    UpdateFileMenus();
+}
+
+// The status bar and the bars above the tree.
+void FormMain::UpdateBars() {
+    const NeskRegistry& settings = NeskRegistry::Instance();
+    const wxString place = ToWx(SavePlace::StatusText(m_editor, settings));
+    if (sbMain->GetStatusText() != place) ShowPlace(place);
+    if (m_editor.IsIncomplete() && !ibIncomplete->IsShown())
+        ibIncomplete->ShowMessage(ResText(Message::IncompleteBar), wxICON_WARNING);
+    else if (!m_editor.IsIncomplete() && ibIncomplete->IsShown())
+        ibIncomplete->Dismiss();
+    const std::string text = SavePlace::NewMenuText(m_editor, settings);
+    if (text == m_newMenuText) return;
+    m_newMenuText = text;
+    if (text.empty())
+        ibNew->Dismiss();
+    else
+        ibNew->ShowMessage(ToWx(text), wxICON_INFORMATION);
+}
+
+// Two places need more room than one.
+void FormMain::ShowPlace(const wxString& place) {
+    const int room = sbMain->GetTextExtent(place).x + FromDIP(24);
+    const bool fits = room <= sbMain->GetSize().x * 2 / 5;
+    const int widths[] = {fits ? -2 : room, fits ? -3 : -1};
+    sbMain->SetStatusWidths(2, widths);
+    sbMain->SetStatusText(place);
+}
+
+void FormMain::FileOpen() {
+    if (m_editor.IsOpen()) return;
+    const NeskRegistry& settings = NeskRegistry::Instance();
+    std::optional<NeskError> failure;
+    try {
+        const std::string path = SavePlace::Target(settings);
+        const wxBusyCursor busy;
+        failure = m_editor.Open(settings.NeskRoot, path);
+    } catch (const NeskError& error) {
+        // The folder has gone since the command was enabled.
+        ShowError(Message::OpenNotPossible, error);
+        UpdateFileMenus();
+        return UpdateStartPage();
+    }
+    if (failure) ShowError(Message::OpenFailed, *failure);
+}
+
+bool FormMain::FileSave() {
+    if (!FinishLabelEdit()) return false;
+    if (!m_editor.IsOpen()) return true;
+    try {
+        const std::string path = SavePlace::Target(NeskRegistry::Instance());
+        const SavePlan plan = m_editor.PlanSave(path);
+        if (const auto question = SavePlace::Question(m_editor, path, plan);
+            question &&
+            Ask(*question, Message::SaveQuestionTitle, wxYES_NO | wxNO_DEFAULT | wxICON_WARNING) != wxID_YES)
+            return false;
+        const wxBusyCursor busy;
+        m_editor.Save(path, plan);
+        return true;
+    } catch (const NeskError& error) {
+        ShowError(Message::SaveFailed, error);
+        return false;
+    }
+}
+
+// Writes a copy: where the menu belongs is a matter of the settings, so neither they nor the menu's own place
+// change, and what is not saved there stays unsaved.
+void FormMain::FileSaveAs() {
+    if (!FinishLabelEdit() || !m_editor.IsOpen()) return;
+    const std::string own = NeskRegistry::Instance().MenuPath();
+    const std::string path = platform::ShowSaveFileDialog(this, {LoadResString(Message::SaveAsTitle),
+                                                                 modUtilities::ParentFolder(own), own,
+                                                                 LoadResString(Message::MenuFileFilter)});
+    if (path.empty()) return;
+    // The menu's own file is no copy.
+    if (IsSamePlace(path, own)) {
+        FileSave();
+        return;
+    }
+    try {
+        const wxBusyCursor busy;
+        m_editor.SaveCopy(path);
+    } catch (const NeskError& error) {
+        ShowError(Message::SaveAsFailed, error);
+    }
+}
+
+void FormMain::FileClose() {
+    if (!FinishLabelEdit()) return;
+    if (m_editor.IsOpen() && ConfirmClose(false)) m_editor.Close();
+}
+
+// Asks about unsaved changes. False when the menu has to stay open: the user called it off, or saving failed.
+bool FormMain::ConfirmClose(bool mayCancel) {
+    if (!m_editor.IsOpen() || !m_editor.IsDirty()) return true;
+    const std::string question = LoadResString(Message::SaveChanges);
+    if (!mayCancel) {
+        const auto answer = platform::AskYesOrNo(this, question, LoadResString(Message::ConfirmTitle));
+        // A question that was taken away without an answer must not cost the changes.
+        return answer && (!*answer || FileSave());
+    }
+    switch (Ask(question, Message::ConfirmTitle, wxYES_NO | wxCANCEL | wxICON_QUESTION)) {
+    case wxID_YES: return FileSave();
+    case wxID_NO: return true;
+    default: return false;
+    }
+}
+
+void FormMain::OnClose(wxCloseEvent& event) {
+    const bool mayClose = FinishLabelEdit() && ConfirmClose(true);
+    if (!mayClose && event.CanVeto()) return event.Veto();
+    // What was to be said about the caption goes with the window.
+    DeletePendingEvents();
+    Destroy();
+}
+
+void FormMain::Options() {
+    if (!FormDirectories(this).Invoke(true)) return;
+    // Another root folder may exist where the old one did not, and the other way round; an open menu may be
+    // saved to another place now.
+    OnStateChanged();
+    UpdateStartPage();
+}
+
+void FormMain::HelpAbout() {
+    FormAbout(this).ShowModal();
+}
+
+void FormMain::UpdateStartPage() {
+    if (m_editor.IsOpen()) return;
+    const StartState state = StartChoices::LookUp(NeskRegistry::Instance());
+    m_shownRoot = state.root;
+    pgStart->ShowChoices(StartChoices::For(state));
+}
+
+void FormMain::OnActivate(wxActivateEvent& event) {
+    event.Skip();
+    if (!event.GetActive() || IsBeingDeleted()) return;
+    // A window manager may place a window where it likes when it appears. Only once it is there, the toolkit
+    // knows where it is, and moves it.
+    if (!m_wasActive && !IsMaximized()) PlaceOnScreen();
+    m_wasActive = true;
+    // Folders may have come and gone while the user worked with another program. Other settings are shown
+    // when they are confirmed.
+    if (m_editor.IsOpen() || m_shownRoot != NeskRegistry::Instance().NeskRoot) return;
+    UpdateFileMenus();
+    UpdateStartPage();
+    wxWindow* focus = FindFocus();
+    if (focus == nullptr || !pgStart->IsDescendant(focus)) pgStart->FocusNextStep();
+}
+
+void FormMain::TakeStep(StartStep step) {
+    switch (step) {
+    case StartStep::OpenMenu: OnCommand(MainCommand::FileOpen); break;
+    case StartStep::ChooseRoot: OnCommand(MainCommand::SettingsOptions); break;
+    case StartStep::CreateStation:
+        if (FormCreateStation(this).Invoke()) StationChanged();
+        break;
+    case StartStep::OpenStation: OpenStation(); break;
+    }
+}
+
+void FormMain::OpenStation() {
+    wxDirDialog dialog(this, ResText(Message::OpenStationPrompt), ToWx(platform::StationFolderName()),
+                       wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
+    if (dialog.ShowModal() != wxID_OK) return;
+    try {
+        StationCreation::Open(FromWx(dialog.GetPath()));
+    } catch (const NeskError& error) {
+        return ShowError(Message::StationFailed, error);
+    }
+    StationChanged();
+}
+
+// The new station may have another language.
+void FormMain::StationChanged() {
+    wxMenuBar* former = GetMenuBar();
+    SetMenuBar(nullptr);
+    delete former;
+    BuildMenuBar();
+    OnMenuReplaced();
+    Startup::ReportProblems();
+}
+
+} // namespace nesk

@@ -1,0 +1,133 @@
+#include "shell/FormStartPage.h"
+
+#include "shell/FormUtilities.h"
+#include "shell/Messages.h"
+#include "shell/TextWrap.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include <wx/button.h>
+#include <wx/dcclient.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+
+namespace nesk {
+
+using modUtilities::FromWx;
+using modUtilities::ResText;
+using modUtilities::ToWx;
+
+namespace {
+
+// What is easy to read, in device-independent pixels.
+constexpr int LongestLine = 520;
+constexpr int Margin = 24;
+constexpr float HeadingScale = 1.4F;
+
+struct StepButton {
+    StartStep step;
+    const char* name;
+    int text;
+};
+
+constexpr std::array<StepButton, 4> StepButtons{{
+    {StartStep::OpenMenu, "cmdOpenMenu", Message::StepOpenMenu},
+    {StartStep::ChooseRoot, "cmdChooseRoot", Message::StepChooseRoot},
+    {StartStep::CreateStation, "cmdCreateStation", Message::StepCreateStation},
+    {StartStep::OpenStation, "cmdOpenStation", Message::StepOpenStation},
+}};
+
+} // namespace
+
+FormStartPage::FormStartPage(wxWindow* parent, std::function<void(StartStep)> onStep)
+    : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL,
+                       "pgStart") {
+    SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+    lblHeading = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
+                                  "lblHeading");
+    lblText =
+        new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE, "lblText");
+    m_buttons = new wxBoxSizer(wxVERTICAL);
+    wxButton** const members[] = {&cmdOpenMenu, &cmdChooseRoot, &cmdCreateStation, &cmdOpenStation};
+    for (std::size_t i = 0; i < StepButtons.size(); ++i) {
+        const StepButton& info = StepButtons[i];
+        auto* button = new wxButton(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0,
+                                    wxDefaultValidator, info.name);
+        // After the event: the step may take this window's buttons away.
+        button->Bind(wxEVT_BUTTON,
+                     [this, onStep, step = info.step](wxCommandEvent&) { CallAfter([=] { onStep(step); }); });
+        *members[i] = button;
+    }
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(lblHeading);
+    content->Add(lblText, wxSizerFlags().Border(wxTOP | wxBOTTOM, FromDIP(12)));
+    content->Add(m_buttons);
+    auto* all = new wxBoxSizer(wxVERTICAL);
+    all->Add(content, wxSizerFlags().Border(wxALL, FromDIP(Margin)));
+    SetSizer(all);
+    SetScrollRate(0, FromDIP(10));
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        WrapTexts();
+    });
+}
+
+wxButton* FormStartPage::ButtonOf(StartStep step) const {
+    switch (step) {
+    case StartStep::OpenMenu: return cmdOpenMenu;
+    case StartStep::ChooseRoot: return cmdChooseRoot;
+    case StartStep::CreateStation: return cmdCreateStation;
+    case StartStep::OpenStation: break;
+    }
+    return cmdOpenStation;
+}
+
+void FormStartPage::ShowChoices(const StartChoices& choices) {
+    m_choices = choices;
+    lblHeading->SetFont(GetFont().Scaled(HeadingScale).Bold());
+    m_buttons->Clear();
+    for (const StepButton& info : StepButtons) {
+        wxButton* button = ButtonOf(info.step);
+        button->SetLabel(ResText(info.text));
+        button->Hide();
+    }
+    wxWindow* before = lblText;
+    for (const StartStep step : m_choices.steps) {
+        wxButton* button = ButtonOf(step);
+        button->Show();
+        // Tab goes in the order in which they stand.
+        button->MoveAfterInTabOrder(before);
+        before = button;
+        m_buttons->Add(button, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(8)));
+    }
+    m_wrappedAt = 0;
+    WrapTexts();
+}
+
+void FormStartPage::WrapTexts() {
+    const int room = GetClientSize().x - 2 * FromDIP(Margin);
+    const int width = std::max(std::min(room, FromDIP(LongestLine)), FromDIP(Margin));
+    if (width == m_wrappedAt) return;
+    m_wrappedAt = width;
+    const auto wrap = [width](wxStaticText& label, const std::string& text) {
+        label.SetLabelText(ToWx(WrapText(
+            text, width, [&](const std::string& piece) { return label.GetTextExtent(ToWx(piece)).x; })));
+        // The label's own best size is that of a narrower one on GTK, which would break the lines once more.
+        wxClientDC dc(&label);
+        dc.SetFont(label.GetFont());
+        label.SetMinSize(dc.GetMultiLineTextExtent(label.GetLabelText()));
+    };
+    wrap(*lblHeading, m_choices.heading);
+    wrap(*lblText, m_choices.text);
+    Layout();
+    FitInside();
+}
+
+void FormStartPage::FocusNextStep() {
+    if (!m_choices.steps.empty()) ButtonOf(m_choices.steps.front())->SetFocus();
+}
+
+} // namespace nesk

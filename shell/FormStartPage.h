@@ -1,0 +1,45 @@
+#pragma once
+
+#include "shell/StartChoices.h"
+
+#include <functional>
+#include <string>
+
+#include <wx/scrolwin.h>
+
+class wxButton;
+class wxStaticText;
+
+namespace nesk {
+
+/// What the main window shows while no menu is open: what is there, what is missing, and the next steps as
+/// buttons.
+class FormStartPage : public wxScrolledWindow {
+public:
+    /// @param onStep  called when the user takes a step
+    FormStartPage(wxWindow* parent, std::function<void(StartStep)> onStep);
+
+    /// Shows a heading, a text and the buttons of the steps, in their order.
+    void ShowChoices(const StartChoices& choices);
+
+    /// Gives the focus to the button of the next step.
+    void FocusNextStep();
+
+    // Controls.
+    wxStaticText* lblHeading = nullptr;
+    wxStaticText* lblText = nullptr;
+    wxButton* cmdOpenMenu = nullptr;
+    wxButton* cmdChooseRoot = nullptr;
+    wxButton* cmdCreateStation = nullptr;
+    wxButton* cmdOpenStation = nullptr;
+
+private:
+    wxButton* ButtonOf(StartStep step) const;
+    void WrapTexts();
+
+    wxSizer* m_buttons = nullptr;
+    StartChoices m_choices;
+    int m_wrappedAt = 0; // width
+};
+
+} // namespace nesk
