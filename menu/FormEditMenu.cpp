@@ -2,6 +2,7 @@
 
 #include "menu/FormPicture.h"
 #include "menu/MenuItem.h"
+#include "menu/MenuText.h"
 #include "shell/FormUtilities.h"
 
 #include <wx/button.h>
@@ -35,12 +36,19 @@ FormEditMenu::FormEditMenu(wxWindow* parent) : FormDialog(parent, "FormEditMenu"
 }
 
 bool FormEditMenu::Edit(MenuItem& objItem) {
-    picItemHost->SetPath(std::string(objItem.Graphic()));
+    m_before = objItem.Graphic();
+    picItemHost->SetPath(m_before);
     SetTitle(modUtilities::ToWx(objItem.Caption()));
     cmdPicture->SetFocus();
     if (ShowModal() != wxID_OK) return false;
     objItem.SetGraphic(picItemHost->Path());
     return true;
+}
+
+void FormEditMenu::OnOK() {
+    // The file need not exist, but its name has to be one that the menu file can hold.
+    MenuText::CheckChange(picItemHost->Path(), m_before, "FormEditMenu.OK");
+    Accept();
 }
 
 } // namespace nesk

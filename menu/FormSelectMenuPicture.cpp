@@ -50,6 +50,7 @@ FormSelectMenuPicture::FormSelectMenuPicture(wxWindow* parent)
 }
 
 bool FormSelectMenuPicture::Display(std::string& sFile) {
+    m_before = sFile;
     picItemHost->SetPath(sFile);
     ShowPath();
     cmdMenuSelect->SetFocus();
@@ -60,7 +61,7 @@ bool FormSelectMenuPicture::Display(std::string& sFile) {
 
 void FormSelectMenuPicture::OnOK() {
     // The file need not exist, but its name has to be one that the menu file can hold.
-    MenuText::Check(picItemHost->Path(), "FormSelectMenuPicture.OK");
+    MenuText::CheckChange(picItemHost->Path(), m_before, "FormSelectMenuPicture.OK");
     Accept();
 }
 

@@ -158,9 +158,9 @@ void FormEditPart::BindControls() {
 }
 
 bool FormEditPart::Edit(const std::string& caption, PartFields& fields) {
-    m_fields = fields;
+    m_fields = m_before = fields;
     SetTitle(ToWx(modStringRes::FormatResString(TitleText, caption)));
-    txtPartName->ChangeValue(ToWx(fields.programId));
+    m_program.Show(*txtPartName, fields.programId);
     picItemHost->SetPath(fields.graphic);
     picPreviewHost->SetPath(fields.preview);
     RefreshDescription();
@@ -170,9 +170,13 @@ bool FormEditPart::Edit(const std::string& caption, PartFields& fields) {
     return true;
 }
 
+std::string FormEditPart::Program() const {
+    return m_program.Of(*txtPartName);
+}
+
 PartFields FormEditPart::Entered() const {
     PartFields fields = m_fields;
-    fields.programId = FromWx(txtPartName->GetValue());
+    fields.programId = Program();
     fields.graphic = picItemHost->Path();
     fields.preview = picPreviewHost->Path();
     return fields;
@@ -181,7 +185,7 @@ PartFields FormEditPart::Entered() const {
 void FormEditPart::OnOK() {
     // Any text is accepted, but one that the menu file cannot hold must be
     // corrected while it is still here.
-    CheckPartFields(Entered());
+    CheckPartFields(Entered(), m_before);
     Accept();
 }
 
@@ -194,7 +198,7 @@ bool FormEditPart::Edit(MenuItem* item) {
 }
 
 void FormEditPart::RefreshDescription() {
-    const std::string text = FromWx(txtPartName->GetValue());
+    const std::string text = Program();
     lblDescription->SetLabelText(ToWx(PartReference::Description(text)));
     txtPartName->SetToolTip(ToWx(text));
     cmdSlideShow->Enable(PartReference::RefersToPart(text));
@@ -206,7 +210,7 @@ void FormEditPart::SelectPart() {
 }
 
 void FormEditPart::EditPartInformation() {
-    const std::string path = PartReference::IniPath(FromWx(txtPartName->GetValue()));
+    const std::string path = PartReference::IniPath(Program());
     const std::optional<std::string> folder = PartReference::PartFolder(path);
     if (!folder) return;
     const platform::PartInfoResult result = platform::EditPartInfo(*folder, path, Startup::LanguageID());

@@ -2,6 +2,7 @@
 
 #include "menu/PartFields.h"
 #include "shell/FormDialog.h"
+#include "shell/UiShownText.h"
 
 #include <string>
 
@@ -61,6 +62,7 @@ private:
     wxSizer* MakePreviewFrame();
     wxSizer* MakeHelpFrame();
     void BindControls();
+    std::string Program() const;
     PartFields Entered() const;
     void RefreshDescription();
     void SelectPart();
@@ -68,6 +70,8 @@ private:
     void ChooseFromLibrary();
 
     PartFields m_fields; // what has no control of its own: help and history
+    PartFields m_before; // what the dialog was opened with
+    ShownText m_program;
 };
 
 } // namespace nesk

@@ -271,5 +271,33 @@ TEST_F(FormEditPartTest, ATextThatCannotBeStoredKeepsTheDialogOpen) {
     EXPECT_EQ(item->ProgramID(), "PART");
 }
 
+TEST_F(FormEditPartTest, WhatWasNotEditedIsStoredAsItWas) {
+    // No text box holds either of these whole.
+    for (const std::string& program : {std::string("BRACKET\0 7", 10), std::string(70'000, 'p')}) {
+        item->SetProgramID(program);
+        FormEditPart dialog(nullptr, WideScreen);
+        ModalDriver driver(dialog, [&] {
+            PressButton(dialog.cmdMenuDelete);
+            PressButton(dialog.cmdOK);
+        });
+        EXPECT_TRUE(dialog.Edit(item));
+        EXPECT_TRUE(item->ProgramID() == program) << item->ProgramID().size();
+        EXPECT_EQ(item->Graphic(), "") << "another field may change beside it";
+        item->SetGraphic("C:\\a.bmp");
+    }
+    EXPECT_EQ(messages, std::vector<std::string>{});
+}
+
+TEST_F(FormEditPartTest, AnEditedTextTakesThePlaceOfOneThatNoBoxHolds) {
+    item->SetProgramID(std::string("BRACKET\0 7", 10));
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        dialog.txtPartName->SetValue("BRACKET 8");
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Edit(item));
+    EXPECT_EQ(item->ProgramID(), "BRACKET 8");
+}
+
 } // namespace
 } // namespace nesk::testing

@@ -11,6 +11,7 @@
 #include "settings/NeskRegistry.h"
 #include "shell/FormUtilities.h"
 #include "shell/Startup.h"
+#include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 
 #include <algorithm>
@@ -279,6 +280,42 @@ TEST_F(EditMenuTest, OkStoresTheChosenPicture) {
     });
     EXPECT_TRUE(dialog.Edit(*item));
     EXPECT_EQ(item->Graphic(), "C:\\Pictures\\other.png");
+}
+
+TEST_F(EditMenuTest, APathThatCannotBeStoredIsRefused) {
+    files.choice = "C:\\Pictures\\\xE6\x97\xA5.png";
+    std::vector<std::string> messages;
+    const modMessageBox::Hook before =
+        modMessageBox::SetHook([&](const std::string& text, std::int16_t, const std::string&) {
+            messages.push_back(text);
+            return modMessageBox::Result::Ok;
+        });
+    FormEditMenu dialog(nullptr);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdPicture);
+        PressButton(dialog.cmdOK);
+        EXPECT_TRUE(IsOpen(dialog)) << "the dialog stays open";
+        PressButton(dialog.cmdCancel);
+    });
+    EXPECT_FALSE(dialog.Edit(*item));
+    modMessageBox::SetHook(before);
+    EXPECT_EQ(item->Graphic(), "C:\\Pictures\\small.png");
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_NE(messages[0].find("\xE6\x97\xA5"), std::string::npos) << messages[0];
+}
+
+TEST_F(EditMenuTest, APathThatWasNotChangedIsNotChecked) {
+    const std::string strange("C:\\a\0b.png", 10);
+    item->SetGraphic(strange);
+    FormEditMenu dialog(nullptr);
+    ModalDriver driver(dialog, [&] { PressButton(dialog.cmdOK); });
+    EXPECT_TRUE(dialog.Edit(*item));
+    EXPECT_TRUE(item->Graphic() == strange);
+    std::string path = strange;
+    FormSelectMenuPicture picture(nullptr);
+    ModalDriver second(picture, [&] { PressButton(picture.cmdOK); });
+    EXPECT_TRUE(picture.Display(path));
+    EXPECT_TRUE(path == strange);
 }
 
 } // namespace
