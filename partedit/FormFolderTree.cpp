@@ -52,14 +52,14 @@ std::string FormFolderTree::PathOf(const wxTreeItemId& node) const {
     std::vector<wxTreeItemId> nodes;
     for (wxTreeItemId at = node; at.IsOk() && at != GetRootItem(); at = GetItemParent(at))
         nodes.push_back(at);
-    std::string path{m_drive, ':', '\\'};
+    std::string path = m_root;
     for (auto at = nodes.rbegin(); at != nodes.rend(); ++at)
         path.append(path.ends_with('\\') ? "" : "\\").append(DataOf(*this, *at).Name());
     return path;
 }
 
 std::string FormFolderTree::Path() const {
-    return m_drive == 0 ? "" : PathOf(GetSelection());
+    return m_root.empty() ? "" : PathOf(GetSelection());
 }
 
 wxTreeItemId FormFolderTree::AddFolder(const wxTreeItemId& parent, std::size_t position,
@@ -105,9 +105,9 @@ wxTreeItemId FormFolderTree::FindOrAdd(const wxTreeItemId& parent, const std::st
 
 void FormFolderTree::SetPath(const std::string& path) {
     const FolderList::Parts parts = FolderList::Split(path);
-    if (m_drive != parts.drive) {
+    if (!platform::EqualNoCase(m_root, parts.root)) {
         DeleteAllItems();
-        m_drive = parts.drive;
+        m_root = parts.root;
         const wxTreeItemId root = AddRoot(ToWx(PathOf({})), 0, 0, new NodeData(""));
         SetItemHasChildren(root);
     }

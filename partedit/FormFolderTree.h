@@ -6,8 +6,9 @@
 
 namespace nesk {
 
-/// A list of the folders of one drive, as a tree. A folder's content is read when it is opened, so that
-/// neither size nor links that lead back make it wait. The selected folder is the one it stands at.
+/// A list of the folders of one drive, or of one share of the network, as a tree. A folder's content is read
+/// when it is opened, so that neither size nor links that lead back make it wait. The selected folder is the
+/// one it stands at.
 class FormFolderTree : public wxTreeCtrl {
 public:
     /// @param name  control name, as "Dir1"
@@ -20,8 +21,8 @@ public:
     /// goes to the level above. A folder that was made in the meantime is found.
     void SetPath(const std::string& path);
 
-    /// Letter of the drive that is shown, in capitals; 0 before SetPath.
-    char Drive() const { return m_drive; }
+    /// What is shown: a drive as "C:\", in capitals, or a share as "\\server\share\"; "" before SetPath.
+    const std::string& Root() const { return m_root; }
 
 private:
     std::string PathOf(const wxTreeItemId& node) const;
@@ -29,7 +30,7 @@ private:
     wxTreeItemId FindOrAdd(const wxTreeItemId& parent, const std::string& name);
     void Fill(const wxTreeItemId& node);
 
-    char m_drive = 0;
+    std::string m_root;
 };
 
 } // namespace nesk

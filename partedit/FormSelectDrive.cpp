@@ -1,6 +1,6 @@
 #include "partedit/FormSelectDrive.h"
 
-#include "platform/Drives.h"
+#include "partedit/DriveChoice.h"
 #include "shell/FormUtilities.h"
 
 #include <wx/choice.h>
@@ -13,6 +13,7 @@ namespace nesk {
 
 using modUtilities::FromWx;
 using modUtilities::ResText;
+using modUtilities::ToWx;
 
 namespace {
 
@@ -31,8 +32,8 @@ FormSelectDrive::FormSelectDrive(wxWindow* parent) : FormDialog(parent, "FormSel
     lblSelectDrive = NewLabel(this, "lblSelectDrive", SelectDriveText);
     drvSelect = new wxChoice(this, wxID_ANY);
     drvSelect->SetName("drvSelect");
-    for (const char letter : platform::DriveLetters())
-        drvSelect->Append(wxString(letter) + ":");
+    for (const std::string& drive : DriveChoice::Labels())
+        drvSelect->Append(ToWx(drive));
     if (!drvSelect->IsEmpty()) drvSelect->SetSelection(0);
 
     auto* drive = new wxBoxSizer(wxHORIZONTAL);
@@ -67,8 +68,7 @@ void FormSelectDrive::ChooseOption(std::size_t index) {
 }
 
 std::string FormSelectDrive::CurrentDrive() const {
-    const std::string drive = FromWx(drvSelect->GetStringSelection());
-    return drive.empty() ? "" : drive.substr(0, 2) + "\\";
+    return DriveChoice::Root(FromWx(drvSelect->GetStringSelection()));
 }
 
 void FormSelectDrive::OnCancel() {

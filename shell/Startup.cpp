@@ -1,6 +1,7 @@
 #include "shell/Startup.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/ErrorMode.h"
 #include "platform/Registry.h"
 #include "platform/TextEncoding.h"
 #include "settings/NeskRegistry.h"
@@ -91,6 +92,7 @@ void InitLanguage() {
 }
 
 void Main(const std::function<void()>& showMainWindow) {
+    platform::SuppressSystemBoxes();
     try {
         InitLanguage();
         modHelp::SetHelpFile(LanguageID(), HelpBaseName);

@@ -85,6 +85,21 @@ TEST_F(UtilitiesTest, MakingAPathCreatesEveryLevel) {
     EXPECT_EQ(error.arguments.at(0), "C:\\file");
 }
 
+TEST_F(UtilitiesTest, AShareIsNotAFolderToCreate) {
+    EXPECT_EQ(ShareLength("\\\\server\\share\\folder"), 14u);
+    EXPECT_EQ(ShareLength("//server/share/folder"), 14u);
+    EXPECT_EQ(ShareLength("\\\\server\\share"), 14u);
+    EXPECT_EQ(ShareLength("\\\\server"), 8u);
+    for (const char* path : {"", "\\", "\\\\", "\\\\\\x", "C:\\x", "\\folder"})
+        EXPECT_EQ(ShareLength(path), 0u) << path;
+}
+
+TEST_F(UtilitiesTest, MakePathBeginsBelowTheShare) {
+    // No test has a network, but the error names the first folder that was to be created.
+    const NeskError error = ErrorOf([] { MakePath("\\\\no-such-server\\share\\new\\deeper"); });
+    EXPECT_EQ(error.arguments.at(0), "\\\\no-such-server\\share\\new");
+}
+
 TEST_F(UtilitiesTest, ProfileValues) {
     station.Write("C:\\Data\\partinfo.ini", "[Part]\r\nName = Housing \r\n");
     EXPECT_EQ(ReadIniValue("C:\\Data\\partinfo.ini", "part", "NAME"), "Housing");
