@@ -171,6 +171,7 @@ void FormDirectories::OnOK() {
 }
 
 void FormDirectories::Refuse(const OptionsCheck::Fault& fault) {
+    ShowReason(fault.reason);
     modMessageBox::ShowMessage(fault.message, modMessageBox::Option::Exclamation, OptionsCheck::FaultTitle());
     wxTextCtrl& box = BoxOf(fault.field);
     if (fault.replacement) box.SetValue(ToWx(*fault.replacement));

@@ -45,6 +45,7 @@ void FormDialog::Finish(wxSizer* content) {
     cmdOK->SetDefault();
     cmdOK->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
         try {
+            ShowReason("");
             OnOK();
         } catch (const NeskError& error) {
             // The dialog stays open with everything as it was typed.
@@ -62,11 +63,27 @@ void FormDialog::Finish(wxSizer* content) {
 
     auto* all = new wxBoxSizer(wxVERTICAL);
     all->Add(content, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(12)));
+    lblReason = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblReason");
+    lblReason->Hide();
+    all->Add(lblReason, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(12)));
     all->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(12)));
     SetSizer(all);
     modUtilities::SetFormFont(*this);
     all->SetSizeHints(this);
     CentreOnParent();
+}
+
+void FormDialog::ShowReason(const std::string& reason) {
+    if (reason.empty() && !lblReason->IsShown()) return;
+    lblReason->SetLabelText(modUtilities::ToWx(reason));
+    lblReason->Wrap(GetClientSize().x - 2 * FromDIP(12));
+    lblReason->Show(!reason.empty());
+    const wxSize needed = GetSizer()->ComputeFittingClientSize(this);
+    SetMinClientSize(needed);
+    wxSize size = GetClientSize();
+    size.IncTo(needed);
+    SetClientSize(size);
+    Layout();
 }
 
 wxButton* FormDialog::NewButton(wxWindow* parent, const char* name, int textId) {

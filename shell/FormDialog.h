@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include <wx/dialog.h>
 
@@ -22,6 +23,7 @@ public:
     wxButton* cmdOK = nullptr;
     wxButton* cmdCancel = nullptr;
     wxButton* cmdHelp = nullptr;
+    wxStaticText* lblReason = nullptr; ///< why a field was refused; hidden until one is
 
 protected:
     /// @param name       class name, which is also the window name
@@ -42,6 +44,10 @@ protected:
 
     /// What the close box of the title bar does.
     virtual void OnCloseBox() { OnCancel(); }
+
+    /// Says above the buttons why a field was refused, until OK is pressed again. The dialog grows where it
+    /// has to. "" takes the line away.
+    void ShowReason(const std::string& reason);
 
     /// Closes the dialog with wxID_OK.
     void Accept() { EndModal(wxID_OK); }
