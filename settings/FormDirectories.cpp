@@ -6,6 +6,7 @@
 #include "settings/FormSelectMachine.h"
 #include "settings/FormSelectUser.h"
 #include "settings/NeskRegistry.h"
+#include "settings/PrinterChoice.h"
 #include "shell/FormUtilities.h"
 #include "shell/NumericKeyFilter.h"
 #include "shell/modMessageBox.h"
@@ -71,13 +72,16 @@ FormDirectories::FormDirectories(wxWindow* parent)
     wxSizer* rows = BuildRows();
     cmdHistory = NewButton(this, "cmdHistory", HistoryText);
     cmdPrinter = NewButton(this, "cmdPrinter", PrinterText);
+    lblPrinter = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                  wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "lblPrinter");
 
     auto* more = new wxBoxSizer(wxHORIZONTAL);
     more->Add(cmdHistory);
     more->Add(cmdPrinter, wxSizerFlags().Border(wxLEFT, Gap()));
+    more->Add(lblPrinter, wxSizerFlags(1).CentreVertical().Border(wxLEFT, Gap()));
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(rows, wxSizerFlags(1).Expand());
-    content->Add(more, wxSizerFlags().Border(wxTOP, Gap()));
+    content->Add(more, wxSizerFlags().Expand().Border(wxTOP, Gap()));
     Finish(content);
     BindEvents();
 }
@@ -144,7 +148,7 @@ void FormDirectories::BindEvents() {
     onPress(cmdMachine, [this] { ChooseMachine(); });
     onPress(cmdUser, [this] { ChooseUser(); });
     onPress(cmdHistory, [this] { ChooseHistory(); });
-    onPress(cmdPrinter, [this] { platform::ShowPrinterSetup(this, m_fields.printer); });
+    onPress(cmdPrinter, [this] { SetUpPrinter(); });
     // A path that is longer than its box is read in the tooltip.
     for (wxTextCtrl* box : {txtRoot, txtSlides, txtBitmap, txtMachine, txtUser})
         box->Bind(wxEVT_TEXT, [box](wxCommandEvent& event) {
@@ -200,7 +204,21 @@ void FormDirectories::ShowFields() {
     txtBitmap->SetValue(ToWx(m_fields.bitmap));
     txtMachine->SetValue(ToWx(m_fields.machine));
     txtUser->SetValue(ToWx(m_fields.user));
+    ShowPrinter();
     ApplyHistoryRule();
+}
+
+void FormDirectories::ShowPrinter() {
+    const wxString text = ToWx(PrinterChoice::Shown(m_fields.printer));
+    lblPrinter->SetLabelText(text);
+    lblPrinter->SetToolTip(text);
+}
+
+void FormDirectories::SetUpPrinter() {
+    platform::PrinterValues chosen = m_fields.printer;
+    const auto result = platform::ShowPrinterSetup(this, chosen, PrinterChoice::Texts(m_fields.printer));
+    PrinterChoice::Take(m_fields.printer, chosen, result);
+    ShowPrinter();
 }
 
 void FormDirectories::ReadFields() {

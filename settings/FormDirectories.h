@@ -41,6 +41,7 @@ public:
     wxTextCtrl* txtSampleSize = nullptr;
     wxButton* cmdHistory = nullptr;
     wxButton* cmdPrinter = nullptr;
+    wxStaticText* lblPrinter = nullptr; ///< name of the printer that is stored
 
 protected:
     void OnOK() override;
@@ -55,6 +56,8 @@ private:
     void ChooseMachine();
     void ChooseUser();
     void ChooseHistory();
+    void ShowPrinter();
+    void SetUpPrinter();
     void Refuse(const OptionsCheck::Fault& fault);
     wxTextCtrl& BoxOf(OptionsCheck::Field field);
 

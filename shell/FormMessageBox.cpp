@@ -129,7 +129,7 @@ void FormMessageBox::MakeText(const std::string& text) {
     lblMsg->SetFont(font);
     // However it is asked for: by a key or by the menu of the box.
     lblMsg->Bind(wxEVT_TEXT_COPY, [this](wxClipboardTextEvent&) { CopyText(); });
-    lblMsg->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
+    lblMsg->SetBackgroundColour(GetBackgroundColour());
     lblMsg->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
     const int bar = scrolls ? wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this) : 0;
     // The box keeps a little room around its text for itself.

@@ -365,23 +365,29 @@ TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
 class PrinterDialogScript {
 public:
     PrinterDialogScript()
-        : m_before(platform::SetPrinterSetup([this](wxWindow* parent, platform::PrinterValues& values) {
+        : m_before(platform::SetPrinterSetup([this](wxWindow* parent, platform::PrinterValues& values,
+                                                    const platform::PrinterSetupTexts& texts) {
             EXPECT_NE(dynamic_cast<FormDirectories*>(parent), nullptr);
             EXPECT_TRUE(wxIsBusy());
             ++shown;
             begun = values;
-            if (!confirmed) return false;
+            asked = texts;
+            if (!confirmed) return platform::PrinterSetupResult::Cancelled;
             values.orientation = "2";
             values.paperSize = "8";
-            return true;
+            if (standIn.empty()) return platform::PrinterSetupResult::Confirmed;
+            values.device = standIn;
+            return platform::PrinterSetupResult::StandIn;
         })) {}
     ~PrinterDialogScript() { platform::SetPrinterSetup(m_before); }
     PrinterDialogScript(const PrinterDialogScript&) = delete;
     PrinterDialogScript& operator=(const PrinterDialogScript&) = delete;
 
     bool confirmed = true;
+    std::string standIn; // printer that it offers in place of one that is not on the machine
     int shown = 0;
     platform::PrinterValues begun; // with which the dialog began
+    platform::PrinterSetupTexts asked;
 
 private:
     platform::PrinterSetupFunction m_before;
@@ -418,6 +424,34 @@ TEST_F(FormDirectoriesTest, PrinterValuesAreStoredOnOk) {
     EXPECT_EQ(Saved("PrinterOrientation"), "2");
     EXPECT_EQ(Saved("PrinterPaperSize"), "8");
     EXPECT_EQ(Saved("PrinterZoom"), "75");
+}
+
+TEST_F(FormDirectoriesTest, APrinterThatIsNotHereStaysUntilAnotherIsChosenOnPurpose) {
+    NeskRegistry& settings = NeskRegistry::Instance();
+    settings.PrinterDevice = "Laser";
+    settings.PrinterDriver = "laserdrv";
+    settings.Save();
+    PrinterDialogScript printer;
+    printer.standIn = "PDF";
+    Expect(modMessageBox::Result::No);
+    EXPECT_TRUE(Show([](FormDirectories& form) {
+        EXPECT_EQ(FromWx(form.lblPrinter->GetLabelText()), "Printer: Laser");
+        Click(form.cmdPrinter);
+        EXPECT_EQ(FromWx(form.lblPrinter->GetLabelText()), "Printer: Laser");
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(printer.asked.title, "Printer setup") << "as the command is called";
+    EXPECT_NE(printer.asked.missing.find("\"Laser\" is not on this machine"), std::string::npos);
+    EXPECT_EQ(Saved("PrinterDevice"), "Laser");
+    EXPECT_EQ(Saved("PrinterDriver"), "laserdrv");
+    EXPECT_EQ(Saved("PrinterPaperSize"), "8") << "the rest is as it was chosen";
+    Expect(modMessageBox::Result::Yes);
+    EXPECT_TRUE(Show([](FormDirectories& form) {
+        Click(form.cmdPrinter);
+        EXPECT_EQ(FromWx(form.lblPrinter->GetLabelText()), "Printer: PDF");
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(Saved("PrinterDevice"), "PDF");
 }
 
 TEST_F(FormDirectoriesTest, AFailedSaveIsReportedAndClosesTheDialog) {
