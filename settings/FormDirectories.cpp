@@ -7,6 +7,7 @@
 #include "settings/FormSelectUser.h"
 #include "settings/NeskRegistry.h"
 #include "settings/PrinterChoice.h"
+#include "shell/FormReadOnlyText.h"
 #include "shell/FormUtilities.h"
 #include "shell/NumericKeyFilter.h"
 #include "shell/modMessageBox.h"
@@ -54,26 +55,16 @@ TextFilter NumberFilter() {
             [](const std::string& text) { return text; }, true};
 }
 
-// A box that shows a name. It is read-only, and yet Tab leads to it everywhere, so that the keyboard alone
-// reaches a name that is longer than its box; on Windows the toolkit leaves such boxes out.
-class NameBox final : public wxTextCtrl {
-public:
-    NameBox(wxWindow* parent, const char* name) {
-        Create(parent, wxID_ANY, "", wxDefaultPosition, parent->FromDIP(wxSize(280, -1)), wxTE_READONLY,
-               wxDefaultValidator, name);
-    }
-    bool AcceptsFocusFromKeyboard() const override { return AcceptsFocus(); }
-};
-
 } // namespace
 
 FormDirectories::FormDirectories(wxWindow* parent)
     : FormDialog(parent, "FormDirectories", TitleText, HelpTopic) {
     wxSizer* rows = BuildRows();
     cmdHistory = NewButton(this, "cmdHistory", HistoryText);
-    cmdPrinter = NewButton(this, "cmdPrinter", PrinterText);
+    // Made before the button, so that the toolkit takes it for its label.
     lblPrinter = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                   wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "lblPrinter");
+    cmdPrinter = NewButton(this, "cmdPrinter", PrinterText);
 
     auto* more = new wxBoxSizer(wxHORIZONTAL);
     more->Add(cmdHistory);
@@ -106,7 +97,10 @@ wxSizer* FormDirectories::BuildRows() {
         SelectAllOnFocus(*box);
         return box;
     };
-    const auto newNameBox = [this](const char* name) { return new NameBox(this, name); };
+    const auto newNameBox = [this](const char* name) {
+        constexpr int width = 280;
+        return new FormReadOnlyText(this, name, width);
+    };
 
     // In the order in which Tab visits them, each label before the box that its access key leads to.
     lblRoot = NewLabel(this, "lblRoot", RootText);
@@ -150,7 +144,7 @@ void FormDirectories::BindEvents() {
     onPress(cmdHistory, [this] { ChooseHistory(); });
     onPress(cmdPrinter, [this] { SetUpPrinter(); });
     // A path that is longer than its box is read in the tooltip.
-    for (wxTextCtrl* box : {txtRoot, txtSlides, txtBitmap, txtMachine, txtUser})
+    for (wxTextCtrl* box : {txtRoot, txtSlides, txtBitmap})
         box->Bind(wxEVT_TEXT, [box](wxCommandEvent& event) {
             event.Skip();
             box->SetToolTip(box->GetValue());

@@ -8,6 +8,8 @@
 #include <string>
 #include <utility>
 
+#include <winspool.h>
+
 namespace nesk::platform::windows {
 
 namespace {

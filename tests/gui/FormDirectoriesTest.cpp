@@ -13,8 +13,10 @@
 
 #include <wx/button.h>
 #include <wx/listbox.h>
+#include <wx/settings.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/uiaction.h>
 #include <wx/utils.h>
 
 namespace nesk::testing {
@@ -113,6 +115,44 @@ TEST_F(FormDirectoriesTest, ShowsTextsAndSettings) {
                   "cmdHelp");
     });
     EXPECT_FALSE(confirmed);
+}
+
+TEST_F(FormDirectoriesTest, AClickIntoANumberSelectsIt) {
+    Show([](FormDirectories& form) {
+        wxUIActionSimulator mouse;
+        const auto clickInto = [&](wxTextCtrl* box) {
+            const wxRect place = box->GetScreenRect();
+            mouse.MouseMove(place.x + place.width - 10, place.y + place.height / 2);
+            Settle();
+            mouse.MouseClick();
+            wxMilliSleep(50);
+            Settle();
+        };
+        clickInto(form.txtMaxParts);
+        EXPECT_TRUE(form.txtMaxParts->HasFocus());
+        EXPECT_EQ(Selected(form.txtMaxParts), "20");
+        Type("7");
+        EXPECT_EQ(form.txtMaxParts->GetValue(), "7");
+        // A click into a box that has the focus already puts the caret where it was made.
+        Type("5");
+        constexpr int longerThanADoubleClick = 700;
+        wxMilliSleep(longerThanADoubleClick);
+        clickInto(form.txtMaxParts);
+        EXPECT_EQ(Selected(form.txtMaxParts), "");
+        clickInto(form.txtSampleSize);
+        EXPECT_EQ(Selected(form.txtSampleSize), "5");
+    });
+}
+
+TEST_F(FormDirectoriesTest, MachineAndUserLookAsTheyCannotBeTyped) {
+    Show([](FormDirectories& form) {
+        const wxColour plain = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+        for (wxTextCtrl* box : {form.txtMachine, form.txtUser}) {
+            EXPECT_FALSE(box->IsEditable());
+            EXPECT_EQ(box->GetBackgroundColour(), plain) << FromWx(box->GetName());
+        }
+        EXPECT_NE(form.txtRoot->GetBackgroundColour(), plain) << "otherwise nothing is told by it";
+    });
 }
 
 TEST_F(FormDirectoriesTest, AccessKeysLeadToTheBoxes) {
