@@ -1,6 +1,7 @@
 #include "menu/FormEditMenu.h"
 
 #include "menu/FormPicture.h"
+#include "menu/FormPictureButtons.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuText.h"
 #include "shell/FormUtilities.h"
@@ -23,6 +24,8 @@ FormEditMenu::FormEditMenu(wxWindow* parent) : FormDialog(parent, "FormEditMenu"
     picItemHost = new FormPicture(this, "picItemHost", "picItem");
     cmdPicture = NewButton(this, "cmdPicture", SelectText);
     cmdDelete = NewButton(this, "cmdDelete", DeleteText);
+    SetAccessKey(*cmdPicture, 's');
+    SetAccessKey(*cmdDelete, 'r');
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     buttons->Add(cmdPicture);
     buttons->Add(cmdDelete, wxSizerFlags().Border(wxLEFT, Gap()));
@@ -31,8 +34,7 @@ FormEditMenu::FormEditMenu(wxWindow* parent) : FormDialog(parent, "FormEditMenu"
     content->Add(buttons, wxSizerFlags().Border(wxTOP, Gap()));
     Finish(content);
 
-    cmdPicture->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { picItemHost->Choose(); });
-    cmdDelete->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { picItemHost->SetPath(""); });
+    BindPictureButtons(*picItemHost, *cmdPicture, *cmdDelete);
 }
 
 bool FormEditMenu::Edit(MenuItem& objItem) {

@@ -7,6 +7,7 @@
 #include "shell/modUtilities.h"
 
 #include <wx/button.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -101,12 +102,19 @@ wxTextCtrl* FormDialog::NewTextBox(wxWindow* parent, const char* name) {
 }
 
 wxStaticBoxSizer* FormDialog::NewFrame(const char* name, int textId) {
-    auto* frame = new wxStaticBoxSizer(wxVERTICAL, this, ResText(textId));
+    // The toolkit takes a title for the label of the control that follows. In a window of its own none does.
+    auto* window = new wxPanel(this);
+    auto* frame = new wxStaticBoxSizer(wxVERTICAL, window, ResText(textId));
+    window->SetSizer(frame);
     wxStaticBox* box = frame->GetStaticBox();
     box->SetName(name);
     // The toolkit leaves the title out when it measures what a frame needs.
     frame->SetMinSize(box->GetTextExtent(ResText(textId)).x + 4 * Gap(), -1);
     return frame;
+}
+
+wxWindow* FormDialog::FrameWindow(const wxStaticBoxSizer& frame) {
+    return frame.GetStaticBox()->GetParent();
 }
 
 void FormDialog::ShowHelp() {

@@ -61,8 +61,12 @@ protected:
     /// A text box of one line.
     wxTextCtrl* NewTextBox(wxWindow* parent, const char* name);
 
-    /// A frame with a title by number, which it is wide enough for. `name` is the window name of its box.
+    /// A frame with a title by number, which it is wide enough for. `name` is the window name of its box. The
+    /// window that FrameWindow gives is what goes into a sizer.
     wxStaticBoxSizer* NewFrame(const char* name, int textId);
+
+    /// The window that holds a frame and nothing else.
+    static wxWindow* FrameWindow(const wxStaticBoxSizer& frame);
 
     /// Space between controls, in pixels.
     int Gap() const { return FromDIP(8); }
