@@ -52,7 +52,9 @@ FormSelectDrive::FormSelectDrive(wxWindow* parent) : FormDialog(parent, "FormSel
     ChooseOption(0);
 }
 
-std::string FormSelectDrive::SelectDrive() {
+std::string FormSelectDrive::SelectDrive(const std::string& current) {
+    const int drive = DriveChoice::IndexOf(DriveChoice::Labels(), DriveChoice::Letter(current));
+    if (drive >= 0) drvSelect->SetSelection(drive);
     optDrive[0]->SetFocus();
     ShowModal();
     return m_result;

@@ -80,8 +80,9 @@ bool FormSelectHelpFile::Display(std::string& sFile, std::int32_t& nTopic) {
 
 void FormSelectHelpFile::OnBrowse() {
     const std::string chosen = platform::ShowOpenFileDialog(
-        this, {LoadResString(ChooseFileTitle), modUtilities::ExistingFolderOf(m_file, m_defaultFolder),
-               m_chosen, LoadResString(FileFilter)});
+        this, {LoadResString(ChooseFileTitle),
+               HelpFileChoice::BrowseFolder(m_shownFile.Of(*txtHelpFile), m_defaultFolder), m_chosen,
+               LoadResString(FileFilter)});
     if (!chosen.empty()) m_chosen = chosen;
     // What the file dialog holds counts however it was closed, so one that was called off before a file was
     // ever chosen in it clears the help file.

@@ -105,6 +105,7 @@ void FormSelectPart::BuildRepository() {
 }
 
 void FormSelectPart::BuildTree(const std::string& path, const wxString& text) {
+    m_startFolder = path;
     const wxTreeItemId root = StartTree(text);
     cmdOK->Disable();
     cmdSelectDrive->Disable();
@@ -136,7 +137,7 @@ wxTreeItemId FormSelectPart::StartTree(const wxString& text) {
 }
 
 void FormSelectPart::SelectDrive() {
-    const std::string drive = FormSelectDrive(this).SelectDrive();
+    const std::string drive = FormSelectDrive(this).SelectDrive(m_startFolder);
     if (drive == "*")
         BuildRepository();
     else if (!drive.empty())

@@ -51,6 +51,7 @@ private:
     void OnUnreadable(const std::string& path, int code, std::uint32_t attributes) override;
     bool OnProgress(std::size_t foldersRead) override;
 
+    std::string m_startFolder; // the folder under which the tree was built last
     std::string m_result;
     bool m_busy = false;
     bool m_cancelled = false;

@@ -240,7 +240,7 @@ void FormDirectories::BrowseFor(wxTextCtrl& box, int promptId) {
 }
 
 void FormDirectories::ChooseMachine() {
-    const std::string key = FormSelectMachine(this).SelectMachine();
+    const std::string key = FormSelectMachine(this).SelectMachine(m_fields.machineKey);
     if (key.empty()) return;
     m_fields.machineKey = key;
     OptionsCheck::ShowName(key, m_fields.machine);
@@ -248,7 +248,7 @@ void FormDirectories::ChooseMachine() {
 }
 
 void FormDirectories::ChooseUser() {
-    const std::string key = FormSelectUser(this).SelectUser();
+    const std::string key = FormSelectUser(this).SelectUser(m_fields.userKey);
     if (key.empty()) return;
     m_fields.userKey = key;
     OptionsCheck::ShowName(key, m_fields.user);

@@ -25,9 +25,10 @@ FormSelectFromList::FormSelectFromList(wxWindow* parent, const char* name, int t
     lstMain->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { OnOK(); });
 }
 
-std::string FormSelectFromList::Choose() {
+std::string FormSelectFromList::Choose(const std::string& current) {
     m_result.clear();
-    lstMain->SetSelection(wxNOT_FOUND);
+    lstMain->SetSelection(m_entries.PositionOf(current));
+    if (lstMain->GetSelection() != wxNOT_FOUND) lstMain->EnsureVisible(lstMain->GetSelection());
     UpdateButtons();
     lstMain->SetFocus();
     ShowModal();

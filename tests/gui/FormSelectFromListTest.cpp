@@ -152,6 +152,26 @@ TEST_F(FormSelectFromListTest, EscapeForgetsTheSelection) {
     EXPECT_EQ(dialog.SelectMachine(), "");
 }
 
+TEST_F(FormSelectFromListTest, TheEntryThatIsSetIsSelected) {
+    Add("Machines\\A", "Bridge");
+    Add("Machines\\B", "Arm");
+    FormSelectMachine dialog(nullptr);
+    const ModalDriver driver(dialog, [&] {
+        EXPECT_EQ(dialog.lstMain->GetSelection(), 1);
+        EXPECT_TRUE(dialog.cmdOK->IsEnabled());
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_EQ(dialog.SelectMachine("Machines\\B"), "Machines\\B");
+    Add("Users\\U1", "Smith");
+    FormSelectUser users(nullptr);
+    const ModalDriver second(users, [&] {
+        EXPECT_EQ(users.lstMain->GetSelection(), wxNOT_FOUND);
+        EXPECT_FALSE(users.cmdOK->IsEnabled());
+        PressButton(users.cmdCancel);
+    });
+    EXPECT_EQ(users.SelectUser("Users\\Gone"), "");
+}
+
 TEST_F(FormSelectFromListTest, WithoutMachinesOnlyCancelLeadsOut) {
     RegEntry().CreateKey("Machines");
     const std::string key = Machine([](FormSelectMachine& dialog) {

@@ -145,6 +145,20 @@ TEST_F(FormSelectHelpFileTest, BrowseReplacesTheFile) {
     EXPECT_EQ(fileDialogs[0], LoadResString(32076) + "|C:\\Help\\||" + LoadResString(32078));
 }
 
+TEST_F(FormSelectHelpFileTest, BrowsingBeginsInTheFolderThatWasJustTyped) {
+    ChooseFile("");
+    ChooseFile("");
+    Show([](FormSelectHelpFile& form) {
+        form.txtHelpFile->ChangeValue("C:\\Slides\\two.chm");
+        Click(form.cmdBrowse);
+        form.txtHelpFile->ChangeValue("C:\\Slides");
+        Click(form.cmdBrowse);
+        Click(form.cmdCancel);
+    });
+    EXPECT_EQ(fileDialogs.at(0), LoadResString(32076) + "|C:\\Slides\\||" + LoadResString(32078));
+    EXPECT_EQ(fileDialogs.at(1), LoadResString(32076) + "|C:\\Slides||" + LoadResString(32078));
+}
+
 TEST_F(FormSelectHelpFileTest, BrowsingBeginsAtTheDefaultFolderWhenThatOfTheFileHasGone) {
     file = "C:\\Gone\\part.chm";
     ChooseFile("C:\\Help\\part.chm");
