@@ -150,6 +150,10 @@ void FormMain::PlaceOnScreen() {
     const wxSize wanted = UsualSize();
     SetMinClientSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
     SetSize(std::min(wanted.x, screen.width), std::min(wanted.y, screen.height));
+    // With a client size of its own the window is shown at once. Otherwise the toolkit waits until the window
+    // manager has told the size of its frame, and GTK complains that the menu bar does not fit into 2 pixels
+    // meanwhile.
+    SetClientSize(GetClientSize());
     CentreOnScreen();
 }
 

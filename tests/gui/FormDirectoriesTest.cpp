@@ -366,15 +366,15 @@ TEST_F(FormDirectoriesTest, FoldersAreBrowsedFor) {
 TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
     const auto choose = [this](FormDirectories& form) {
         WhenShown<FormSelectMachine>("FormSelectMachine", [](FormSelectMachine& list) {
+            EXPECT_EQ(list.lstMain->GetStringSelection(), "Bridge") << "the one that is set";
             list.lstMain->SetSelection(1);
-            list.cmdOK->Enable();
             Click(list.cmdOK);
         });
         Click(form.cmdMachine);
         EXPECT_EQ(form.txtMachine->GetValue(), "Gantry");
         WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) {
+            EXPECT_EQ(list.lstMain->GetStringSelection(), "Smith");
             list.lstMain->SetSelection(1);
-            list.cmdOK->Enable();
             Click(list.cmdOK);
         });
         Click(form.cmdUser);
