@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuEditor.h"
+#include "shell/FormStatusBar.h"
 #include "shell/MainCommands.h"
 
 #include <string>
@@ -10,7 +11,6 @@
 class wxInfoBarGeneric;
 class wxMenu;
 class wxMenuItem;
-class wxStatusBar;
 class wxTreeEvent;
 
 namespace nesk {
@@ -31,7 +31,7 @@ public:
 
     // Controls.
     FormMenuTree* tvMain = nullptr;
-    wxStatusBar* sbMain = nullptr;
+    FormStatusBar* sbMain = nullptr;
     wxInfoBarGeneric* ibIncomplete = nullptr;
     wxMenu* mnuMenu = nullptr;
     wxMenuItem* mnuFileOpen = nullptr;

@@ -73,7 +73,9 @@ void FormMessageBox::BuildControls(const std::string& text) {
     cmdButton.clear();
     const int margin = FromDIP(Margin);
     auto* message = new wxBoxSizer(wxHORIZONTAL);
-    const wxBitmapBundle icon = IconBundle(m_layout.icon, wxSize(IconSize, IconSize));
+    // As high as two lines of a large font.
+    const int iconSize = std::max(IconSize, ToDIP(2 * GetCharHeight()));
+    const wxBitmapBundle icon = IconBundle(m_layout.icon, wxSize(iconSize, iconSize));
     picIcon = new wxStaticBitmap(this, wxID_ANY, icon, wxDefaultPosition, wxDefaultSize, 0, "picIcon");
     picIcon->Show(!m_layout.icon.empty());
     message->Add(picIcon, wxSizerFlags().Top().Border(wxRIGHT, margin));
