@@ -21,10 +21,10 @@ using platform::DirectorySearch;
 
 // Runs a search to its end, so that none stays open, and tells whether it found an entry that is wanted.
 template <typename Wanted>
-bool SearchFinds(const std::string& path, Wanted wanted) {
+bool SearchFinds(platform::FileSystem& files, const std::string& path, Wanted wanted) {
     std::unique_ptr<DirectorySearch> search;
     DirectoryEntry entry;
-    if (platform::StationFiles().Search(path, search, entry) != platform::ErrorCode::Success) return false;
+    if (files.Search(path, search, entry) != platform::ErrorCode::Success) return false;
     bool found = wanted(entry);
     while (search->Next(entry) == platform::ErrorCode::Success)
         found = found || wanted(entry);
@@ -77,17 +77,17 @@ std::size_t ShareLength(std::string_view path) {
     return std::min(path.find_first_of("\\/", server + 1), path.size());
 }
 
-bool FileExists(const std::string& path) {
-    return SearchFinds(path, [](const DirectoryEntry& entry) {
+bool FileExists(const std::string& path, platform::FileSystem& files) {
+    return SearchFinds(files, path, [](const DirectoryEntry& entry) {
         return (entry.attributes & platform::FileAttribute::Directory) == 0;
     });
 }
 
-bool DirectoryExists(const std::string& path) {
+bool DirectoryExists(const std::string& path, platform::FileSystem& files) {
     if (path.empty()) return false;
-    if (!SearchFinds(path, [](const DirectoryEntry&) { return true; })) return false;
+    if (!SearchFinds(files, path, [](const DirectoryEntry&) { return true; })) return false;
     std::uint32_t attributes = 0;
-    return platform::StationFiles().Attributes(path, attributes) == platform::ErrorCode::Success &&
+    return files.Attributes(path, attributes) == platform::ErrorCode::Success &&
            (attributes & platform::FileAttribute::Directory) != 0;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileSystem.h"
 #include "shell/NeskError.h"
 
 #include <cstddef>
@@ -31,10 +32,10 @@ std::string ParentFolder(const std::string& path);
 std::size_t ShareLength(std::string_view path);
 
 /// True when a search for the path finds a file. Folders are not files.
-bool FileExists(const std::string& path);
+bool FileExists(const std::string& path, platform::FileSystem& files = platform::StationFiles());
 
 /// True when the path names an existing folder.
-bool DirectoryExists(const std::string& path);
+bool DirectoryExists(const std::string& path, platform::FileSystem& files = platform::StationFiles());
 
 /// The folder of a file, up to and including its last "\", where that folder exists; otherwise
 /// `defaultFolder`.

@@ -122,6 +122,11 @@ TEST_F(FormFolderTest, GainingTheFocusSelectsTheText) {
         form.txtFolder->SetFocus();
         Settle();
         EXPECT_EQ(FromWx(form.txtFolder->GetStringSelection()), "Name");
+        form.cmdOK->SetFocus();
+        form.txtFolder->SelectNone();
+        ClickInto(*form.txtFolder);
+        EXPECT_TRUE(form.txtFolder->HasFocus());
+        EXPECT_EQ(FromWx(form.txtFolder->GetStringSelection()), "Name") << "by a click as well";
         Click(form.cmdCancel);
     });
 }

@@ -123,9 +123,17 @@ TEST_F(FormSelectFromListTest, ArrowKeysAndEnterChoose) {
 TEST_F(FormSelectFromListTest, EnterWithoutASelectionDoesNothing) {
     Add("Machines\\A", "Bridge");
     const std::string key = Machine([](FormSelectMachine& dialog) {
+        EXPECT_FALSE(dialog.cmdOK->IsEnabled());
         Press(WXK_RETURN);
         wxMilliSleep(300);
         Settle();
+        EXPECT_TRUE(IsOpen(dialog));
+        // Neither does a double click beside the lines, nor OK if it could be pressed.
+        wxCommandEvent twice(wxEVT_LISTBOX_DCLICK, dialog.lstMain->GetId());
+        dialog.lstMain->ProcessWindowEvent(twice);
+        EXPECT_TRUE(IsOpen(dialog));
+        dialog.cmdOK->Enable();
+        PressButton(dialog.cmdOK);
         EXPECT_TRUE(IsOpen(dialog));
     });
     EXPECT_EQ(key, "");

@@ -58,6 +58,15 @@ TEST_F(FormSelectHistoryTest, ShowsTextsAndValues) {
     });
 }
 
+TEST_F(FormSelectHistoryTest, GainingTheFocusSelectsTheTitle) {
+    Show([](FormSelectHistory& form) {
+        ClickInto(*form.txtHistoryTitle);
+        EXPECT_TRUE(form.txtHistoryTitle->HasFocus());
+        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetStringSelection()), "Bracket");
+        Click(form.cmdCancel);
+    });
+}
+
 TEST_F(FormSelectHistoryTest, TheCallerChoosesTheCaptionOfDefault) {
     Show(
         [](FormSelectHistory& form) {

@@ -233,6 +233,48 @@ TEST_F(PictureDialogTest, DamagedAndHugePicturesDoNoHarm) {
     EXPECT_EQ(path, "C:\\Pictures\\missing.bmp") << "the path is not checked";
 }
 
+TEST_F(PictureDialogTest, EveryControlHasItsText) {
+    const FormSelectMenuPicture dialog(nullptr);
+    const wxWindow* frame = wxWindow::FindWindowByName("Frame1", &dialog);
+    ASSERT_NE(frame, nullptr);
+    EXPECT_EQ(FromWx(frame->GetLabel()), LoadResString(32056));
+    EXPECT_EQ(FromWx(dialog.cmdMenuSelect->GetLabelText()), LoadResString(32066));
+    EXPECT_EQ(FromWx(dialog.cmdMenuDelete->GetLabelText()), LoadResString(32065));
+    EXPECT_EQ(FromWx(dialog.cmdOK->GetLabel()), LoadResString(32004));
+    EXPECT_EQ(FromWx(dialog.cmdCancel->GetLabel()), LoadResString(32005));
+    EXPECT_EQ(FromWx(dialog.cmdHelp->GetLabel()), LoadResString(32008));
+}
+
+TEST_F(PictureDialogTest, TheFileDialogBeginsWithThePicture) {
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path = "C:\\Pictures\\x.txt";
+    NeskRegistry::Instance().DefaultBitmapDirectory = "C:\\";
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdMenuSelect);
+        ASSERT_EQ(files.requests.size(), 1u);
+        EXPECT_EQ(files.requests[0].file, "C:\\Pictures\\x.txt");
+        EXPECT_EQ(files.requests[0].folder, "C:\\Pictures\\");
+        EXPECT_EQ(files.requests[0].filter, "");
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Display(path);
+}
+
+TEST_F(PictureDialogTest, OnlyAPictureThatIsThereIsRemoved) {
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path;
+    ModalDriver driver(dialog, [&] {
+        EXPECT_FALSE(dialog.cmdMenuDelete->IsEnabled());
+        files.choice = "C:\\Pictures\\x.txt";
+        PressButton(dialog.cmdMenuSelect);
+        EXPECT_TRUE(dialog.cmdMenuDelete->IsEnabled());
+        PressButton(dialog.cmdMenuDelete);
+        EXPECT_FALSE(dialog.cmdMenuDelete->IsEnabled());
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Display(path);
+}
+
 class EditMenuTest : public PictureDialogTest {
 protected:
     EditMenuTest() {
@@ -244,6 +286,16 @@ protected:
     Menu menu;
     MenuItem* item = nullptr;
 };
+
+TEST_F(EditMenuTest, EveryControlHasItsText) {
+    FormEditMenu dialog(nullptr);
+    EXPECT_EQ(FromWx(dialog.GetTitle()), LoadResString(32041)) << "until it is shown for an item";
+    EXPECT_EQ(FromWx(dialog.cmdPicture->GetLabelText()), LoadResString(32066));
+    EXPECT_EQ(FromWx(dialog.cmdDelete->GetLabelText()), LoadResString(32065));
+    EXPECT_EQ(FromWx(dialog.cmdOK->GetLabel()), LoadResString(32004));
+    EXPECT_EQ(FromWx(dialog.cmdCancel->GetLabel()), LoadResString(32005));
+    EXPECT_EQ(FromWx(dialog.cmdHelp->GetLabel()), LoadResString(32008));
+}
 
 TEST_F(EditMenuTest, OkAfterDeleteStoresAnEmptyPicture) {
     FormEditMenu dialog(nullptr);
