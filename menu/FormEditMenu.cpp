@@ -1,7 +1,9 @@
 #include "menu/FormEditMenu.h"
 
 #include "menu/FormPicture.h"
+#include "menu/FormPictureButtons.h"
 #include "menu/MenuItem.h"
+#include "menu/MenuText.h"
 #include "shell/FormUtilities.h"
 
 #include <wx/button.h>
@@ -22,6 +24,8 @@ FormEditMenu::FormEditMenu(wxWindow* parent) : FormDialog(parent, "FormEditMenu"
     picItemHost = new FormPicture(this, "picItemHost", "picItem");
     cmdPicture = NewButton(this, "cmdPicture", SelectText);
     cmdDelete = NewButton(this, "cmdDelete", DeleteText);
+    SetAccessKey(*cmdPicture, 's');
+    SetAccessKey(*cmdDelete, 'r');
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     buttons->Add(cmdPicture);
     buttons->Add(cmdDelete, wxSizerFlags().Border(wxLEFT, Gap()));
@@ -30,17 +34,23 @@ FormEditMenu::FormEditMenu(wxWindow* parent) : FormDialog(parent, "FormEditMenu"
     content->Add(buttons, wxSizerFlags().Border(wxTOP, Gap()));
     Finish(content);
 
-    cmdPicture->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { picItemHost->Choose(); });
-    cmdDelete->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { picItemHost->SetPath(""); });
+    BindPictureButtons(*picItemHost, *cmdPicture, *cmdDelete);
 }
 
 bool FormEditMenu::Edit(MenuItem& objItem) {
-    picItemHost->SetPath(std::string(objItem.Graphic()));
+    m_before = objItem.Graphic();
+    picItemHost->SetPath(m_before);
     SetTitle(modUtilities::ToWx(objItem.Caption()));
     cmdPicture->SetFocus();
     if (ShowModal() != wxID_OK) return false;
     objItem.SetGraphic(picItemHost->Path());
     return true;
+}
+
+void FormEditMenu::OnOK() {
+    // The file need not exist, but its name has to be one that the menu file can hold.
+    MenuText::CheckChange(picItemHost->Path(), m_before, "FormEditMenu.OK");
+    Accept();
 }
 
 } // namespace nesk

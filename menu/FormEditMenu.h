@@ -24,7 +24,10 @@ public:
     wxButton* cmdDelete = nullptr;
 
 protected:
-    void OnOK() override { Accept(); }
+    void OnOK() override;
+
+private:
+    std::string m_before; // the picture that the item has
 };
 
 } // namespace nesk

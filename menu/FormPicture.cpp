@@ -20,8 +20,8 @@ constexpr int ChoosePictureTitle = 32026;
 
 } // namespace
 
-FormPicture::FormPicture(wxWindow* parent, const char* hostName, const char* pictureName)
-    : wxPanel(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(wxSize(180, 135)),
+FormPicture::FormPicture(wxWindow* parent, const char* hostName, const char* pictureName, wxSize size)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(size),
               wxBORDER_THEME | wxFULL_REPAINT_ON_RESIZE, hostName) {
     SetMinSize(GetSize());
     SetBackgroundStyle(wxBG_STYLE_PAINT);
@@ -50,6 +50,7 @@ void FormPicture::SetPath(const std::string& path) {
     m_picture->SetToolTip(modUtilities::ToWx(path));
     Place();
     Refresh();
+    if (onChanged) onChanged();
 }
 
 void FormPicture::Place() {
@@ -91,7 +92,6 @@ void FormPicture::Choose() {
         wxGetTopLevelParent(this), {modStringRes::LoadResString(ChoosePictureTitle), folder, m_path, ""});
     if (chosen.empty()) return;
     SetPath(chosen);
-    if (onChosen) onChosen();
 }
 
 } // namespace nesk

@@ -17,7 +17,9 @@ class FormPicture : public wxPanel {
 public:
     /// @param hostName     window name of the area, as "picItemHost"
     /// @param pictureName  window name of the picture in it, as "picItem"
-    FormPicture(wxWindow* parent, const char* hostName, const char* pictureName);
+    /// @param size         smallest size in device-independent pixels
+    FormPicture(wxWindow* parent, const char* hostName, const char* pictureName,
+                wxSize size = wxSize(180, 135));
 
     /// Windows path of the picture; "" for none. It may name a file that does not exist.
     const std::string& Path() const { return m_path; }
@@ -26,8 +28,8 @@ public:
     /// Lets the user choose a file; nothing changes when that is called off. A double click does the same.
     void Choose();
 
-    /// Called when the user has chosen a file.
-    std::function<void()> onChosen;
+    /// Called whenever the path has been set.
+    std::function<void()> onChanged;
 
     /// True when the picture is shown, and where it is drawn, in pixels of the area.
     bool ShowsPicture() const { return m_bitmap.IsOk(); }

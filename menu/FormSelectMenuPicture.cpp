@@ -1,6 +1,7 @@
 #include "menu/FormSelectMenuPicture.h"
 
 #include "menu/FormPicture.h"
+#include "menu/FormPictureButtons.h"
 #include "menu/MenuText.h"
 #include "shell/FormUtilities.h"
 
@@ -32,6 +33,8 @@ FormSelectMenuPicture::FormSelectMenuPicture(wxWindow* parent)
                                wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "lblFile");
     cmdMenuSelect = NewButton(box, "cmdMenuSelect", SelectText);
     cmdMenuDelete = NewButton(box, "cmdMenuDelete", DeleteText);
+    SetAccessKey(*cmdMenuSelect, 's');
+    SetAccessKey(*cmdMenuDelete, 'r');
 
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     buttons->Add(cmdMenuSelect);
@@ -39,19 +42,17 @@ FormSelectMenuPicture::FormSelectMenuPicture(wxWindow* parent)
     frame->Add(picItemHost, wxSizerFlags(1).Expand().Border(wxALL, Gap()));
     frame->Add(lblFile, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT, Gap()));
     frame->Add(buttons, wxSizerFlags().Border(wxALL, Gap()));
-    Finish(frame);
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(FrameWindow(*frame), wxSizerFlags(1).Expand());
+    Finish(content);
 
-    picItemHost->onChosen = [this] { ShowPath(); };
-    cmdMenuSelect->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { picItemHost->Choose(); });
-    cmdMenuDelete->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
-        picItemHost->SetPath("");
-        ShowPath();
-    });
+    picItemHost->onChanged = [this] { ShowPath(); };
+    BindPictureButtons(*picItemHost, *cmdMenuSelect, *cmdMenuDelete);
 }
 
 bool FormSelectMenuPicture::Display(std::string& sFile) {
+    m_before = sFile;
     picItemHost->SetPath(sFile);
-    ShowPath();
     cmdMenuSelect->SetFocus();
     if (ShowModal() != wxID_OK) return false;
     sFile = picItemHost->Path();
@@ -60,7 +61,7 @@ bool FormSelectMenuPicture::Display(std::string& sFile) {
 
 void FormSelectMenuPicture::OnOK() {
     // The file need not exist, but its name has to be one that the menu file can hold.
-    MenuText::Check(picItemHost->Path(), "FormSelectMenuPicture.OK");
+    MenuText::CheckChange(picItemHost->Path(), m_before, "FormSelectMenuPicture.OK");
     Accept();
 }
 

@@ -31,6 +31,8 @@ protected:
 
 private:
     void ShowPath();
+
+    std::string m_before; // the path that the dialog was opened with
 };
 
 } // namespace nesk

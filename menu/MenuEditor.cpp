@@ -207,15 +207,16 @@ bool MenuEditor::SetCaption(const std::string& id, const std::string& caption) {
 }
 
 bool MenuEditor::SetGraphic(const std::string& id, const std::string& graphic) {
-    if (Find(id) == nullptr) return false;
-    MenuText::Check(graphic, "MenuEditor.SetGraphic");
+    const MenuEntry* entry = Find(id);
+    if (entry == nullptr) return false;
+    MenuText::CheckChange(graphic, entry->Graphic(), "MenuEditor.SetGraphic");
     return Make(std::make_unique<GraphicChange>(id, graphic)).kind != MenuEvent::Kind::None;
 }
 
 bool MenuEditor::SetPart(const std::string& id, const PartFields& fields) {
     const MenuItem* item = AsItem(Find(id));
     if (item == nullptr) return false;
-    CheckPartFields(fields);
+    CheckPartFields(fields, PartFieldsOf(*item));
     return Make(std::make_unique<PartChange>(id, fields)).kind != MenuEvent::Kind::None;
 }
 

@@ -48,6 +48,10 @@ void Check(std::string_view text, const std::string& source) {
     Encode(text, source);
 }
 
+void CheckChange(std::string_view text, std::string_view before, const std::string& source) {
+    if (text != before) Check(text, source);
+}
+
 std::string OnOneLine(std::string_view text) {
     std::string result;
     for (std::size_t i = 0; i < text.size(); ++i) {

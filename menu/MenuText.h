@@ -17,6 +17,10 @@ std::string Encode(std::string_view text, const std::string& source);
 /// that has no place in the station's code page.
 void Check(std::string_view text, const std::string& source);
 
+/// The same for a text that may take the place of another. One that stays as it was is not checked: it came
+/// from a file, and saving writes it back byte by byte.
+void CheckChange(std::string_view text, std::string_view before, const std::string& source);
+
 /// The text on one line: line breaks and tabs become blanks, other control characters are dropped.
 std::string OnOneLine(std::string_view text);
 

@@ -17,10 +17,10 @@ PartFields PartFieldsOf(const MenuItem& item) {
     return fields;
 }
 
-void CheckPartFields(const PartFields& fields) {
-    for (const std::string* text : {&fields.graphic, &fields.preview, &fields.programId, &fields.helpFile,
-                                    &fields.historyDir, &fields.historyTitle})
-        MenuText::Check(*text, "MenuItem.Edit");
+void CheckPartFields(const PartFields& fields, const PartFields& before) {
+    for (const auto text : {&PartFields::graphic, &PartFields::preview, &PartFields::programId,
+                            &PartFields::helpFile, &PartFields::historyDir, &PartFields::historyTitle})
+        MenuText::CheckChange(fields.*text, before.*text, "MenuItem.Edit");
 }
 
 void ApplyPartFields(MenuItem& item, const PartFields& fields) {

@@ -23,8 +23,9 @@ struct PartFields {
 /// The fields that an item has now.
 PartFields PartFieldsOf(const MenuItem& item);
 
-/// Raises 5000 when one of the texts cannot be stored in a menu file.
-void CheckPartFields(const PartFields& fields);
+/// Raises 5000 when one of the texts that differ from `before` cannot be stored in a menu file. A text that
+/// came from a file is kept as it is, whatever it holds.
+void CheckPartFields(const PartFields& fields, const PartFields& before);
 
 /// Gives an item these fields.
 void ApplyPartFields(MenuItem& item, const PartFields& fields);

@@ -16,7 +16,7 @@ constexpr int NotReadyText = 34202; // %0% drive
 std::vector<std::string> Labels() {
     std::vector<std::string> labels;
     for (const char letter : platform::DriveLetters())
-        labels.push_back({static_cast<char>(letter | 0x20), ':'});
+        labels.push_back({letter, ':'});
     return labels;
 }
 

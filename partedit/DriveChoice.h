@@ -6,7 +6,7 @@
 /// How the lists of drives show a drive, and what they stand for.
 namespace nesk::DriveChoice {
 
-/// The station's drives as they are listed, as "c:".
+/// The station's drives as they are listed, as "C:".
 std::vector<std::string> Labels();
 
 /// The letter of a listed drive, in capitals; 0 for a text without one.

@@ -41,9 +41,13 @@ bool Before(std::string_view a, std::string_view b) {
 
 Parts Split(std::string_view path) {
     Parts parts;
-    if (path.size() >= 2 && path[1] == ':') {
-        if (const char letter = DriveChoice::Letter(std::string(path.substr(0, 1))); letter != 0)
-            parts.drive = letter;
+    if (const std::size_t share = modUtilities::ShareLength(path); share != 0) {
+        parts.root = std::string(path.substr(0, share)) + "\\";
+        std::replace(parts.root.begin(), parts.root.end(), '/', '\\');
+        path.remove_prefix(share);
+    } else if (path.size() >= 2 && path[1] == ':') {
+        if (const std::string root = DriveChoice::Root(std::string(path.substr(0, 1))); !root.empty())
+            parts.root = root;
         path.remove_prefix(2);
     }
     while (!path.empty()) {

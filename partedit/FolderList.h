@@ -17,7 +17,7 @@ bool Before(std::string_view a, std::string_view b);
 
 /// A path taken apart.
 struct Parts {
-    char drive = 'C';               ///< in capitals; C for a path without a drive letter
+    std::string root = "C:\\"; ///< the drive, in capitals, or "\\server\share\"; C: for a path without either
     std::vector<std::string> names; ///< the folders from the root on; "." and ".." are resolved
 };
 

@@ -79,7 +79,7 @@ std::string FormBrowse::Invoke(const std::string& sPrompt, const std::string& sP
 
 void FormBrowse::GoTo(const std::string& path) {
     Dir1->SetPath(path);
-    SelectDrive(Dir1->Drive());
+    SelectDrive(DriveChoice::Letter(Dir1->Root()));
 }
 
 void FormBrowse::SelectDrive(char letter) {

@@ -1,6 +1,7 @@
 #include "partedit/FormEditPart.h"
 
 #include "menu/FormPicture.h"
+#include "menu/FormPictureButtons.h"
 #include "menu/FormSelectMenuPicture.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuText.h"
@@ -8,13 +9,20 @@
 #include "partedit/FormSelectHistory.h"
 #include "partedit/FormSelectPart.h"
 #include "partedit/PartReference.h"
+#include "platform/AccessibleName.h"
 #include "platform/PartInfoEditor.h"
+#include "shell/FieldMessage.h"
+#include "shell/FormReadOnlyText.h"
 #include "shell/FormUtilities.h"
 #include "shell/Startup.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 
+#include <cstddef>
+#include <iterator>
+
 #include <wx/button.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -22,6 +30,7 @@
 
 namespace nesk {
 
+using modStringRes::LoadResString;
 using modUtilities::FromWx;
 using modUtilities::ToWx;
 
@@ -41,6 +50,13 @@ constexpr int HistoryText = 32083;
 constexpr int SelectPartText = 34300;
 constexpr int EditorMissing = 34301; // %0% name of the editor
 constexpr int EditorFailed = 34302;  // %0% name of the editor
+constexpr int HistoryFolderText = 32037;
+constexpr int HelpTopicText = 32077;
+constexpr int HistoryTitleText = 32092;
+constexpr int TopicLabelText = 34473;
+constexpr int TitleLabelText = 34474;
+constexpr int DefaultHistoryText = 34475;
+constexpr int PictureKeys = 34476;
 constexpr std::int32_t HelpTopic = 33004;
 
 // Up to this many pixels the menu picture has no frame of its own.
@@ -48,6 +64,14 @@ constexpr int CompactWidth = 640;
 
 // Most references to part programs are seen whole in this width.
 constexpr int ProgramWidth = 360;
+
+// Smallest sizes in device-independent pixels on a small screen and on others.
+struct Sizes {
+    wxSize picture;
+    int box;
+};
+const Sizes CompactSizes{wxSize(100, 75), 110};
+const Sizes UsualSizes{wxSize(165, 124), 140};
 
 // The lower row of a picture's frame.
 wxSizer* PictureButtons(wxButton* select, wxButton* remove, int gap) {
@@ -57,22 +81,47 @@ wxSizer* PictureButtons(wxButton* select, wxButton* remove, int gap) {
     return row;
 }
 
+const Sizes& SizesFor(bool compact) {
+    return compact ? CompactSizes : UsualSizes;
+}
+
+// Holds lines of text alone, so the keyboard passes it by.
+class LinesPanel final : public wxPanel {
+public:
+    explicit LinesPanel(wxWindow* parent) : wxPanel(parent) {}
+    bool AcceptsFocus() const override { return false; }
+    bool AcceptsFocusFromKeyboard() const override { return false; }
+    bool AcceptsFocusRecursively() const override { return false; }
+};
+
+// A line that is cut at its end where it is too long, and then whole in its tooltip.
+wxStaticText* NewLine(wxWindow* parent, const char* name) {
+    return new wxStaticText(parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                            wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, name);
+}
+
+void ShowLine(wxStaticText& line, const std::string& text) {
+    line.SetLabelText(ToWx(text));
+    line.SetToolTip(ToWx(text));
+}
+
 } // namespace
 
 FormEditPart::FormEditPart(wxWindow* parent, int screenWidth)
-    : FormDialog(parent, "FormEditPart", TitleText, HelpTopic) {
-    const bool compact = screenWidth <= CompactWidth;
+    : FormDialog(parent, "FormEditPart", TitleText, HelpTopic), m_compact(screenWidth <= CompactWidth) {
     auto* frames = new wxBoxSizer(wxHORIZONTAL);
     wxSizer* program = MakeProgramRows();
-    if (!compact) txtPartName->SetMinSize(FromDIP(wxSize(ProgramWidth, -1)));
-    wxSizer* menuPicture = MakeMenuPictureFrame();
-    cmdMenuPicture = NewButton(this, "cmdMenuPicture", MenuPictureText);
+    if (!m_compact) txtPartName->SetMinSize(FromDIP(wxSize(ProgramWidth, -1)));
+    wxWindow* menuPicture = MakeMenuPictureFrame();
+    wxSizer* compactPicture = MakeCompactPicture();
     frames->Add(menuPicture, wxSizerFlags(1).Expand().Border(wxRIGHT, Gap()));
-    frames->Add(cmdMenuPicture, wxSizerFlags().Top().Border(wxRIGHT, Gap()));
+    frames->Add(compactPicture, wxSizerFlags().Expand().Border(wxRIGHT, Gap()));
     frames->Add(MakePreviewFrame(), wxSizerFlags(1).Expand().Border(wxRIGHT, Gap()));
-    frames->Add(MakeHelpFrame(), wxSizerFlags().Expand());
-    frames->Show(menuPicture, !compact, true);
-    frames->Show(cmdMenuPicture, compact);
+    frames->Add(MakeHelpFrame(), wxSizerFlags(1).Expand());
+    // The frame itself as well, and not only the window that holds it.
+    Frame1->Show(!m_compact);
+    frames->Show(menuPicture, !m_compact);
+    frames->Show(compactPicture, m_compact, true);
 
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(program, wxSizerFlags().Expand().Border(wxBOTTOM, Gap()));
@@ -85,8 +134,14 @@ wxSizer* FormEditPart::MakeProgramRows() {
     lblPartName = NewLabel(this, "lblPartName", ProgramText);
     txtPartName = NewTextBox(this, "txtPartName");
     cmdSelectPart = NewButton(this, "cmdSelectPart", SelectPartText);
-    lblDescription = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
-                                      wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "lblDescription");
+    // In a window of their own: the toolkit would take them for the label of the next button.
+    auto* about = new LinesPanel(this);
+    lblDescription = NewLine(about, "lblDescription");
+    lblProblem = NewLine(about, "lblProblem");
+    auto* lines = new wxBoxSizer(wxVERTICAL);
+    lines->Add(lblDescription, wxSizerFlags().Expand());
+    lines->Add(lblProblem, wxSizerFlags().Expand());
+    about->SetSizer(lines);
     cmdSlideShow = NewButton(this, "cmdSlideShow", PartInformationText);
 
     auto* grid = new wxFlexGridSizer(3, Gap(), Gap());
@@ -95,43 +150,69 @@ wxSizer* FormEditPart::MakeProgramRows() {
     grid->Add(txtPartName, wxSizerFlags().Expand());
     grid->Add(cmdSelectPart, wxSizerFlags().Expand());
     grid->AddSpacer(0);
-    grid->Add(lblDescription, wxSizerFlags().Expand().CentreVertical());
+    grid->Add(about, wxSizerFlags().Expand().CentreVertical());
     grid->Add(cmdSlideShow, wxSizerFlags().Expand());
     return grid;
 }
 
-wxSizer* FormEditPart::MakeMenuPictureFrame() {
+wxWindow* FormEditPart::MakeMenuPictureFrame() {
     wxStaticBoxSizer* frame = NewFrame("Frame1", MenuFrameText);
     Frame1 = frame->GetStaticBox();
-    picItemHost = new FormPicture(Frame1, "picItemHost", "picItem");
+    picItemHost = new FormPicture(Frame1, "picItemHost", "picItem", SizesFor(m_compact).picture);
     cmdMenuSelect = NewButton(Frame1, "cmdMenuSelect", SelectText);
     cmdMenuDelete = NewButton(Frame1, "cmdMenuDelete", DeleteText);
     frame->Add(picItemHost, wxSizerFlags(1).Expand().Border(wxALL, Gap()));
     frame->Add(PictureButtons(cmdMenuSelect, cmdMenuDelete, Gap()),
                wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, Gap()));
-    return frame;
+    return FrameWindow(*frame);
 }
 
-wxSizer* FormEditPart::MakePreviewFrame() {
+// On a small screen the menu picture is shown small, and chosen in a dialog of its own.
+wxSizer* FormEditPart::MakeCompactPicture() {
+    picCompact = new FormPicture(this, "picCompactHost", "picCompact", CompactSizes.picture);
+    picCompact->Disable();
+    cmdMenuPicture = NewButton(this, "cmdMenuPicture", MenuPictureText);
+    auto* column = new wxBoxSizer(wxVERTICAL);
+    column->Add(cmdMenuPicture, wxSizerFlags().Expand());
+    column->Add(picCompact, wxSizerFlags().Expand().Border(wxTOP, Gap()));
+    return column;
+}
+
+wxWindow* FormEditPart::MakePreviewFrame() {
     wxStaticBoxSizer* frame = NewFrame("Frame2", PreviewFrameText);
     Frame2 = frame->GetStaticBox();
-    picPreviewHost = new FormPicture(Frame2, "picPreviewHost", "picPreview");
+    picPreviewHost = new FormPicture(Frame2, "picPreviewHost", "picPreview", SizesFor(m_compact).picture);
     cmdPreviewSelect = NewButton(Frame2, "cmdPreviewSelect", SelectText);
     cmdPreviewDelete = NewButton(Frame2, "cmdPreviewDelete", DeleteText);
     frame->Add(picPreviewHost, wxSizerFlags(1).Expand().Border(wxALL, Gap()));
     frame->Add(PictureButtons(cmdPreviewSelect, cmdPreviewDelete, Gap()),
                wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, Gap()));
-    return frame;
+    return FrameWindow(*frame);
 }
 
-wxSizer* FormEditPart::MakeHelpFrame() {
+wxWindow* FormEditPart::MakeHelpFrame() {
     wxStaticBoxSizer* frame = NewFrame("Frame3", HelpFrameText);
     Frame3 = frame->GetStaticBox();
+    auto* grid = new wxFlexGridSizer(2, Gap(), Gap());
+    grid->AddGrowableCol(1);
+    const auto add = [&](wxWindow* first, const char* name, int accessibleName) {
+        auto* box = new FormReadOnlyText(Frame3, name, SizesFor(m_compact).box);
+        platform::SetAccessibleName(*box, FieldMessage::PlainLabel(LoadResString(accessibleName)));
+        grid->Add(first, wxSizerFlags().Expand().CentreVertical());
+        grid->Add(box, wxSizerFlags().Expand().CentreVertical());
+        return box;
+    };
     cmdHelpFile = NewButton(Frame3, "cmdHelpFile", HelpFileText);
+    txtHelpFile = add(cmdHelpFile, "txtHelpFile", HelpFileText);
+    txtHelpTopic = add(NewLabel(Frame3, "lblHelpTopic", TopicLabelText), "txtHelpTopic", HelpTopicText);
     cmdHistory = NewButton(Frame3, "cmdHistory", HistoryText);
-    frame->Add(cmdHelpFile, wxSizerFlags().Expand().Border(wxALL, Gap()));
-    frame->Add(cmdHistory, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, Gap()));
-    return frame;
+    txtHistoryDir = add(cmdHistory, "txtHistoryDir", HistoryFolderText);
+    txtHistoryTitle =
+        add(NewLabel(Frame3, "lblHistoryTitle", TitleLabelText), "txtHistoryTitle", HistoryTitleText);
+    // Without a folder of its own a part has the history of the options.
+    txtHistoryDir->SetHint(modUtilities::ResText(DefaultHistoryText));
+    frame->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, Gap()));
+    return FrameWindow(*frame);
 }
 
 void FormEditPart::BindControls() {
@@ -148,19 +229,37 @@ void FormEditPart::BindControls() {
     onPress(cmdSelectPart, [this] { SelectPart(); });
     onPress(cmdSlideShow, [this] { EditPartInformation(); });
     onPress(cmdMenuPicture, [this] { ChooseFromLibrary(); });
-    onPress(cmdMenuSelect, [this] { picItemHost->Choose(); });
-    onPress(cmdMenuDelete, [this] { picItemHost->SetPath(""); });
-    onPress(cmdPreviewSelect, [this] { picPreviewHost->Choose(); });
-    onPress(cmdPreviewDelete, [this] { picPreviewHost->SetPath(""); });
-    onPress(cmdHelpFile, [this] { FormSelectHelpFile(this).Display(m_fields.helpFile, m_fields.helpTopic); });
-    onPress(cmdHistory,
-            [this] { FormSelectHistory(this).Display(m_fields.historyDir, m_fields.historyTitle, true); });
+    onPress(cmdHelpFile, [this] {
+        FormSelectHelpFile(this).Display(m_fields.helpFile, m_fields.helpTopic);
+        ShowHelpAndHistory();
+    });
+    onPress(cmdHistory, [this] {
+        FormSelectHistory(this).Display(m_fields.historyDir, m_fields.historyTitle, true, m_caption);
+        ShowHelpAndHistory();
+    });
+    picItemHost->onChanged = [this] { picCompact->SetPath(picItemHost->Path()); };
+    BindPictureButtons(*picItemHost, *cmdMenuSelect, *cmdMenuDelete);
+    BindPictureButtons(*picPreviewHost, *cmdPreviewSelect, *cmdPreviewDelete);
+    // The texts of these stand twice in the dialog, so the keys cannot be marked in them.
+    wxButton* const buttons[] = {cmdMenuSelect, cmdMenuDelete, cmdPreviewSelect, cmdPreviewDelete};
+    const std::string keys = LoadResString(PictureKeys);
+    for (std::size_t i = 0; i < std::size(buttons) && i < keys.size(); ++i)
+        SetAccessKey(*buttons[i], keys[i]);
+}
+
+void FormEditPart::ShowHelpAndHistory() {
+    txtHelpFile->SetValue(ToWx(m_fields.helpFile));
+    txtHelpTopic->SetValue(ToWx(std::to_string(m_fields.helpTopic)));
+    txtHistoryDir->SetValue(ToWx(m_fields.historyDir));
+    txtHistoryTitle->SetValue(ToWx(m_fields.historyTitle));
 }
 
 bool FormEditPart::Edit(const std::string& caption, PartFields& fields) {
-    m_fields = fields;
+    m_caption = caption;
+    m_fields = m_before = fields;
+    ShowHelpAndHistory();
     SetTitle(ToWx(modStringRes::FormatResString(TitleText, caption)));
-    txtPartName->ChangeValue(ToWx(fields.programId));
+    m_program.Show(*txtPartName, fields.programId);
     picItemHost->SetPath(fields.graphic);
     picPreviewHost->SetPath(fields.preview);
     RefreshDescription();
@@ -170,9 +269,13 @@ bool FormEditPart::Edit(const std::string& caption, PartFields& fields) {
     return true;
 }
 
+std::string FormEditPart::Program() const {
+    return m_program.Of(*txtPartName);
+}
+
 PartFields FormEditPart::Entered() const {
     PartFields fields = m_fields;
-    fields.programId = FromWx(txtPartName->GetValue());
+    fields.programId = Program();
     fields.graphic = picItemHost->Path();
     fields.preview = picPreviewHost->Path();
     return fields;
@@ -181,7 +284,7 @@ PartFields FormEditPart::Entered() const {
 void FormEditPart::OnOK() {
     // Any text is accepted, but one that the menu file cannot hold must be
     // corrected while it is still here.
-    CheckPartFields(Entered());
+    CheckPartFields(Entered(), m_before);
     Accept();
 }
 
@@ -194,8 +297,9 @@ bool FormEditPart::Edit(MenuItem* item) {
 }
 
 void FormEditPart::RefreshDescription() {
-    const std::string text = FromWx(txtPartName->GetValue());
-    lblDescription->SetLabelText(ToWx(PartReference::Description(text)));
+    const std::string text = Program();
+    ShowLine(*lblDescription, PartReference::Description(text));
+    ShowLine(*lblProblem, PartReference::Problem(text));
     txtPartName->SetToolTip(ToWx(text));
     cmdSlideShow->Enable(PartReference::RefersToPart(text));
 }
@@ -208,7 +312,7 @@ void FormEditPart::SelectPart() {
 }
 
 void FormEditPart::EditPartInformation() {
-    const std::string path = PartReference::IniPath(FromWx(txtPartName->GetValue()));
+    const std::string path = PartReference::IniPath(Program());
     const std::optional<std::string> folder = PartReference::PartFolder(path);
     if (!folder) return;
     const platform::PartInfoResult result = platform::EditPartInfo(*folder, path, Startup::LanguageID());

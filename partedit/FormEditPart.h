@@ -2,6 +2,7 @@
 
 #include "menu/PartFields.h"
 #include "shell/FormDialog.h"
+#include "shell/UiShownText.h"
 
 #include <string>
 
@@ -12,6 +13,7 @@ class wxTextCtrl;
 namespace nesk {
 
 class FormPicture;
+class FormReadOnlyText;
 class MenuItem;
 
 /// Edits one part-program button: its program, pictures, help and history. It works on copies; whether what
@@ -38,36 +40,50 @@ public:
     wxTextCtrl* txtPartName = nullptr;
     wxButton* cmdSelectPart = nullptr;
     wxStaticText* lblDescription = nullptr;
+    wxStaticText* lblProblem = nullptr; ///< what is wrong with the part; "" when nothing is
     wxButton* cmdSlideShow = nullptr;
     wxWindow* Frame1 = nullptr;
     FormPicture* picItemHost = nullptr;
     wxButton* cmdMenuSelect = nullptr;
     wxButton* cmdMenuDelete = nullptr;
     wxButton* cmdMenuPicture = nullptr;
+    FormPicture* picCompact = nullptr; ///< the menu picture on a small screen; only shows it
     wxWindow* Frame2 = nullptr;
     FormPicture* picPreviewHost = nullptr;
     wxButton* cmdPreviewSelect = nullptr;
     wxButton* cmdPreviewDelete = nullptr;
     wxWindow* Frame3 = nullptr;
+    // The boxes show what the dialogs of the two buttons are about.
     wxButton* cmdHelpFile = nullptr;
+    FormReadOnlyText* txtHelpFile = nullptr;
+    FormReadOnlyText* txtHelpTopic = nullptr;
     wxButton* cmdHistory = nullptr;
+    FormReadOnlyText* txtHistoryDir = nullptr;
+    FormReadOnlyText* txtHistoryTitle = nullptr;
 
 protected:
     void OnOK() override;
 
 private:
     wxSizer* MakeProgramRows();
-    wxSizer* MakeMenuPictureFrame();
-    wxSizer* MakePreviewFrame();
-    wxSizer* MakeHelpFrame();
+    wxWindow* MakeMenuPictureFrame();
+    wxSizer* MakeCompactPicture();
+    wxWindow* MakePreviewFrame();
+    wxWindow* MakeHelpFrame();
     void BindControls();
+    std::string Program() const;
     PartFields Entered() const;
     void RefreshDescription();
+    void ShowHelpAndHistory();
     void SelectPart();
     void EditPartInformation();
     void ChooseFromLibrary();
 
+    const bool m_compact; // the layout for a small screen
+    std::string m_caption;
     PartFields m_fields; // what has no control of its own: help and history
+    PartFields m_before; // what the dialog was opened with
+    ShownText m_program;
 };
 
 } // namespace nesk

@@ -18,6 +18,7 @@ namespace {
 
 // The text of the button that opens the dialog; its access key means nothing in a title.
 constexpr int TitleText = 32085;
+constexpr int NameText = 34477;
 
 } // namespace
 
@@ -25,6 +26,7 @@ FormFolder::FormFolder(wxWindow* parent) : FormDialog(parent, "FormFolder", Titl
     SetTitle(wxControl::RemoveMnemonics(GetTitle()));
     lblFolder = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                  wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "lblFolder");
+    lblName = NewLabel(this, "lblName", NameText);
     txtFolder = NewTextBox(this, "txtFolder");
     ApplyTextFilter(*txtFolder, {[](char32_t character, const std::string&, std::size_t, std::size_t) {
                                      return FolderName::Accepts(character);
@@ -34,7 +36,8 @@ FormFolder::FormFolder(wxWindow* parent) : FormDialog(parent, "FormFolder", Titl
 
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(lblFolder, wxSizerFlags().Expand());
-    content->Add(txtFolder, wxSizerFlags().Expand().Border(wxTOP, Gap()));
+    content->Add(lblName, wxSizerFlags().Border(wxTOP, Gap()));
+    content->Add(txtFolder, wxSizerFlags().Expand());
     Finish(content);
 }
 

@@ -19,6 +19,7 @@ public:
 
     // Controls.
     wxStaticText* lblFolder = nullptr; ///< the folder in which it is made, shortened in the middle
+    wxStaticText* lblName = nullptr;   ///< label of the box
     wxTextCtrl* txtFolder = nullptr;
 
 protected:

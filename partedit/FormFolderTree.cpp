@@ -49,14 +49,14 @@ std::string FormFolderTree::PathOf(const TreeNode* node) const {
     std::vector<const TreeNode*> nodes;
     for (const TreeNode* at = node; at != nullptr && at->Parent() != nullptr; at = at->Parent())
         nodes.push_back(at);
-    std::string path{m_drive, ':', '\\'};
+    std::string path = m_root;
     for (auto at = nodes.rbegin(); at != nodes.rend(); ++at)
         path.append(path.ends_with('\\') ? "" : "\\").append((*at)->Key());
     return path;
 }
 
 std::string FormFolderTree::Path() const {
-    return m_drive == 0 ? "" : PathOf(m_view.Selected());
+    return m_root.empty() ? "" : PathOf(m_view.Selected());
 }
 
 void FormFolderTree::Fill(TreeNode& node) {
@@ -89,8 +89,8 @@ TreeNode* FormFolderTree::FindOrAdd(TreeNode& parent, const std::string& name) {
 
 void FormFolderTree::SetPath(const std::string& path) {
     const FolderList::Parts parts = FolderList::Split(path);
-    if (m_drive != parts.drive) {
-        m_drive = parts.drive;
+    if (!platform::EqualNoCase(m_root, parts.root)) {
+        m_root = parts.root;
         m_view.SetRoot(NodeFor(PathOf(nullptr), ""));
     }
     TreeNode* node = m_view.Root();

@@ -6,9 +6,9 @@
 
 namespace nesk {
 
-/// A list of the folders of one drive, as a tree. A folder's content is read when it is opened, so that
-/// neither size nor links that lead back make it wait. The selected folder is the one it stands at. The key
-/// of a node is the folder's own name: a label may be cut at control characters.
+/// A list of the folders of one drive, or of one share of the network, as a tree. A folder's content is read
+/// when it is opened, so that neither size nor links that lead back make it wait. The selected folder is the
+/// one it stands at. The key of a node is the folder's own name: a label may be cut at control characters.
 class FormFolderTree {
 public:
     /// @param name  control name, as "Dir1"
@@ -28,15 +28,15 @@ public:
     /// goes to the level above. A folder that was made in the meantime is found.
     void SetPath(const std::string& path);
 
-    /// Letter of the drive that is shown, in capitals; 0 before SetPath.
-    char Drive() const { return m_drive; }
+    /// What is shown: a drive as "C:\", in capitals, or a share as "\\server\share\"; "" before SetPath.
+    const std::string& Root() const { return m_root; }
 
 private:
     std::string PathOf(const platform::TreeNode* node) const;
     platform::TreeNode* FindOrAdd(platform::TreeNode& parent, const std::string& name);
     void Fill(platform::TreeNode& node);
 
-    char m_drive = 0;
+    std::string m_root;
     platform::TreeView& m_view;
 };
 

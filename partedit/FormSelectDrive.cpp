@@ -1,6 +1,6 @@
 #include "partedit/FormSelectDrive.h"
 
-#include "platform/Drives.h"
+#include "partedit/DriveChoice.h"
 #include "shell/FormUtilities.h"
 
 #include <wx/choice.h>
@@ -13,6 +13,7 @@ namespace nesk {
 
 using modUtilities::FromWx;
 using modUtilities::ResText;
+using modUtilities::ToWx;
 
 namespace {
 
@@ -31,8 +32,8 @@ FormSelectDrive::FormSelectDrive(wxWindow* parent) : FormDialog(parent, "FormSel
     lblSelectDrive = NewLabel(this, "lblSelectDrive", SelectDriveText);
     drvSelect = new wxChoice(this, wxID_ANY);
     drvSelect->SetName("drvSelect");
-    for (const char letter : platform::DriveLetters())
-        drvSelect->Append(wxString(letter) + ":");
+    for (const std::string& drive : DriveChoice::Labels())
+        drvSelect->Append(ToWx(drive));
     if (!drvSelect->IsEmpty()) drvSelect->SetSelection(0);
 
     auto* drive = new wxBoxSizer(wxHORIZONTAL);
@@ -51,7 +52,9 @@ FormSelectDrive::FormSelectDrive(wxWindow* parent) : FormDialog(parent, "FormSel
     ChooseOption(0);
 }
 
-std::string FormSelectDrive::SelectDrive() {
+std::string FormSelectDrive::SelectDrive(const std::string& current) {
+    const int drive = DriveChoice::IndexOf(DriveChoice::Labels(), DriveChoice::Letter(current));
+    if (drive >= 0) drvSelect->SetSelection(drive);
     optDrive[0]->SetFocus();
     ShowModal();
     return m_result;
@@ -67,8 +70,7 @@ void FormSelectDrive::ChooseOption(std::size_t index) {
 }
 
 std::string FormSelectDrive::CurrentDrive() const {
-    const std::string drive = FromWx(drvSelect->GetStringSelection());
-    return drive.empty() ? "" : drive.substr(0, 2) + "\\";
+    return DriveChoice::Root(FromWx(drvSelect->GetStringSelection()));
 }
 
 void FormSelectDrive::OnCancel() {

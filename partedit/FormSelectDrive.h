@@ -17,8 +17,9 @@ public:
     explicit FormSelectDrive(wxWindow* parent);
 
     /// Shows the dialog.
+    /// @param current  path on the drive that is offered at first; "" for the first drive
     /// @return "*" for the repository, a root such as "C:\" for a drive, "" when cancelled
-    std::string SelectDrive();
+    std::string SelectDrive(const std::string& current = "");
 
     // Controls. The option buttons are named optDrive0 (repository) and optDrive1 (a drive).
     std::array<wxRadioButton*, 2> optDrive{};

@@ -65,10 +65,10 @@ FormSelectHelpFile::FormSelectHelpFile(wxWindow* parent)
 }
 
 bool FormSelectHelpFile::Display(std::string& sFile, std::int32_t& nTopic) {
-    m_file = sFile;
+    m_file = m_before = sFile;
     m_topic = nTopic;
     m_defaultFolder = HelpFileChoice::DefaultFolder();
-    txtHelpFile->ChangeValue(ToWx(m_file));
+    m_shownFile.Show(*txtHelpFile, m_file);
     txtHelpTopic->ChangeValue(ToWx(std::to_string(m_topic)));
     txtHelpFile->SetFocus();
     CentreOnScreen();
@@ -80,19 +80,20 @@ bool FormSelectHelpFile::Display(std::string& sFile, std::int32_t& nTopic) {
 
 void FormSelectHelpFile::OnBrowse() {
     const std::string chosen = platform::ShowOpenFileDialog(
-        this, {LoadResString(ChooseFileTitle), modUtilities::ExistingFolderOf(m_file, m_defaultFolder),
-               m_chosen, LoadResString(FileFilter)});
+        this, {LoadResString(ChooseFileTitle),
+               HelpFileChoice::BrowseFolder(m_shownFile.Of(*txtHelpFile), m_defaultFolder), m_chosen,
+               LoadResString(FileFilter)});
     if (!chosen.empty()) m_chosen = chosen;
     // What the file dialog holds counts however it was closed, so one that was called off before a file was
     // ever chosen in it clears the help file.
     m_file = m_chosen;
-    txtHelpFile->ChangeValue(ToWx(m_file));
+    m_shownFile.Show(*txtHelpFile, m_file);
 }
 
 void FormSelectHelpFile::OnOK() {
-    const std::string file = FromWx(txtHelpFile->GetValue());
+    const std::string file = m_shownFile.Of(*txtHelpFile);
     // Refused while it can still be corrected, rather than when the menu is saved.
-    MenuText::Check(file, "FormSelectHelpFile.OnOK");
+    MenuText::CheckChange(file, m_before, "FormSelectHelpFile.OnOK");
     m_file = file;
     m_topic = HelpFileChoice::Topic(FromWx(txtHelpTopic->GetValue()), m_topic);
     Accept();

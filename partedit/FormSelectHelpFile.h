@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/FormDialog.h"
+#include "shell/UiShownText.h"
 
 #include <cstdint>
 #include <string>
@@ -31,7 +32,9 @@ protected:
 private:
     void OnBrowse();
 
+    std::string m_before; // the file that the dialog was opened with
     std::string m_file;
+    ShownText m_shownFile;
     std::int32_t m_topic = 0;
     std::string m_defaultFolder;
     std::string m_chosen; // what the file dialog holds: the file chosen in it last

@@ -4,6 +4,7 @@
 #include "partedit/FormBrowse.h"
 #include "partedit/FormTextFilter.h"
 #include "partedit/HistoryChoice.h"
+#include "shell/FieldMessage.h"
 #include "shell/FormUtilities.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
@@ -17,7 +18,6 @@
 namespace nesk {
 
 using modStringRes::LoadResString;
-using modUtilities::FromWx;
 using modUtilities::ResText;
 using modUtilities::ToWx;
 
@@ -29,19 +29,14 @@ constexpr int HistoryTitleText = 32092;
 constexpr int BrowsePrompt = 32022;
 constexpr int UseDefaultText = 32093;
 constexpr int NoHistoryText = 32094;
-constexpr int CheckFieldText = 32067;
 constexpr int BrowseText = 34200;
+constexpr int NoTitleText = 34456;
 constexpr std::int32_t HelpTopic = 33005;
 
-void Refuse(int label, wxTextCtrl& field) {
-    modMessageBox::ShowMessage(HistoryChoice::RefusalText(LoadResString(label)),
-                               modMessageBox::Option::Exclamation, LoadResString(CheckFieldText));
-    field.SetFocus();
-}
-
-std::string TrimField(wxTextCtrl& field) {
-    std::string text = modUtilities::Trim(FromWx(field.GetValue()));
-    field.ChangeValue(ToWx(text));
+// The text of a field without the blanks around it, which the field then shows.
+std::string TrimField(wxTextCtrl& field, ShownText& shown) {
+    const std::string text = modUtilities::Trim(shown.Of(field));
+    shown.Show(field, text);
     return text;
 }
 
@@ -72,11 +67,12 @@ FormSelectHistory::FormSelectHistory(wxWindow* parent)
     cmdDefault->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnDefault(); });
 }
 
-bool FormSelectHistory::Display(std::string& directory, std::string& title, bool defaultCaption) {
+bool FormSelectHistory::Display(std::string& directory, std::string& title, bool defaultCaption,
+                                const std::string& proposedTitle) {
     m_directory = directory;
     m_title = title;
-    txtHistoryDir->ChangeValue(ToWx(m_directory));
-    txtHistoryTitle->ChangeValue(ToWx(m_title));
+    m_shownDirectory.Show(*txtHistoryDir, m_directory);
+    m_shownTitle.Show(*txtHistoryTitle, HistoryChoice::TitleToShow(m_title, proposedTitle));
     cmdDefault->SetLabel(ResText(defaultCaption ? UseDefaultText : NoHistoryText));
     GetSizer()->SetSizeHints(this);
     txtHistoryDir->SetFocus();
@@ -87,7 +83,7 @@ bool FormSelectHistory::Display(std::string& directory, std::string& title, bool
 }
 
 void FormSelectHistory::OnBrowse() {
-    const std::string start = HistoryChoice::BrowseFolder(FromWx(txtHistoryDir->GetValue()));
+    const std::string start = HistoryChoice::BrowseFolder(m_shownDirectory.Of(*txtHistoryDir));
     const std::string chosen = FormBrowse(this).Invoke(LoadResString(BrowsePrompt), start);
     if (!chosen.empty()) txtHistoryDir->ChangeValue(ToWx(chosen));
 }
@@ -98,14 +94,23 @@ void FormSelectHistory::OnDefault() {
     Accept();
 }
 
+void FormSelectHistory::Refuse(int label, const std::string& reason, wxTextCtrl& field) {
+    ShowReason(reason);
+    modMessageBox::ShowMessage(FieldMessage::Text(label), modMessageBox::Option::Exclamation,
+                               FieldMessage::Title());
+    field.SetFocus();
+}
+
 void FormSelectHistory::OnOK() {
-    const std::string directory = TrimField(*txtHistoryDir);
-    if (!HistoryChoice::IsDirectory(directory)) return Refuse(DirectoryText, *txtHistoryDir);
-    const std::string title = TrimField(*txtHistoryTitle);
-    if (!HistoryChoice::IsTitle(title)) return Refuse(HistoryTitleText, *txtHistoryTitle);
+    const std::string directory = TrimField(*txtHistoryDir, m_shownDirectory);
+    if (!HistoryChoice::IsDirectory(directory))
+        return Refuse(DirectoryText, FieldMessage::FolderReason(directory), *txtHistoryDir);
+    const std::string title = TrimField(*txtHistoryTitle, m_shownTitle);
+    if (!HistoryChoice::IsTitle(title))
+        return Refuse(HistoryTitleText, LoadResString(NoTitleText), *txtHistoryTitle);
     // Refused while they can still be corrected, rather than when the menu is saved.
-    MenuText::Check(directory, "FormSelectHistory.OnOK");
-    MenuText::Check(title, "FormSelectHistory.OnOK");
+    MenuText::CheckChange(directory, m_directory, "FormSelectHistory.OnOK");
+    MenuText::CheckChange(title, m_title, "FormSelectHistory.OnOK");
     m_directory = directory;
     m_title = title;
     Accept();

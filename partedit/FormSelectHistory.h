@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/FormDialog.h"
+#include "shell/UiShownText.h"
 
 #include <string>
 
@@ -15,10 +16,12 @@ public:
     /// @param directory       Windows path of the history directory
     /// @param title           title of the history
     /// @param defaultCaption  cmdDefault offers the defaults of the settings; otherwise, to keep no history
+    /// @param proposedTitle   title that is offered where `title` is empty; "" for none
     /// @return false when the dialog was cancelled; true otherwise, with `directory` and `title` as
     /// confirmed,
     ///         both empty after cmdDefault and unchanged after the close box
-    bool Display(std::string& directory, std::string& title, bool defaultCaption);
+    bool Display(std::string& directory, std::string& title, bool defaultCaption,
+                 const std::string& proposedTitle = "");
 
     // Controls.
     wxStaticText* lblHistoryDir = nullptr;
@@ -37,9 +40,12 @@ protected:
 private:
     void OnBrowse();
     void OnDefault();
+    void Refuse(int label, const std::string& reason, wxTextCtrl& field);
 
     std::string m_directory;
     std::string m_title;
+    ShownText m_shownDirectory;
+    ShownText m_shownTitle;
 };
 
 } // namespace nesk

@@ -120,6 +120,7 @@ void FormSelectPart::BuildRepository() {
 }
 
 void FormSelectPart::BuildTree(const std::string& path, const std::string& text) {
+    m_startFolder = path;
     TreeNode& root = StartTree(text);
     cmdOK->Disable();
     cmdSelectDrive->Disable();
@@ -153,7 +154,7 @@ TreeNode& FormSelectPart::StartTree(const std::string& text) {
 }
 
 void FormSelectPart::SelectDrive() {
-    const std::string drive = FormSelectDrive(this).SelectDrive();
+    const std::string drive = FormSelectDrive(this).SelectDrive(m_startFolder);
     if (drive == "*")
         BuildRepository();
     else if (!drive.empty())

@@ -58,6 +58,7 @@ private:
     bool OnProgress(std::size_t foldersRead) override;
 
     std::string m_current;
+    std::string m_startFolder; // the folder under which the tree was built last
     std::string m_result;
     bool m_touched = false;                // the user has selected something since the scan began
     bool m_skipsUnreadable = false;        // they are told at the end of the scan

@@ -77,6 +77,20 @@ void SelectAllOnFocus(wxTextCtrl& box) {
         event.Skip();
         modUtilities::SelectAllText(box, true);
     });
+    // A click that gives the focus also puts the caret where it was made, once the button is up again.
+    const auto gains = std::make_shared<bool>(false);
+    box.Bind(wxEVT_LEFT_DOWN, [&box, gains](wxMouseEvent& event) {
+        event.Skip();
+        *gains = !box.HasFocus();
+    });
+    box.Bind(wxEVT_LEFT_UP, [&box, gains](wxMouseEvent& event) {
+        event.Skip();
+        if (!std::exchange(*gains, false)) return;
+        box.CallAfter([&box] {
+            // What was selected by dragging stays.
+            if (box.HasFocus() && box.GetStringSelection().empty()) modUtilities::SelectAllText(box, true);
+        });
+    });
 }
 
 } // namespace nesk

@@ -28,7 +28,7 @@ struct TextFilter {
 /// even the selection.
 void ApplyTextFilter(wxTextCtrl& box, TextFilter filter);
 
-/// Selects the whole text of a box whenever it gains the focus.
+/// Selects the whole text of a box whenever it gains the focus, by whatever means.
 void SelectAllOnFocus(wxTextCtrl& box);
 
 } // namespace nesk

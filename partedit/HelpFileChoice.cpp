@@ -4,6 +4,7 @@
 #include "settings/RegEntry.h"
 #include "shell/NeskError.h"
 #include "shell/modConvert.h"
+#include "shell/modUtilities.h"
 
 namespace nesk::HelpFileChoice {
 
@@ -25,6 +26,10 @@ std::string DefaultFolder() {
         // Settings that cannot be read name no folder.
     }
     return folder.empty() ? platform::ProgramFolder() : folder;
+}
+
+std::string BrowseFolder(const std::string& file, const std::string& defaultFolder) {
+    return modUtilities::DirectoryExists(file) ? file : modUtilities::ExistingFolderOf(file, defaultFolder);
 }
 
 } // namespace nesk::HelpFileChoice

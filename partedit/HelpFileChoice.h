@@ -13,4 +13,9 @@ std::int32_t Topic(const std::string& text, std::int32_t earlier);
 /// otherwise that of this program.
 std::string DefaultFolder();
 
+/// Folder in which browsing begins.
+/// @param file           what the field holds: a file, or a folder
+/// @param defaultFolder  the folder where that leads nowhere
+std::string BrowseFolder(const std::string& file, const std::string& defaultFolder);
+
 } // namespace nesk::HelpFileChoice

@@ -1,16 +1,9 @@
 #include "partedit/HistoryChoice.h"
 
 #include "settings/NeskRegistry.h"
-#include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 
 namespace nesk::HistoryChoice {
-
-namespace {
-
-constexpr int CheckFieldText = 32067;
-
-} // namespace
 
 bool IsDirectory(const std::string& directory) {
     return modUtilities::DirectoryExists(modUtilities::Trim(directory));
@@ -20,10 +13,8 @@ bool IsTitle(const std::string& title) {
     return !modUtilities::Trim(title).empty();
 }
 
-std::string RefusalText(const std::string& label) {
-    std::string plain = label;
-    std::erase(plain, '&');
-    return modStringRes::LoadResString(CheckFieldText) + " " + plain;
+std::string TitleToShow(const std::string& title, const std::string& proposed) {
+    return title.empty() ? proposed : title;
 }
 
 std::string BrowseFolder(const std::string& directory) {

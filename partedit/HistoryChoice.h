@@ -11,9 +11,8 @@ bool IsDirectory(const std::string& directory);
 /// True when `title`, without blanks around it, can be the history title: it is not empty.
 bool IsTitle(const std::string& title);
 
-/// The message about a field that was refused.
-/// @param label  text of the field's label with its access key
-std::string RefusalText(const std::string& label);
+/// The title that the dialog begins with: `title`, or `proposed` where that is empty.
+std::string TitleToShow(const std::string& title, const std::string& proposed);
 
 /// Folder at which browsing begins: the text of the field, otherwise the history directory of the settings.
 std::string BrowseFolder(const std::string& directory);

@@ -9,6 +9,9 @@ namespace {
 
 constexpr int PartNameText = 32027; // %0% name
 constexpr int NoPartText = 32028;
+constexpr int NoFileText = 34470;
+constexpr int FileMissingText = 34471; // %0% path
+constexpr int NoNameText = 34472;      // %0% path
 
 } // namespace
 
@@ -35,6 +38,15 @@ std::string Description(const std::string& text) {
     if (!RefersToPart(text)) return modStringRes::LoadResString(NoPartText);
     const std::string name = modUtilities::ReadIniValue(IniPath(text), "Part", "Name");
     return modStringRes::FormatResString(PartNameText, name);
+}
+
+std::string Problem(const std::string& text) {
+    if (!RefersToPart(text)) return "";
+    const std::string path = IniPath(text);
+    if (path.empty()) return modStringRes::LoadResString(NoFileText);
+    if (!modUtilities::FileExists(path)) return modStringRes::FormatResString(FileMissingText, path);
+    if (!modUtilities::ReadIniValue(path, "Part", "Name").empty()) return "";
+    return modStringRes::FormatResString(NoNameText, path);
 }
 
 } // namespace nesk::PartReference

@@ -24,4 +24,8 @@ std::optional<std::string> PartFolder(const std::string& iniPath);
 /// that there is no part.
 std::string Description(const std::string& text);
 
+/// What is wrong with the part that the text refers to: no file is named, its partinfo.ini does not exist, or
+/// that file names no part. "" when nothing is, and for a plain identifier.
+std::string Problem(const std::string& text);
+
 } // namespace nesk::PartReference

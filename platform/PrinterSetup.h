@@ -20,13 +20,27 @@ struct PrinterValues {
     bool operator==(const PrinterValues&) const = default;
 };
 
+/// Texts of the printer dialog, in UTF-8.
+struct PrinterSetupTexts {
+    std::string title;
+    std::string missing; ///< shown in it when the printer of the values is not on this machine
+};
+
+/// How the printer dialog was ended.
+enum class PrinterSetupResult {
+    Cancelled,
+    Confirmed,
+    StandIn, ///< confirmed, but with the printer that the dialog offered by itself in place of a missing one
+};
+
 /// Shows the system's printer dialog, which begins with the system's default printer and the values given,
 /// and waits with a busy pointer.
-/// @return true when it was confirmed; `values` is what was chosen then, and stays as it was otherwise
-bool ShowPrinterSetup(wxWindow* parent, PrinterValues& values);
+/// @param values  what was chosen, when the dialog was confirmed; stays as it was otherwise
+PrinterSetupResult ShowPrinterSetup(wxWindow* parent, PrinterValues& values, const PrinterSetupTexts& texts);
 
 /// What ShowPrinterSetup calls.
-using PrinterSetupFunction = std::function<bool(wxWindow* parent, PrinterValues& values)>;
+using PrinterSetupFunction = std::function<PrinterSetupResult(wxWindow* parent, PrinterValues& values,
+                                                              const PrinterSetupTexts& texts)>;
 
 /// Puts something else in the place of the system's dialog; an empty function brings that back. A test needs
 /// it, for which printers there are differs from machine to machine. Returns what was there before.

@@ -10,8 +10,14 @@ namespace nesk::AccessCode {
 namespace {
 
 constexpr int CodesDiffer = 32014;
+constexpr int CodeSetText = 34461;
+constexpr int NoCodeText = 34462;
 
 } // namespace
+
+std::string StateText() {
+    return modStringRes::LoadResString(NeskRegistry::Instance().ExitKey.empty() ? NoCodeText : CodeSetText);
+}
 
 bool Store(const std::string& code, const std::string& repeated) {
     using modStringRes::LoadResString;

@@ -15,6 +15,7 @@ namespace nesk {
 using modUtilities::FromWx;
 using modUtilities::NumericKeyFilter;
 using modUtilities::ResText;
+using modUtilities::ToWx;
 
 namespace {
 
@@ -27,6 +28,9 @@ constexpr std::int32_t HelpTopic = 33009;
 } // namespace
 
 FormAccess::FormAccess(wxWindow* parent) : FormDialog(parent, "FormAccess", TitleText, HelpTopic) {
+    // Before the other labels: the toolkit takes the last one before a control for the label of that control.
+    lblState = new wxStaticText(this, wxID_ANY, ToWx(AccessCode::StateText()), wxDefaultPosition,
+                                wxDefaultSize, 0, "lblState");
     lblAccessCode = NewLabel(this, "lblAccessCode", CodeText);
     txtCode1 = NewCodeBox("txtCode1", true);
     lblReenter = NewLabel(this, "lblReenter", RepeatText);
@@ -34,14 +38,17 @@ FormAccess::FormAccess(wxWindow* parent) : FormDialog(parent, "FormAccess", Titl
     chkShow = new wxCheckBox(this, wxID_ANY, ResText(ShowText), wxDefaultPosition, wxDefaultSize, 0,
                              wxDefaultValidator, "chkShow");
 
-    auto* content = new wxFlexGridSizer(2, Gap(), Gap());
-    content->AddGrowableCol(1);
-    content->Add(lblAccessCode, wxSizerFlags().CentreVertical());
-    content->Add(txtCode1, wxSizerFlags().Expand());
-    content->Add(lblReenter, wxSizerFlags().CentreVertical());
-    content->Add(txtCode2, wxSizerFlags().Expand());
-    content->AddStretchSpacer();
-    content->Add(chkShow);
+    auto* fields = new wxFlexGridSizer(2, Gap(), Gap());
+    fields->AddGrowableCol(1);
+    fields->Add(lblAccessCode, wxSizerFlags().CentreVertical());
+    fields->Add(txtCode1, wxSizerFlags().Expand());
+    fields->Add(lblReenter, wxSizerFlags().CentreVertical());
+    fields->Add(txtCode2, wxSizerFlags().Expand());
+    fields->AddStretchSpacer();
+    fields->Add(chkShow);
+    auto* content = new wxBoxSizer(wxVERTICAL);
+    content->Add(lblState, wxSizerFlags().Border(wxBOTTOM, Gap()));
+    content->Add(fields, wxSizerFlags(1).Expand());
     Finish(content);
 
     chkShow->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent& event) {
@@ -81,7 +88,7 @@ void FormAccess::ReplaceBox(wxTextCtrl*& box, wxWindow* label, bool masked) {
     box->ChangeValue(old->GetValue());
     box->SetInsertionPointEnd();
     box->MoveAfterInTabOrder(label);
-    GetSizer()->Replace(old, box, true);
+    old->GetContainingSizer()->Replace(old, box);
     old->Destroy();
     // Windows finds the box of an access key by the order in which the windows lie, where a new one comes
     // last.

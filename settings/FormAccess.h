@@ -21,6 +21,7 @@ public:
     wxTextCtrl* txtCode1 = nullptr;
     wxStaticText* lblReenter = nullptr;
     wxTextCtrl* txtCode2 = nullptr;
+    wxStaticText* lblState = nullptr; ///< whether a code is stored
     wxCheckBox* chkShow = nullptr;
 
 protected:

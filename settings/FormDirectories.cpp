@@ -6,6 +6,8 @@
 #include "settings/FormSelectMachine.h"
 #include "settings/FormSelectUser.h"
 #include "settings/NeskRegistry.h"
+#include "settings/PrinterChoice.h"
+#include "shell/FormReadOnlyText.h"
 #include "shell/FormUtilities.h"
 #include "shell/NumericKeyFilter.h"
 #include "shell/modMessageBox.h"
@@ -55,31 +57,24 @@ TextFilter NumberFilter() {
             [](const std::string& text) { return text; }, true};
 }
 
-// A box that shows a name. It is read-only, and yet Tab leads to it everywhere, so that the keyboard alone
-// reaches a name that is longer than its box; on Windows the toolkit leaves such boxes out.
-class NameBox final : public wxTextCtrl {
-public:
-    NameBox(wxWindow* parent, const char* name) {
-        Create(parent, wxID_ANY, "", wxDefaultPosition, parent->FromDIP(wxSize(280, -1)), wxTE_READONLY,
-               wxDefaultValidator, name);
-    }
-    bool AcceptsFocusFromKeyboard() const override { return AcceptsFocus(); }
-};
-
 } // namespace
 
 FormDirectories::FormDirectories(wxWindow* parent)
     : FormDialog(parent, "FormDirectories", TitleText, HelpTopic) {
     wxSizer* rows = BuildRows();
     cmdHistory = NewButton(this, "cmdHistory", HistoryText);
+    // Made before the button, so that the toolkit takes it for its label.
+    lblPrinter = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                  wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "lblPrinter");
     cmdPrinter = NewButton(this, "cmdPrinter", PrinterText);
 
     auto* more = new wxBoxSizer(wxHORIZONTAL);
     more->Add(cmdHistory);
     more->Add(cmdPrinter, wxSizerFlags().Border(wxLEFT, Gap()));
+    more->Add(lblPrinter, wxSizerFlags(1).CentreVertical().Border(wxLEFT, Gap()));
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(rows, wxSizerFlags(1).Expand());
-    content->Add(more, wxSizerFlags().Border(wxTOP, Gap()));
+    content->Add(more, wxSizerFlags().Expand().Border(wxTOP, Gap()));
     Finish(content);
     BindEvents();
 }
@@ -104,7 +99,10 @@ wxSizer* FormDirectories::BuildRows() {
         SelectAllOnFocus(*box);
         return box;
     };
-    const auto newNameBox = [this](const char* name) { return new NameBox(this, name); };
+    const auto newNameBox = [this](const char* name) {
+        constexpr int width = 280;
+        return new FormReadOnlyText(this, name, width);
+    };
 
     // In the order in which Tab visits them, each label before the box that its access key leads to.
     lblRoot = NewLabel(this, "lblRoot", RootText);
@@ -146,9 +144,9 @@ void FormDirectories::BindEvents() {
     onPress(cmdMachine, [this] { ChooseMachine(); });
     onPress(cmdUser, [this] { ChooseUser(); });
     onPress(cmdHistory, [this] { ChooseHistory(); });
-    onPress(cmdPrinter, [this] { platform::ShowPrinterSetup(this, m_fields.printer); });
+    onPress(cmdPrinter, [this] { SetUpPrinter(); });
     // A path that is longer than its box is read in the tooltip.
-    for (wxTextCtrl* box : {txtRoot, txtSlides, txtBitmap, txtMachine, txtUser})
+    for (wxTextCtrl* box : {txtRoot, txtSlides, txtBitmap})
         box->Bind(wxEVT_TEXT, [box](wxCommandEvent& event) {
             event.Skip();
             box->SetToolTip(box->GetValue());
@@ -184,6 +182,7 @@ void FormDirectories::OfferRoot() {
 }
 
 void FormDirectories::Refuse(const OptionsCheck::Fault& fault) {
+    ShowReason(fault.reason);
     modMessageBox::ShowMessage(fault.message, modMessageBox::Option::Exclamation, OptionsCheck::FaultTitle());
     wxTextCtrl& box = BoxOf(fault.field);
     if (fault.replacement) box.SetValue(ToWx(*fault.replacement));
@@ -212,7 +211,21 @@ void FormDirectories::ShowFields() {
     txtBitmap->SetValue(ToWx(m_fields.bitmap));
     txtMachine->SetValue(ToWx(m_fields.machine));
     txtUser->SetValue(ToWx(m_fields.user));
+    ShowPrinter();
     ApplyHistoryRule();
+}
+
+void FormDirectories::ShowPrinter() {
+    const wxString text = ToWx(PrinterChoice::Shown(m_fields.printer));
+    lblPrinter->SetLabelText(text);
+    lblPrinter->SetToolTip(text);
+}
+
+void FormDirectories::SetUpPrinter() {
+    platform::PrinterValues chosen = m_fields.printer;
+    const auto result = platform::ShowPrinterSetup(this, chosen, PrinterChoice::Texts(m_fields.printer));
+    PrinterChoice::Take(m_fields.printer, chosen, result);
+    ShowPrinter();
 }
 
 void FormDirectories::ReadFields() {
@@ -240,7 +253,7 @@ void FormDirectories::BrowseFor(wxTextCtrl& box, int promptId) {
 }
 
 void FormDirectories::ChooseMachine() {
-    const std::string key = FormSelectMachine(this).SelectMachine();
+    const std::string key = FormSelectMachine(this).SelectMachine(m_fields.machineKey);
     if (key.empty()) return;
     m_fields.machineKey = key;
     OptionsCheck::ShowName(key, m_fields.machine);
@@ -248,7 +261,7 @@ void FormDirectories::ChooseMachine() {
 }
 
 void FormDirectories::ChooseUser() {
-    const std::string key = FormSelectUser(this).SelectUser();
+    const std::string key = FormSelectUser(this).SelectUser(m_fields.userKey);
     if (key.empty()) return;
     m_fields.userKey = key;
     OptionsCheck::ShowName(key, m_fields.user);

@@ -42,6 +42,7 @@ public:
     wxTextCtrl* txtSampleSize = nullptr;
     wxButton* cmdHistory = nullptr;
     wxButton* cmdPrinter = nullptr;
+    wxStaticText* lblPrinter = nullptr; ///< name of the printer that is stored
 
 protected:
     void OnOK() override;
@@ -57,6 +58,8 @@ private:
     void ChooseUser();
     void ChooseHistory();
     void OfferRoot();
+    void ShowPrinter();
+    void SetUpPrinter();
     void Refuse(const OptionsCheck::Fault& fault);
     wxTextCtrl& BoxOf(OptionsCheck::Field field);
 

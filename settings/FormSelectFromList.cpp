@@ -103,9 +103,10 @@ void FormSelectFromList::OnRemove() {
     ShowEntries();
 }
 
-std::string FormSelectFromList::Choose() {
+std::string FormSelectFromList::Choose(const std::string& current) {
     m_result.clear();
-    lstMain->SetSelection(wxNOT_FOUND);
+    lstMain->SetSelection(m_entries.PositionOf(current));
+    if (lstMain->GetSelection() != wxNOT_FOUND) lstMain->EnsureVisible(lstMain->GetSelection());
     UpdateButtons();
     lstMain->SetFocus();
     ShowModal();

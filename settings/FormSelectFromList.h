@@ -31,8 +31,9 @@ protected:
                        const std::string& parentKey, int emptyId, int addFirstId);
 
     /// Shows the dialog.
+    /// @param current  key of the entry that is selected at first; "" for none
     /// @return the registry key of the entry chosen; "" when none was
-    std::string Choose();
+    std::string Choose(const std::string& current);
 
     void OnOK() override;
 

@@ -10,8 +10,9 @@ public:
     explicit FormSelectMachine(wxWindow* parent);
 
     /// Shows the dialog.
+    /// @param current  key of the machine that is selected at first; "" for none
     /// @return the machine key, as "Machines\M1"; "" when nothing was chosen
-    std::string SelectMachine() { return Choose(); }
+    std::string SelectMachine(const std::string& current = "") { return Choose(current); }
 };
 
 } // namespace nesk

@@ -10,8 +10,9 @@ public:
     explicit FormSelectUser(wxWindow* parent);
 
     /// Shows the dialog.
+    /// @param current  key of the user that is selected at first; "" for none
     /// @return the user key, as "Users\U1"; "" when nothing was chosen
-    std::string SelectUser() { return Choose(); }
+    std::string SelectUser(const std::string& current = "") { return Choose(current); }
 };
 
 } // namespace nesk

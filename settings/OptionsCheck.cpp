@@ -2,6 +2,7 @@
 
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
+#include "shell/FieldMessage.h"
 #include "shell/NeskError.h"
 #include "shell/modConvert.h"
 #include "shell/modStringRes.h"
@@ -17,9 +18,11 @@ namespace {
 
 using modUtilities::Trim;
 
-constexpr int CheckFieldText = 32067;
 constexpr int MaxPartsRangeText = 32086;
 constexpr int SampleSizeText = 32088;
+constexpr int NoMachineText = 34453;
+constexpr int NoUserText = 34454;
+constexpr int SampleSizeRangeText = 34455; // %0% largest size
 constexpr double MostParts = 999;
 
 // A box that is checked alone, with the text of its label.
@@ -27,12 +30,13 @@ struct CheckedBox {
     Field field;
     int label;
     std::string OptionsFields::*text;
+    int reason = 0; // message number of what is wrong with it
 };
 constexpr CheckedBox Folders[] = {{Field::Root, 32036, &OptionsFields::root},
                                   {Field::Slides, 32038, &OptionsFields::slides},
                                   {Field::Bitmap, 32074, &OptionsFields::bitmap}};
-constexpr CheckedBox Names[] = {{Field::Machine, 32039, &OptionsFields::machine},
-                                {Field::User, 32040, &OptionsFields::user}};
+constexpr CheckedBox Names[] = {{Field::Machine, 32039, &OptionsFields::machine, NoMachineText},
+                                {Field::User, 32040, &OptionsFields::user, NoUserText}};
 
 struct PrinterField {
     std::string NeskRegistry::*setting;
@@ -48,10 +52,8 @@ constexpr PrinterField PrinterFields[] = {
     {&NeskRegistry::PrinterZoom, &platform::PrinterValues::zoom},
 };
 
-Fault FaultOf(Field field, int label) {
-    std::string plain = modStringRes::LoadResString(label);
-    std::erase(plain, '&');
-    return {field, modStringRes::LoadResString(CheckFieldText) + " " + plain, std::nullopt};
+Fault FaultOf(Field field, int label, const std::string& reason) {
+    return {field, FieldMessage::Text(label), std::nullopt, reason};
 }
 
 // A number as text, with as many digits as are known of it. The sum makes a zero of a negative zero.
@@ -122,22 +124,26 @@ std::string StripTrailingSeparators(std::string folder) {
 
 std::optional<Fault> Check(const OptionsFields& fields, Numbers& numbers) {
     for (const CheckedBox& box : Folders)
-        if (!modUtilities::DirectoryExists(fields.*box.text)) return FaultOf(box.field, box.label);
+        if (!modUtilities::DirectoryExists(fields.*box.text))
+            return FaultOf(box.field, box.label, FieldMessage::FolderReason(fields.*box.text));
     for (const CheckedBox& box : Names)
-        if ((fields.*box.text).empty()) return FaultOf(box.field, box.label);
+        if ((fields.*box.text).empty())
+            return FaultOf(box.field, box.label, modStringRes::LoadResString(box.reason));
     numbers = {};
     if (!HasHistory(fields)) return std::nullopt;
 
     // Most of a part counts as one, but nothing is cut down to the largest number.
     const double maxParts = modConvert::Val(Trim(fields.maxParts));
     if (maxParts > MostParts || maxParts < 0 || modConvert::CInt(maxParts) < 1)
-        return Fault{Field::MaxParts, modStringRes::LoadResString(MaxPartsRangeText), NumberText(maxParts)};
+        return Fault{Field::MaxParts, modStringRes::LoadResString(MaxPartsRangeText), NumberText(maxParts),
+                     ""};
     numbers.maxParts = modConvert::CInt(maxParts);
 
     // Zero and less switch sampling off; a sample of one says nothing.
     const double sampleSize = modConvert::Val(Trim(fields.sampleSize));
     if (sampleSize == 1 || sampleSize > numbers.maxParts) {
-        Fault fault = FaultOf(Field::SampleSize, SampleSizeText);
+        Fault fault = FaultOf(Field::SampleSize, SampleSizeText,
+                              modStringRes::FormatResString(SampleSizeRangeText, numbers.maxParts));
         fault.replacement = NumberText(sampleSize);
         return fault;
     }
@@ -146,7 +152,7 @@ std::optional<Fault> Check(const OptionsFields& fields, Numbers& numbers) {
 }
 
 std::string FaultTitle() {
-    return modStringRes::LoadResString(CheckFieldText);
+    return FieldMessage::Title();
 }
 
 void Apply(const OptionsFields& fields, const Numbers& numbers, NeskRegistry& settings) {

@@ -40,6 +40,7 @@ struct Fault {
     Field field;                            ///< the box that gets the focus
     std::string message;                    ///< text of the message box
     std::optional<std::string> replacement; ///< text that the box gets; nothing leaves it as it is
+    std::string reason; ///< what is wrong, to stand in the dialog; "" where the message says it
 };
 
 /// The two numbers as they are stored.

@@ -1,6 +1,7 @@
 #include "settings/RegistryList.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/TextEncoding.h"
 #include "settings/RegEntry.h"
 #include "settings/RegistryListEditor.h"
 #include "shell/NeskError.h"
@@ -38,6 +39,13 @@ void RegistryList::Read() {
 std::string RegistryList::KeyAt(int position) const {
     if (position < 0 || static_cast<std::size_t>(position) >= m_names.size()) return "";
     return m_parentKey + "\\" + m_names[static_cast<std::size_t>(position)];
+}
+
+int RegistryList::PositionOf(const std::string& key) const {
+    const auto count = static_cast<int>(m_names.size());
+    for (int position = 0; position < count; ++position)
+        if (platform::EqualNoCase(KeyAt(position), key)) return position;
+    return -1;
 }
 
 } // namespace nesk

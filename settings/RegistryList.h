@@ -22,6 +22,9 @@ public:
     /// @param position  0-based position in DisplayNames; -1 for none
     std::string KeyAt(int position) const;
 
+    /// 0-based position of an entry, by its key in either case; -1 when it is not listed.
+    int PositionOf(const std::string& key) const;
+
 private:
     void Read();
 

@@ -7,6 +7,7 @@
 #include "shell/modUtilities.h"
 
 #include <wx/button.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
 #include <wx/stattext.h>
@@ -45,6 +46,7 @@ void FormDialog::Finish(wxSizer* content) {
     cmdOK->SetDefault();
     cmdOK->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
         try {
+            ShowReason("");
             OnOK();
         } catch (const NeskError& error) {
             // The dialog stays open with everything as it was typed.
@@ -62,11 +64,27 @@ void FormDialog::Finish(wxSizer* content) {
 
     auto* all = new wxBoxSizer(wxVERTICAL);
     all->Add(content, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(12)));
+    lblReason = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblReason");
+    lblReason->Hide();
+    all->Add(lblReason, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(12)));
     all->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(12)));
     SetSizer(all);
     modUtilities::SetFormFont(*this);
     all->SetSizeHints(this);
     CentreOnParent();
+}
+
+void FormDialog::ShowReason(const std::string& reason) {
+    if (reason.empty() && !lblReason->IsShown()) return;
+    lblReason->SetLabelText(modUtilities::ToWx(reason));
+    lblReason->Wrap(GetClientSize().x - 2 * FromDIP(12));
+    lblReason->Show(!reason.empty());
+    const wxSize needed = GetSizer()->ComputeFittingClientSize(this);
+    SetMinClientSize(needed);
+    wxSize size = GetClientSize();
+    size.IncTo(needed);
+    SetClientSize(size);
+    Layout();
 }
 
 wxButton* FormDialog::NewButton(wxWindow* parent, const char* name, int textId) {
@@ -84,12 +102,19 @@ wxTextCtrl* FormDialog::NewTextBox(wxWindow* parent, const char* name) {
 }
 
 wxStaticBoxSizer* FormDialog::NewFrame(const char* name, int textId) {
-    auto* frame = new wxStaticBoxSizer(wxVERTICAL, this, ResText(textId));
+    // The toolkit takes a title for the label of the control that follows. In a window of its own none does.
+    auto* window = new wxPanel(this);
+    auto* frame = new wxStaticBoxSizer(wxVERTICAL, window, ResText(textId));
+    window->SetSizer(frame);
     wxStaticBox* box = frame->GetStaticBox();
     box->SetName(name);
     // The toolkit leaves the title out when it measures what a frame needs.
     frame->SetMinSize(box->GetTextExtent(ResText(textId)).x + 4 * Gap(), -1);
     return frame;
+}
+
+wxWindow* FormDialog::FrameWindow(const wxStaticBoxSizer& frame) {
+    return frame.GetStaticBox()->GetParent();
 }
 
 void FormDialog::ShowHelp() {

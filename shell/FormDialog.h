@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include <wx/dialog.h>
 
@@ -22,6 +23,7 @@ public:
     wxButton* cmdOK = nullptr;
     wxButton* cmdCancel = nullptr;
     wxButton* cmdHelp = nullptr;
+    wxStaticText* lblReason = nullptr; ///< why a field was refused; hidden until one is
 
 protected:
     /// @param name       class name, which is also the window name
@@ -43,6 +45,10 @@ protected:
     /// What the close box of the title bar does.
     virtual void OnCloseBox() { OnCancel(); }
 
+    /// Says above the buttons why a field was refused, until OK is pressed again. The dialog grows where it
+    /// has to. "" takes the line away.
+    void ShowReason(const std::string& reason);
+
     /// Closes the dialog with wxID_OK.
     void Accept() { EndModal(wxID_OK); }
 
@@ -55,8 +61,12 @@ protected:
     /// A text box of one line.
     wxTextCtrl* NewTextBox(wxWindow* parent, const char* name);
 
-    /// A frame with a title by number, which it is wide enough for. `name` is the window name of its box.
+    /// A frame with a title by number, which it is wide enough for. `name` is the window name of its box. The
+    /// window that FrameWindow gives is what goes into a sizer.
     wxStaticBoxSizer* NewFrame(const char* name, int textId);
+
+    /// The window that holds a frame and nothing else.
+    static wxWindow* FrameWindow(const wxStaticBoxSizer& frame);
 
     /// Space between controls, in pixels.
     int Gap() const { return FromDIP(8); }

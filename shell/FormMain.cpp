@@ -21,7 +21,6 @@
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/sizer.h>
-#include <wx/statusbr.h>
 #include <wx/utils.h>
 
 namespace nesk {
@@ -33,8 +32,6 @@ using modUtilities::ToWx;
 
 namespace {
 
-enum StatusPanel { PathPanel, HelpPanel, PanelCount };
-
 constexpr int FirstCommandId = wxID_HIGHEST + 1;
 constexpr int LastCommandId = FirstCommandId + static_cast<int>(MainCommandCount) - 1;
 
@@ -45,10 +42,11 @@ int IdOf(MainCommand command) {
 // Smallest useful width and height of the tree, in device-independent pixels.
 constexpr int SmallestSide = 140;
 
-// The size of the window where the screen has room for it.
+// The size of the window where the screen has room for it, with a font of the usual height.
 wxSize UsualSize() {
     return wxWindow::FromDIP(wxSize(720, 640), nullptr);
 }
+constexpr int UsualCharHeight = 17;
 
 } // namespace
 
@@ -122,11 +120,10 @@ void FormMain::BuildMenuBar() {
 }
 
 void FormMain::BuildControls() {
-    sbMain = CreateStatusBar(PanelCount, wxSTB_DEFAULT_STYLE, wxID_ANY, "sbMain");
-    const int widths[PanelCount] = {-2, -3};
-    sbMain->SetStatusWidths(PanelCount, widths);
+    sbMain = new FormStatusBar(this, "sbMain");
+    SetStatusBar(sbMain);
     // The path stays while the user looks through the menus.
-    SetStatusBarPane(HelpPanel);
+    SetStatusBarPane(FormStatusBar::HelpPanel);
 
     ibIncomplete = new wxInfoBar(this);
     ibIncomplete->SetName("ibIncomplete");
@@ -148,9 +145,15 @@ void FormMain::BuildControls() {
 
 void FormMain::PlaceOnScreen() {
     const wxRect screen = wxDisplay(this).GetClientArea();
-    const wxSize wanted = UsualSize();
+    // What is written in a large font needs more room.
+    const double scale = std::max(1.0, static_cast<double>(GetCharHeight()) / FromDIP(UsualCharHeight));
+    const wxSize wanted = UsualSize() * scale;
     SetMinClientSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
     SetSize(std::min(wanted.x, screen.width), std::min(wanted.y, screen.height));
+    // With a client size of its own the window is shown at once. Otherwise the toolkit waits until the window
+    // manager has told the size of its frame, and GTK complains that the menu bar does not fit into 2 pixels
+    // meanwhile.
+    SetClientSize(GetClientSize());
     CentreOnScreen();
 }
 
@@ -270,9 +273,12 @@ void FormMain::Access() {
 }
 
 void FormMain::HelpContents() {
-    if (!modHelp::IsHtmlHelp()) return modHelp::ShowHelpTopic(GetHandle(), modHelp::Topic::General);
-    modHelp::ShowHelpContents(GetHandle());
-    modHelp::ShowHelpTopic(GetHandle(), modHelp::Topic::Overview);
+    if (!modHelp::IsHtmlHelp()) {
+        modHelp::ShowHelpTopic(GetHandle(), modHelp::Topic::General);
+    } else if (modHelp::ShowHelpContents(GetHandle())) {
+        // What kept the contents from being shown would keep the topic, and has been said.
+        modHelp::ShowHelpTopic(GetHandle(), modHelp::Topic::Overview);
+    }
 }
 
 void FormMain::ShowHelpTopic() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "menu/MenuEditor.h"
+#include "shell/FormStatusBar.h"
 #include "shell/MainCommands.h"
 #include "shell/StartChoices.h"
 
@@ -12,7 +13,6 @@
 class wxInfoBarGeneric;
 class wxMenu;
 class wxMenuItem;
-class wxStatusBar;
 
 namespace nesk::platform {
 class TreeNode;
@@ -37,7 +37,7 @@ public:
 
     // Controls.
     FormMenuTree* tvMain = nullptr;
-    wxStatusBar* sbMain = nullptr;
+    FormStatusBar* sbMain = nullptr;
     wxInfoBarGeneric* ibIncomplete = nullptr;
     wxInfoBarGeneric* ibNew = nullptr; ///< tells that the menu has no file yet
     FormStartPage* pgStart = nullptr;  ///< in the place of the tree while nothing is open
@@ -111,7 +111,6 @@ private:
     void OnClose(wxCloseEvent& event);
     bool ConfirmClose(bool mayCancel);
     void UpdateBars();
-    void ShowPlace(const wxString& place);
     int Ask(const std::string& text, int titleId, long style);
     void ShowError(int messageId, const NeskError& error);
 

@@ -59,7 +59,7 @@ void FormMain::OnStateChanged() {
 void FormMain::UpdateBars() {
     const NeskRegistry& settings = NeskRegistry::Instance();
     const wxString place = ToWx(SavePlace::StatusText(m_editor, settings));
-    if (sbMain->GetStatusText() != place) ShowPlace(place);
+    if (sbMain->GetStatusText() != place) sbMain->ShowPath(place);
     if (m_editor.IsIncomplete() && !ibIncomplete->IsShown())
         ibIncomplete->ShowMessage(ResText(Message::IncompleteBar), wxICON_WARNING);
     else if (!m_editor.IsIncomplete() && ibIncomplete->IsShown())
@@ -71,15 +71,6 @@ void FormMain::UpdateBars() {
         ibNew->Dismiss();
     else
         ibNew->ShowMessage(ToWx(text), wxICON_INFORMATION);
-}
-
-// Two places need more room than one.
-void FormMain::ShowPlace(const wxString& place) {
-    const int room = sbMain->GetTextExtent(place).x + FromDIP(24);
-    const bool fits = room <= sbMain->GetSize().x * 2 / 5;
-    const int widths[] = {fits ? -2 : room, fits ? -3 : -1};
-    sbMain->SetStatusWidths(2, widths);
-    sbMain->SetStatusText(place);
 }
 
 void FormMain::FileOpen() {

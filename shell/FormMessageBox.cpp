@@ -2,15 +2,21 @@
 
 #include "shell/FormIcons.h"
 #include "shell/FormUtilities.h"
+#include "shell/WrappedText.h"
 #include "shell/modMessageBox.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include <wx/button.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+#include <wx/dcclient.h>
 #include <wx/display.h>
+#include <wx/settings.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
-#include <wx/stattext.h>
+#include <wx/textctrl.h>
 
 namespace nesk {
 
@@ -23,6 +29,7 @@ namespace {
 constexpr int LongestLine = 480;
 constexpr int ShortestLine = 160;
 constexpr int IconSize = 32;
+constexpr int Margin = 12;
 
 } // namespace
 
@@ -45,7 +52,6 @@ std::int16_t FormMessageBox::Initialize(const std::string& sText, std::int16_t i
     m_returnCode = modMessageBox::Result::None;
     SetTitle(ToWx(sTitle));
     BuildControls(sText);
-    modUtilities::SetFormFont(*this);
     GetSizer()->SetSizeHints(this);
     CentreOnScreen();
     FocusDefault();
@@ -62,20 +68,30 @@ bool FormMessageBox::YesNo(const std::string& s1, const std::string& s2) {
 }
 
 void FormMessageBox::BuildControls(const std::string& text) {
-    const int margin = FromDIP(12);
+    SetSizer(nullptr);
+    DestroyChildren();
+    cmdButton.clear();
+    const int margin = FromDIP(Margin);
     auto* message = new wxBoxSizer(wxHORIZONTAL);
-    const wxBitmapBundle icon = IconBundle(m_layout.icon, wxSize(IconSize, IconSize));
+    // As high as two lines of a large font.
+    const int iconSize = std::max(IconSize, ToDIP(2 * GetCharHeight()));
+    const wxBitmapBundle icon = IconBundle(m_layout.icon, wxSize(iconSize, iconSize));
     picIcon = new wxStaticBitmap(this, wxID_ANY, icon, wxDefaultPosition, wxDefaultSize, 0, "picIcon");
     picIcon->Show(!m_layout.icon.empty());
     message->Add(picIcon, wxSizerFlags().Top().Border(wxRIGHT, margin));
-
-    lblMsg = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblMsg");
-    lblMsg->SetLabelText(ToWx(text));
-    const wxRect screen = wxDisplay(this).GetClientArea();
-    lblMsg->Wrap(std::min(FromDIP(LongestLine), screen.width * 3 / 4));
-    lblMsg->SetMinSize(wxSize(std::max(FromDIP(ShortestLine), lblMsg->GetBestSize().x), -1));
+    wxSizer* buttons = MakeButtons();
+    // The font decides how much room the text needs.
+    modUtilities::SetFormFont(*this);
+    MakeText(text);
     message->Add(lblMsg, wxSizerFlags(1).CentreVertical());
 
+    auto* all = new wxBoxSizer(wxVERTICAL);
+    all->Add(message, wxSizerFlags(1).Expand().Border(wxALL, margin));
+    all->Add(buttons, wxSizerFlags().Centre().Border(wxLEFT | wxRIGHT | wxBOTTOM, margin));
+    SetSizer(all);
+}
+
+wxSizer* FormMessageBox::MakeButtons() {
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     for (const MessageBoxButton& button : m_layout.buttons) {
         const wxString name = wxString::Format("cmdButton%zu", cmdButton.size() + 1);
@@ -86,18 +102,54 @@ void FormMessageBox::BuildControls(const std::string& text) {
         buttons->Add(control, wxSizerFlags().Border(cmdButton.empty() ? 0 : wxLEFT, FromDIP(8)));
         cmdButton.push_back(control);
     }
+    return buttons;
+}
 
-    auto* all = new wxBoxSizer(wxVERTICAL);
-    all->Add(message, wxSizerFlags(1).Expand().Border(wxALL, margin));
-    all->Add(buttons, wxSizerFlags().Centre().Border(wxLEFT | wxRIGHT | wxBOTTOM, margin));
-    SetSizer(all);
+// Makes the box of the text as large as the text needs, and no larger than the screen allows; it scrolls
+// then.
+void FormMessageBox::MakeText(const std::string& text) {
+    wxClientDC dc(this);
+    // A control has the common font; the window itself keeps its size.
+    const wxFont font = picIcon->GetFont();
+    dc.SetFont(font);
+    const auto widthOf = [&dc](std::string_view piece) { return dc.GetTextExtent(ToWx(piece)).x; };
+    const wxRect screen = wxDisplay(this).GetClientArea();
+    const int longest = std::min(FromDIP(LongestLine), screen.width * 3 / 4);
+    int width = FromDIP(ShortestLine);
+    const std::vector<std::string_view> lines = WrappedLines(text, longest, widthOf);
+    for (const std::string_view line : lines)
+        width = std::max(width, widthOf(line));
+    const int height = static_cast<int>(lines.size()) * dc.GetCharHeight();
+    const int highest = screen.height * 2 / 3;
+    const bool scrolls = height > highest;
+
+    // A label cannot be scrolled, and its text cannot be selected.
+    lblMsg = new wxTextCtrl(
+        this, wxID_ANY, ToWx(WithWordsBroken(text, lines)), wxDefaultPosition, wxDefaultSize,
+        wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP | wxBORDER_NONE | (scrolls ? 0 : wxTE_NO_VSCROLL),
+        wxDefaultValidator, "lblMsg");
+    lblMsg->SetFont(font);
+    // However it is asked for: by a key or by the menu of the box.
+    lblMsg->Bind(wxEVT_TEXT_COPY, [this](wxClipboardTextEvent&) { CopyText(); });
+    lblMsg->SetBackgroundColour(GetBackgroundColour());
+    lblMsg->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
+    const int bar = scrolls ? wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this) : 0;
+    // The box keeps a little room around its text for itself.
+    const wxSize edge = FromDIP(wxSize(8, 4));
+    lblMsg->SetMinSize(wxSize(width + bar, std::min(height, highest)) + edge);
+}
+
+std::optional<std::size_t> FormMessageBox::DefaultIndex() const {
+    const auto index = static_cast<std::size_t>(m_layout.defaultButton) - 1;
+    if (index >= cmdButton.size()) return std::nullopt;
+    return index;
 }
 
 void FormMessageBox::FocusDefault() {
-    const auto index = static_cast<std::size_t>(m_layout.defaultButton) - 1;
-    if (index >= cmdButton.size()) return;
-    cmdButton[index]->SetDefault();
-    cmdButton[index]->SetFocus();
+    const std::optional<std::size_t> index = DefaultIndex();
+    if (!index) return;
+    cmdButton[*index]->SetDefault();
+    cmdButton[*index]->SetFocus();
 }
 
 void FormMessageBox::Finish(std::int16_t resultCode) {
@@ -105,8 +157,31 @@ void FormMessageBox::Finish(std::int16_t resultCode) {
     EndModal(resultCode);
 }
 
+// What is selected, or the whole text.
+void FormMessageBox::CopyText() {
+    wxString text = lblMsg->HasFocus() ? lblMsg->GetStringSelection() : wxString();
+    if (text.empty()) text = lblMsg->GetValue();
+    const wxClipboardLocker clipboard;
+    if (!clipboard) return;
+    wxTheClipboard->SetData(new wxTextDataObject(ToWx(WithoutWordBreaks(modUtilities::FromWx(text)))));
+}
+
 void FormMessageBox::OnKey(wxKeyEvent& event) {
+    if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C') return CopyText();
     if (event.HasAnyModifiers()) return event.Skip();
+    // Keys that no button needs scroll the text.
+    switch (event.GetKeyCode()) {
+    case WXK_PAGEUP: lblMsg->ScrollPages(-1); return;
+    case WXK_PAGEDOWN: lblMsg->ScrollPages(1); return;
+    case WXK_RETURN:
+    case WXK_NUMPAD_ENTER:
+        if (lblMsg->HasFocus()) {
+            if (const auto index = DefaultIndex()) Finish(m_layout.buttons[*index].resultCode);
+            return;
+        }
+        break;
+    default: break;
+    }
     if (event.GetKeyCode() == WXK_ESCAPE) {
         if (m_layout.EscapeCode() != modMessageBox::Result::None) Finish(m_layout.EscapeCode());
         return;

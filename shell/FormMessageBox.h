@@ -2,24 +2,28 @@
 
 #include "shell/MessageBoxLayout.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <wx/dialog.h>
 
 class wxButton;
+class wxSizer;
 class wxStaticBitmap;
-class wxStaticText;
+class wxTextCtrl;
 
 namespace nesk {
 
-/// The program's own message box. Its options and results are those of modMessageBox.
+/// The program's own message box. Its options and results are those of modMessageBox. The text can be
+/// selected and copied, a long one scrolls; Ctrl+C copies all of it where nothing is selected.
 class FormMessageBox : public wxDialog {
 public:
     explicit FormMessageBox(wxWindow* parent);
 
-    /// Shows a message and waits for a button.
+    /// Shows a message and waits for a button. What an earlier call showed is gone.
     /// @return result code of the button; 0 when the box was closed without one
     std::int16_t Initialize(const std::string& sText, std::int16_t iOptions, const std::string& sTitle);
 
@@ -36,10 +40,14 @@ public:
     // Controls. The buttons are named cmdButton1, cmdButton2, ... from left to right.
     std::vector<wxButton*> cmdButton;
     wxStaticBitmap* picIcon = nullptr;
-    wxStaticText* lblMsg = nullptr;
+    wxTextCtrl* lblMsg = nullptr; ///< looks like a label
 
 private:
     void BuildControls(const std::string& text);
+    wxSizer* MakeButtons();
+    void MakeText(const std::string& text);
+    void CopyText();
+    std::optional<std::size_t> DefaultIndex() const;
     void FocusDefault();
     void Finish(std::int16_t resultCode);
     void OnKey(wxKeyEvent& event);

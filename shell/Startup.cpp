@@ -1,6 +1,7 @@
 #include "shell/Startup.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/ErrorMode.h"
 #include "platform/Registry.h"
 #include "platform/TextEncoding.h"
 #include "settings/NeskRegistry.h"
@@ -98,6 +99,7 @@ void ReportProblems() {
 }
 
 void Main(const std::function<void()>& showMainWindow) {
+    platform::SuppressSystemBoxes();
     try {
         LoadStation();
         showMainWindow();

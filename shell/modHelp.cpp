@@ -31,16 +31,17 @@ int MessageFor(HelpResult result) {
     return Message::HelpFailed;
 }
 
-void Show(void* owner, unsigned htmlCommand, unsigned classicCommand, std::int32_t topic) {
+bool Show(void* owner, unsigned htmlCommand, unsigned classicCommand, std::int32_t topic) {
     const std::string& file = StoredHelpFile();
-    if (file.empty()) return;
+    if (file.empty()) return false;
     const auto data = static_cast<std::uint32_t>(topic);
     const HelpResult result = IsHtmlHelp() ? platform::ShowHtmlHelp(owner, file, htmlCommand, data)
                                            : platform::ShowClassicHelp(owner, file, classicCommand, data);
-    if (result == HelpResult::Shown) return;
+    if (result == HelpResult::Shown) return true;
     modMessageBox::ShowMessage(modStringRes::FormatResString(MessageFor(result), file),
                                modMessageBox::Option::Exclamation,
                                modStringRes::LoadResString(Message::HelpTitle));
+    return false;
 }
 
 } // namespace
@@ -71,12 +72,12 @@ bool IsHtmlHelp() {
     return platform::ToUpper(StoredHelpFile()).ends_with(".CHM");
 }
 
-void ShowHelpTopic(void* owner, std::int32_t topic) {
-    Show(owner, platform::HtmlHelpCommand::Topic, platform::ClassicHelpCommand::Topic, topic);
+bool ShowHelpTopic(void* owner, std::int32_t topic) {
+    return Show(owner, platform::HtmlHelpCommand::Topic, platform::ClassicHelpCommand::Topic, topic);
 }
 
-void ShowHelpContents(void* owner) {
-    Show(owner, platform::HtmlHelpCommand::Contents, platform::ClassicHelpCommand::Index, 0);
+bool ShowHelpContents(void* owner) {
+    return Show(owner, platform::HtmlHelpCommand::Contents, platform::ClassicHelpCommand::Index, 0);
 }
 
 } // namespace nesk::modHelp

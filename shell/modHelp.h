@@ -28,9 +28,10 @@ bool IsHtmlHelp();
 /// Shows a topic of the help file. Without a help file nothing happens; when it cannot be shown, a message
 /// says why.
 /// @param owner  native handle of the window that asks; may be null
-void ShowHelpTopic(void* owner, std::int32_t topic);
+/// @return true when it is shown
+bool ShowHelpTopic(void* owner, std::int32_t topic);
 
 /// Shows the table of contents, otherwise as ShowHelpTopic.
-void ShowHelpContents(void* owner);
+bool ShowHelpContents(void* owner);
 
 } // namespace nesk::modHelp

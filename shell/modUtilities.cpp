@@ -7,6 +7,7 @@
 #include "shell/FileErrors.h"
 #include "shell/modConvert.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace nesk::modUtilities {
@@ -20,10 +21,10 @@ using platform::DirectorySearch;
 
 // Runs a search to its end, so that none stays open, and tells whether it found an entry that is wanted.
 template <typename Wanted>
-bool SearchFinds(const std::string& path, Wanted wanted) {
+bool SearchFinds(platform::FileSystem& files, const std::string& path, Wanted wanted) {
     std::unique_ptr<DirectorySearch> search;
     DirectoryEntry entry;
-    if (platform::StationFiles().Search(path, search, entry) != platform::ErrorCode::Success) return false;
+    if (files.Search(path, search, entry) != platform::ErrorCode::Success) return false;
     bool found = wanted(entry);
     while (search->Next(entry) == platform::ErrorCode::Success)
         found = found || wanted(entry);
@@ -68,17 +69,25 @@ std::string ParentFolder(const std::string& path) {
     return separator == std::string::npos ? "" : path.substr(0, separator + 1);
 }
 
-bool FileExists(const std::string& path) {
-    return SearchFinds(path, [](const DirectoryEntry& entry) {
+std::size_t ShareLength(std::string_view path) {
+    const auto isSeparator = [](char c) { return c == '\\' || c == '/'; };
+    if (path.size() < 3 || !isSeparator(path[0]) || !isSeparator(path[1]) || isSeparator(path[2])) return 0;
+    const std::size_t server = path.find_first_of("\\/", 2);
+    if (server == std::string_view::npos) return path.size();
+    return std::min(path.find_first_of("\\/", server + 1), path.size());
+}
+
+bool FileExists(const std::string& path, platform::FileSystem& files) {
+    return SearchFinds(files, path, [](const DirectoryEntry& entry) {
         return (entry.attributes & platform::FileAttribute::Directory) == 0;
     });
 }
 
-bool DirectoryExists(const std::string& path) {
+bool DirectoryExists(const std::string& path, platform::FileSystem& files) {
     if (path.empty()) return false;
-    if (!SearchFinds(path, [](const DirectoryEntry&) { return true; })) return false;
+    if (!SearchFinds(files, path, [](const DirectoryEntry&) { return true; })) return false;
     std::uint32_t attributes = 0;
-    return platform::StationFiles().Attributes(path, attributes) == platform::ErrorCode::Success &&
+    return files.Attributes(path, attributes) == platform::ErrorCode::Success &&
            (attributes & platform::FileAttribute::Directory) != 0;
 }
 
@@ -90,7 +99,9 @@ std::string ExistingFolderOf(const std::string& file, const std::string& default
 void MakePath(const std::string& path) {
     std::string full = path;
     AddTrailingBackslash(full);
-    for (std::size_t at = full.find('\\'); at != std::string::npos; at = full.find('\\', at + 1)) {
+    const std::size_t share = ShareLength(full);
+    for (std::size_t at = full.find('\\', share == 0 ? 0 : share + 1); at != std::string::npos;
+         at = full.find('\\', at + 1)) {
         const std::string level = full.substr(0, at);
         if (level.empty() || level.ends_with('\\') || level.ends_with(':') || DirectoryExists(level))
             continue;

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "platform/FileSystem.h"
 #include "shell/NeskError.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <string_view>
 
 /// Path, file, text and settings helpers. They work on Windows paths in UTF-8 and answer with a value rather
 /// than fail, unless their comment says otherwise.
@@ -24,11 +27,15 @@ std::string PathJoin(const std::string& base, const std::string& relative);
 /// The path up to and including the "\" before its last name, trailing ones skipped; "" when there is none.
 std::string ParentFolder(const std::string& path);
 
+/// Length of the server and the share that begin a network path: 14 for "\\server\share\folder", 0 for any
+/// other path. Neither of the two is a folder that can be created.
+std::size_t ShareLength(std::string_view path);
+
 /// True when a search for the path finds a file. Folders are not files.
-bool FileExists(const std::string& path);
+bool FileExists(const std::string& path, platform::FileSystem& files = platform::StationFiles());
 
 /// True when the path names an existing folder.
-bool DirectoryExists(const std::string& path);
+bool DirectoryExists(const std::string& path, platform::FileSystem& files = platform::StationFiles());
 
 /// The folder of a file, up to and including its last "\", where that folder exists; otherwise
 /// `defaultFolder`.

@@ -1,5 +1,6 @@
 #include "platform/OpenFileDialog.h"
 
+#include "platform/common/FileFilter.h"
 #include "platform/common/NativePath.h"
 
 #include <utility>
@@ -32,8 +33,8 @@ OpenFileDialogFunction& Replacement() {
 std::string ShowOpenFileDialog(wxWindow* parent, const OpenFileRequest& request) {
     if (Replacement()) return Replacement()(parent, request);
     const std::string name = request.file.substr(request.file.find_last_of('\\') + 1);
-    const wxString filter =
-        request.filter.empty() ? wxString(wxFileSelectorDefaultWildcardStr) : ToWx(request.filter);
+    const wxString filter = request.filter.empty() ? wxString(wxFileSelectorDefaultWildcardStr)
+                                                   : ToWx(common::NativeFilter(request.filter));
     wxFileDialog dialog(parent, ToWx(request.title), NativeFolder(request.folder), ToWx(name), filter,
                         wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() != wxID_OK) return "";

@@ -15,9 +15,10 @@ PrinterSetupFunction& Replacement() {
 
 } // namespace
 
-bool ShowPrinterSetup(wxWindow* parent, PrinterValues& values) {
+PrinterSetupResult ShowPrinterSetup(wxWindow* parent, PrinterValues& values, const PrinterSetupTexts& texts) {
     const wxBusyCursor busy;
-    return Replacement() ? Replacement()(parent, values) : common::AskForPrinterSetup(parent, values);
+    return Replacement() ? Replacement()(parent, values, texts)
+                         : common::AskForPrinterSetup(parent, values, texts);
 }
 
 PrinterSetupFunction SetPrinterSetup(PrinterSetupFunction setup) {

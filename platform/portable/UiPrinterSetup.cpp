@@ -3,6 +3,7 @@
 #include "platform/portable/UiPrinterData.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -20,29 +21,63 @@ const char* ToolkitText(const char* text) {
 
 // What is known of the printers there are.
 struct Printers {
-    bool hasDefault = false;
+    std::string wanted; // the one looked for
+    bool hasWanted = false;
     std::string first;
+    std::string standard; // the system's default printer
 };
 
-Printers FindPrinters() {
+Printers FindPrinters(const std::string& wanted) {
     Printers printers;
+    printers.wanted = wanted;
     const GtkPrinterFunc look = [](GtkPrinter* printer, gpointer data) -> gboolean {
         auto& found = *static_cast<Printers*>(data);
-        if (found.first.empty() && gtk_printer_is_active(printer))
-            found.first = gtk_printer_get_name(printer);
-        found.hasDefault = gtk_printer_is_default(printer) != FALSE;
-        return gboolean{found.hasDefault};
+        const std::string name = gtk_printer_get_name(printer);
+        if (found.first.empty() && gtk_printer_is_active(printer)) found.first = name;
+        if (gtk_printer_is_default(printer)) found.standard = name;
+        found.hasWanted = found.hasWanted || name == found.wanted;
+        return FALSE;
     };
     gtk_enumerate_printers(look, &printers, nullptr, TRUE);
     return printers;
 }
 
+// A part of a dialog by the name that its author gave it; null when there is none.
+GtkWidget* FindPart(GtkWidget* whole, std::string_view name) {
+    const char* const own = GTK_IS_BUILDABLE(whole) ? gtk_buildable_get_name(GTK_BUILDABLE(whole)) : nullptr;
+    if (own != nullptr && own == name) return whole;
+    if (!GTK_IS_CONTAINER(whole)) return nullptr;
+    struct Search {
+        std::string_view name;
+        GtkWidget* found;
+    } search{name, nullptr};
+    gtk_container_forall(
+        GTK_CONTAINER(whole),
+        [](GtkWidget* part, gpointer data) {
+            auto& wanted = *static_cast<Search*>(data);
+            if (wanted.found == nullptr) wanted.found = FindPart(part, wanted.name);
+        },
+        &search);
+    return search.found;
+}
+
+// What the dialog asks and nothing here uses, by the names of its author. With them it would be too high for
+// a small screen.
+constexpr std::array UnusedParts = {"box3",            // range and copies
+                                    "extension_point", // the file that would be printed to
+                                    "job_page",        // when it is printed
+                                    // Two-sided, pages on a side and their order, even or odd pages, kind of
+                                    // paper, output tray: labels and boxes.
+                                    "label5", "duplex", "label6", "pages_per_sheet", "label7",
+                                    "number_up_layout", "label8", "page_set_combo", "label11", "paper_type",
+                                    "label13", "output_tray"};
+
 // The print dialog, of which nothing but the setup is wanted.
 class PrintDialog {
 public:
-    explicit PrintDialog(wxWindow* parent)
+    PrintDialog(wxWindow* parent, const std::string& title)
         : m_dialog(GTK_PRINT_UNIX_DIALOG(gtk_print_unix_dialog_new(
-              ToolkitText("Page Setup"),
+              title.c_str(),
               parent != nullptr ? GTK_WINDOW(gtk_widget_get_toplevel(parent->GetHandle())) : nullptr))) {
         // Printers are offered that take either format; the zoom is the dialog's own to ask for.
         constexpr auto capabilities =
@@ -56,14 +91,40 @@ public:
         gtk_button_set_label(GTK_BUTTON(confirm), ToolkitText("_OK"));
         gtk_button_set_use_underline(GTK_BUTTON(confirm), TRUE);
         gtk_window_set_modal(GTK_WINDOW(m_dialog), TRUE);
+        for (const char* name : UnusedParts)
+            HidePart(name);
+        // What remains is small enough for every screen, once the dialog does not ask for more.
+        constexpr int width = 520;
+        constexpr int height = 360;
+        constexpr int previewHeight = 125;
+        if (GtkWidget* const preview = FindPart(GTK_WIDGET(m_dialog), "page_layout_preview"))
+            gtk_widget_set_size_request(preview, -1, previewHeight);
+        gtk_window_set_default_size(GTK_WINDOW(m_dialog), width, height);
     }
     ~PrintDialog() { gtk_widget_destroy(GTK_WIDGET(m_dialog)); }
     PrintDialog(const PrintDialog&) = delete;
     PrintDialog& operator=(const PrintDialog&) = delete;
 
+    // A line below the list of printers.
+    void AddNote(const std::string& text) {
+        GtkWidget* const page = FindPart(GTK_WIDGET(m_dialog), "box2");
+        GtkWidget* const label = gtk_label_new(text.c_str());
+        gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
+        gtk_label_set_xalign(GTK_LABEL(label), 0);
+        constexpr int lineLength = 60;
+        gtk_label_set_max_width_chars(GTK_LABEL(label), lineLength);
+        gtk_widget_set_name(label, "lblMissing");
+        GtkWidget* const content = gtk_dialog_get_content_area(GTK_DIALOG(m_dialog));
+        gtk_container_add(GTK_CONTAINER(page != nullptr ? page : content), label);
+        gtk_widget_show(label);
+    }
+
     void Show(const portable::PrinterData& data) {
         gtk_print_unix_dialog_set_settings(m_dialog, data.settings.get());
         gtk_print_unix_dialog_set_page_setup(m_dialog, data.page.get());
+        // The dialog takes the orientation over, but goes on showing the first of its list.
+        if (GtkWidget* const list = FindPart(GTK_WIDGET(m_dialog), "orientation_combo"))
+            gtk_combo_box_set_active(GTK_COMBO_BOX(list), gtk_page_setup_get_orientation(data.page.get()));
     }
 
     bool IsConfirmed() { return gtk_dialog_run(GTK_DIALOG(m_dialog)) == GTK_RESPONSE_OK; }
@@ -91,23 +152,37 @@ public:
     }
 
 private:
+    // The dialog shows some of its parts anew when another printer is selected.
+    void HidePart(std::string_view name) {
+        GtkWidget* const part = FindPart(GTK_WIDGET(m_dialog), name);
+        if (part == nullptr) return;
+        g_signal_connect(part, "show", G_CALLBACK(gtk_widget_hide), nullptr);
+        gtk_widget_hide(part);
+    }
+
     GtkPrintUnixDialog* m_dialog;
 };
 
 } // namespace
 
-bool common::AskForPrinterSetup(wxWindow* parent, PrinterValues& values) {
+PrinterSetupResult common::AskForPrinterSetup(wxWindow* parent, PrinterValues& values,
+                                              const PrinterSetupTexts& texts) {
     const portable::PrinterData shown = portable::ApplyPrinterValues(values);
+    const Printers printers = FindPrinters(values.device);
+    const bool isMissing = !values.device.empty() && !printers.hasWanted;
     // The dialog begins with the default printer. Without one it would begin with none, and could not be
     // confirmed; a machine without printers can print to a file.
-    if (const Printers printers = FindPrinters(); !printers.hasDefault)
+    const std::string& offered = printers.standard.empty() ? printers.first : printers.standard;
+    if (printers.standard.empty())
         gtk_print_settings_set_printer(shown.settings.get(), printers.first.c_str());
-    PrintDialog dialog(parent);
+    PrintDialog dialog(parent, texts.title);
+    if (isMissing) dialog.AddNote(texts.missing);
     dialog.Show(shown);
-    if (!dialog.IsConfirmed()) return false;
+    if (!dialog.IsConfirmed()) return PrinterSetupResult::Cancelled;
     values = portable::ReadPrinterValues(dialog.Chosen(), values, shown);
     if (values.driver.empty()) values.driver = dialog.Driver();
-    return true;
+    return isMissing && values.device == offered ? PrinterSetupResult::StandIn
+                                                 : PrinterSetupResult::Confirmed;
 }
 
 } // namespace nesk::platform

@@ -1,11 +1,14 @@
 #include "platform/windows/PrinterBlocks.h"
 
 #include "platform/TextEncoding.h"
+#include "platform/windows/WideText.h"
 
 #include <charconv>
 #include <optional>
 #include <string>
 #include <utility>
+
+#include <winspool.h>
 
 namespace nesk::platform::windows {
 
@@ -58,6 +61,16 @@ std::optional<short> Number(const std::string& text) {
     return number;
 }
 
+// Called by the dialog as soon as it is there. It has no other way to get a title of the program's own.
+UINT_PTR CALLBACK SetTitle(HWND dialog, UINT message, WPARAM, LPARAM data) {
+    if (message == WM_INITDIALOG) {
+        const auto* const request = reinterpret_cast<const PRINTDLGA*>(data);
+        ::SetWindowTextW(dialog, reinterpret_cast<const wchar_t*>(request->lCustData));
+    }
+    // The dialog does everything else itself, and gives the focus to its first control.
+    return message == WM_INITDIALOG ? 1 : 0;
+}
+
 } // namespace
 
 PrinterBlocks::~PrinterBlocks() {
@@ -91,7 +104,16 @@ PrinterValues PrinterBlocks::Read(const PrinterValues& before) const {
     return values;
 }
 
-bool AskForPrinter(HWND owner, PrinterValues& values, PrintDialogFunction dialog) {
+bool PrinterExists(const std::string& name) {
+    HANDLE printer = nullptr;
+    std::wstring wide = ToWide(name);
+    if (::OpenPrinterW(wide.data(), &printer, nullptr) == FALSE) return false;
+    ::ClosePrinter(printer);
+    return true;
+}
+
+PrinterSetupResult AskForPrinter(HWND owner, PrinterValues& values, const PrinterSetupTexts& texts,
+                                 PrintDialogFunction dialog, PrinterExistsFunction exists) {
     PRINTDLGA request{};
     request.lStructSize = sizeof request;
     request.Flags = PD_RETURNDEFAULT;
@@ -100,15 +122,22 @@ bool AskForPrinter(HWND owner, PrinterValues& values, PrintDialogFunction dialog
     PrinterBlocks blocks;
     blocks.deviceMode = request.hDevMode;
     blocks.deviceNames = request.hDevNames;
+    const std::string offered = blocks.Read({}).device;
+    const bool isMissing = !values.device.empty() && !exists(values.device);
     blocks.Apply(values);
 
+    const std::wstring title = ToWide(isMissing ? texts.title + " - " + texts.missing : texts.title);
     request.hwndOwner = owner;
-    request.Flags = PD_PRINTSETUP;
+    request.Flags = PD_PRINTSETUP | PD_ENABLESETUPHOOK;
+    request.lpfnSetupHook = SetTitle;
+    request.lCustData = reinterpret_cast<LPARAM>(title.c_str());
     const bool confirmed = dialog(&request) != FALSE;
     blocks.deviceMode = request.hDevMode;
     blocks.deviceNames = request.hDevNames;
-    if (confirmed) values = blocks.Read(values);
-    return confirmed;
+    if (!confirmed) return PrinterSetupResult::Cancelled;
+    values = blocks.Read(values);
+    return isMissing && values.device == offered ? PrinterSetupResult::StandIn
+                                                 : PrinterSetupResult::Confirmed;
 }
 
 } // namespace nesk::platform::windows

@@ -2,6 +2,8 @@
 
 #include "platform/PrinterSetup.h"
 
+#include <string>
+
 #include <windows.h>
 
 #include <commdlg.h>
@@ -31,8 +33,16 @@ public:
 /// The system's printer dialog, PrintDlgA, or what takes its place in a test.
 using PrintDialogFunction = BOOL(WINAPI*)(PRINTDLGA*);
 
+/// Whether there is a printer of a name, in UTF-8, on this machine.
+bool PrinterExists(const std::string& name);
+
+/// What takes the place of PrinterExists in a test.
+using PrinterExistsFunction = bool (*)(const std::string& name);
+
 /// Shows the dialog that sets up a printer, beginning with the system's default printer and the values given.
-/// @return true when it was confirmed; `values` is what was chosen then, and stays as it was otherwise
-bool AskForPrinter(HWND owner, PrinterValues& values, PrintDialogFunction dialog);
+/// Its title is that of the texts, and names the printer of the values where that is missing.
+/// @param values  what was chosen, when the dialog was confirmed; stays as it was otherwise
+PrinterSetupResult AskForPrinter(HWND owner, PrinterValues& values, const PrinterSetupTexts& texts,
+                                 PrintDialogFunction dialog, PrinterExistsFunction exists = PrinterExists);
 
 } // namespace nesk::platform::windows

@@ -6,9 +6,10 @@
 
 namespace nesk::platform {
 
-bool common::AskForPrinterSetup(wxWindow* parent, PrinterValues& values) {
+PrinterSetupResult common::AskForPrinterSetup(wxWindow* parent, PrinterValues& values,
+                                              const PrinterSetupTexts& texts) {
     const HWND owner = parent != nullptr ? static_cast<HWND>(parent->GetHandle()) : nullptr;
-    return windows::AskForPrinter(owner, values, ::PrintDlgA);
+    return windows::AskForPrinter(owner, values, texts, ::PrintDlgA);
 }
 
 } // namespace nesk::platform

@@ -38,11 +38,13 @@ namespace {
 using modUtilities::FromWx;
 
 constexpr int WideScreen = 1024;
+constexpr int SmallScreen = 640;
 
 struct DialogCase {
     const char* name;
     int helpTopic; // 0 for a dialog without help
     std::function<std::unique_ptr<FormDialog>()> make;
+    const char* variant = "";
 };
 
 // What the test framework calls a case.
@@ -135,9 +137,13 @@ INSTANTIATE_TEST_SUITE_P(
         Case<FormSelectDrive>("FormSelectDrive", 0), Case<FormAbout>("FormAbout", 0),
         Case<FormCreateStation>("FormCreateStation", 0), Case<FormListName>("FormListName", 0),
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, WideScreen); }},
+        DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, SmallScreen); },
+                   "Small"},
         Case<FormSelectMenuPicture>("FormSelectMenuPicture", 33003),
         Case<FormEditMenu>("FormEditMenu", 33003)),
-    [](const ::testing::TestParamInfo<DialogCase>& dialog) { return std::string(dialog.param.name); });
+    [](const ::testing::TestParamInfo<DialogCase>& dialog) {
+        return std::string(dialog.param.name) + dialog.param.variant;
+    });
 
 } // namespace
 } // namespace nesk::testing

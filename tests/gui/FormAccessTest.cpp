@@ -56,6 +56,19 @@ TEST_F(FormAccessTest, ShowsItsTextsAndNoCode) {
     });
 }
 
+TEST_F(FormAccessTest, SaysWhetherThereIsACode) {
+    Show([](FormAccess& dialog) {
+        EXPECT_EQ(FromWx(dialog.lblState->GetLabelText()),
+                  "An access code is set. Leave both fields empty to remove it.");
+        EXPECT_TRUE(dialog.GetClientRect().Contains(dialog.lblState->GetRect()));
+    });
+    NeskRegistry::Instance().ExitKey = "";
+    Show([](FormAccess& dialog) {
+        EXPECT_EQ(FromWx(dialog.lblState->GetLabelText()),
+                  "No access code is set. Leave both fields empty to keep it so.");
+    });
+}
+
 TEST_F(FormAccessTest, TypedCodesAreStoredByEnter) {
     Show([](FormAccess& dialog) {
         Type("1234");

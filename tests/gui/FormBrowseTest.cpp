@@ -61,9 +61,9 @@ TEST_F(FormBrowseTest, ShowsTextsAndLists) {
         EXPECT_EQ(FromWx(form.cmdHelp->GetLabel()), "&Help");
         EXPECT_EQ(FromWx(form.cmdFolder->GetLabel()), "&New folder");
         ASSERT_EQ(form.Drive1->GetCount(), 3u);
-        EXPECT_EQ(FromWx(form.Drive1->GetString(0)), "c:");
-        EXPECT_EQ(FromWx(form.Drive1->GetString(2)), "z:");
-        EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "c:");
+        EXPECT_EQ(FromWx(form.Drive1->GetString(0)), "C:");
+        EXPECT_EQ(FromWx(form.Drive1->GetString(2)), "Z:");
+        EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "C:");
         EXPECT_EQ(form.Dir1->Path(), "C:\\Data");
         EXPECT_EQ(TabOrder(),
                   std::string("Dir1 cmdFolder cmdOK cmdCancel cmdHelp ") + FocusName(*form.Drive1));
@@ -89,7 +89,7 @@ TEST_F(FormBrowseTest, AccessKeysLeadToTheLists) {
         form.cmdCancel->SetFocus();
         Press('D', wxMOD_ALT);
         Press(WXK_DOWN);
-        EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "d:");
+        EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "D:");
         EXPECT_EQ(form.Dir1->Path(), "D:\\");
         form.cmdCancel->SetFocus();
         Press('F', wxMOD_ALT);
@@ -140,7 +140,7 @@ TEST_F(FormBrowseTest, BeginsAtTheProgramWhenThePathDoesNotExist) {
 
 TEST_F(FormBrowseTest, AnotherDriveIsShownFromItsRoot) {
     EXPECT_EQ(Show([](FormBrowse& form) {
-                  ChooseDrive(form, "d:");
+                  ChooseDrive(form, "D:");
                   EXPECT_EQ(form.Dir1->Path(), "D:\\");
                   form.Dir1->SetPath("D:\\Other");
                   Click(form.cmdOK);
@@ -152,11 +152,11 @@ TEST_F(FormBrowseTest, ADriveThatIsNotReadyIsReportedAndCIsShown) {
     EmptyDriveD();
     Expect();
     Show([this](FormBrowse& form) {
-        ChooseDrive(form, "d:");
+        ChooseDrive(form, "D:");
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].text.find("D:\\"), std::string::npos) << messages[0].text;
         EXPECT_EQ(messages[0].title, LoadResString(34123));
-        EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "c:");
+        EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "C:");
         EXPECT_EQ(form.Dir1->Path(), "C:\\");
         Click(form.cmdCancel);
     });
@@ -169,8 +169,8 @@ TEST_F(FormBrowseTest, TheFallbackThatIsNotReadyIsReportedOnce) {
     Show(
         [this](FormBrowse& form) {
             station.Write("C:\\.notready", "");
-            ChooseDrive(form, "c:");
-            EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "c:");
+            ChooseDrive(form, "C:");
+            EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "C:");
             Click(form.cmdCancel);
         },
         "D:\\Other");

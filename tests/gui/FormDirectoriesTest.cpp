@@ -15,8 +15,10 @@
 
 #include <wx/button.h>
 #include <wx/listbox.h>
+#include <wx/settings.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/uiaction.h>
 #include <wx/utils.h>
 
 namespace nesk::testing {
@@ -115,6 +117,44 @@ TEST_F(FormDirectoriesTest, ShowsTextsAndSettings) {
                   "cmdHelp");
     });
     EXPECT_FALSE(confirmed);
+}
+
+TEST_F(FormDirectoriesTest, AClickIntoANumberSelectsIt) {
+    Show([](FormDirectories& form) {
+        wxUIActionSimulator mouse;
+        const auto clickInto = [&](wxTextCtrl* box) {
+            const wxRect place = box->GetScreenRect();
+            mouse.MouseMove(place.x + place.width - 10, place.y + place.height / 2);
+            Settle();
+            mouse.MouseClick();
+            wxMilliSleep(50);
+            Settle();
+        };
+        clickInto(form.txtMaxParts);
+        EXPECT_TRUE(form.txtMaxParts->HasFocus());
+        EXPECT_EQ(Selected(form.txtMaxParts), "20");
+        Type("7");
+        EXPECT_EQ(form.txtMaxParts->GetValue(), "7");
+        // A click into a box that has the focus already puts the caret where it was made.
+        Type("5");
+        constexpr int longerThanADoubleClick = 700;
+        wxMilliSleep(longerThanADoubleClick);
+        clickInto(form.txtMaxParts);
+        EXPECT_EQ(Selected(form.txtMaxParts), "");
+        clickInto(form.txtSampleSize);
+        EXPECT_EQ(Selected(form.txtSampleSize), "5");
+    });
+}
+
+TEST_F(FormDirectoriesTest, MachineAndUserLookAsTheyCannotBeTyped) {
+    Show([](FormDirectories& form) {
+        const wxColour plain = wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE);
+        for (wxTextCtrl* box : {form.txtMachine, form.txtUser}) {
+            EXPECT_FALSE(box->IsEditable());
+            EXPECT_EQ(box->GetBackgroundColour(), plain) << FromWx(box->GetName());
+        }
+        EXPECT_NE(form.txtRoot->GetBackgroundColour(), plain) << "otherwise nothing is told by it";
+    });
 }
 
 TEST_F(FormDirectoriesTest, AccessKeysLeadToTheBoxes) {
@@ -328,15 +368,15 @@ TEST_F(FormDirectoriesTest, FoldersAreBrowsedFor) {
 TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
     const auto choose = [this](FormDirectories& form) {
         WhenShown<FormSelectMachine>("FormSelectMachine", [](FormSelectMachine& list) {
+            EXPECT_EQ(list.lstMain->GetStringSelection(), "Bridge") << "the one that is set";
             list.lstMain->SetSelection(1);
-            list.cmdOK->Enable();
             Click(list.cmdOK);
         });
         Click(form.cmdMachine);
         EXPECT_EQ(form.txtMachine->GetValue(), "Gantry");
         WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) {
+            EXPECT_EQ(list.lstMain->GetStringSelection(), "Smith");
             list.lstMain->SetSelection(1);
-            list.cmdOK->Enable();
             Click(list.cmdOK);
         });
         Click(form.cmdUser);
@@ -367,23 +407,29 @@ TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
 class PrinterDialogScript {
 public:
     PrinterDialogScript()
-        : m_before(platform::SetPrinterSetup([this](wxWindow* parent, platform::PrinterValues& values) {
+        : m_before(platform::SetPrinterSetup([this](wxWindow* parent, platform::PrinterValues& values,
+                                                    const platform::PrinterSetupTexts& texts) {
             EXPECT_NE(dynamic_cast<FormDirectories*>(parent), nullptr);
             EXPECT_TRUE(wxIsBusy());
             ++shown;
             begun = values;
-            if (!confirmed) return false;
+            asked = texts;
+            if (!confirmed) return platform::PrinterSetupResult::Cancelled;
             values.orientation = "2";
             values.paperSize = "8";
-            return true;
+            if (standIn.empty()) return platform::PrinterSetupResult::Confirmed;
+            values.device = standIn;
+            return platform::PrinterSetupResult::StandIn;
         })) {}
     ~PrinterDialogScript() { platform::SetPrinterSetup(m_before); }
     PrinterDialogScript(const PrinterDialogScript&) = delete;
     PrinterDialogScript& operator=(const PrinterDialogScript&) = delete;
 
     bool confirmed = true;
+    std::string standIn; // printer that it offers in place of one that is not on the machine
     int shown = 0;
     platform::PrinterValues begun; // with which the dialog began
+    platform::PrinterSetupTexts asked;
 
 private:
     platform::PrinterSetupFunction m_before;
@@ -420,6 +466,34 @@ TEST_F(FormDirectoriesTest, PrinterValuesAreStoredOnOk) {
     EXPECT_EQ(Saved("PrinterOrientation"), "2");
     EXPECT_EQ(Saved("PrinterPaperSize"), "8");
     EXPECT_EQ(Saved("PrinterZoom"), "75");
+}
+
+TEST_F(FormDirectoriesTest, APrinterThatIsNotHereStaysUntilAnotherIsChosenOnPurpose) {
+    NeskRegistry& settings = NeskRegistry::Instance();
+    settings.PrinterDevice = "Laser";
+    settings.PrinterDriver = "laserdrv";
+    settings.Save();
+    PrinterDialogScript printer;
+    printer.standIn = "PDF";
+    Expect(modMessageBox::Result::No);
+    EXPECT_TRUE(Show([](FormDirectories& form) {
+        EXPECT_EQ(FromWx(form.lblPrinter->GetLabelText()), "Printer: Laser");
+        Click(form.cmdPrinter);
+        EXPECT_EQ(FromWx(form.lblPrinter->GetLabelText()), "Printer: Laser");
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(printer.asked.title, "Printer setup") << "as the command is called";
+    EXPECT_NE(printer.asked.missing.find("\"Laser\" is not on this machine"), std::string::npos);
+    EXPECT_EQ(Saved("PrinterDevice"), "Laser");
+    EXPECT_EQ(Saved("PrinterDriver"), "laserdrv");
+    EXPECT_EQ(Saved("PrinterPaperSize"), "8") << "the rest is as it was chosen";
+    Expect(modMessageBox::Result::Yes);
+    EXPECT_TRUE(Show([](FormDirectories& form) {
+        Click(form.cmdPrinter);
+        EXPECT_EQ(FromWx(form.lblPrinter->GetLabelText()), "Printer: PDF");
+        Click(form.cmdOK);
+    }));
+    EXPECT_EQ(Saved("PrinterDevice"), "PDF");
 }
 
 TEST_F(FormDirectoriesTest, AFailedSaveIsReportedAndClosesTheDialog) {

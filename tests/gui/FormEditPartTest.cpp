@@ -10,19 +10,24 @@
 #include "platform/PartInfoEditor.h"
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
+#include "shell/FormReadOnlyText.h"
 #include "shell/FormUtilities.h"
 #include "shell/Startup.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 
 #include <filesystem>
+#include <functional>
 #include <utility>
 #include <vector>
 
+#include <wx/app.h>
 #include <wx/button.h>
 #include <wx/filedlg.h>
+#include <wx/settings.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
+#include <wx/utils.h>
 
 namespace nesk::testing {
 namespace {
@@ -61,6 +66,14 @@ protected:
     PartInfoRecorder editor{station};
     Menu menu;
     MenuItem* item = nullptr;
+    static bool WaitUntil(const std::function<bool()>& condition) {
+        for (int i = 0; i < 200 && !condition(); ++i) {
+            wxMilliSleep(10);
+            wxTheApp->Yield(true);
+        }
+        return condition();
+    }
+
     std::vector<std::string> messages;
 
 private:
@@ -94,14 +107,86 @@ TEST_F(FormEditPartTest, ShowsTheItem) {
 TEST_F(FormEditPartTest, EveryControlHasItsText) {
     const FormEditPart dialog(nullptr, 640);
     const std::pair<const wxWindow*, int> texts[] = {
-        {dialog.cmdOK, 32004},         {dialog.cmdCancel, 32005},        {dialog.cmdHelp, 32008},
-        {dialog.cmdSlideShow, 32043},  {dialog.cmdHelpFile, 32075},      {dialog.cmdHistory, 32083},
-        {dialog.Frame3, 32055},        {dialog.lblPartName, 32044},      {dialog.Frame2, 32057},
-        {dialog.Frame1, 32056},        {dialog.cmdPreviewSelect, 32066}, {dialog.cmdPreviewDelete, 32065},
-        {dialog.cmdMenuSelect, 32066}, {dialog.cmdMenuDelete, 32065},    {dialog.cmdMenuPicture, 32042},
+        {dialog.cmdOK, 32004},        {dialog.cmdCancel, 32005},      {dialog.cmdHelp, 32008},
+        {dialog.cmdSlideShow, 32043}, {dialog.cmdHelpFile, 32075},    {dialog.cmdHistory, 32083},
+        {dialog.Frame3, 32055},       {dialog.lblPartName, 32044},    {dialog.Frame2, 32057},
+        {dialog.Frame1, 32056},       {dialog.cmdMenuPicture, 32042},
     };
     for (const auto& [control, text] : texts)
         EXPECT_EQ(FromWx(control->GetLabel()), LoadResString(text)) << text;
+    // These texts stand twice, so that their access keys are chosen for the dialog.
+    const std::pair<const wxButton*, int> pictureTexts[] = {{dialog.cmdPreviewSelect, 32066},
+                                                            {dialog.cmdPreviewDelete, 32065},
+                                                            {dialog.cmdMenuSelect, 32066},
+                                                            {dialog.cmdMenuDelete, 32065}};
+    for (const auto& [button, text] : pictureTexts) {
+        EXPECT_EQ(FromWx(button->GetLabelText()), LoadResString(text)) << text;
+        EXPECT_NE(button->GetLabel(), button->GetLabelText()) << "it has an access key";
+    }
+}
+
+TEST_F(FormEditPartTest, AccessKeysPressTheButtonsOfThePictures) {
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        PressKey('E', wxMOD_ALT);
+        EXPECT_TRUE(WaitUntil([&] { return dialog.picItemHost->Path().empty(); }));
+        EXPECT_FALSE(dialog.picPreviewHost->Path().empty());
+        PressKey('O', wxMOD_ALT);
+        EXPECT_TRUE(WaitUntil([&] { return dialog.picPreviewHost->Path().empty(); }));
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Edit(item);
+}
+
+TEST_F(FormEditPartTest, OnlyAPictureThatIsThereIsRemoved) {
+    item->SetPreview("");
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        EXPECT_TRUE(dialog.cmdMenuDelete->IsEnabled());
+        EXPECT_FALSE(dialog.cmdPreviewDelete->IsEnabled());
+        dialog.cmdMenuDelete->SetFocus();
+        PressButton(dialog.cmdMenuDelete);
+        EXPECT_FALSE(dialog.cmdMenuDelete->IsEnabled());
+        EXPECT_TRUE(dialog.cmdMenuSelect->HasFocus()) << "the keyboard goes on from here";
+        dialog.picPreviewHost->SetPath("C:\\new.bmp");
+        EXPECT_TRUE(dialog.cmdPreviewDelete->IsEnabled());
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Edit(item);
+}
+
+TEST_F(FormEditPartTest, HelpAndHistoryAreShown) {
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        const std::pair<const wxTextCtrl*, const char*> boxes[] = {{dialog.txtHelpFile, "C:\\help.chm"},
+                                                                   {dialog.txtHelpTopic, "12"},
+                                                                   {dialog.txtHistoryDir, "D:\\History"},
+                                                                   {dialog.txtHistoryTitle, "Angles"}};
+        for (const auto& [box, text] : boxes) {
+            EXPECT_EQ(FromWx(box->GetValue()), text);
+            EXPECT_FALSE(box->IsEditable()) << text;
+            EXPECT_EQ(box->GetBackgroundColour(), wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE))
+                << "it looks as if it cannot be edited";
+            EXPECT_EQ(FromWx(box->GetToolTipText()), text);
+        }
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Edit(item);
+}
+
+TEST_F(FormEditPartTest, SaysWhatIsWrongWithThePart) {
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        EXPECT_EQ(FromWx(dialog.lblProblem->GetLabelText()), "");
+        dialog.txtPartName->SetValue("@D:\\Parts\\None\\partinfo.ini@");
+        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), FormatResString(32027, ""));
+        EXPECT_EQ(FromWx(dialog.lblProblem->GetLabelText()),
+                  "The file D:\\Parts\\None\\partinfo.ini does not exist.");
+        dialog.txtPartName->SetValue("BRACKET");
+        EXPECT_EQ(FromWx(dialog.lblProblem->GetLabelText()), "");
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Edit(item);
 }
 
 TEST_F(FormEditPartTest, AMissingItemIsNotEdited) {
@@ -116,7 +201,24 @@ TEST_F(FormEditPartTest, TheLayoutFollowsTheScreen) {
     FormEditPart compact(nullptr, 640);
     EXPECT_FALSE(compact.Frame1->IsShown());
     EXPECT_TRUE(compact.cmdMenuPicture->IsShown());
+    EXPECT_TRUE(compact.picCompact->IsShown());
+    EXPECT_FALSE(wide.picCompact->IsShown());
+    // Title bar and panels need the rest of the screen.
     EXPECT_LE(compact.GetSize().x, 640);
+    EXPECT_LE(compact.GetSize().y, 420);
+    EXPECT_LE(wide.GetSize().x, 800);
+    EXPECT_LE(wide.GetSize().y, 520);
+}
+
+TEST_F(FormEditPartTest, TheSmallLayoutShowsTheMenuPicture) {
+    FormEditPart compact(nullptr, 640);
+    ModalDriver driver(compact, [&] {
+        EXPECT_EQ(compact.picCompact->Path(), "C:\\a.bmp");
+        compact.picItemHost->SetPath("C:\\b.bmp");
+        EXPECT_EQ(compact.picCompact->Path(), "C:\\b.bmp");
+        PressButton(compact.cmdCancel);
+    });
+    compact.Edit(item);
 }
 
 TEST_F(FormEditPartTest, TheDescriptionFollowsTheText) {
@@ -269,6 +371,34 @@ TEST_F(FormEditPartTest, ATextThatCannotBeStoredKeepsTheDialogOpen) {
     });
     EXPECT_TRUE(dialog.Edit(item));
     EXPECT_EQ(item->ProgramID(), "PART");
+}
+
+TEST_F(FormEditPartTest, WhatWasNotEditedIsStoredAsItWas) {
+    // No text box holds either of these whole.
+    for (const std::string& program : {std::string("BRACKET\0 7", 10), std::string(70'000, 'p')}) {
+        item->SetProgramID(program);
+        FormEditPart dialog(nullptr, WideScreen);
+        ModalDriver driver(dialog, [&] {
+            PressButton(dialog.cmdMenuDelete);
+            PressButton(dialog.cmdOK);
+        });
+        EXPECT_TRUE(dialog.Edit(item));
+        EXPECT_TRUE(item->ProgramID() == program) << item->ProgramID().size();
+        EXPECT_EQ(item->Graphic(), "") << "another field may change beside it";
+        item->SetGraphic("C:\\a.bmp");
+    }
+    EXPECT_EQ(messages, std::vector<std::string>{});
+}
+
+TEST_F(FormEditPartTest, AnEditedTextTakesThePlaceOfOneThatNoBoxHolds) {
+    item->SetProgramID(std::string("BRACKET\0 7", 10));
+    FormEditPart dialog(nullptr, WideScreen);
+    ModalDriver driver(dialog, [&] {
+        dialog.txtPartName->SetValue("BRACKET 8");
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_TRUE(dialog.Edit(item));
+    EXPECT_EQ(item->ProgramID(), "BRACKET 8");
 }
 
 } // namespace

@@ -47,6 +47,8 @@ TEST_F(FormFolderTest, ShowsTextsAndPath) {
         EXPECT_EQ(FromWx(form.lblFolder->GetLabelText()), base + "\\");
         EXPECT_EQ(FromWx(form.lblFolder->GetToolTipText()), base + "\\");
         EXPECT_LE(form.lblFolder->GetRect().GetRight(), form.GetClientSize().x);
+        EXPECT_EQ(FromWx(form.lblName->GetLabel()), "&Name of the new folder");
+        EXPECT_LE(form.lblName->GetRect().GetBottom(), form.txtFolder->GetPosition().y);
         EXPECT_EQ(form.FindWindowByName("txtFolder", &form), form.txtFolder);
         EXPECT_TRUE(form.txtFolder->HasFocus());
         EXPECT_EQ(TabOrder(), "txtFolder cmdOK cmdCancel");
@@ -56,7 +58,10 @@ TEST_F(FormFolderTest, ShowsTextsAndPath) {
 }
 
 TEST_F(FormFolderTest, TypedNameAndEnterMakeTheFolder) {
-    const std::string made = Show([](FormFolder&) {
+    const std::string made = Show([](FormFolder& form) {
+        form.cmdOK->SetFocus();
+        Press('N', wxMOD_ALT);
+        EXPECT_TRUE(form.txtFolder->HasFocus());
         Type("New");
         Press(WXK_RETURN);
     });
@@ -117,6 +122,11 @@ TEST_F(FormFolderTest, GainingTheFocusSelectsTheText) {
         form.txtFolder->SetFocus();
         Settle();
         EXPECT_EQ(FromWx(form.txtFolder->GetStringSelection()), "Name");
+        form.cmdOK->SetFocus();
+        form.txtFolder->SelectNone();
+        ClickInto(*form.txtFolder);
+        EXPECT_TRUE(form.txtFolder->HasFocus());
+        EXPECT_EQ(FromWx(form.txtFolder->GetStringSelection()), "Name") << "by a click as well";
         Click(form.cmdCancel);
     });
 }

@@ -45,7 +45,7 @@ protected:
 
 TEST_F(FormFolderTreeTest, StandsNowhereAtFirst) {
     EXPECT_EQ(tree->Path(), "");
-    EXPECT_EQ(tree->Drive(), '\0');
+    EXPECT_EQ(tree->Root(), "");
 }
 
 TEST_F(FormFolderTreeTest, GoesToAFolderAndOpensIt) {
@@ -73,7 +73,7 @@ TEST_F(FormFolderTreeTest, ChangesTheDrive) {
     tree->SetPath("D:\\Data");
     tree->SetPath("e:");
     EXPECT_EQ(tree->Path(), "E:\\");
-    EXPECT_EQ(tree->Drive(), 'E');
+    EXPECT_EQ(tree->Root(), "E:\\");
     EXPECT_EQ(Children(), "Other");
 }
 

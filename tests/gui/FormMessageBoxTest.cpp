@@ -3,17 +3,24 @@
 #include "shell/FormUtilities.h"
 #include "shell/modMessageBox.h"
 
+#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
 
 #include <wx/app.h>
 #include <wx/button.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+#include <wx/display.h>
 #include <wx/evtloop.h>
+#include <wx/frame.h>
+#include <wx/sizer.h>
 #include <wx/statbmp.h>
-#include <wx/stattext.h>
+#include <wx/textctrl.h>
 #include <wx/timer.h>
 #include <wx/uiaction.h>
+#include <wx/utils.h>
 
 namespace nesk::testing {
 namespace {
@@ -24,8 +31,13 @@ using modUtilities::FromWx;
 class FormMessageBoxTest : public ::testing::Test {
 protected:
     std::int16_t Show(const std::string& text, std::int16_t options,
-                      const std::function<void(FormMessageBox&)>& act) {
-        FormMessageBox box(nullptr);
+                      const std::function<void(FormMessageBox&)>& act, wxWindow* parent = nullptr) {
+        FormMessageBox box(parent);
+        return ShowIn(box, text, options, act);
+    }
+
+    static std::int16_t ShowIn(FormMessageBox& box, const std::string& text, std::int16_t options,
+                               const std::function<void(FormMessageBox&)>& act) {
         wxTimer timer;
         int tries = 0;
         timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
@@ -39,16 +51,37 @@ protected:
         return result;
     }
 
-    static void Press(int key) {
+    static void Press(int key, int modifiers = 0) {
         wxUIActionSimulator simulator;
-        simulator.Char(key);
+        simulator.Char(key, modifiers);
+    }
+
+    static void Settle() {
+        for (int i = 0; i < 10; ++i) {
+            wxMilliSleep(10);
+            wxTheApp->Yield(true);
+        }
+    }
+
+    // Whether the end of the text is inside its box without scrolling.
+    static bool ShowsItsEnd(const FormMessageBox& box) {
+        const wxPoint end = box.lblMsg->PositionToCoords(box.lblMsg->GetLastPosition());
+        return end.x >= 0 && end.y >= 0 &&
+               end.y + box.lblMsg->GetCharHeight() <= box.lblMsg->GetClientSize().y + 2;
+    }
+
+    static std::string Clipboard() {
+        const wxClipboardLocker locker;
+        wxTextDataObject text;
+        wxTheClipboard->GetData(text);
+        return FromWx(text.GetText());
     }
 };
 
 TEST_F(FormMessageBoxTest, ShowsTextTitleIconAndButtons) {
     const std::int16_t result = Show("Something happened & is shown", 0x33, [](FormMessageBox& box) {
         EXPECT_EQ(FromWx(box.GetTitle()), "Title");
-        EXPECT_EQ(FromWx(box.lblMsg->GetLabelText()), "Something happened & is shown");
+        EXPECT_EQ(FromWx(box.lblMsg->GetValue()), "Something happened & is shown");
         EXPECT_TRUE(box.picIcon->IsShown());
         ASSERT_EQ(box.cmdButton.size(), 3u);
         EXPECT_EQ(FromWx(box.cmdButton[0]->GetLabel()), "Yes");
@@ -113,10 +146,118 @@ TEST_F(FormMessageBoxTest, LongTextsAreWrappedAndFit) {
     std::string text;
     for (int i = 0; i < 60; ++i)
         text += "many words in a row ";
+    text += "end";
     Show(text, 48, [](FormMessageBox& box) {
         EXPECT_LE(box.GetSize().x, wxGetDisplaySize().x);
         EXPECT_GT(box.lblMsg->GetSize().y, 3 * box.lblMsg->GetCharHeight());
         EXPECT_LE(box.lblMsg->GetRect().GetBottom(), box.cmdButton[0]->GetPosition().y);
+        EXPECT_TRUE(ShowsItsEnd(box));
+        Press(WXK_RETURN);
+    });
+}
+
+TEST_F(FormMessageBoxTest, AShortTextIsSeenWhole) {
+    for (const char* text : {"x", "The file was not found.", "One line\n\nand another one"})
+        Show(text, 48, [&](FormMessageBox& box) {
+            EXPECT_TRUE(ShowsItsEnd(box)) << text;
+            Press(WXK_RETURN);
+        });
+}
+
+TEST_F(FormMessageBoxTest, ALongPathIsBrokenAnywhere) {
+    const std::string path = "C:\\" + std::string(400, 'W') + "\\menu.cfg";
+    Show("The file " + path + " was not found.", 48, [](FormMessageBox& box) {
+        EXPECT_LE(box.GetSize().x, wxGetDisplaySize().x * 3 / 4);
+        EXPECT_GT(box.lblMsg->GetSize().y, 4 * box.lblMsg->GetCharHeight());
+        EXPECT_TRUE(ShowsItsEnd(box)) << "nothing of it is cut";
+        box.lblMsg->SetFocus();
+        box.lblMsg->SelectAll();
+        Settle();
+        box.lblMsg->Copy();
+        Settle();
+        EXPECT_EQ(Clipboard(), "The file C:\\" + std::string(400, 'W') + "\\menu.cfg was not found.");
+        Press(WXK_RETURN);
+    });
+}
+
+TEST_F(FormMessageBoxTest, ATextThatIsHigherThanTheScreenScrolls) {
+    std::string text;
+    for (int i = 0; i < 300; ++i)
+        text += "Line " + std::to_string(i) + "\n";
+    Show(text, 48, [](FormMessageBox& box) {
+        EXPECT_TRUE(wxDisplay(&box).GetClientArea().Contains(box.GetScreenRect()));
+        EXPECT_TRUE(box.GetClientRect().Contains(box.cmdButton[0]->GetRect())) << "the button stays in view";
+        EXPECT_FALSE(ShowsItsEnd(box));
+        EXPECT_TRUE(box.cmdButton[0]->HasFocus()) << "and has the focus";
+        const wxPoint before = box.lblMsg->PositionToCoords(0);
+        Press(WXK_PAGEDOWN);
+        Settle();
+        EXPECT_LT(box.lblMsg->PositionToCoords(0).y, before.y) << "a key scrolls";
+        Press(WXK_RETURN);
+    });
+}
+
+TEST_F(FormMessageBoxTest, TheTextIsCopied) {
+    const std::string text = "The file C:\\menu.cfg was not found.\n\nNothing was changed.";
+    Show(text, 48, [&](FormMessageBox& box) {
+        EXPECT_FALSE(box.lblMsg->IsEditable());
+        EXPECT_TRUE(box.cmdButton[0]->HasFocus());
+        Press('C', wxMOD_CONTROL);
+        Settle();
+        EXPECT_EQ(Clipboard(), text);
+        box.lblMsg->SetFocus();
+        Settle();
+        box.lblMsg->SetSelection(9, 20);
+        Press('C', wxMOD_CONTROL);
+        Settle();
+        EXPECT_EQ(Clipboard(), "C:\\menu.cfg") << "what is selected";
+        EXPECT_EQ(FromWx(box.lblMsg->GetValue()), text);
+        Press(WXK_RETURN); // in the text it is the default button all the same
+    });
+}
+
+TEST_F(FormMessageBoxTest, ASecondMessageOfOneBoxStartsEmpty) {
+    FormMessageBox box(nullptr);
+    EXPECT_EQ(ShowIn(box, "First", 0x23, [](FormMessageBox&) { Press('Y'); }), modMessageBox::Result::Yes);
+    EXPECT_EQ(ShowIn(box, "Second", 0,
+                     [](FormMessageBox& again) {
+                         EXPECT_EQ(again.cmdButton.size(), 1u);
+                         EXPECT_EQ(again.ReturnCode(), modMessageBox::Result::None);
+                         EXPECT_FALSE(again.picIcon->IsShown());
+                         EXPECT_EQ(FromWx(again.lblMsg->GetValue()), "Second");
+                         int buttons = 0;
+                         for (const wxWindow* child : again.GetChildren())
+                             if (dynamic_cast<const wxButton*>(child) != nullptr) ++buttons;
+                         EXPECT_EQ(buttons, 1) << "none of the first message is left";
+                         Press(WXK_RETURN);
+                     }),
+              modMessageBox::Result::Ok);
+}
+
+TEST_F(FormMessageBoxTest, StandsInTheMiddleOfTheScreen) {
+    auto* corner = new wxFrame(nullptr, wxID_ANY, "Corner", wxPoint(0, 0), wxSize(200, 150));
+    corner->Show();
+    Show(
+        "Something happened", 48,
+        [](FormMessageBox& box) {
+            const wxRect screen = wxDisplay(&box).GetClientArea();
+            const wxRect window = box.GetScreenRect();
+            EXPECT_LT(std::abs(window.x + window.width / 2 - screen.x - screen.width / 2), 40);
+            EXPECT_LT(std::abs(window.y + window.height / 2 - screen.y - screen.height / 2), 40);
+            Press(WXK_RETURN);
+        },
+        corner);
+    corner->Destroy();
+}
+
+TEST_F(FormMessageBoxTest, HasTheCommonFont) {
+    FormMessageBox box(nullptr);
+    wxFont small = box.GetFont();
+    small.SetPointSize(6);
+    box.SetFont(small); // its controls would take it over
+    ShowIn(box, "Something happened", 0, [](FormMessageBox& form) {
+        EXPECT_GE(form.lblMsg->GetFont().GetPointSize(), 8);
+        EXPECT_GE(form.cmdButton[0]->GetFont().GetPointSize(), 8);
         Press(WXK_RETURN);
     });
 }

@@ -127,9 +127,17 @@ TEST_F(FormSelectFromListTest, ArrowKeysAndEnterChoose) {
 TEST_F(FormSelectFromListTest, EnterWithoutASelectionDoesNothing) {
     Add("Machines\\A", "Bridge");
     const std::string key = Machine([](FormSelectMachine& dialog) {
+        EXPECT_FALSE(dialog.cmdOK->IsEnabled());
         Press(WXK_RETURN);
         wxMilliSleep(300);
         Settle();
+        EXPECT_TRUE(IsOpen(dialog));
+        // Neither does a double click beside the lines, nor OK if it could be pressed.
+        wxCommandEvent twice(wxEVT_LISTBOX_DCLICK, dialog.lstMain->GetId());
+        dialog.lstMain->ProcessWindowEvent(twice);
+        EXPECT_TRUE(IsOpen(dialog));
+        dialog.cmdOK->Enable();
+        PressButton(dialog.cmdOK);
         EXPECT_TRUE(IsOpen(dialog));
     });
     EXPECT_EQ(key, "");
@@ -154,6 +162,26 @@ TEST_F(FormSelectFromListTest, EscapeForgetsTheSelection) {
         PressButton(dialog.cmdCancel);
     });
     EXPECT_EQ(dialog.SelectMachine(), "");
+}
+
+TEST_F(FormSelectFromListTest, TheEntryThatIsSetIsSelected) {
+    Add("Machines\\A", "Bridge");
+    Add("Machines\\B", "Arm");
+    FormSelectMachine dialog(nullptr);
+    const ModalDriver driver(dialog, [&] {
+        EXPECT_EQ(dialog.lstMain->GetSelection(), 1);
+        EXPECT_TRUE(dialog.cmdOK->IsEnabled());
+        PressButton(dialog.cmdOK);
+    });
+    EXPECT_EQ(dialog.SelectMachine("Machines\\B"), "Machines\\B");
+    Add("Users\\U1", "Smith");
+    FormSelectUser users(nullptr);
+    const ModalDriver second(users, [&] {
+        EXPECT_EQ(users.lstMain->GetSelection(), wxNOT_FOUND);
+        EXPECT_FALSE(users.cmdOK->IsEnabled());
+        PressButton(users.cmdCancel);
+    });
+    EXPECT_EQ(users.SelectUser("Users\\Gone"), "");
 }
 
 TEST_F(FormSelectFromListTest, WithoutMachinesOnlyCancelLeadsOut) {

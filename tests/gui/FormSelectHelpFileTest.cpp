@@ -8,6 +8,8 @@
 #include <cstdlib>
 
 #include <wx/button.h>
+#include <wx/display.h>
+#include <wx/frame.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -60,6 +62,21 @@ TEST_F(FormSelectHelpFileTest, ShowsTextsAndValues) {
     });
 }
 
+TEST_F(FormSelectHelpFileTest, StandsInTheMiddleOfTheScreenWhereverItsOwnerIs) {
+    auto* corner = new wxFrame(nullptr, wxID_ANY, "Corner", wxPoint(0, 0), wxSize(200, 150));
+    corner->Show();
+    Settle();
+    WhenShown<FormSelectHelpFile>("FormSelectHelpFile", [](FormSelectHelpFile& form) {
+        const wxRect window = form.GetScreenRect();
+        const wxRect screen = wxDisplay(&form).GetClientArea();
+        EXPECT_LT(std::abs(window.x + window.width / 2 - screen.x - screen.width / 2), 40);
+        EXPECT_LT(std::abs(window.y + window.height / 2 - screen.y - screen.height / 2), 40);
+        Click(form.cmdCancel);
+    });
+    FormSelectHelpFile(corner).Display(file, topic);
+    corner->Destroy();
+}
+
 TEST_F(FormSelectHelpFileTest, TypedTextsAreTakenAsTheyStand) {
     EXPECT_TRUE(Show([](FormSelectHelpFile&) {
         Press('F', wxMOD_ALT);
@@ -78,6 +95,13 @@ TEST_F(FormSelectHelpFileTest, GainingTheFocusSelectsTheText) {
             box->SetFocus();
             Settle();
             EXPECT_EQ(box->GetStringSelection(), box->GetValue());
+        }
+        for (wxTextCtrl* box : {form.txtHelpTopic, form.txtHelpFile}) {
+            box->SelectNone();
+            form.cmdOK->SetFocus();
+            ClickInto(*box);
+            EXPECT_TRUE(box->HasFocus());
+            EXPECT_EQ(box->GetStringSelection(), box->GetValue()) << "by a click as well";
         }
         Click(form.cmdCancel);
     });
@@ -143,6 +167,20 @@ TEST_F(FormSelectHelpFileTest, BrowseReplacesTheFile) {
     EXPECT_EQ(file, "C:\\Help\\other.hlp");
     ASSERT_EQ(fileDialogs.size(), 1u);
     EXPECT_EQ(fileDialogs[0], LoadResString(32076) + "|C:\\Help\\||" + LoadResString(32078));
+}
+
+TEST_F(FormSelectHelpFileTest, BrowsingBeginsInTheFolderThatWasJustTyped) {
+    ChooseFile("");
+    ChooseFile("");
+    Show([](FormSelectHelpFile& form) {
+        form.txtHelpFile->ChangeValue("C:\\Slides\\two.chm");
+        Click(form.cmdBrowse);
+        form.txtHelpFile->ChangeValue("C:\\Slides");
+        Click(form.cmdBrowse);
+        Click(form.cmdCancel);
+    });
+    EXPECT_EQ(fileDialogs.at(0), LoadResString(32076) + "|C:\\Slides\\||" + LoadResString(32078));
+    EXPECT_EQ(fileDialogs.at(1), LoadResString(32076) + "|C:\\Slides||" + LoadResString(32078));
 }
 
 TEST_F(FormSelectHelpFileTest, BrowsingBeginsAtTheDefaultFolderWhenThatOfTheFileHasGone) {

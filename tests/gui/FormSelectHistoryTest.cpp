@@ -4,6 +4,7 @@
 #include "partedit/FormBrowse.h"
 #include "partedit/FormFolderTree.h"
 #include "settings/NeskRegistry.h"
+#include "shell/FieldMessage.h"
 #include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
@@ -57,6 +58,15 @@ TEST_F(FormSelectHistoryTest, ShowsTextsAndValues) {
     });
 }
 
+TEST_F(FormSelectHistoryTest, GainingTheFocusSelectsTheTitle) {
+    Show([](FormSelectHistory& form) {
+        ClickInto(*form.txtHistoryTitle);
+        EXPECT_TRUE(form.txtHistoryTitle->HasFocus());
+        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetStringSelection()), "Bracket");
+        Click(form.cmdCancel);
+    });
+}
+
 TEST_F(FormSelectHistoryTest, TheCallerChoosesTheCaptionOfDefault) {
     Show(
         [](FormSelectHistory& form) {
@@ -97,6 +107,11 @@ TEST_F(FormSelectHistoryTest, ADirectoryThatDoesNotExistIsRefused) {
             EXPECT_EQ(messages[0].text, "Please check the field History folder");
             EXPECT_EQ(messages[0].options, modMessageBox::Option::Exclamation);
             EXPECT_EQ(messages[0].title, LoadResString(32067));
+            EXPECT_TRUE(form.lblReason->IsShown());
+            EXPECT_EQ(FromWx(form.lblReason->GetLabelText()),
+                      FieldMessage::FolderReason(modUtilities::Trim(wrong)));
+            EXPECT_TRUE(form.GetClientRect().Contains(form.cmdOK->GetRect())) << "the dialog has grown";
+            EXPECT_LE(form.lblReason->GetRect().GetBottom(), form.cmdOK->GetPosition().y);
             Settle();
             EXPECT_TRUE(form.txtHistoryDir->HasFocus());
             EXPECT_EQ(FromWx(form.txtHistoryDir->GetValue()), modUtilities::Trim(wrong));
@@ -122,6 +137,39 @@ TEST_F(FormSelectHistoryTest, AnEmptyTitleIsRefused) {
     }));
     EXPECT_EQ(directory, "C:\\History");
     EXPECT_EQ(title, "Bracket");
+}
+
+TEST_F(FormSelectHistoryTest, TheReasonGoesWhenOkIsPressedAgain) {
+    Expect();
+    Expect();
+    EXPECT_FALSE(Show([&](FormSelectHistory& form) {
+        EXPECT_FALSE(form.lblReason->IsShown());
+        Fill(form, "C:\\Other", "");
+        Click(form.cmdOK);
+        EXPECT_EQ(FromWx(form.lblReason->GetLabelText()), "The history needs a title.");
+        Fill(form, "C:\\Other", "\xE6\x97\xA5");
+        Click(form.cmdOK);
+        EXPECT_FALSE(form.lblReason->IsShown()) << "another message was shown";
+        Click(form.cmdCancel);
+    }));
+}
+
+TEST_F(FormSelectHistoryTest, AnEmptyTitleIsProposedAndNotForced) {
+    WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& form) {
+        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "Angle");
+        form.Close();
+    });
+    title = "";
+    EXPECT_TRUE(FormSelectHistory(nullptr).Display(directory, title, true, "Angle"));
+    EXPECT_EQ(title, "") << "closing the window changes nothing";
+    WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& form) { Click(form.cmdOK); });
+    EXPECT_TRUE(FormSelectHistory(nullptr).Display(directory, title, true, "Angle"));
+    EXPECT_EQ(title, "Angle");
+    WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& form) {
+        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "Angle");
+        Click(form.cmdCancel);
+    });
+    EXPECT_FALSE(FormSelectHistory(nullptr).Display(directory, title, true, "Other"));
 }
 
 TEST_F(FormSelectHistoryTest, ATitleThatCannotBeStoredIsReported) {

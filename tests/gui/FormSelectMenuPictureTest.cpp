@@ -11,6 +11,7 @@
 #include "settings/NeskRegistry.h"
 #include "shell/FormUtilities.h"
 #include "shell/Startup.h"
+#include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 
 #include <algorithm>
@@ -232,6 +233,48 @@ TEST_F(PictureDialogTest, DamagedAndHugePicturesDoNoHarm) {
     EXPECT_EQ(path, "C:\\Pictures\\missing.bmp") << "the path is not checked";
 }
 
+TEST_F(PictureDialogTest, EveryControlHasItsText) {
+    const FormSelectMenuPicture dialog(nullptr);
+    const wxWindow* frame = wxWindow::FindWindowByName("Frame1", &dialog);
+    ASSERT_NE(frame, nullptr);
+    EXPECT_EQ(FromWx(frame->GetLabel()), LoadResString(32056));
+    EXPECT_EQ(FromWx(dialog.cmdMenuSelect->GetLabelText()), LoadResString(32066));
+    EXPECT_EQ(FromWx(dialog.cmdMenuDelete->GetLabelText()), LoadResString(32065));
+    EXPECT_EQ(FromWx(dialog.cmdOK->GetLabel()), LoadResString(32004));
+    EXPECT_EQ(FromWx(dialog.cmdCancel->GetLabel()), LoadResString(32005));
+    EXPECT_EQ(FromWx(dialog.cmdHelp->GetLabel()), LoadResString(32008));
+}
+
+TEST_F(PictureDialogTest, TheFileDialogBeginsWithThePicture) {
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path = "C:\\Pictures\\x.txt";
+    NeskRegistry::Instance().DefaultBitmapDirectory = "C:\\";
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdMenuSelect);
+        ASSERT_EQ(files.requests.size(), 1u);
+        EXPECT_EQ(files.requests[0].file, "C:\\Pictures\\x.txt");
+        EXPECT_EQ(files.requests[0].folder, "C:\\Pictures\\");
+        EXPECT_EQ(files.requests[0].filter, "");
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Display(path);
+}
+
+TEST_F(PictureDialogTest, OnlyAPictureThatIsThereIsRemoved) {
+    FormSelectMenuPicture dialog(nullptr);
+    std::string path;
+    ModalDriver driver(dialog, [&] {
+        EXPECT_FALSE(dialog.cmdMenuDelete->IsEnabled());
+        files.choice = "C:\\Pictures\\x.txt";
+        PressButton(dialog.cmdMenuSelect);
+        EXPECT_TRUE(dialog.cmdMenuDelete->IsEnabled());
+        PressButton(dialog.cmdMenuDelete);
+        EXPECT_FALSE(dialog.cmdMenuDelete->IsEnabled());
+        PressButton(dialog.cmdCancel);
+    });
+    dialog.Display(path);
+}
+
 class EditMenuTest : public PictureDialogTest {
 protected:
     EditMenuTest() {
@@ -243,6 +286,16 @@ protected:
     Menu menu;
     MenuItem* item = nullptr;
 };
+
+TEST_F(EditMenuTest, EveryControlHasItsText) {
+    FormEditMenu dialog(nullptr);
+    EXPECT_EQ(FromWx(dialog.GetTitle()), LoadResString(32041)) << "until it is shown for an item";
+    EXPECT_EQ(FromWx(dialog.cmdPicture->GetLabelText()), LoadResString(32066));
+    EXPECT_EQ(FromWx(dialog.cmdDelete->GetLabelText()), LoadResString(32065));
+    EXPECT_EQ(FromWx(dialog.cmdOK->GetLabel()), LoadResString(32004));
+    EXPECT_EQ(FromWx(dialog.cmdCancel->GetLabel()), LoadResString(32005));
+    EXPECT_EQ(FromWx(dialog.cmdHelp->GetLabel()), LoadResString(32008));
+}
 
 TEST_F(EditMenuTest, OkAfterDeleteStoresAnEmptyPicture) {
     FormEditMenu dialog(nullptr);
@@ -279,6 +332,42 @@ TEST_F(EditMenuTest, OkStoresTheChosenPicture) {
     });
     EXPECT_TRUE(dialog.Edit(*item));
     EXPECT_EQ(item->Graphic(), "C:\\Pictures\\other.png");
+}
+
+TEST_F(EditMenuTest, APathThatCannotBeStoredIsRefused) {
+    files.choice = "C:\\Pictures\\\xE6\x97\xA5.png";
+    std::vector<std::string> messages;
+    const modMessageBox::Hook before =
+        modMessageBox::SetHook([&](const std::string& text, std::int16_t, const std::string&) {
+            messages.push_back(text);
+            return modMessageBox::Result::Ok;
+        });
+    FormEditMenu dialog(nullptr);
+    ModalDriver driver(dialog, [&] {
+        PressButton(dialog.cmdPicture);
+        PressButton(dialog.cmdOK);
+        EXPECT_TRUE(IsOpen(dialog)) << "the dialog stays open";
+        PressButton(dialog.cmdCancel);
+    });
+    EXPECT_FALSE(dialog.Edit(*item));
+    modMessageBox::SetHook(before);
+    EXPECT_EQ(item->Graphic(), "C:\\Pictures\\small.png");
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_NE(messages[0].find("\xE6\x97\xA5"), std::string::npos) << messages[0];
+}
+
+TEST_F(EditMenuTest, APathThatWasNotChangedIsNotChecked) {
+    const std::string strange("C:\\a\0b.png", 10);
+    item->SetGraphic(strange);
+    FormEditMenu dialog(nullptr);
+    ModalDriver driver(dialog, [&] { PressButton(dialog.cmdOK); });
+    EXPECT_TRUE(dialog.Edit(*item));
+    EXPECT_TRUE(item->Graphic() == strange);
+    std::string path = strange;
+    FormSelectMenuPicture picture(nullptr);
+    ModalDriver second(picture, [&] { PressButton(picture.cmdOK); });
+    EXPECT_TRUE(picture.Display(path));
+    EXPECT_TRUE(path == strange);
 }
 
 } // namespace

@@ -442,5 +442,27 @@ TEST_F(FormSelectPartTest, TheDriveDialogAnswers) {
     EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "C:\\");
 }
 
+TEST_F(FormSelectPartTest, TheDriveDialogOffersTheDriveThatIsShown) {
+    for (const auto& [current, drive] :
+         {std::pair("D:\\Parts", "D:"), std::pair("", "C:"), std::pair("Q:\\", "C:")}) {
+        WhenShown<FormSelectDrive>("FormSelectDrive", [&](FormSelectDrive& form) {
+            EXPECT_TRUE(form.optDrive[0]->GetValue());
+            EXPECT_EQ(FromWx(form.drvSelect->GetStringSelection()), drive);
+            Click(form.cmdCancel);
+        });
+        FormSelectDrive(nullptr).SelectDrive(current);
+    }
+    // The part tree tells it.
+    WhenScanned([](FormSelectPart& form) {
+        Click(form.cmdSelectDrive);
+        Click(form.cmdCancel);
+    });
+    WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) {
+        EXPECT_EQ(FromWx(form.drvSelect->GetStringSelection()), "D:") << "the repository is there";
+        Click(form.cmdCancel);
+    });
+    FormSelectPart(nullptr).SelectPart();
+}
+
 } // namespace
 } // namespace nesk::testing

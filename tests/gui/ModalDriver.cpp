@@ -38,7 +38,9 @@ bool IsOpen(const wxDialog& dialog) {
 }
 
 void PressButton(wxWindow* button) {
+    ASSERT_NE(button, nullptr);
     ASSERT_TRUE(button->IsEnabled()) << button->GetName();
+    ASSERT_TRUE(button->IsShown()) << button->GetName();
     wxCommandEvent event(wxEVT_BUTTON, button->GetId());
     event.SetEventObject(button);
     button->ProcessWindowEvent(event);

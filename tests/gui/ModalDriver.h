@@ -28,7 +28,7 @@ private:
 /// the call that showed the dialog has returned, although the dialog has its answer and is hidden.
 bool IsOpen(const wxDialog& dialog);
 
-/// Presses a button of a dialog.
+/// Presses a button of a dialog. One that is missing, hidden or disabled fails the test.
 void PressButton(wxWindow* button);
 
 /// Presses a key in the control that has the focus.

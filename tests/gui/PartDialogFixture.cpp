@@ -99,10 +99,20 @@ std::string PartDialogTest::AnswerFile(const platform::OpenFileRequest& request)
 
 void PartDialogTest::Click(wxButton* button) {
     ASSERT_NE(button, nullptr);
-    if (!button->IsEnabled()) return;
+    ASSERT_TRUE(button->IsEnabled()) << FromWx(button->GetName());
+    ASSERT_TRUE(button->IsShown()) << FromWx(button->GetName());
     wxCommandEvent press(wxEVT_BUTTON, button->GetId());
     press.SetEventObject(button);
     button->ProcessWindowEvent(press);
+}
+
+void PartDialogTest::ClickInto(const wxWindow& control) {
+    const wxRect place = control.GetScreenRect();
+    wxUIActionSimulator simulator;
+    simulator.MouseMove(place.x + place.width - 10, place.y + place.height / 2);
+    Settle();
+    simulator.MouseClick();
+    Settle();
 }
 
 void PartDialogTest::Settle() {

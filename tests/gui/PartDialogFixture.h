@@ -58,8 +58,11 @@ protected:
     /// Announces a file dialog and the Windows path chosen in it; "" when it is cancelled.
     void ChooseFile(const std::string& path) { m_files.push_back(path); }
 
-    /// Presses a button as a click does, unless it is disabled.
+    /// Presses a button as a click does. One that is missing, hidden or disabled fails the test.
     static void Click(wxButton* button);
+
+    /// Clicks with the mouse into a control, near its right end, and handles what follows.
+    static void ClickInto(const wxWindow& control);
 
     /// Types a text, or presses a key, into the control that has the focus.
     static void Type(const std::string& text);

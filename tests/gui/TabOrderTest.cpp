@@ -4,6 +4,7 @@
 #include "gui/PartDialogFixture.h"
 
 #include "menu/FormEditMenu.h"
+#include "menu/FormPicture.h"
 #include "menu/FormSelectMenuPicture.h"
 #include "partedit/FormEditPart.h"
 #include "partedit/FormSelectDrive.h"
@@ -42,15 +43,22 @@ TEST_F(TabOrderTest, OfThePartEditor) {
     FormEditPart wide(nullptr, 1024);
     const auto makeReady = [](FormEditPart& form) {
         // A part program has its information edited.
-        return [&form] { form.txtPartName->SetValue("@C:\\p\\partinfo.ini@"); };
+        return [&form] {
+            form.txtPartName->SetValue("@C:\\p\\partinfo.ini@");
+            // A picture that is there can be removed.
+            form.picItemHost->SetPath("C:\\a.bmp");
+            form.picPreviewHost->SetPath("C:\\b.bmp");
+        };
     };
     EXPECT_EQ(OrderOf(wide, "txtPartName", makeReady(wide)),
               "txtPartName cmdSelectPart cmdSlideShow cmdMenuSelect cmdMenuDelete cmdPreviewSelect "
-              "cmdPreviewDelete cmdHelpFile cmdHistory cmdOK cmdCancel cmdHelp");
+              "cmdPreviewDelete cmdHelpFile txtHelpFile txtHelpTopic cmdHistory txtHistoryDir "
+              "txtHistoryTitle cmdOK cmdCancel cmdHelp");
     FormEditPart compact(nullptr, 640);
     EXPECT_EQ(OrderOf(compact, "txtPartName", makeReady(compact)),
               "txtPartName cmdSelectPart cmdSlideShow cmdMenuPicture cmdPreviewSelect cmdPreviewDelete "
-              "cmdHelpFile cmdHistory cmdOK cmdCancel cmdHelp");
+              "cmdHelpFile txtHelpFile txtHelpTopic cmdHistory txtHistoryDir txtHistoryTitle cmdOK cmdCancel "
+              "cmdHelp");
 }
 
 TEST_F(TabOrderTest, OfThePartTree) {
@@ -82,9 +90,11 @@ TEST_F(TabOrderTest, OfTheAccessCode) {
 
 TEST_F(TabOrderTest, OfThePictureDialogs) {
     FormSelectMenuPicture picture(nullptr);
-    EXPECT_EQ(OrderOf(picture, "cmdMenuSelect"), "cmdMenuSelect cmdMenuDelete cmdOK cmdCancel cmdHelp");
+    EXPECT_EQ(OrderOf(picture, "cmdMenuSelect", [&] { picture.picItemHost->SetPath("C:\\a.bmp"); }),
+              "cmdMenuSelect cmdMenuDelete cmdOK cmdCancel cmdHelp");
     FormEditMenu menu(nullptr);
-    EXPECT_EQ(OrderOf(menu, "cmdPicture"), "cmdPicture cmdDelete cmdOK cmdCancel cmdHelp");
+    EXPECT_EQ(OrderOf(menu, "cmdPicture", [&] { menu.picItemHost->SetPath("C:\\a.bmp"); }),
+              "cmdPicture cmdDelete cmdOK cmdCancel cmdHelp");
 }
 
 } // namespace

@@ -50,7 +50,13 @@ public:
     }
     int Search(const std::string& pattern, std::unique_ptr<platform::DirectorySearch>& search,
                platform::DirectoryEntry& first) override {
-        return Run("search", [&] { return m_files.Search(pattern, search, first); });
+        return Run("search", [&] {
+            std::unique_ptr<platform::DirectorySearch> found;
+            const int result = m_files.Search(pattern, found, first);
+            if (result == platform::ErrorCode::Success)
+                search = std::make_unique<SearchUnderWay>(*this, std::move(found));
+            return result;
+        });
     }
     int MakeFolder(const std::string& path) override {
         return Run("folder", [&] { return m_files.MakeFolder(path); });
@@ -89,7 +95,31 @@ public:
         return Run("replace", [&] { return m_files.Replace(path, replacement); });
     }
 
+    /// Searches that were destroyed before they had come to their end.
+    int searchesLeftOpen = 0;
+
 private:
+    class SearchUnderWay final : public platform::DirectorySearch {
+    public:
+        SearchUnderWay(FaultyFiles& owner, std::unique_ptr<platform::DirectorySearch> search)
+            : m_owner(owner), m_search(std::move(search)) {}
+        ~SearchUnderWay() override {
+            if (!m_ended) ++m_owner.searchesLeftOpen;
+        }
+        SearchUnderWay(const SearchUnderWay&) = delete;
+        SearchUnderWay& operator=(const SearchUnderWay&) = delete;
+        int Next(platform::DirectoryEntry& entry) override {
+            const int result = m_search->Next(entry);
+            if (result != platform::ErrorCode::Success) m_ended = true;
+            return result;
+        }
+
+    private:
+        FaultyFiles& m_owner;
+        std::unique_ptr<platform::DirectorySearch> m_search;
+        bool m_ended = false;
+    };
+
     class Reader final : public platform::FileReader {
     public:
         Reader(FaultyFiles& owner, std::unique_ptr<platform::FileReader> file)

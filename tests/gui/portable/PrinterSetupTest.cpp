@@ -13,6 +13,7 @@
 namespace nesk::testing {
 namespace {
 
+using platform::PrinterSetupResult;
 using platform::PrinterValues;
 using platform::portable::ApplyPrinterValues;
 using platform::portable::PrinterData;
@@ -146,7 +147,7 @@ protected:
     }
 
     // Shows the dialog, and does something with it as soon as it can be confirmed.
-    bool Show(PrinterValues& values, std::function<void(GtkPrintUnixDialog*)> act) {
+    PrinterSetupResult Show(PrinterValues& values, std::function<void(GtkPrintUnixDialog*)> act) {
         int ticks = 0;
         wxTimer timer;
         timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
@@ -161,10 +162,11 @@ protected:
             }
         });
         timer.Start(50);
-        const bool confirmed = platform::ShowPrinterSetup(m_parent, values);
+        const PrinterSetupResult result =
+            platform::ShowPrinterSetup(m_parent, values, {"Printer setup", "Laser is missing"});
         EXPECT_EQ(Dialog(), nullptr) << "the dialog is gone";
         EXPECT_FALSE(wxIsBusy());
-        return confirmed;
+        return result;
     }
 
     bool busy = false; ///< how the pointer was while the dialog was shown
@@ -173,12 +175,32 @@ private:
     wxFrame* m_parent = new wxFrame(nullptr, wxID_ANY, "Parent");
 };
 
+// A part of the dialog that is seen, by the name that its author or this program gave it.
+GtkWidget* SeenPart(GtkWidget* whole, const std::string& name) {
+    if (!gtk_widget_is_visible(whole)) return nullptr;
+    const char* const own = GTK_IS_BUILDABLE(whole) ? gtk_buildable_get_name(GTK_BUILDABLE(whole)) : nullptr;
+    if ((own != nullptr && own == name) || gtk_widget_get_name(whole) == name) return whole;
+    GtkWidget* found = nullptr;
+    if (!GTK_IS_CONTAINER(whole)) return found;
+    GList* const parts = gtk_container_get_children(GTK_CONTAINER(whole));
+    for (GList* part = parts; part != nullptr && found == nullptr; part = part->next)
+        found = SeenPart(GTK_WIDGET(part->data), name);
+    g_list_free(parts);
+    return found;
+}
+
 TEST_F(PrintDialogTest, ShowsTheValues) {
     PrinterValues values{"Laser", "laserdrv", "2", "8", "2", "-3", "75"};
     Show(values, [](GtkPrintUnixDialog* dialog) {
         GtkPageSetup* const page = gtk_print_unix_dialog_get_page_setup(dialog);
         EXPECT_STREQ(gtk_paper_size_get_name(gtk_page_setup_get_paper_size(page)), "iso_a3");
         EXPECT_EQ(gtk_page_setup_get_orientation(page), GTK_PAGE_ORIENTATION_LANDSCAPE);
+        // It is on a page of the dialog that is not in front, but seen there.
+        GtkWidget* const list = SeenPart(GTK_WIDGET(dialog), "orientation_combo");
+        EXPECT_NE(list, nullptr);
+        if (list != nullptr) {
+            EXPECT_EQ(gtk_combo_box_get_active(GTK_COMBO_BOX(list)), GTK_PAGE_ORIENTATION_LANDSCAPE);
+        }
         GtkPrintSettings* const settings = gtk_print_unix_dialog_get_settings(dialog);
         EXPECT_EQ(gtk_print_settings_get_scale(settings), 75);
         g_object_unref(settings);
@@ -187,18 +209,61 @@ TEST_F(PrintDialogTest, ShowsTheValues) {
     EXPECT_TRUE(busy);
 }
 
-TEST_F(PrintDialogTest, WhatIsChosenIsReadBack) {
+TEST_F(PrintDialogTest, IsSmallAndCalledLikeItsCommand) {
+    PrinterValues values;
+    Show(values, [](GtkPrintUnixDialog* dialog) {
+        GtkWidget* const whole = GTK_WIDGET(dialog);
+        EXPECT_STREQ(gtk_window_get_title(GTK_WINDOW(dialog)), "Printer setup");
+        int width = 0;
+        int height = 0;
+        gtk_window_get_size(GTK_WINDOW(dialog), &width, &height);
+        EXPECT_LE(width, 640);
+        EXPECT_LE(height, 420) << "title bar and panels of a screen of 480 need the rest";
+        EXPECT_NE(SeenPart(whole, "printer_treeview"), nullptr);
+        for (const char* name : {"all_pages_radio", "copies_spin", "collate_check", "extension_point",
+                                 "duplex", "page_set_combo", "output_tray"})
+            EXPECT_EQ(SeenPart(whole, name), nullptr) << name << " is used by nothing";
+        EXPECT_EQ(SeenPart(whole, "lblMissing"), nullptr) << "no printer was stored";
+        gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_CANCEL);
+    });
+}
+
+TEST_F(PrintDialogTest, SaysWhichPrinterIsMissingAndThatAnotherStandsIn) {
     PrinterValues values{"Laser", "laserdrv", "2", "8", "257", "-4", "75"};
+    EXPECT_EQ(Show(values,
+                   [](GtkPrintUnixDialog* dialog) {
+                       GtkWidget* const note = SeenPart(GTK_WIDGET(dialog), "lblMissing");
+                       EXPECT_NE(note, nullptr);
+                       if (note != nullptr) {
+                           EXPECT_STREQ(gtk_label_get_text(GTK_LABEL(note)), "Laser is missing");
+                       }
+                       int height = 0;
+                       gtk_window_get_size(GTK_WINDOW(dialog), nullptr, &height);
+                       EXPECT_LE(height, 440);
+                       gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+                   }),
+              PrinterSetupResult::StandIn);
+    // One that is here is confirmed as it is.
+    EXPECT_EQ(Show(values,
+                   [](GtkPrintUnixDialog* dialog) {
+                       EXPECT_EQ(SeenPart(GTK_WIDGET(dialog), "lblMissing"), nullptr);
+                       gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+                   }),
+              PrinterSetupResult::Confirmed);
+}
+
+TEST_F(PrintDialogTest, WhatIsChosenIsReadBack) {
+    PrinterValues values{"", "laserdrv", "2", "8", "257", "-4", "75"};
     std::string printer;
-    EXPECT_TRUE(Show(values, [&](GtkPrintUnixDialog* dialog) {
-        GtkPageSetup* const page = gtk_page_setup_new();
-        SetPaper(page, "iso_a5");
-        gtk_page_setup_set_orientation(page, GTK_PAGE_ORIENTATION_PORTRAIT);
-        gtk_print_unix_dialog_set_page_setup(dialog, page);
-        g_object_unref(page);
-        printer = gtk_printer_get_name(gtk_print_unix_dialog_get_selected_printer(dialog));
-        gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
-    }));
+    EXPECT_EQ(PrinterSetupResult::Confirmed, Show(values, [&](GtkPrintUnixDialog* dialog) {
+                  GtkPageSetup* const page = gtk_page_setup_new();
+                  SetPaper(page, "iso_a5");
+                  gtk_page_setup_set_orientation(page, GTK_PAGE_ORIENTATION_PORTRAIT);
+                  gtk_print_unix_dialog_set_page_setup(dialog, page);
+                  g_object_unref(page);
+                  printer = gtk_printer_get_name(gtk_print_unix_dialog_get_selected_printer(dialog));
+                  gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+              }));
     EXPECT_FALSE(printer.empty());
     EXPECT_NE(values.driver, "");
     EXPECT_NE(values.driver, "laserdrv") << "another printer's";
@@ -208,9 +273,9 @@ TEST_F(PrintDialogTest, WhatIsChosenIsReadBack) {
 TEST_F(PrintDialogTest, ConfirmedUnchangedItTakesThePrinterAlone) {
     for (const char* quality : {"-4", "-1", "600"}) {
         PrinterValues values = {"", "laserdrv", "2", "55", "257", quality, "75"};
-        EXPECT_TRUE(Show(values, [&](GtkPrintUnixDialog* dialog) {
-            gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
-        }));
+        EXPECT_EQ(PrinterSetupResult::Confirmed, Show(values, [&](GtkPrintUnixDialog* dialog) {
+                      gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+                  }));
         EXPECT_NE(values.device, "");
         EXPECT_EQ(values, (PrinterValues{values.device, values.driver, "2", "55", "257", quality, "75"}));
         EXPECT_NE(values.driver, "laserdrv") << "another printer's";
@@ -220,13 +285,15 @@ TEST_F(PrintDialogTest, ConfirmedUnchangedItTakesThePrinterAlone) {
 TEST_F(PrintDialogTest, EscapeCancels) {
     PrinterValues values{"Laser", "laserdrv", "2", "8", "257", "-4", "75"};
     const PrinterValues before = values;
-    EXPECT_FALSE(Show(values, [](GtkPrintUnixDialog*) { PressKey(WXK_ESCAPE, 0); }));
+    EXPECT_EQ(PrinterSetupResult::Cancelled,
+              Show(values, [](GtkPrintUnixDialog*) { PressKey(WXK_ESCAPE, 0); }));
     EXPECT_EQ(values, before);
 }
 
 TEST_F(PrintDialogTest, EnterConfirms) {
     PrinterValues values;
-    EXPECT_TRUE(Show(values, [](GtkPrintUnixDialog*) { PressKey(WXK_RETURN, 0); }));
+    EXPECT_EQ(PrinterSetupResult::Confirmed,
+              Show(values, [](GtkPrintUnixDialog*) { PressKey(WXK_RETURN, 0); }));
     EXPECT_EQ(values.zoom, "100");
     EXPECT_NE(values.paperSize, "");
 }

@@ -300,6 +300,24 @@ TEST_F(MenuEditorTest, TextsThatCannotBeStoredAreRefused) {
     EXPECT_EQ(m_editor.AddPart("R", "€"), "R.3") << "what was refused used no id up";
 }
 
+TEST_F(MenuEditorTest, WhatAFileHeldIsKeptWhileOtherFieldsChange) {
+    OpenExample();
+    const std::string strange("a\0b", 3);
+    auto* part = dynamic_cast<MenuItem*>(m_editor.Find("R.2"));
+    ASSERT_NE(part, nullptr);
+    part->SetProgramID(strange);
+    part->SetGraphic(strange);
+    PartFields fields = PartFieldsOf(*part);
+    fields.historyTitle = "Angles";
+    EXPECT_TRUE(m_editor.SetPart("R.2", fields));
+    EXPECT_EQ(part->HistoryTitle(), "Angles");
+    EXPECT_TRUE(part->ProgramID() == strange);
+    EXPECT_TRUE(m_editor.SetGraphic("R.2", strange));
+    fields.programId = strange + "c";
+    EXPECT_EQ(ErrorOf([&] { m_editor.SetPart("R.2", fields); }).messageId, Message::LineBreakInText)
+        << "one that changes is checked";
+}
+
 TEST_F(MenuEditorTest, Commands) {
     OpenExample();
     const struct {

@@ -9,9 +9,9 @@ namespace {
 
 class DriveChoiceTest : public nesk::testing::CoreTest {};
 
-TEST_F(DriveChoiceTest, DrivesAreListedInSmallLetters) {
+TEST_F(DriveChoiceTest, DrivesAreListedInCapitals) {
     station.AddDrive('D');
-    EXPECT_EQ(Labels(), (std::vector<std::string>{"c:", "d:", "z:"}));
+    EXPECT_EQ(Labels(), (std::vector<std::string>{"C:", "D:", "Z:"}));
 }
 
 TEST_F(DriveChoiceTest, AListedDriveStandsForItsRoot) {

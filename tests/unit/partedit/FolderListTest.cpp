@@ -64,18 +64,22 @@ TEST_F(FolderListTest, Order) {
 TEST_F(FolderListTest, APathIsTakenApart) {
     const auto split = [](const char* path) {
         const Parts parts = Split(path);
-        std::string text{parts.drive};
+        std::string text = parts.root;
         for (const std::string& name : parts.names)
             text += "|" + name;
         return text;
     };
-    EXPECT_EQ(split("C:\\"), "C");
-    EXPECT_EQ(split("d:\\Data\\Sub\\"), "D|Data|Sub");
-    EXPECT_EQ(split("C:\\Data\\\\.\\Sub\\..\\Other"), "C|Data|Other");
-    EXPECT_EQ(split("C:\\..\\..\\Data"), "C|Data");
-    EXPECT_EQ(split("C:/Data/Sub"), "C|Data|Sub");
-    EXPECT_EQ(split("\\Data"), "C|Data");
-    EXPECT_EQ(split(""), "C");
+    EXPECT_EQ(split("C:\\"), "C:\\");
+    EXPECT_EQ(split("d:\\Data\\Sub\\"), "D:\\|Data|Sub");
+    EXPECT_EQ(split("C:\\Data\\\\.\\Sub\\..\\Other"), "C:\\|Data|Other");
+    EXPECT_EQ(split("C:\\..\\..\\Data"), "C:\\|Data");
+    EXPECT_EQ(split("C:/Data/Sub"), "C:\\|Data|Sub");
+    EXPECT_EQ(split("\\Data"), "C:\\|Data");
+    EXPECT_EQ(split(""), "C:\\");
+    EXPECT_EQ(split("\\\\server\\share\\Data\\..\\Other"), "\\\\server\\share\\|Other");
+    EXPECT_EQ(split("\\\\server\\share\\..\\.."), "\\\\server\\share\\") << "a share has nothing above it";
+    EXPECT_EQ(split("//server/share/Data"), "\\\\server\\share\\|Data");
+    EXPECT_EQ(split("\\\\server"), "\\\\server\\");
 }
 
 } // namespace

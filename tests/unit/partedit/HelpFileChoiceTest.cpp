@@ -29,6 +29,15 @@ TEST_F(HelpFileChoiceTest, TheDefaultFolderIsThatOfSlides) {
     EXPECT_EQ(DefaultFolder(), "C:\\Slides");
 }
 
+TEST_F(HelpFileChoiceTest, BrowsingBeginsWhereTheFieldLeads) {
+    station.Write("C:\\Help\\part.chm", "");
+    EXPECT_EQ(BrowseFolder("C:\\Help\\part.chm", "C:\\Slides"), "C:\\Help\\");
+    EXPECT_EQ(BrowseFolder("C:\\Help\\none.chm", "C:\\Slides"), "C:\\Help\\");
+    EXPECT_EQ(BrowseFolder("C:\\Help", "C:\\Slides"), "C:\\Help");
+    for (const char* nowhere : {"", "part.chm", "C:\\Gone\\part.chm"})
+        EXPECT_EQ(BrowseFolder(nowhere, "C:\\Slides"), "C:\\Slides") << nowhere;
+}
+
 TEST_F(HelpFileChoiceTest, WithoutSettingsTheDefaultFolderIsThatOfTheProgram) {
     EXPECT_EQ(DefaultFolder(), platform::ProgramFolder());
 }

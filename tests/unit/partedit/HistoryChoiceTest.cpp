@@ -22,8 +22,10 @@ TEST_F(HistoryChoiceTest, TheTitleMustNotBeEmpty) {
     EXPECT_FALSE(IsTitle("   "));
 }
 
-TEST_F(HistoryChoiceTest, TheMessageNamesTheField) {
-    EXPECT_EQ(RefusalText("History &folder"), "Please check the field History folder");
+TEST_F(HistoryChoiceTest, AnEmptyTitleIsProposed) {
+    EXPECT_EQ(TitleToShow("", "Angle"), "Angle");
+    EXPECT_EQ(TitleToShow("Mine", "Angle"), "Mine");
+    EXPECT_EQ(TitleToShow("", ""), "");
 }
 
 TEST_F(HistoryChoiceTest, BrowsingBeginsAtTheFieldOrTheSettings) {

@@ -41,5 +41,19 @@ TEST_F(PartReferenceTest, Descriptions) {
     EXPECT_EQ(PartReference::Description(""), LoadResString(32028));
 }
 
+TEST_F(PartReferenceTest, Problems) {
+    using PartReference::Problem;
+    station.Write("D:\\Parts\\Bracket\\partinfo.ini", "[Part]\r\nName=Bracket 7\r\n");
+    station.Write("D:\\Parts\\Empty\\partinfo.ini", "[Part]\r\n");
+    EXPECT_EQ(Problem("@D:\\Parts\\Bracket\\partinfo.ini@"), "");
+    EXPECT_EQ(Problem("BRACKET"), "");
+    EXPECT_EQ(Problem(""), "");
+    EXPECT_EQ(Problem("@"), LoadResString(34470));
+    EXPECT_EQ(Problem("@D:\\Parts\\None\\partinfo.ini@"),
+              "The file D:\\Parts\\None\\partinfo.ini does not exist.");
+    EXPECT_EQ(Problem("@D:\\Parts\\Empty\\partinfo.ini@"),
+              "The file D:\\Parts\\Empty\\partinfo.ini names no part.");
+}
+
 } // namespace
 } // namespace nesk

@@ -80,26 +80,28 @@ TEST_F(OptionsCheckTest, FaultsAreFoundInTheirOrder) {
     fields.user = "";
     fields.maxParts = "1000";
     fields.sampleSize = "1";
-    const auto next = [this](Field field, const std::string& message) {
+    const auto next = [this](Field field, const std::string& message, const std::string& reason) {
         const std::optional<Fault> fault = Check();
         ASSERT_TRUE(fault.has_value()) << message;
         EXPECT_EQ(fault->field, field) << message;
         EXPECT_EQ(fault->message, message);
+        EXPECT_EQ(fault->reason, reason);
         EXPECT_EQ(fault->replacement.has_value(), field == Field::MaxParts || field == Field::SampleSize);
     };
-    next(Field::Root, CheckText("Root folder"));
+    next(Field::Root, CheckText("Root folder"), "The folder C:\\Gone does not exist.");
     fields.root = "C:\\Root";
-    next(Field::Slides, CheckText("Slide folder"));
+    next(Field::Slides, CheckText("Slide folder"), "No folder is named.");
     fields.slides = "C:\\Slides";
-    next(Field::Bitmap, CheckText("Picture folder"));
+    next(Field::Bitmap, CheckText("Picture folder"), "C:\\Root\\x.txt is a file and not a folder.");
     fields.bitmap = "C:\\Pictures";
-    next(Field::Machine, CheckText("Machine"));
+    next(Field::Machine, CheckText("Machine"), "No machine is chosen.");
     fields.machine = " ";
-    next(Field::User, CheckText("User"));
+    next(Field::User, CheckText("User"), "No user is chosen.");
     fields.user = "Smith";
-    next(Field::MaxParts, LoadResString(32086));
+    next(Field::MaxParts, LoadResString(32086), "");
     fields.maxParts = "999";
-    next(Field::SampleSize, CheckText("Sample size"));
+    next(Field::SampleSize, CheckText("Sample size"),
+         "The sample size must be 0, or from 2 to the number of parts in a history (999).");
     EXPECT_EQ(OptionsCheck::FaultTitle(), LoadResString(32067));
 }
 

@@ -53,6 +53,17 @@ TEST_F(RegistryListTest, AnEntryWithoutANameIsAnEmptyLine) {
     EXPECT_EQ(list.KeyAt(1), "Machines\\M2");
 }
 
+TEST_F(RegistryListTest, AnEntryIsFoundByItsKey) {
+    Add("Machines\\M1", "Bridge");
+    Add("Machines\\M2", "Portal");
+    const RegistryList list("Machines");
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(list.PositionOf(list.KeyAt(i)), i);
+    EXPECT_EQ(list.PositionOf("machines\\m2"), list.PositionOf("Machines\\M2"));
+    for (const char* key : {"", "M1", "Machines\\M3", "Users\\M1"})
+        EXPECT_EQ(list.PositionOf(key), -1) << key;
+}
+
 TEST_F(RegistryListTest, PositionsOutsideHaveNoKey) {
     Add("Machines\\M1", "Bridge");
     const RegistryList list("Machines");

@@ -3,11 +3,13 @@
 #include "shell/modHelp.h"
 #include "unit/CoreFixture.h"
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <system_error>
+#include <thread>
 #include <vector>
 
 namespace nesk {
@@ -130,6 +132,32 @@ TEST_F(HelpTest, AMissingFileIsSaid) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// windows/HelpViewerTest.cpp asks the same of the viewers of Windows.
+TEST_F(HelpTest, ContentsAndTopicsAreAskedForAsSuch) {
+    WriteHelp("TENU.chm");
+    modHelp::SetHelpFile(1033, "T");
+    const std::filesystem::path log = station.Folder() / "asked";
+    const std::filesystem::path viewer = station.Folder() / "viewer";
+    std::ofstream(viewer) << "#!/bin/sh\necho \"$# $1 $2\" >'" << log.string() << "~'; mv '" << log.string()
+                          << "~' '" << log.string() << "'\n";
+    std::filesystem::permissions(viewer, std::filesystem::perms::owner_all);
+    ::setenv("NESKMANAGER_HELPVIEWER", viewer.c_str(), 1);
+    const auto asked = [&] {
+        for (int i = 0; i < 250 && !std::filesystem::exists(log); ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        std::string line;
+        std::ifstream file(log);
+        std::getline(file, line);
+        std::filesystem::remove(log);
+        return line;
+    };
+    EXPECT_TRUE(modHelp::ShowHelpContents(nullptr));
+    EXPECT_TRUE(asked().starts_with("1 ")) << "the file alone: its contents";
+    EXPECT_TRUE(modHelp::ShowHelpTopic(nullptr, 33001));
+    EXPECT_EQ(asked(), "3 -c 33001");
+    ::unsetenv("NESKMANAGER_HELPVIEWER");
+}
+
 // Windows shows both kinds of file, each by a viewer of the system's own; windows/HelpViewerTest.cpp tests
 // that one is missing.
 TEST_F(HelpTest, WhatCannotBeShownIsSaid) {

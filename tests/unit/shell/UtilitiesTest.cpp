@@ -3,6 +3,7 @@
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
+#include "unit/FaultyFiles.h"
 
 #include <filesystem>
 
@@ -83,6 +84,34 @@ TEST_F(UtilitiesTest, MakingAPathCreatesEveryLevel) {
     station.Write("C:\\file", "x");
     const NeskError error = ErrorOf([] { MakePath("C:\\file\\below"); });
     EXPECT_EQ(error.arguments.at(0), "C:\\file");
+}
+
+TEST_F(UtilitiesTest, SearchesAreRunToTheirEnd) {
+    for (const char* name : {"a1", "a2", "a3"})
+        station.Write(std::string("C:\\Data\\") + name, "");
+    station.Write("C:\\Data\\b\\x", "");
+    nesk::testing::FaultyFiles files;
+    EXPECT_TRUE(FileExists("C:\\Data\\a1", files));
+    EXPECT_TRUE(FileExists("C:\\Data\\a*", files)) << "the first one is not the last";
+    EXPECT_TRUE(FileExists("C:\\Data\\*", files)) << "a folder is found before a file";
+    EXPECT_TRUE(DirectoryExists("C:\\Data\\b", files));
+    EXPECT_FALSE(DirectoryExists("C:\\Data\\*", files));
+    EXPECT_EQ(files.searchesLeftOpen, 0);
+}
+
+TEST_F(UtilitiesTest, AShareIsNotAFolderToCreate) {
+    EXPECT_EQ(ShareLength("\\\\server\\share\\folder"), 14u);
+    EXPECT_EQ(ShareLength("//server/share/folder"), 14u);
+    EXPECT_EQ(ShareLength("\\\\server\\share"), 14u);
+    EXPECT_EQ(ShareLength("\\\\server"), 8u);
+    for (const char* path : {"", "\\", "\\\\", "\\\\\\x", "C:\\x", "\\folder"})
+        EXPECT_EQ(ShareLength(path), 0u) << path;
+}
+
+TEST_F(UtilitiesTest, MakePathBeginsBelowTheShare) {
+    // No test has a network, but the error names the first folder that was to be created.
+    const NeskError error = ErrorOf([] { MakePath("\\\\no-such-server\\share\\new\\deeper"); });
+    EXPECT_EQ(error.arguments.at(0), "\\\\no-such-server\\share\\new");
 }
 
 TEST_F(UtilitiesTest, ProfileValues) {

@@ -116,6 +116,7 @@ struct Dialog {
     std::vector<PRINTDLGA> requests;
     bool hasPrinter = true;
     bool confirms = true;
+    std::string title;
     bool choosesOther = false; // another printer: new blocks take the place of those given
 };
 Dialog theDialog;
@@ -128,6 +129,14 @@ BOOL WINAPI Answer(PRINTDLGA* request) {
         request->hDevNames = NamesBlock("winspool", "Default");
         return TRUE;
     }
+    // What the dialog does as soon as its window is there.
+    const HWND window =
+        ::CreateWindowA("STATIC", "Print Setup", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    request->lpfnSetupHook(window, WM_INITDIALOG, 0, reinterpret_cast<LPARAM>(request));
+    char title[100]{};
+    ::GetWindowTextA(window, title, sizeof title);
+    theDialog.title = title;
+    ::DestroyWindow(window);
     // The dialog knows what was set before it is confirmed or cancelled.
     if (theDialog.hasPrinter) {
         auto* const mode = static_cast<DEVMODEA*>(::GlobalLock(request->hDevMode));
@@ -151,12 +160,19 @@ class AskForPrinterTest : public ::testing::Test {
 protected:
     AskForPrinterTest() { theDialog = {}; }
 
+    static bool IsHere(const std::string&) { return true; }
+    static bool IsMissing(const std::string&) { return false; }
+
+    PrinterSetupResult Ask(PrinterExistsFunction exists = IsHere, HWND owner = nullptr) {
+        return AskForPrinter(owner, values, {"Printer setup", "Laser is missing"}, Answer, exists);
+    }
+
     PrinterValues values = Chosen;
 };
 
 TEST_F(AskForPrinterTest, BeginsWithTheDefaultPrinter) {
     const HWND owner = ::GetDesktopWindow();
-    EXPECT_TRUE(AskForPrinter(owner, values, Answer));
+    EXPECT_EQ(PrinterSetupResult::Confirmed, Ask(IsHere, owner));
     ASSERT_EQ(2U, theDialog.requests.size());
     const PRINTDLGA& first = theDialog.requests[0];
     EXPECT_EQ(sizeof(PRINTDLGA), first.lStructSize);
@@ -164,7 +180,7 @@ TEST_F(AskForPrinterTest, BeginsWithTheDefaultPrinter) {
     EXPECT_EQ(nullptr, first.hDevMode) << "as that flag asks for";
     EXPECT_EQ(nullptr, first.hDevNames);
     const PRINTDLGA& second = theDialog.requests[1];
-    EXPECT_EQ(DWORD{PD_PRINTSETUP}, second.Flags);
+    EXPECT_EQ(DWORD{PD_PRINTSETUP | PD_ENABLESETUPHOOK}, second.Flags);
     EXPECT_EQ(owner, second.hwndOwner);
     EXPECT_NE(nullptr, second.hDevMode);
     EXPECT_EQ((PrinterValues{"Default", "winspool", "2", "11", "15", "-4", "150"}), values);
@@ -172,29 +188,53 @@ TEST_F(AskForPrinterTest, BeginsWithTheDefaultPrinter) {
 
 TEST_F(AskForPrinterTest, AnotherPrinterIsChosen) {
     theDialog.choosesOther = true;
-    EXPECT_TRUE(AskForPrinter(nullptr, values, Answer));
+    EXPECT_EQ(PrinterSetupResult::Confirmed, Ask());
     EXPECT_EQ((PrinterValues{"Other", "other driver", "2", "8", "15", "-4", "70"}), values);
+}
+
+TEST_F(AskForPrinterTest, AnotherThanTheMissingPrinterIsChosenOnPurposeOrNot) {
+    EXPECT_EQ(PrinterSetupResult::StandIn, Ask(IsMissing)) << "the default printer, which was offered";
+    EXPECT_EQ("Default", values.device);
+    values = Chosen;
+    theDialog.choosesOther = true;
+    EXPECT_EQ(PrinterSetupResult::Confirmed, Ask(IsMissing));
+    theDialog = {};
+    values = {"", "", "2", "8", "15", "-4", "150"};
+    EXPECT_EQ(PrinterSetupResult::Confirmed, Ask(IsMissing)) << "none was stored";
+}
+
+TEST_F(AskForPrinterTest, TheTitleNamesTheMissingPrinter) {
+    for (const bool missing : {false, true}) {
+        theDialog = {};
+        values = Chosen;
+        Ask(missing ? IsMissing : IsHere);
+        EXPECT_EQ(missing ? "Printer setup - Laser is missing" : "Printer setup", theDialog.title);
+    }
+}
+
+TEST_F(AskForPrinterTest, APrinterThatNobodyInstalledIsMissing) {
+    EXPECT_FALSE(PrinterExists("No printer of this machine has such a name"));
 }
 
 TEST_F(AskForPrinterTest, ACancelledDialogKeepsTheValues) {
     theDialog.confirms = false;
-    EXPECT_FALSE(AskForPrinter(nullptr, values, Answer));
+    EXPECT_EQ(PrinterSetupResult::Cancelled, Ask());
     EXPECT_EQ(2U, theDialog.requests.size());
     EXPECT_EQ(Chosen, values);
     theDialog.choosesOther = true;
-    EXPECT_FALSE(AskForPrinter(nullptr, values, Answer));
+    EXPECT_EQ(PrinterSetupResult::Cancelled, Ask());
     EXPECT_EQ(Chosen, values);
 }
 
 TEST_F(AskForPrinterTest, WithoutAnyPrinterTheDialogSaysSo) {
     theDialog.hasPrinter = false;
     theDialog.confirms = false;
-    EXPECT_FALSE(AskForPrinter(nullptr, values, Answer));
+    EXPECT_EQ(PrinterSetupResult::Cancelled, Ask());
     ASSERT_EQ(2U, theDialog.requests.size()) << "it is shown all the same";
     EXPECT_EQ(nullptr, theDialog.requests[1].hDevMode);
     EXPECT_EQ(Chosen, values);
     theDialog.confirms = true;
-    EXPECT_TRUE(AskForPrinter(nullptr, values, Answer));
+    EXPECT_EQ(PrinterSetupResult::Confirmed, Ask());
     EXPECT_EQ(Chosen, values);
 }
 

@@ -1,0 +1,53 @@
+#include "settings/PrinterChoice.h"
+
+#include "shell/FieldMessage.h"
+#include "shell/modMessageBox.h"
+#include "shell/modStringRes.h"
+
+namespace nesk::PrinterChoice {
+
+using modStringRes::FormatResString;
+using modStringRes::LoadResString;
+using platform::PrinterSetupResult;
+using platform::PrinterValues;
+
+namespace {
+
+constexpr int CommandText = 32082;
+constexpr int PrinterText = 34457; // %0% printer
+constexpr int NoPrinterText = 34458;
+constexpr int MissingText = 34459;     // %0% printer
+constexpr int ReplaceQuestion = 34460; // %0% printer stored, %1% printer chosen
+
+// The text of the command, which ends in dots, is the title of what it opens.
+std::string Title() {
+    std::string title = FieldMessage::PlainLabel(LoadResString(CommandText));
+    title.erase(title.find_last_not_of('.') + 1);
+    return title;
+}
+
+} // namespace
+
+std::string Shown(const PrinterValues& values) {
+    return values.device.empty() ? LoadResString(NoPrinterText) : FormatResString(PrinterText, values.device);
+}
+
+platform::PrinterSetupTexts Texts(const PrinterValues& values) {
+    return {Title(), FormatResString(MissingText, values.device)};
+}
+
+void Take(PrinterValues& values, const PrinterValues& chosen, PrinterSetupResult result) {
+    if (result == PrinterSetupResult::Cancelled) return;
+    const PrinterValues before = values;
+    values = chosen;
+    if (result != PrinterSetupResult::StandIn) return;
+    using namespace modMessageBox;
+    const std::string question = FormatResString(ReplaceQuestion, before.device, chosen.device);
+    if (ShowMessage(question, Option::YesNo + Option::Question + Option::SecondDefault, Title()) ==
+        Result::Yes)
+        return;
+    values.device = before.device;
+    values.driver = before.driver;
+}
+
+} // namespace nesk::PrinterChoice

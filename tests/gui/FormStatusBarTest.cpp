@@ -1,0 +1,61 @@
+#include "shell/FormStatusBar.h"
+
+#include <gtest/gtest.h>
+
+#include <wx/app.h>
+#include <wx/frame.h>
+#include <wx/utils.h>
+
+namespace nesk::testing {
+namespace {
+
+class FormStatusBarTest : public ::testing::Test {
+protected:
+    FormStatusBarTest() {
+        m_frame->SetStatusBar(bar);
+        m_frame->SetClientSize(600, 100);
+        m_frame->Show();
+        m_frame->SendSizeEvent();
+    }
+    ~FormStatusBarTest() override { m_frame->Destroy(); }
+
+    int WidthOf(FormStatusBar::Panel panel) const {
+        wxRect place;
+        EXPECT_TRUE(bar->GetFieldRect(panel, place));
+        return place.width;
+    }
+
+private:
+    wxFrame* m_frame = new wxFrame(nullptr, wxID_ANY, "Status");
+
+protected:
+    FormStatusBar* bar = new FormStatusBar(m_frame, "sbMain");
+};
+
+TEST_F(FormStatusBarTest, ThePathHasTheRoomThatItNeeds) {
+    for (const int points : {10, 20}) {
+        wxFont font = bar->GetFont();
+        font.SetPointSize(points);
+        bar->SetFont(font);
+        bar->ShowPath("C:\\Neskroot\\menu.cfg");
+        const int needed = bar->GetTextExtent("C:\\Neskroot\\menu.cfg").x;
+        EXPECT_GE(WidthOf(FormStatusBar::PathPanel), needed) << points;
+        EXPECT_LE(WidthOf(FormStatusBar::PathPanel), needed + 40) << points;
+        EXPECT_GE(WidthOf(FormStatusBar::HelpPanel), 600 - needed - 80) << "the rest is for the explanation";
+    }
+}
+
+TEST_F(FormStatusBarTest, ALongPathLeavesHalfOfTheBar) {
+    bar->ShowPath(wxString("C:\\") + wxString('x', 400));
+    EXPECT_LE(WidthOf(FormStatusBar::PathPanel), 300);
+    EXPECT_GE(WidthOf(FormStatusBar::PathPanel), 250);
+    bar->GetParent()->SetClientSize(1000, 100);
+    for (int i = 0; i < 200 && bar->GetClientSize().x < 900; ++i) {
+        wxMilliSleep(10);
+        wxTheApp->Yield(true);
+    }
+    EXPECT_GE(WidthOf(FormStatusBar::PathPanel), 400) << "it grows with the bar";
+}
+
+} // namespace
+} // namespace nesk::testing
