@@ -3,7 +3,7 @@
 #include "platform/StationFolder.h"
 #include "shell/FormUtilities.h"
 #include "shell/Messages.h"
-#include "shell/TextWrap.h"
+#include "shell/WrappedText.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 
@@ -58,7 +58,7 @@ FormCreateStation::FormCreateStation(wxWindow* parent)
     txtUser = NewTextBox(this, "txtUser");
     lblUsual = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblUsual");
     const std::string usual = modStringRes::FormatResString(UsualText, platform::UsualStationFolder());
-    lblUsual->SetLabelText(ToWx(WrapText(usual, FromDIP(LongestLine), [this](const std::string& piece) {
+    lblUsual->SetLabelText(ToWx(WrappedText(usual, FromDIP(LongestLine), [this](std::string_view piece) {
         return lblUsual->GetTextExtent(ToWx(piece)).x;
     })));
 
@@ -77,7 +77,7 @@ FormCreateStation::FormCreateStation(wxWindow* parent)
     add(lblMachine, txtMachine, nullptr);
     add(lblUser, txtUser, nullptr);
     auto* content = new wxBoxSizer(wxVERTICAL);
-    content->Add(kind, wxSizerFlags().Expand());
+    content->Add(FrameWindow(*kind), wxSizerFlags().Expand());
     content->Add(rows, wxSizerFlags().Expand().Border(wxTOP, Gap()));
     content->Add(lblUsual, wxSizerFlags().Border(wxTOP, Gap()));
     Finish(content);

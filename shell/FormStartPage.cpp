@@ -2,7 +2,7 @@
 
 #include "shell/FormUtilities.h"
 #include "shell/Messages.h"
-#include "shell/TextWrap.h"
+#include "shell/WrappedText.h"
 
 #include <algorithm>
 #include <array>
@@ -113,8 +113,8 @@ void FormStartPage::WrapTexts() {
     if (width == m_wrappedAt) return;
     m_wrappedAt = width;
     const auto wrap = [width](wxStaticText& label, const std::string& text) {
-        label.SetLabelText(ToWx(WrapText(
-            text, width, [&](const std::string& piece) { return label.GetTextExtent(ToWx(piece)).x; })));
+        label.SetLabelText(ToWx(WrappedText(
+            text, width, [&](std::string_view piece) { return label.GetTextExtent(ToWx(piece)).x; })));
         // The label's own best size is that of a narrower one on GTK, which would break the lines once more.
         wxClientDC dc(&label);
         dc.SetFont(label.GetFont());

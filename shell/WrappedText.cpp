@@ -64,6 +64,17 @@ std::vector<std::string_view> WrappedLines(std::string_view text, int width,
     return lines;
 }
 
+std::string WrappedText(std::string_view text, int width,
+                        const std::function<int(std::string_view)>& widthOf) {
+    std::string wrapped;
+    const char* between = "";
+    for (const std::string_view line : WrappedLines(text, width, widthOf)) {
+        wrapped.append(between).append(line);
+        between = "\n";
+    }
+    return wrapped;
+}
+
 std::string WithWordsBroken(std::string_view text, const std::vector<std::string_view>& lines) {
     std::string result;
     const char* last = text.data();

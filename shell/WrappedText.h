@@ -16,6 +16,10 @@ namespace nesk {
 std::vector<std::string_view> WrappedLines(std::string_view text, int width,
                                            const std::function<int(std::string_view)>& widthOf);
 
+/// The same lines as one text, with "\n" between them.
+std::string WrappedText(std::string_view text, int width,
+                        const std::function<int(std::string_view)>& widthOf);
+
 /// The text with a line break wherever a word was broken, and nowhere else: text boxes break lines between
 /// words by themselves, but some put a hyphen into a broken word, which is wrong in a path.
 /// @param lines  what WrappedLines gave for `text`

@@ -109,7 +109,7 @@ TEST_F(FormMainFileTest, TheNextStepOpensTheMenu) {
     EXPECT_TRUE(WaitUntil([&] { return window->Editor().IsOpen(); }));
     EXPECT_FALSE(window->pgStart->IsShown());
     EXPECT_TRUE(window->tvMain->Window().IsShown());
-    EXPECT_TRUE(window->tvMain->HasFocus());
+    EXPECT_TRUE(window->tvMain->Window().HasFocus());
     ASSERT_TRUE(Click(window->mnuFileClose));
     EXPECT_TRUE(window->pgStart->IsShown());
     EXPECT_TRUE(window->pgStart->cmdOpenMenu->HasFocus());

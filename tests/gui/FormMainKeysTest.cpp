@@ -169,6 +169,10 @@ TEST_F(FormMainKeysTest, ADisabledKeyDoesNothing) {
             Press(key, wxMOD_CONTROL);
         EXPECT_EQ(window->tvMain->SelectedKey(), id) << key;
         EXPECT_EQ(TreeText(), before) << id << " " << key;
+        // Nor does the control go anywhere without a sign: from here, Down is one step.
+        const platform::TreeNode* next = Row(id).NextRow();
+        Press(WXK_DOWN);
+        EXPECT_EQ(Tree().Selected(), next != nullptr ? next : &Row(id)) << id << " " << key;
     }
     Select("R");
     Press(WXK_DELETE);

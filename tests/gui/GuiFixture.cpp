@@ -160,8 +160,10 @@ platform::TreeNode& MainWindowTest::Row(const std::string& id) const {
 }
 
 wxPoint MainWindowTest::MiddleOf(const std::string& id) const {
+    // A row has its place after the layout of the window.
+    if (!WaitUntil([&] { return !Tree().RowRect(Row(id)).IsEmpty(); }))
+        throw std::runtime_error("the row of " + id + " cannot be seen");
     const wxRect row = Tree().RowRect(Row(id));
-    if (row.IsEmpty()) throw std::runtime_error("the row of " + id + " cannot be seen");
     return Tree().Window().ClientToScreen(wxPoint(row.x + 8, row.y + row.height / 2));
 }
 

@@ -36,13 +36,13 @@ bool IsAt(const wxImage& picture, const wxImage& in, int left, int top) {
 bool HasIcon(platform::TreeView& tree, const platform::TreeNode& node, std::string_view key) {
     const wxSize size = tree.ImageSize();
     const wxImage picture = IconBundle(key, size).GetBitmap(size).ConvertToImage();
-    const wxRect row = tree.RowRect(node);
-    if (row.IsEmpty()) return false;
     // A window gets its layout, and is painted, at the next tick of its clock, 60 a second.
     for (int i = 0; i < 10; ++i) {
         wxMilliSleep(10);
         wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
     }
+    const wxRect row = tree.RowRect(node);
+    if (row.IsEmpty()) return false;
     const wxImage shown = Drawn(tree.Window());
     // A few pixels around: rows may be drawn beside a border that their rectangle leaves out.
     constexpr int Margin = 4;

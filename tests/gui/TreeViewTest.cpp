@@ -526,7 +526,11 @@ TEST_F(TreeViewTest, SeveralRowsAreDraggedTogether) {
 TEST_F(TreeViewTest, WhatMayNotBeIsNotDropped) {
     Show();
     view->Expand(*games);
+    view->Append(games->Child(1), Leaf("Inner"));
     Settle();
+    Drag(games->Child(0), PointIn(games->Child(1)));
+    EXPECT_EQ(dropped, "Chess moved into Go") << "which can hold others";
+    dropped.clear();
     Drag(*games, PointIn(games->Child(1)));
     EXPECT_EQ(dropped, "") << "into its own subtree";
     view->on.mayDrop = [](const std::vector<TreeNode*>&, const TreeDrop&) { return false; };

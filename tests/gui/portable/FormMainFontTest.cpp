@@ -30,7 +30,7 @@ class FormMainFontTest : public MainWindowTest {};
 TEST_F(FormMainFontTest, AFontThatIsTooSmallIsRaised) {
     const SystemFont small("Sans 5");
     OpenWindow();
-    EXPECT_GE(window->tvMain->GetFont().GetPointSize(), 8);
+    EXPECT_GE(window->tvMain->Window().GetFont().GetPointSize(), 8);
     EXPECT_GE(window->sbMain->GetFont().GetPointSize(), 8);
 }
 

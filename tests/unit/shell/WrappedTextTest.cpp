@@ -55,5 +55,11 @@ TEST(WrappedTextTest, BrokenWordsAreMendedAgain) {
     EXPECT_EQ(WithWordsBroken("", WrappedLines("", 7, Characters)), "");
 }
 
+TEST(WrappedTextTest, TheLinesAreJoinedByLineBreaks) {
+    const auto oneEach = [](std::string_view piece) { return static_cast<int>(piece.size()); };
+    EXPECT_EQ(WrappedText("one two\n\nthree", 5, oneEach), "one\ntwo\n\nthree");
+    EXPECT_EQ(WrappedText("", 5, oneEach), "");
+}
+
 } // namespace
 } // namespace nesk
