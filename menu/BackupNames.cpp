@@ -21,7 +21,7 @@ bool IsTaken(const std::string& path) {
 Backup FirstFree(const std::string& stem, const std::string& ending) {
     std::string copy = stem + ending;
     for (int number = 2; IsTaken(copy); ++number)
-        copy = stem + "." + std::to_string(number) + ending;
+        copy = std::string(stem).append(".").append(std::to_string(number)).append(ending);
     return {copy, false};
 }
 
@@ -46,7 +46,7 @@ Backup DatedBackupOf(const std::string& path) {
 Backup DamagedBackupOf(const std::string& path) {
     std::string copy = path + ".damaged";
     for (int number = 2; IsTaken(copy); ++number)
-        copy = path + ".damaged." + std::to_string(number);
+        copy = std::string(path).append(".damaged.").append(std::to_string(number));
     return {copy, false};
 }
 

@@ -29,16 +29,16 @@ NeskError NoMemory(const char* source, int messageId, const std::string& path) {
     return error;
 }
 
-// Raises what keeps a file from being found that is not missing: a folder that may not be searched, say. The
-// load itself would take it for missing.
-void CheckReachable(const std::string& path, platform::FileSystem& files) {
-    if (modUtilities::FileExists(path) || modUtilities::DirectoryExists(path)) return;
+// What keeps a file from being found that is not missing: a folder that may not be searched, say. The load
+// itself would take it for missing.
+std::optional<NeskError> WhyUnreachable(const std::string& path, platform::FileSystem& files) {
+    if (modUtilities::FileExists(path) || modUtilities::DirectoryExists(path)) return std::nullopt;
     std::unique_ptr<platform::FileReader> reader;
     const int result = files.OpenForReading(path, reader);
-    if (result == platform::ErrorCode::Success) return;
+    if (result == platform::ErrorCode::Success) return std::nullopt;
     NeskError error = FileError(result, "MenuEditor.Open", path);
     error.file = path;
-    throw error;
+    return error;
 }
 
 } // namespace
@@ -56,8 +56,8 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     std::optional<NeskError> failure;
     if (fingerprint.Exists()) {
         try {
-            CheckReachable(path, m_files);
-            menu->LoadFromFile(path, m_files);
+            failure = WhyUnreachable(path, m_files);
+            if (!failure) menu->LoadFromFile(path, m_files);
         } catch (const NeskError& error) {
             failure = error;
         } catch (const std::bad_alloc&) {

@@ -54,4 +54,17 @@ expect_end() {
   for ((i = 0; i < 100; ++i)); do has_ended && return 0; sleep 0.1; done
   fail "the program did not end"
 }
+# is_centred: the main window, without the frame that the window manager gives it, is in the middle of the screen.
+is_centred() {
+  local place left top width height
+  place=$(xwininfo -id "$window")
+  left=$(sed -n 's/.*Absolute upper-left X: *//p' <<<"$place")
+  top=$(sed -n 's/.*Absolute upper-left Y: *//p' <<<"$place")
+  width=$(sed -n 's/^ *Width: *//p' <<<"$place")
+  height=$(sed -n 's/^ *Height: *//p' <<<"$place")
+  local -a screen
+  read -ra screen < <(xdotool getdisplaygeometry)
+  local across=$((left + width / 2 - screen[0] / 2)) down=$((top + height / 2 - screen[1] / 2))
+  ((across >= -40 && across <= 40 && down >= -40 && down <= 40))
+}
 shot() { [[ -z ${shots:-} ]] || import -window root "$shots/$1.png"; }

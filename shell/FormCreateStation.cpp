@@ -1,6 +1,7 @@
 #include "shell/FormCreateStation.h"
 
 #include "platform/StationFolder.h"
+#include "shell/FormStationFolder.h"
 #include "shell/FormUtilities.h"
 #include "shell/Messages.h"
 #include "shell/WrappedText.h"
@@ -8,7 +9,6 @@
 #include "shell/modStringRes.h"
 
 #include <wx/button.h>
-#include <wx/dirdlg.h>
 #include <wx/radiobut.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
@@ -97,8 +97,8 @@ bool FormCreateStation::Invoke() {
 }
 
 void FormCreateStation::OnFolder() {
-    wxDirDialog dialog(this, ResText(FolderPrompt), txtFolder->GetValue());
-    if (dialog.ShowModal() == wxID_OK) txtFolder->SetValue(dialog.GetPath());
+    const std::string folder = ChooseStationFolder(this, FolderPrompt, FromWx(txtFolder->GetValue()));
+    if (!folder.empty()) txtFolder->SetValue(ToWx(folder));
 }
 
 wxTextCtrl& FormCreateStation::BoxOf(StationCreation::Field field) {

@@ -11,6 +11,7 @@
 #include "shell/FormCreateStation.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormStartPage.h"
+#include "shell/FormStationFolder.h"
 #include "shell/FormUtilities.h"
 #include "shell/Messages.h"
 #include "shell/SavePlace.h"
@@ -21,7 +22,6 @@
 
 #include <optional>
 
-#include <wx/dirdlg.h>
 #include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
@@ -31,7 +31,6 @@
 namespace nesk {
 
 using modStringRes::LoadResString;
-using modUtilities::FromWx;
 using modUtilities::ResText;
 using modUtilities::ToWx;
 
@@ -207,11 +206,11 @@ void FormMain::TakeStep(StartStep step) {
 }
 
 void FormMain::OpenStation() {
-    wxDirDialog dialog(this, ResText(Message::OpenStationPrompt), ToWx(platform::StationFolderName()),
-                       wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
-    if (dialog.ShowModal() != wxID_OK) return;
+    const std::string folder =
+        ChooseStationFolder(this, Message::OpenStationPrompt, platform::StationFolderName());
+    if (folder.empty()) return;
     try {
-        StationCreation::Open(FromWx(dialog.GetPath()));
+        StationCreation::Open(folder);
     } catch (const NeskError& error) {
         return ShowError(Message::StationFailed, error);
     }

@@ -16,7 +16,6 @@
 
 namespace nesk {
 
-using modUtilities::FromWx;
 using modUtilities::ResText;
 using modUtilities::ToWx;
 
@@ -42,7 +41,7 @@ constexpr std::array<StepButton, 4> StepButtons{{
 
 } // namespace
 
-FormStartPage::FormStartPage(wxWindow* parent, std::function<void(StartStep)> onStep)
+FormStartPage::FormStartPage(wxWindow* parent, const std::function<void(StartStep)>& onStep)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL,
                        "pgStart") {
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));

@@ -17,7 +17,7 @@ namespace nesk {
 class FormStartPage : public wxScrolledWindow {
 public:
     /// @param onStep  called when the user takes a step
-    FormStartPage(wxWindow* parent, std::function<void(StartStep)> onStep);
+    FormStartPage(wxWindow* parent, const std::function<void(StartStep)>& onStep);
 
     /// Shows a heading, a text and the buttons of the steps, in their order.
     void ShowChoices(const StartChoices& choices);

@@ -3,6 +3,7 @@
 #include "gui/NextDialog.h"
 #include "gui/SettingsDialogFixture.h"
 #include "platform/StationFolder.h"
+#include "shell/FormStationFolder.h"
 #include "shell/FormUtilities.h"
 #include "shell/Messages.h"
 #include "shell/modUtilities.h"
@@ -70,6 +71,21 @@ TEST_F(FormCreateStationTest, MakesAnEmptyStationByTheKeyboard) {
     EXPECT_EQ(platform::StationFolderName(), m_folder);
     EXPECT_EQ(NeskRegistry::Instance().MenuFile(), "C:\\Neskroot\\menu.cfg");
     EXPECT_FALSE(modUtilities::FileExists("C:\\Neskroot\\menu.cfg"));
+}
+
+TEST_F(FormCreateStationTest, BrowsingFillsInTheFolder) {
+    Show([this](FormCreateStation& dialog) {
+        SetStationFolderChooser([this](wxWindow*, int, const std::string& folder) {
+            EXPECT_EQ(folder, m_folder);
+            return std::string();
+        });
+        PressButton(dialog.cmdFolder);
+        EXPECT_EQ(FromWx(dialog.txtFolder->GetValue()), m_folder) << "called off";
+        SetStationFolderChooser([](wxWindow*, int, const std::string&) { return std::string("/x/y"); });
+        PressButton(dialog.cmdFolder);
+        EXPECT_EQ(dialog.txtFolder->GetValue(), "/x/y");
+        SetStationFolderChooser({});
+    });
 }
 
 TEST_F(FormCreateStationTest, WhatIsWrongIsToldAndGetsTheFocus) {

@@ -185,7 +185,13 @@ TEST_F(StationCreationTest, AnotherStationBringsItsLanguageAndSettings) {
 // The example is built beside the tests.
 TEST_F(StationCreationTest, TheExampleIsCopiedWithMachineAndUser) {
     ASSERT_TRUE(platform::HasExampleStation());
+    // What is installed may be write-protected.
+    const fs::path original =
+        fs::read_symlink("/proc/self/exe").parent_path() / "example-station/registry.db";
+    const fs::perms writable = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    fs::permissions(original, writable, fs::perm_options::remove);
     StationCreation::Create(WishesFor(true));
+    fs::permissions(original, fs::perms::owner_write, fs::perm_options::add);
     const NeskRegistry& settings = NeskRegistry::Instance();
     EXPECT_TRUE(modUtilities::FileExists(settings.MenuFile())) << settings.MenuFile();
     EXPECT_EQ(settings.NeskMachine, "Machines\\M1");

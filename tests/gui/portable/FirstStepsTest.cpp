@@ -1,0 +1,87 @@
+// The steps of the start page that put another station in place of the one in use.
+
+#include "gui/GuiFixture.h"
+
+#include "platform/StationFolder.h"
+#include "settings/NeskRegistry.h"
+#include "settings/RegEntry.h"
+#include "shell/FormStartPage.h"
+#include "shell/FormStationFolder.h"
+
+#include <filesystem>
+
+#include <wx/button.h>
+#include <wx/menu.h>
+
+namespace nesk::testing {
+namespace {
+
+class FirstStepsTest : public MainWindowTest {
+protected:
+    ~FirstStepsTest() override {
+        SetStationFolderChooser({});
+        NeskRegistry::Instance() = NeskRegistry();
+    }
+
+    // The dialog for a folder answers with the one that it begins with, or is called off.
+    static void AnswerFolder(bool confirm) {
+        SetStationFolderChooser([confirm](wxWindow*, int, const std::string& folder) {
+            return confirm ? folder : std::string();
+        });
+    }
+
+    void Take(wxButton* step) {
+        wxCommandEvent event(wxEVT_BUTTON, step->GetId());
+        event.SetEventObject(step);
+        step->ProcessWindowEvent(event);
+        Settle();
+    }
+};
+
+TEST_F(FirstStepsTest, AStationThatIsOpenedBringsItsSettings) {
+    NeskRegistry::Instance().NeskRoot = "";
+    OpenWindow();
+    EXPECT_TRUE(window->pgStart->cmdChooseRoot->IsShown());
+    RegEntry entry;
+    entry.CreateKey("Neskworks");
+    entry.SetString("NeskRoot", "C:\\Neskroot");
+    // It begins with the station in use.
+    AnswerFolder(true);
+    Take(window->pgStart->cmdOpenStation);
+    EXPECT_EQ(NeskRegistry::Instance().NeskRoot, "C:\\Neskroot");
+    EXPECT_TRUE(window->pgStart->cmdOpenMenu->IsShown());
+    EXPECT_FALSE(window->pgStart->cmdChooseRoot->IsShown());
+    // The menu bar was made anew and works.
+    ASSERT_TRUE(Click(window->mnuFileOpen));
+    EXPECT_TRUE(window->Editor().IsOpen());
+    EXPECT_EQ(window->GetMenuBar()->GetMenuCount(), 4u);
+    ASSERT_TRUE(Click(window->mnuFileClose));
+}
+
+TEST_F(FirstStepsTest, CallingOffChangesNothing) {
+    OpenWindow();
+    const wxMenuBar* bar = window->GetMenuBar();
+    AnswerFolder(false);
+    Take(window->pgStart->cmdOpenStation);
+    dialogs.Answer(wxID_CANCEL);
+    Take(window->pgStart->cmdCreateStation);
+    EXPECT_EQ(window->GetMenuBar(), bar);
+    EXPECT_EQ(NeskRegistry::Instance().NeskRoot, "C:\\Neskroot") << "the settings were not read anew";
+    EXPECT_EQ(platform::StationFolderName(), station.Folder().string());
+}
+
+TEST_F(FirstStepsTest, AFolderWithoutAStationIsRefused) {
+    OpenWindow();
+    std::filesystem::remove_all(station.Folder() / "drives");
+    std::filesystem::remove(station.Folder() / "registry.db");
+    AnswerFolder(true);
+    dialogs.Answer(wxID_OK);
+    Take(window->pgStart->cmdOpenStation);
+    ASSERT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_NE(dialogs.shown[0].text.find(station.Folder().string()), std::string::npos)
+        << dialogs.shown[0].text;
+    EXPECT_EQ(platform::StationFolderName(), station.Folder().string());
+}
+
+} // namespace
+} // namespace nesk::testing
