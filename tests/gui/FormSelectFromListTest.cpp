@@ -135,7 +135,7 @@ TEST_F(FormSelectFromListTest, EnterWithoutASelectionDoesNothing) {
         // Neither does a double click beside the lines, nor OK if it could be pressed.
         wxCommandEvent twice(wxEVT_LISTBOX_DCLICK, dialog.lstMain->GetId());
         dialog.lstMain->ProcessWindowEvent(twice);
-        EXPECT_TRUE(IsOpen(dialog));
+        ASSERT_TRUE(IsOpen(dialog));
         dialog.cmdOK->Enable();
         PressButton(dialog.cmdOK);
         EXPECT_TRUE(IsOpen(dialog));

@@ -282,9 +282,18 @@ protected:
         item = &menu.SubMenus().Add("Brackets", "Menu");
         item->SetGraphic("C:\\Pictures\\small.png");
     }
+    ~EditMenuTest() override { modMessageBox::SetHook(m_before); }
 
     Menu menu;
     MenuItem* item = nullptr;
+    std::vector<std::string> messages;
+
+private:
+    modMessageBox::Hook m_before =
+        modMessageBox::SetHook([this](const std::string& text, std::int16_t, const std::string&) {
+            messages.push_back(text);
+            return modMessageBox::Result::Ok;
+        });
 };
 
 TEST_F(EditMenuTest, EveryControlHasItsText) {
@@ -336,12 +345,6 @@ TEST_F(EditMenuTest, OkStoresTheChosenPicture) {
 
 TEST_F(EditMenuTest, APathThatCannotBeStoredIsRefused) {
     files.choice = "C:\\Pictures\\\xE6\x97\xA5.png";
-    std::vector<std::string> messages;
-    const modMessageBox::Hook before =
-        modMessageBox::SetHook([&](const std::string& text, std::int16_t, const std::string&) {
-            messages.push_back(text);
-            return modMessageBox::Result::Ok;
-        });
     FormEditMenu dialog(nullptr);
     ModalDriver driver(dialog, [&] {
         PressButton(dialog.cmdPicture);
@@ -350,7 +353,6 @@ TEST_F(EditMenuTest, APathThatCannotBeStoredIsRefused) {
         PressButton(dialog.cmdCancel);
     });
     EXPECT_FALSE(dialog.Edit(*item));
-    modMessageBox::SetHook(before);
     EXPECT_EQ(item->Graphic(), "C:\\Pictures\\small.png");
     ASSERT_EQ(messages.size(), 1u);
     EXPECT_NE(messages[0].find("\xE6\x97\xA5"), std::string::npos) << messages[0];
@@ -368,6 +370,7 @@ TEST_F(EditMenuTest, APathThatWasNotChangedIsNotChecked) {
     ModalDriver second(picture, [&] { PressButton(picture.cmdOK); });
     EXPECT_TRUE(picture.Display(path));
     EXPECT_TRUE(path == strange);
+    EXPECT_EQ(messages, std::vector<std::string>{});
 }
 
 } // namespace
