@@ -33,10 +33,7 @@ Backup BackupOf(const std::string& path) {
 
 Backup DatedBackupOf(const std::string& path) {
     std::tm time{};
-    if (!platform::LastWriteTime(path, time)) {
-        const std::time_t now = std::time(nullptr);
-        if (const std::tm* local = std::localtime(&now); local != nullptr) time = *local;
-    }
+    if (!platform::LastWriteTime(path, time)) time = platform::LocalTime();
     // No ":", which no name on Windows may hold.
     std::array<char, 32> date{};
     const std::size_t length = std::strftime(date.data(), date.size(), "%Y-%m-%d %H.%M.%S", &time);

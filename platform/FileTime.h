@@ -11,4 +11,7 @@ namespace nesk::platform {
 /// @return false when the file is missing or cannot be asked
 bool LastWriteTime(const std::string& path, std::tm& local);
 
+/// The local time now.
+std::tm LocalTime();
+
 } // namespace nesk::platform

@@ -23,7 +23,8 @@ public:
 
     const std::string& Text() const { return m_text; }
 
-    /// What is shown after the text, less prominent; "" for nothing. The search by typing does not look at it.
+    /// What is shown after the text, less prominent; "" for nothing. The search by typing does not look at
+    /// it.
     const std::string& Detail() const { return m_detail; }
     void SetDetail(std::string detail) { m_detail = std::move(detail); }
 

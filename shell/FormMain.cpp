@@ -70,7 +70,7 @@ FormMain::FormMain()
     BindTree();
 
     Bind(wxEVT_ACTIVATE, &FormMain::OnActivate, this);
-    OnMenuReplaced();
+    FormMain::OnMenuReplaced();
 }
 
 FormMain::~FormMain() {

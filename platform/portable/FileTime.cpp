@@ -15,4 +15,11 @@ bool LastWriteTime(const std::string& path, std::tm& local) {
     return true;
 }
 
+std::tm LocalTime() {
+    const std::time_t now = std::time(nullptr);
+    std::tm time{};
+    ::localtime_r(&now, &time);
+    return time;
+}
+
 } // namespace nesk::platform

@@ -5,6 +5,22 @@
 
 namespace nesk::platform {
 
+namespace {
+
+std::tm Converted(const SYSTEMTIME& time) {
+    constexpr int firstYear = 1900;
+    std::tm local{};
+    local.tm_year = time.wYear - firstYear;
+    local.tm_mon = time.wMonth - 1;
+    local.tm_mday = time.wDay;
+    local.tm_hour = time.wHour;
+    local.tm_min = time.wMinute;
+    local.tm_sec = time.wSecond;
+    return local;
+}
+
+} // namespace
+
 bool LastWriteTime(const std::string& path, std::tm& local) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (::GetFileAttributesExW(windows::FilePath(path).c_str(), GetFileExInfoStandard, &data) == 0)
@@ -15,15 +31,14 @@ bool LastWriteTime(const std::string& path, std::tm& local) {
     if (::FileTimeToSystemTime(&data.ftLastWriteTime, &universal) == 0 ||
         ::SystemTimeToTzSpecificLocalTime(nullptr, &universal, &time) == 0)
         return false;
-    constexpr int firstYear = 1900;
-    local = {};
-    local.tm_year = time.wYear - firstYear;
-    local.tm_mon = time.wMonth - 1;
-    local.tm_mday = time.wDay;
-    local.tm_hour = time.wHour;
-    local.tm_min = time.wMinute;
-    local.tm_sec = time.wSecond;
+    local = Converted(time);
     return true;
+}
+
+std::tm LocalTime() {
+    SYSTEMTIME now{};
+    ::GetLocalTime(&now);
+    return Converted(now);
 }
 
 } // namespace nesk::platform
