@@ -49,11 +49,10 @@ TreeNode* TreeNode::PreviousRow() const {
 }
 
 TreeNode& TreeNode::Insert(std::size_t index, std::unique_ptr<TreeNode> child) {
-    TreeNode* const node = child.get();
-    node->m_parent = this;
+    child->m_parent = this;
     m_children.insert(m_children.begin() + static_cast<std::ptrdiff_t>(index), std::move(child));
     Renumber(index);
-    return *node;
+    return *m_children[index];
 }
 
 std::unique_ptr<TreeNode> TreeNode::Take(std::size_t index) {
