@@ -35,7 +35,7 @@ constexpr std::int32_t HelpTopic = 33005;
 
 // The text of a field without the blanks around it, which the field then shows.
 std::string TrimField(wxTextCtrl& field, ShownText& shown) {
-    const std::string text = modUtilities::Trim(shown.Of(field));
+    std::string text = modUtilities::Trim(shown.Of(field));
     shown.Show(field, text);
     return text;
 }
