@@ -68,7 +68,7 @@ constexpr int ProgramWidth = 360;
 // Smallest sizes in device-independent pixels on a small screen and on others.
 struct Sizes {
     wxSize picture;
-    int box = 0;
+    int box = 0; // width of a box beside a button
 };
 const Sizes CompactSizes{wxSize(100, 75), 110};
 const Sizes UsualSizes{wxSize(165, 124), 140};

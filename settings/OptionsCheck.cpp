@@ -30,11 +30,11 @@ struct CheckedBox {
     Field field;
     int label;
     std::string OptionsFields::*text;
-    int reason = 0; // message number of what is wrong with it
+    int reason; // message number of what is wrong with it; 0 where that has to be found out
 };
-constexpr CheckedBox Folders[] = {{Field::Root, 32036, &OptionsFields::root},
-                                  {Field::Slides, 32038, &OptionsFields::slides},
-                                  {Field::Bitmap, 32074, &OptionsFields::bitmap}};
+constexpr CheckedBox Folders[] = {{Field::Root, 32036, &OptionsFields::root, 0},
+                                  {Field::Slides, 32038, &OptionsFields::slides, 0},
+                                  {Field::Bitmap, 32074, &OptionsFields::bitmap, 0}};
 constexpr CheckedBox Names[] = {{Field::Machine, 32039, &OptionsFields::machine, NoMachineText},
                                 {Field::User, 32040, &OptionsFields::user, NoUserText}};
 

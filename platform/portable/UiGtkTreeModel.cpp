@@ -28,9 +28,9 @@ TreeNode* NodeIn(const GtkTreeIter* iter) {
 // Nodes stay where they are, so that no iterator of theirs ever becomes invalid before they go.
 constexpr gint Stamp = 1;
 
-gboolean Put(GtkTreeIter* iter, const TreeNode* node) {
+gboolean Put(GtkTreeIter* iter, TreeNode* node) {
     iter->stamp = node != nullptr ? Stamp : 0;
-    iter->user_data = const_cast<TreeNode*>(node);
+    iter->user_data = node;
     return gboolean{node != nullptr};
 }
 
@@ -49,7 +49,7 @@ GType ColumnType(GtkTreeModel*, gint column) {
 gboolean IterAt(GtkTreeModel* model, GtkTreeIter* iter, GtkTreePath* path) {
     gint depth = 0;
     const gint* indices = gtk_tree_path_get_indices_with_depth(path, &depth);
-    const TreeNode* node = depth > 0 && indices[0] == 0 ? Of(model).root : nullptr;
+    TreeNode* node = depth > 0 && indices[0] == 0 ? Of(model).root : nullptr;
     for (gint level = 1; node != nullptr && level < depth; ++level) {
         const auto index = static_cast<std::size_t>(indices[level]);
         node = index < node->ChildCount() ? &node->Child(index) : nullptr;
@@ -166,7 +166,7 @@ GType ModelType() {
 
 // Tells the views of something about a row by its path.
 template <typename Tell>
-void WithPath(const TreeNode& node, Tell tell) {
+void WithPath(TreeNode& node, Tell tell) {
     GtkTreePath* const path = GtkNodeModel::PathOf(node);
     GtkTreeIter iter = GtkNodeModel::IterOf(node);
     tell(path, &iter);
@@ -193,7 +193,7 @@ void GtkNodeModel::SetImages(std::vector<cairo_surface_t*> images) {
     *Of(m_model).images = std::move(images);
 }
 
-GtkTreeIter GtkNodeModel::IterOf(const TreeNode& node) {
+GtkTreeIter GtkNodeModel::IterOf(TreeNode& node) {
     GtkTreeIter iter{};
     Put(&iter, &node);
     return iter;
@@ -208,11 +208,11 @@ GtkTreePath* GtkNodeModel::PathOf(const TreeNode& node) {
     std::vector<gint> indices;
     for (const TreeNode* at = &node; at != nullptr; at = at->Parent())
         indices.push_back(static_cast<gint>(at->Index()));
-    const std::vector<gint> path(indices.rbegin(), indices.rend());
-    return gtk_tree_path_new_from_indicesv(const_cast<gint*>(path.data()), path.size());
+    std::vector<gint> path(indices.rbegin(), indices.rend());
+    return gtk_tree_path_new_from_indicesv(path.data(), path.size());
 }
 
-void GtkNodeModel::RowInserted(const TreeNode& node) {
+void GtkNodeModel::RowInserted(TreeNode& node) {
     WithPath(node, [this](GtkTreePath* path, GtkTreeIter* iter) {
         gtk_tree_model_row_inserted(m_model, path, iter);
     });
@@ -221,7 +221,7 @@ void GtkNodeModel::RowInserted(const TreeNode& node) {
     if (node.Parent() != nullptr && node.Parent()->ChildCount() == 1) ChildrenToggled(*node.Parent());
 }
 
-void GtkNodeModel::RowRemoved(const TreeNode& parent, std::size_t index) {
+void GtkNodeModel::RowRemoved(TreeNode& parent, std::size_t index) {
     GtkTreePath* const path = PathOf(parent);
     gtk_tree_path_append_index(path, static_cast<gint>(index));
     gtk_tree_model_row_deleted(m_model, path);
@@ -229,13 +229,13 @@ void GtkNodeModel::RowRemoved(const TreeNode& parent, std::size_t index) {
     if (parent.ChildCount() == 0) ChildrenToggled(parent);
 }
 
-void GtkNodeModel::RowChanged(const TreeNode& node) {
+void GtkNodeModel::RowChanged(TreeNode& node) {
     WithPath(node, [this](GtkTreePath* path, GtkTreeIter* iter) {
         gtk_tree_model_row_changed(m_model, path, iter);
     });
 }
 
-void GtkNodeModel::ChildrenToggled(const TreeNode& node) {
+void GtkNodeModel::ChildrenToggled(TreeNode& node) {
     WithPath(node, [this](GtkTreePath* path, GtkTreeIter* iter) {
         gtk_tree_model_row_has_child_toggled(m_model, path, iter);
     });

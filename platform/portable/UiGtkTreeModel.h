@@ -29,7 +29,7 @@ public:
     void SetImages(std::vector<cairo_surface_t*> images);
 
     static TreeNode& NodeOf(const GtkTreeIter& iter) { return *static_cast<TreeNode*>(iter.user_data); }
-    static GtkTreeIter IterOf(const TreeNode& node);
+    static GtkTreeIter IterOf(TreeNode& node);
 
     /// The node at a path; null when there is none.
     TreeNode* NodeAt(GtkTreePath* path) const;
@@ -38,10 +38,10 @@ public:
     static GtkTreePath* PathOf(const TreeNode& node);
 
     // What is told to the views of the model.
-    void RowInserted(const TreeNode& node);
-    void RowRemoved(const TreeNode& parent, std::size_t index);
-    void RowChanged(const TreeNode& node);
-    void ChildrenToggled(const TreeNode& node);
+    void RowInserted(TreeNode& node);
+    void RowRemoved(TreeNode& parent, std::size_t index);
+    void RowChanged(TreeNode& node);
+    void ChildrenToggled(TreeNode& node);
 
 private:
     GtkTreeModel* m_model;

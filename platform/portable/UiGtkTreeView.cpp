@@ -134,8 +134,8 @@ void GtkTreeControl::ConnectTree() {
     connect("row-expanded", G_CALLBACK(+[](GtkTreeView*, GtkTreeIter* iter, GtkTreePath*, gpointer self) {
                 Of(self).OnExpanded(iter);
             }));
-    connect("row-collapsed", G_CALLBACK(+[](GtkTreeView*, GtkTreeIter* iter, GtkTreePath*, gpointer self) {
-                Of(self).OnCollapsed(iter);
+    connect("row-collapsed", G_CALLBACK(+[](GtkTreeView*, GtkTreeIter* iter, GtkTreePath*, gpointer) {
+                GtkNodeModel::NodeOf(*iter).SetExpanded(false);
             }));
     connect("button-press-event", G_CALLBACK(+[](GtkWidget*, GdkEventButton* press, gpointer self) {
                 return Of(self).OnButtonPress(*press);
@@ -220,8 +220,8 @@ void GtkTreeControl::PlaceEntry(GtkWidget* entry, const GdkRectangle& place) {
     gtk_tree_view_get_cell_area(m_tree, Path(*Edited()), m_column, &cell);
     const int missing = cell.x + ImageSize().x + Spacing - place.x;
     if (missing <= 0 || missing >= place.width) return;
-    const GdkRectangle right{place.x + missing, place.y, place.width - missing, place.height};
-    gtk_widget_size_allocate(entry, const_cast<GdkRectangle*>(&right));
+    GdkRectangle right{place.x + missing, place.y, place.width - missing, place.height};
+    gtk_widget_size_allocate(entry, &right);
 }
 
 void GtkTreeControl::OnEditChanged() {
@@ -381,10 +381,6 @@ void GtkTreeControl::OnExpanded(GtkTreeIter* iter) {
     m_restoring = true;
     RestoreExpansion(node);
     m_restoring = false;
-}
-
-void GtkTreeControl::OnCollapsed(GtkTreeIter* iter) {
-    GtkNodeModel::NodeOf(*iter).SetExpanded(false);
 }
 
 void GtkTreeControl::DoExpand(TreeNode& node) {

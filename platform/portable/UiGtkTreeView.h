@@ -60,7 +60,6 @@ private:
     // Signals of the tree.
     gboolean OnTestExpand(GtkTreeIter* iter);
     void OnExpanded(GtkTreeIter* iter);
-    void OnCollapsed(GtkTreeIter* iter);
     gboolean OnButtonPress(const GdkEventButton& press);
     gboolean OnButtonRelease(const GdkEventButton& release);
     gboolean OnMotion(GdkEventMotion& motion);
