@@ -47,7 +47,7 @@ TEST_F(FormStatusBarTest, ThePathHasTheRoomThatItNeeds) {
 
 TEST_F(FormStatusBarTest, ALongPathLeavesRoomForTheExplanation) {
     bar->ShowPath(wxString("C:\\") + wxString('x', 400));
-    EXPECT_LE(WidthOf(FormStatusBar::PathPanel), 480);
+    EXPECT_LE(WidthOf(FormStatusBar::PathPanel), 500);
     EXPECT_GE(WidthOf(FormStatusBar::PathPanel), 400);
     bar->GetParent()->SetClientSize(1000, 100);
     for (int i = 0; i < 200 && bar->GetClientSize().x < 900; ++i) {

@@ -22,6 +22,8 @@ bool IsAt(const wxImage& picture, const wxImage& in, int left, int top) {
     for (int y = 0; y < picture.GetHeight(); ++y)
         for (int x = 0; x < picture.GetWidth(); ++x) {
             if (picture.HasAlpha() && picture.GetAlpha(x, y) != 255) continue;
+            // Of the first row, the upper edge of the picture may be outside.
+            if (top + y < 0) continue;
             ++compared;
             if (std::abs(picture.GetRed(x, y) - in.GetRed(left + x, top + y)) > Tolerance ||
                 std::abs(picture.GetGreen(x, y) - in.GetGreen(left + x, top + y)) > Tolerance ||
@@ -31,25 +33,30 @@ bool IsAt(const wxImage& picture, const wxImage& in, int left, int top) {
     return compared > 20;
 }
 
+// Whether a picture is in the row of a drawn tree.
+bool IsIn(const wxImage& picture, const wxImage& drawn, const wxRect& row) {
+    // A few pixels around: rows may be drawn beside a border that their rectangle leaves out.
+    constexpr int Margin = 4;
+    const int bottom = std::min(row.GetBottom() + Margin, drawn.GetHeight());
+    for (int top = row.y - Margin; top + picture.GetHeight() <= bottom; ++top)
+        for (int left = 0; left + picture.GetWidth() <= drawn.GetWidth(); ++left)
+            if (IsAt(picture, drawn, left, top)) return true;
+    return false;
+}
+
 } // namespace
 
 bool HasIcon(platform::TreeView& tree, const platform::TreeNode& node, std::string_view key) {
     const wxSize size = tree.ImageSize();
     const wxImage picture = IconBundle(key, size).GetBitmap(size).ConvertToImage();
-    // A window gets its layout, and is painted, at the next tick of its clock, 60 a second.
-    for (int i = 0; i < 10; ++i) {
-        wxMilliSleep(10);
+    // A window gets its layout, and is painted, at a tick of its clock, 60 a second. What is drawn before is
+    // empty.
+    for (int i = 0; i < 20; ++i) {
+        wxMilliSleep(20);
         wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
+        const wxRect row = tree.RowRect(node);
+        if (!row.IsEmpty() && IsIn(picture, Drawn(tree.Window()), row)) return true;
     }
-    const wxRect row = tree.RowRect(node);
-    if (row.IsEmpty()) return false;
-    const wxImage shown = Drawn(tree.Window());
-    // A few pixels around: rows may be drawn beside a border that their rectangle leaves out.
-    constexpr int Margin = 4;
-    const int bottom = std::min(row.GetBottom() + Margin, shown.GetHeight());
-    for (int top = std::max(0, row.y - Margin); top + picture.GetHeight() <= bottom; ++top)
-        for (int left = 0; left + picture.GetWidth() <= shown.GetWidth(); ++left)
-            if (IsAt(picture, shown, left, top)) return true;
     return false;
 }
 

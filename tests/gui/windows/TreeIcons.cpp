@@ -12,8 +12,7 @@ wxImage Drawn(wxWindow& window) {
     window.Update();
     const wxSize size = window.GetClientSize();
     wxBitmap bitmap(size);
-    // Of a window that was just shown, the first copy under Wine is black.
-    for (int i = 0; i < 2; ++i) {
+    {
         wxClientDC shown(&window);
         wxMemoryDC copy(bitmap);
         copy.Blit(wxPoint(), size, &shown, wxPoint());
