@@ -31,13 +31,22 @@ public:
     TreeNode* Type(std::string_view characters, TreeNode& root, TreeNode* current, Clock::time_point now);
 
     /// Ends the search.
-    void Reset() { m_typed.clear(); }
+    void Reset() {
+        m_typed.clear();
+        m_missed = false;
+    }
+
+    /// Whether what was typed last was not found. Holds until Reset or the next search.
+    bool HasMissed() const { return m_missed; }
 
     /// What was typed so far.
     const std::string& Typed() const { return m_typed; }
 
 private:
+    TreeNode* Search(std::string_view characters, TreeNode& root, TreeNode* current);
+
     std::string m_typed;
+    bool m_missed = false;
     Clock::time_point m_last;
 };
 

@@ -256,6 +256,7 @@ void FormDirectories::ChooseMachine() {
     const std::string key = FormSelectMachine(this).SelectMachine(m_fields.machineKey);
     if (key.empty()) return;
     m_fields.machineKey = key;
+    ShowReason("");
     OptionsCheck::ShowName(key, m_fields.machine);
     txtMachine->SetValue(ToWx(m_fields.machine));
 }
@@ -264,6 +265,7 @@ void FormDirectories::ChooseUser() {
     const std::string key = FormSelectUser(this).SelectUser(m_fields.userKey);
     if (key.empty()) return;
     m_fields.userKey = key;
+    ShowReason("");
     OptionsCheck::ShowName(key, m_fields.user);
     txtUser->SetValue(ToWx(m_fields.user));
 }

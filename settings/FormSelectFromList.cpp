@@ -8,6 +8,8 @@
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 
+#include <algorithm>
+
 #include <wx/button.h>
 #include <wx/listbox.h>
 #include <wx/sizer.h>
@@ -101,10 +103,13 @@ void FormSelectFromList::OnRemove() {
     m_entries = RegistryList(m_parentKey);
     lstMain->SetFocus();
     ShowEntries();
+    if (!lstMain->IsEmpty())
+        lstMain->SetSelection(std::min(position, static_cast<int>(lstMain->GetCount()) - 1));
 }
 
 std::string FormSelectFromList::Choose(const std::string& current) {
     m_result.clear();
+    m_current = current;
     lstMain->SetSelection(m_entries.PositionOf(current));
     if (lstMain->GetSelection() != wxNOT_FOUND) lstMain->EnsureVisible(lstMain->GetSelection());
     UpdateButtons();
@@ -123,7 +128,9 @@ void FormSelectFromList::OnOK() {
 void FormSelectFromList::UpdateButtons() {
     const bool isSelected = lstMain->GetSelection() != wxNOT_FOUND;
     cmdOK->Enable(isSelected);
-    if (cmdRemove != nullptr) cmdRemove->Enable(isSelected);
+    // What the settings name must stay; another entry can be chosen first.
+    const bool isCurrent = isSelected && m_entries.KeyAt(lstMain->GetSelection()) == m_current;
+    if (cmdRemove != nullptr) cmdRemove->Enable(isSelected && !isCurrent);
 }
 
 } // namespace nesk

@@ -46,6 +46,7 @@ private:
 
     std::string m_parentKey;
     RegistryList m_entries;
+    std::string m_current; // key of the entry that is set now; "" for none
     std::string m_result;
 };
 

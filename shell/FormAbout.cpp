@@ -29,6 +29,11 @@ FormAbout::FormAbout(wxWindow* parent) : FormDialog(parent, "FormAbout", Message
     cmdCancel->Hide();
     Layout();
     cmdOK->SetFocus();
+    // Where the text scrolls, it begins at its beginning.
+    CallAfter([this] {
+        txtAbout->SetInsertionPoint(0);
+        txtAbout->ShowPosition(0);
+    });
 }
 
 } // namespace nesk

@@ -51,6 +51,12 @@ TreeNode* TypeAhead::Type(std::string_view characters, TreeNode& root, TreeNode*
     if (!IsTyping(now)) m_typed.clear();
     if (m_typed.empty() && characters == " ") return nullptr;
     m_last = now;
+    TreeNode* const found = Search(characters, root, current);
+    m_missed = found == nullptr;
+    return found;
+}
+
+TreeNode* TypeAhead::Search(std::string_view characters, TreeNode& root, TreeNode* current) {
     const bool begins = m_typed.empty();
     m_typed += characters;
     TreeNode* const next = current != nullptr ? current->NextRow() : nullptr;

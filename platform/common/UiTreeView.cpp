@@ -7,6 +7,7 @@
 #include <utility>
 
 #include <wx/event.h>
+#include <wx/utils.h>
 #include <wx/window.h>
 
 namespace nesk::platform {
@@ -19,6 +20,22 @@ constexpr std::size_t MostLevelsExpanded = 200;
 constexpr int ScrollMilliseconds = 50;
 constexpr int DragTickMilliseconds = 60;
 constexpr int TicksBeforeOpening = 12; // of a submenu over which something is held
+
+// Whether a key goes to another row by itself.
+bool IsNavigation(int key) {
+    switch (key) {
+    case WXK_UP:
+    case WXK_DOWN:
+    case WXK_LEFT:
+    case WXK_RIGHT:
+    case WXK_HOME:
+    case WXK_END:
+    case WXK_PAGEUP:
+    case WXK_PAGEDOWN:
+    case WXK_BACK: return true;
+    default: return false;
+    }
+}
 
 bool IsAnyWithin(const std::vector<TreeNode*>& nodes, const TreeNode& node) {
     return std::any_of(nodes.begin(), nodes.end(),
@@ -216,9 +233,22 @@ void TreeView::OnKeyDown(wxKeyEvent& event) {
     if (m_edited != nullptr || !plain || m_root == nullptr) return event.Skip();
     const int key = event.GetKeyCode();
     if (key == WXK_F10 && event.ShiftDown()) return ReportContextMenu(wxDefaultPosition);
-    // Controls take the space for a command of their own before they make a character of it.
-    if (key == WXK_SPACE) return TypeText(" ");
-    if (event.GetModifiers() != 0 || !OnCommandKey(key)) event.Skip();
+    // What was typed was not found: Enter would open whatever is selected instead.
+    if ((key == WXK_RETURN || key == WXK_NUMPAD_ENTER) && m_typeAhead.HasMissed()) {
+        m_typeAhead.Reset();
+        return wxBell();
+    }
+    // Controls take these keys for commands of their own before they make characters of them.
+    switch (key) {
+    case WXK_SPACE: return TypeText(" ");
+    case WXK_NUMPAD_ADD: return TypeText("+");
+    case WXK_NUMPAD_SUBTRACT: return TypeText("-");
+    case WXK_NUMPAD_MULTIPLY: return TypeText("*");
+    default: break;
+    }
+    if (IsNavigation(key)) m_typeAhead.Reset();
+    const bool isArrow = key == WXK_LEFT || key == WXK_RIGHT;
+    if (event.GetModifiers() != 0 || !isArrow || !OnCommandKey(key)) event.Skip();
 }
 
 // The keys that open, close and go up and down the levels. False for any other key.
@@ -238,14 +268,8 @@ bool TreeView::OnCommandKey(int key) {
         else if (node->ChildCount() > 0)
             GoTo(&node->Child(0));
         return true;
-    case WXK_NUMPAD_ADD:
-    case WXK_ADD:
     case '+': Expand(*node); return true;
-    case WXK_NUMPAD_SUBTRACT:
-    case WXK_SUBTRACT:
     case '-': Collapse(*node); return true;
-    case WXK_NUMPAD_MULTIPLY:
-    case WXK_MULTIPLY:
     case '*':
         Window().Freeze();
         ExpandBelow(*node);
@@ -272,6 +296,7 @@ void TreeView::TypeText(const std::string& characters) {
     const bool isCommand = characters == "+" || characters == "-" || characters == "*";
     if (isCommand && !m_typeAhead.IsTyping(now) && OnCommandKey(characters.front())) return;
     GoTo(m_typeAhead.Type(characters, *m_root, Selected(), now));
+    if (m_typeAhead.HasMissed()) wxBell();
 }
 
 void TreeView::GoTo(TreeNode* node) {
@@ -287,6 +312,7 @@ void TreeView::ReportSelection() {
 }
 
 void TreeView::ReportClick(TreeNode& node) {
+    m_typeAhead.Reset();
     if (on.clicked) on.clicked(node);
 }
 

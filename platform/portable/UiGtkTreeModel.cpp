@@ -61,11 +61,18 @@ GtkTreePath* PathAt(GtkTreeModel*, GtkTreeIter* iter) {
     return GtkNodeModel::PathOf(*NodeIn(iter));
 }
 
+// Text and detail as Pango's markup; free it with g_free.
+char* Markup(const TreeNode& node) {
+    if (node.Detail().empty()) return g_markup_escape_text(node.Text().c_str(), -1);
+    return g_markup_printf_escaped("%s   <span alpha=\"65%%\">%s</span>", node.Text().c_str(),
+                                   node.Detail().c_str());
+}
+
 void Value(GtkTreeModel* model, GtkTreeIter* iter, gint column, GValue* value) {
     const TreeNode& node = *NodeIn(iter);
     g_value_init(value, ColumnType(model, column));
     if (column == TextColumn) return g_value_set_string(value, node.Text().c_str());
-    if (column == DetailColumn) return g_value_set_string(value, node.Detail().c_str());
+    if (column == MarkupColumn) return g_value_take_string(value, Markup(node));
     const std::vector<cairo_surface_t*>& images = *Of(model).images;
     const auto image = static_cast<std::size_t>(node.Image());
     g_value_set_boxed(value, image < images.size() ? images[image] : nullptr);

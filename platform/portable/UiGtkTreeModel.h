@@ -9,7 +9,7 @@
 namespace nesk::platform::portable {
 
 /// The columns of the model.
-enum GtkTreeColumn { ImageColumn, TextColumn, DetailColumn, ColumnCount };
+enum GtkTreeColumn { ImageColumn, TextColumn, MarkupColumn, ColumnCount };
 
 /// Shows a tree of nodes to GTK's tree view, without a copy of its own. An iterator is the node itself.
 class GtkNodeModel {

@@ -93,15 +93,12 @@ void GtkTreeControl::BuildWidgets(const TreeStyle& style) {
     m_textCell = gtk_cell_renderer_text_new();
     m_column = gtk_tree_view_column_new();
     gtk_tree_view_column_pack_start(m_column, m_imageCell, FALSE);
-    gtk_tree_view_column_pack_start(m_column, m_textCell, !style.details);
-    if (style.details) {
-        GtkCellRenderer* const detail = gtk_cell_renderer_text_new();
-        g_object_set(detail, "sensitive", FALSE, nullptr); // grey
-        gtk_tree_view_column_pack_start(m_column, detail, TRUE);
-        gtk_tree_view_column_add_attribute(m_column, detail, "text", DetailColumn);
-    }
+    gtk_tree_view_column_pack_start(m_column, m_textCell, TRUE);
     gtk_tree_view_column_add_attribute(m_column, m_imageCell, "surface", ImageColumn);
-    gtk_tree_view_column_add_attribute(m_column, m_textCell, "text", TextColumn);
+    if (style.details)
+        gtk_tree_view_column_add_attribute(m_column, m_textCell, "markup", MarkupColumn);
+    else
+        gtk_tree_view_column_add_attribute(m_column, m_textCell, "text", TextColumn);
     gtk_tree_view_column_set_spacing(m_column, Spacing);
     // Rows of one height need not be measured, of which there may be 100,000. The column is as wide as the
     // rows that were seen.
@@ -454,6 +451,9 @@ void GtkTreeControl::DoRemove(TreeNode& node) {
     if (m_toShow != nullptr && m_toShow->IsWithin(node)) m_toShow = nullptr;
     if (m_toScroll.top != nullptr && m_toScroll.top->IsWithin(node)) m_toScroll = {};
     if (m_pressed != nullptr && m_pressed->IsWithin(node)) m_pressed = nullptr;
+    // GTK loses the memory of an open level whose last row goes.
+    if (TreeNode* parent = node.Parent(); parent->ChildCount() == 1 && parent->IsExpanded() && node.HasRow())
+        DoCollapse(*parent);
 }
 
 TreeView::Scroll GtkTreeControl::ScrollPosition() const {

@@ -236,11 +236,27 @@ TEST_F(FormSelectFromListTest, AnEntryIsRemovedAfterAQuestion) {
         PressButton(dialog.cmdRemove);
         ASSERT_EQ(dialog.lstMain->GetCount(), 1u);
         EXPECT_EQ(dialog.lstMain->GetString(0), "Bridge");
+        EXPECT_EQ(dialog.lstMain->GetSelection(), 0) << "the selection falls on the next entry";
+        Expect(modMessageBox::Result::Yes);
+        PressButton(dialog.cmdRemove);
         EXPECT_FALSE(dialog.cmdOK->IsEnabled());
         EXPECT_FALSE(dialog.cmdRemove->IsEnabled());
     });
     EXPECT_FALSE(RegEntry().TestKey("Machines\\B"));
-    EXPECT_TRUE(RegEntry().TestKey("Machines\\A"));
+    EXPECT_FALSE(RegEntry().TestKey("Machines\\A"));
+}
+
+TEST_F(FormSelectFromListTest, TheEntryThatIsSetCannotBeRemoved) {
+    Add("Machines\\A", "Bridge");
+    Add("Machines\\B", "Arm");
+    FormSelectMachine dialog(nullptr);
+    ModalDriver driver(dialog, [&] {
+        EXPECT_FALSE(dialog.cmdRemove->IsEnabled()) << "the settings name it";
+        ClickLine(*dialog.lstMain, 0);
+        EXPECT_TRUE(dialog.cmdRemove->IsEnabled());
+        PressButton(dialog.cmdCancel);
+    });
+    EXPECT_EQ(dialog.SelectMachine("Machines\\B"), "");
 }
 #else
 TEST_F(FormSelectFromListTest, AnEmptyListSaysWhereItsEntriesComeFrom) {

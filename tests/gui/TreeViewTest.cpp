@@ -224,6 +224,51 @@ TEST_F(TreeViewTest, TypingSearchesAndOpensNothing) {
     EXPECT_EQ(activated, 1);
 }
 
+TEST_F(TreeViewTest, EnterAfterASearchThatFoundNothingOpensNothing) {
+    Show();
+    int activated = 0;
+    view->on.activated = [&](TreeNode&) { return ++activated > 0; };
+    Type("Beta");
+    EXPECT_EQ(Selected(), "Root ");
+    Press(WXK_RETURN);
+    EXPECT_EQ(activated, 0) << "what was typed was meant for something else";
+    Press(WXK_RETURN);
+    EXPECT_EQ(activated, 1);
+    Type("Beta");
+    Press(WXK_DOWN);
+    Press(WXK_RETURN);
+    EXPECT_EQ(activated, 2) << "another row was chosen";
+}
+
+TEST_F(TreeViewTest, SignsBelongToASearchThatIsBeingTyped) {
+    Show();
+    TreeNode& parts = view->Append(*root, Leaf("Part 13"));
+    view->Append(parts, Leaf("Part 13-001"));
+    view->Append(parts, Leaf("Part 13-150"));
+    view->Append(parts, Leaf("Part 13+2*3"));
+    view->Expand(parts);
+    Settle();
+    Type("part 13-150");
+    EXPECT_EQ(Selected(), "Part 13-150 ");
+    Press(WXK_HOME);
+    Type("part 13+2*");
+    EXPECT_EQ(Selected(), "Part 13+2*3 ");
+    EXPECT_TRUE(parts.IsExpanded());
+}
+
+TEST_F(TreeViewTest, SignsExpandAndCollapse) {
+    Show();
+    view->Select(games);
+    Type("+");
+    EXPECT_TRUE(games->IsExpanded());
+    Type("-");
+    EXPECT_FALSE(games->IsExpanded());
+    Press(WXK_NUMPAD_ADD);
+    EXPECT_TRUE(games->IsExpanded());
+    Press(WXK_NUMPAD_SUBTRACT);
+    EXPECT_FALSE(games->IsExpanded());
+}
+
 TEST_F(TreeViewTest, TheSearchScrollsToWhatItFinds) {
     Show();
     view->Expand(*many);

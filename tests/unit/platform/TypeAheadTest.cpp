@@ -93,8 +93,13 @@ TEST_F(TypeAheadTest, APauseBeginsAnew) {
 
 TEST_F(TypeAheadTest, WhatFitsNothingStaysWhereItIs) {
     Add("Angle");
-    EXPECT_EQ(TypeText("anx"), "Angle");
+    EXPECT_EQ(TypeText("an"), "Angle");
+    EXPECT_FALSE(search.HasMissed());
+    EXPECT_EQ(TypeText("x"), "Angle");
     EXPECT_EQ(search.Typed(), "anx");
+    EXPECT_TRUE(search.HasMissed());
+    search.Reset();
+    EXPECT_FALSE(search.HasMissed());
 }
 
 TEST_F(TypeAheadTest, CaseCountsNeitherInLettersOutsideAscii) {
