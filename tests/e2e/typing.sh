@@ -13,7 +13,7 @@ keys Escape
 until_true "the part editor closed" no_dialog "Part - Daily check of the machine"
 
 # A part has no children, so that Ctrl+N does nothing: what follows is no caption.
-for name in Beta Gamma Delta; do
+for name in Xenon Yttrium Zinc; do
   keys ctrl+n
   type_text "$name"
   keys Return
