@@ -451,8 +451,13 @@ void GtkTreeControl::DoRemove(TreeNode& node) {
     if (m_toShow != nullptr && m_toShow->IsWithin(node)) m_toShow = nullptr;
     if (m_toScroll.top != nullptr && m_toScroll.top->IsWithin(node)) m_toScroll = {};
     if (m_pressed != nullptr && m_pressed->IsWithin(node)) m_pressed = nullptr;
-    // GTK loses the memory of an open level whose last row goes.
-    if (TreeNode* parent = node.Parent(); parent->ChildCount() == 1 && parent->IsExpanded() && node.HasRow())
+    // GTK loses the memory of a level that is open when its row, or its last row, goes.
+    if (!node.HasRow()) return;
+    if (node.IsExpanded()) {
+        DoCollapse(node);
+        node.SetExpanded(true);
+    }
+    if (TreeNode* parent = node.Parent(); parent->ChildCount() == 1 && parent->IsExpanded())
         DoCollapse(*parent);
 }
 
