@@ -5,6 +5,7 @@
 #include <utility>
 
 #include <wx/dirdlg.h>
+#include <wx/filefn.h>
 
 namespace nesk {
 
@@ -19,7 +20,11 @@ StationFolderChooser& Replacement() {
 
 std::string ChooseStationFolder(wxWindow* parent, int promptId, const std::string& folder) {
     if (Replacement()) return Replacement()(parent, promptId, folder);
-    wxDirDialog dialog(parent, modUtilities::ResText(promptId), modUtilities::ToWx(folder));
+    // A folder that does not exist yet is looked for from where it would be.
+    wxString begin = modUtilities::ToWx(folder);
+    while (!begin.empty() && !wxDirExists(begin))
+        begin = wxPathOnly(begin);
+    wxDirDialog dialog(parent, modUtilities::ResText(promptId), begin);
     return dialog.ShowModal() == wxID_OK ? modUtilities::FromWx(dialog.GetPath()) : "";
 }
 

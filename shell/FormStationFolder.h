@@ -9,7 +9,8 @@ namespace nesk {
 
 /// Shows the system's dialog for choosing a folder of the host, as stations are.
 /// @param promptId  message number of the title
-/// @param folder    where it begins, as the system names it
+/// @param folder    where it begins, as the system names it; when that is missing, the next existing folder
+///                  above it
 /// @return the folder as the system names it; "" when the dialog was cancelled
 std::string ChooseStationFolder(wxWindow* parent, int promptId, const std::string& folder);
 
