@@ -170,6 +170,7 @@ TEST_F(FormMessageBoxTest, ALongPathIsBrokenAnywhere) {
         EXPECT_LE(box.GetSize().x, wxGetDisplaySize().x * 3 / 4);
         EXPECT_GT(box.lblMsg->GetSize().y, 4 * box.lblMsg->GetCharHeight());
         EXPECT_TRUE(ShowsItsEnd(box)) << "nothing of it is cut";
+        EXPECT_GT(box.lblMsg->GetNumberOfLines(), 4) << "without the hyphens of the text box";
         box.lblMsg->SetFocus();
         box.lblMsg->SelectAll();
         Settle();

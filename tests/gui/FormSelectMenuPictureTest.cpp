@@ -349,7 +349,7 @@ TEST_F(EditMenuTest, APathThatCannotBeStoredIsRefused) {
     ModalDriver driver(dialog, [&] {
         PressButton(dialog.cmdPicture);
         PressButton(dialog.cmdOK);
-        EXPECT_TRUE(IsOpen(dialog)) << "the dialog stays open";
+        ASSERT_TRUE(IsOpen(dialog)) << "the dialog stays open";
         PressButton(dialog.cmdCancel);
     });
     EXPECT_FALSE(dialog.Edit(*item));
