@@ -29,9 +29,10 @@ std::string UsualStationFolder();
 /// What there is at a folder.
 StationFolderState LookUpStationFolder(const std::string& folder);
 
-/// Puts another station in place of the one in use. Open registry keys become invalid; settings, language and
-/// help file are the caller's to read anew. PathNotFound, AccessDenied, or InvalidName for a folder that
-/// holds no station; the station in use stays then.
+/// Puts another station in place of the one in use. A folder in the drives of a station stands for the
+/// station. Open registry keys become invalid; settings, language and help file are the caller's to read
+/// anew. PathNotFound, AccessDenied, or InvalidName for a folder that holds no station; the station in use
+/// stays then.
 int UseStationFolder(const std::string& folder);
 
 /// Whether an example station was installed with the program.

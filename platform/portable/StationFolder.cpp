@@ -93,6 +93,18 @@ private:
     bool m_finished = false;
 };
 
+// The station in whose drives a folder is: a dialog that chooses folders may have gone into them. Otherwise
+// the folder itself.
+std::string StationAround(const std::string& folder) {
+    if (IsStation(folder)) return folder;
+    for (fs::path at(folder); at.has_relative_path(); at = at.parent_path()) {
+        std::error_code error;
+        if (at.filename() == "drives" && fs::exists(at.parent_path() / "registry.db", error))
+            return at.parent_path().string();
+    }
+    return folder;
+}
+
 } // namespace
 
 bool StationIsFolder() {
@@ -116,7 +128,8 @@ StationFolderState LookUpStationFolder(const std::string& folder) {
     return IsStation(folder) ? StationFolderState::Usable : StationFolderState::Empty;
 }
 
-int UseStationFolder(const std::string& folder) {
+int UseStationFolder(const std::string& chosen) {
+    const std::string folder = StationAround(chosen);
     switch (LookUpStationFolder(folder)) {
     case StationFolderState::Usable: break;
     case StationFolderState::Denied: return ErrorCode::AccessDenied;

@@ -170,6 +170,21 @@ TEST_F(StationCreationTest, AFolderWithoutAStationIsNotOpened) {
     EXPECT_EQ(platform::StationFolderName(), station.Folder().string());
 }
 
+TEST_F(StationCreationTest, AFolderInItsDrivesStandsForAStation) {
+    StationCreation::Create(WishesFor(false));
+    const std::string created = (m_place / "new").string();
+    for (const char* inner : {"/drives", "/drives/c", "/drives/c/"}) {
+        StationCreation::Open(station.Folder().string());
+        StationCreation::Open(created + inner);
+        EXPECT_EQ(platform::StationFolderName(), created) << inner;
+    }
+    // Not every folder of that name is one of a station.
+    fs::create_directories(m_place / "drives" / "other");
+    EXPECT_EQ(ErrorOf([&] { StationCreation::Open((m_place / "drives" / "other").string()); }).messageId,
+              Message::NotAStation);
+    StationCreation::Open(station.Folder().string());
+}
+
 TEST_F(StationCreationTest, AnotherStationBringsItsLanguageAndSettings) {
     StationCreation::Create(WishesFor(false));
     RegEntry entry;
