@@ -33,7 +33,7 @@ StationFolderState LookUpStationFolder(const std::string& folder);
 /// station. Open registry keys become invalid; settings, language and help file are the caller's to read
 /// anew. PathNotFound, AccessDenied, or InvalidName for a folder that holds no station; the station in use
 /// stays then.
-int UseStationFolder(const std::string& folder);
+int UseStationFolder(const std::string& chosen);
 
 /// Whether an example station was installed with the program.
 bool HasExampleStation();
