@@ -47,9 +47,9 @@ StartState StartChoices::LookUp(const NeskRegistry& settings) {
 StartChoices StartChoices::For(const StartState& state) {
     StartChoices choices;
     const bool hasFolder = state.stationState != StationFolderState::NotApplicable;
-    const auto say = [&](int heading, const std::string& text) {
-        choices.heading = LoadResString(heading);
-        choices.text = text;
+    const auto say = [&](int headingNumber, const std::string& explanation) {
+        choices.heading = LoadResString(headingNumber);
+        choices.text = explanation;
     };
     const bool isLost =
         state.stationState == StationFolderState::Missing || state.stationState == StationFolderState::Denied;
