@@ -17,7 +17,6 @@
 #include <algorithm>
 
 #include <wx/display.h>
-#include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/sizer.h>
@@ -125,18 +124,12 @@ void FormMain::BuildControls() {
     // The path stays while the user looks through the menus.
     SetStatusBarPane(FormStatusBar::HelpPanel);
 
-    ibIncomplete = new wxInfoBar(this);
-    ibIncomplete->SetName("ibIncomplete");
-    ibNew = new wxInfoBar(this);
-    ibNew->SetName("ibNew");
     pgStart = new FormStartPage(this, [this](StartStep step) { TakeStep(step); });
     m_tree = std::make_unique<FormMenuTree>(this, m_editor);
     tvMain = m_tree.get();
     tvMain->Window().SetMinSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    sizer->Add(ibIncomplete, wxSizerFlags().Expand());
-    sizer->Add(ibNew, wxSizerFlags().Expand());
     // One of these two is shown.
     sizer->Add(pgStart, wxSizerFlags(1).Expand());
     sizer->Add(&tvMain->Window(), wxSizerFlags(1).Expand());

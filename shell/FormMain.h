@@ -29,6 +29,13 @@ public:
     FormMain();
     ~FormMain() override;
 
+    /// A bar above the tree. Few starts need one, so its window is made when it is first shown.
+    struct InfoBar {
+        const char* name;
+        wxInfoBarGeneric* window = nullptr;
+        std::string text{}; ///< as shown; empty while the bar is hidden
+    };
+
     /// The open menu.
     MenuEditor& Editor() { return m_editor; }
 
@@ -38,9 +45,9 @@ public:
     // Controls.
     FormMenuTree* tvMain = nullptr;
     FormStatusBar* sbMain = nullptr;
-    wxInfoBarGeneric* ibIncomplete = nullptr;
-    wxInfoBarGeneric* ibNew = nullptr; ///< tells that the menu has no file yet
-    FormStartPage* pgStart = nullptr;  ///< in the place of the tree while nothing is open
+    InfoBar ibIncomplete{"ibIncomplete"}; ///< the file could not be read to its end
+    InfoBar ibNew{"ibNew"};               ///< the menu has no file yet
+    FormStartPage* pgStart = nullptr;     ///< in the place of the tree while nothing is open
     wxMenu* mnuMenu = nullptr;
     wxMenuItem* mnuFileOpen = nullptr;
     wxMenuItem* mnuFileSave = nullptr;
@@ -111,6 +118,7 @@ private:
     void OnClose(wxCloseEvent& event);
     bool ConfirmClose(bool mayCancel);
     void UpdateBars();
+    void ShowBar(InfoBar& bar, const std::string& text, int icon);
     int Ask(const std::string& text, int titleId, long style);
     void ShowError(int messageId, const NeskError& error);
 
@@ -118,8 +126,7 @@ private:
     std::unique_ptr<FormMenuTree> m_tree;
     bool m_captionRefused = false; // by the last end of an edit
     bool m_wasActive = false;
-    std::string m_shownRoot;   // root folder of which pgStart tells
-    std::string m_newMenuText; // as ibNew shows it
+    std::string m_shownRoot; // the root folder that pgStart is about
 };
 
 } // namespace nesk

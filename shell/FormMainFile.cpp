@@ -25,6 +25,7 @@
 #include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
+#include <wx/sizer.h>
 #include <wx/statusbr.h>
 #include <wx/utils.h>
 
@@ -40,8 +41,9 @@ void FormMain::OnMenuReplaced() {
     const bool isOpen = m_editor.IsOpen();
     tvMain->Window().Show(isOpen);
     pgStart->Show(!isOpen);
-    UpdateStartPage();
+    // The page wraps its text to the width that the layout gives it.
     Layout();
+    UpdateStartPage();
     if (isOpen)
         tvMain->Window().SetFocus();
     else
@@ -59,17 +61,22 @@ void FormMain::UpdateBars() {
     const NeskRegistry& settings = NeskRegistry::Instance();
     const wxString place = ToWx(SavePlace::StatusText(m_editor, settings));
     if (sbMain->GetStatusText() != place) sbMain->ShowPath(place);
-    if (m_editor.IsIncomplete() && !ibIncomplete->IsShown())
-        ibIncomplete->ShowMessage(ResText(Message::IncompleteBar), wxICON_WARNING);
-    else if (!m_editor.IsIncomplete() && ibIncomplete->IsShown())
-        ibIncomplete->Dismiss();
-    const std::string text = SavePlace::NewMenuText(m_editor, settings);
-    if (text == m_newMenuText) return;
-    m_newMenuText = text;
-    if (text.empty())
-        ibNew->Dismiss();
-    else
-        ibNew->ShowMessage(ToWx(text), wxICON_INFORMATION);
+    ShowBar(ibIncomplete, m_editor.IsIncomplete() ? LoadResString(Message::IncompleteBar) : "",
+            wxICON_WARNING);
+    ShowBar(ibNew, SavePlace::NewMenuText(m_editor, settings), wxICON_INFORMATION);
+}
+
+// Shows a text in a bar above the tree; an empty text hides the bar.
+void FormMain::ShowBar(InfoBar& bar, const std::string& text, int icon) {
+    if (text == bar.text) return;
+    bar.text = text;
+    if (text.empty()) return bar.window->Dismiss();
+    if (bar.window == nullptr) {
+        bar.window = new wxInfoBar(this);
+        bar.window->SetName(bar.name);
+        GetSizer()->Prepend(bar.window, wxSizerFlags().Expand());
+    }
+    bar.window->ShowMessage(ToWx(text), icon);
 }
 
 void FormMain::FileOpen() {

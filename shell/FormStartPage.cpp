@@ -41,25 +41,16 @@ constexpr std::array<StepButton, 4> StepButtons{{
 
 } // namespace
 
-FormStartPage::FormStartPage(wxWindow* parent, const std::function<void(StartStep)>& onStep)
+FormStartPage::FormStartPage(wxWindow* parent, std::function<void(StartStep)> onStep)
     : wxScrolledWindow(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxVSCROLL | wxTAB_TRAVERSAL,
-                       "pgStart") {
+                       "pgStart")
+    , m_onStep(std::move(onStep)) {
     SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
     lblHeading = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
                                   "lblHeading");
     lblText =
         new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE, "lblText");
     m_buttons = new wxBoxSizer(wxVERTICAL);
-    wxButton** const members[] = {&cmdOpenMenu, &cmdChooseRoot, &cmdCreateStation, &cmdOpenStation};
-    for (std::size_t i = 0; i < StepButtons.size(); ++i) {
-        const StepButton& info = StepButtons[i];
-        auto* button = new wxButton(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0,
-                                    wxDefaultValidator, info.name);
-        // After the event: the step may take this window's buttons away.
-        button->Bind(wxEVT_BUTTON,
-                     [this, onStep, step = info.step](wxCommandEvent&) { CallAfter([=] { onStep(step); }); });
-        *members[i] = button;
-    }
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(lblHeading);
     content->Add(lblText, wxSizerFlags().Border(wxTOP | wxBOTTOM, FromDIP(12)));
@@ -74,7 +65,7 @@ FormStartPage::FormStartPage(wxWindow* parent, const std::function<void(StartSte
     });
 }
 
-wxButton* FormStartPage::ButtonOf(StartStep step) const {
+wxButton*& FormStartPage::MemberOf(StartStep step) {
     switch (step) {
     case StartStep::OpenMenu: return cmdOpenMenu;
     case StartStep::ChooseRoot: return cmdChooseRoot;
@@ -84,23 +75,40 @@ wxButton* FormStartPage::ButtonOf(StartStep step) const {
     return cmdOpenStation;
 }
 
+wxButton& FormStartPage::ButtonOf(StartStep step) {
+    wxButton*& button = MemberOf(step);
+    if (button == nullptr) {
+        const auto* info = std::find_if(StepButtons.begin(), StepButtons.end(),
+                                        [step](const StepButton& other) { return other.step == step; });
+        button = new wxButton(this, wxID_ANY, ResText(info->text), wxDefaultPosition, wxDefaultSize, 0,
+                              wxDefaultValidator, info->name);
+        // After the event: the step may remove this window's buttons.
+        button->Bind(wxEVT_BUTTON,
+                     [this, step](wxCommandEvent&) { CallAfter([this, step] { m_onStep(step); }); });
+    }
+    return *button;
+}
+
 void FormStartPage::ShowChoices(const StartChoices& choices) {
+    if (choices == m_choices) return;
     m_choices = choices;
     lblHeading->SetFont(GetFont().Scaled(HeadingScale).Bold());
     m_buttons->Clear();
     for (const StepButton& info : StepButtons) {
-        wxButton* button = ButtonOf(info.step);
+        wxButton* button = MemberOf(info.step);
+        if (button == nullptr) continue;
+        // The language may have changed with the station.
         button->SetLabel(ResText(info.text));
         button->Hide();
     }
     wxWindow* before = lblText;
     for (const StartStep step : m_choices.steps) {
-        wxButton* button = ButtonOf(step);
-        button->Show();
-        // Tab goes in the order in which they stand.
-        button->MoveAfterInTabOrder(before);
-        before = button;
-        m_buttons->Add(button, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(8)));
+        wxButton& button = ButtonOf(step);
+        button.Show();
+        // Tab follows the order on the page.
+        button.MoveAfterInTabOrder(before);
+        before = &button;
+        m_buttons->Add(&button, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(8)));
     }
     m_wrappedAt = 0;
     WrapTexts();
@@ -126,7 +134,7 @@ void FormStartPage::WrapTexts() {
 }
 
 void FormStartPage::FocusNextStep() {
-    if (!m_choices.steps.empty()) ButtonOf(m_choices.steps.front())->SetFocus();
+    if (!m_choices.steps.empty()) ButtonOf(m_choices.steps.front()).SetFocus();
 }
 
 } // namespace nesk

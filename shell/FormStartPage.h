@@ -17,7 +17,7 @@ namespace nesk {
 class FormStartPage : public wxScrolledWindow {
 public:
     /// @param onStep  called when the user takes a step
-    FormStartPage(wxWindow* parent, const std::function<void(StartStep)>& onStep);
+    FormStartPage(wxWindow* parent, std::function<void(StartStep)> onStep);
 
     /// Shows a heading, a text and the buttons of the steps, in their order.
     void ShowChoices(const StartChoices& choices);
@@ -25,7 +25,8 @@ public:
     /// Gives the focus to the button of the next step.
     void FocusNextStep();
 
-    // Controls.
+    // Controls. A button is null until its step is offered for the first time: making all four would lengthen
+    // every start.
     wxStaticText* lblHeading = nullptr;
     wxStaticText* lblText = nullptr;
     wxButton* cmdOpenMenu = nullptr;
@@ -34,9 +35,11 @@ public:
     wxButton* cmdOpenStation = nullptr;
 
 private:
-    wxButton* ButtonOf(StartStep step) const;
+    wxButton*& MemberOf(StartStep step);
+    wxButton& ButtonOf(StartStep step);
     void WrapTexts();
 
+    std::function<void(StartStep)> m_onStep;
     wxSizer* m_buttons = nullptr;
     StartChoices m_choices;
     int m_wrappedAt = 0; // width

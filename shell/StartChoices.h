@@ -37,6 +37,8 @@ struct StartChoices {
 
     /// What is said and offered in a state.
     static StartChoices For(const StartState& state);
+
+    bool operator==(const StartChoices&) const = default;
 };
 
 } // namespace nesk

@@ -59,7 +59,7 @@ TEST_F(FormMainTest, StartsWithoutAFile) {
     EXPECT_EQ(Enabled(), "");
     EXPECT_EQ(TreeText(), "");
     EXPECT_EQ(StatusPath(), "");
-    EXPECT_FALSE(window->ibIncomplete->IsShown());
+    EXPECT_FALSE(IsShown(window->ibIncomplete));
 }
 
 TEST_F(FormMainTest, OpenNeedsTheMenuRoot) {
@@ -312,7 +312,7 @@ TEST_F(FormMainTest, ADamagedFileIsShownAsFarAsItGoes) {
     for (const char* part : {"5000", "C:\\Neskroot\\menu.cfg", "37"})
         EXPECT_NE(dialogs.shown.at(0).text.find(part), std::string::npos) << dialogs.shown[0].text;
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n");
-    EXPECT_TRUE(window->ibIncomplete->IsShown());
+    EXPECT_TRUE(IsShown(window->ibIncomplete));
 
     dialogs.Answer(wxID_NO);
     ASSERT_TRUE(Click(window->mnuFileSave));
@@ -321,7 +321,7 @@ TEST_F(FormMainTest, ADamagedFileIsShownAsFarAsItGoes) {
     ASSERT_TRUE(Click(window->mnuFileSave));
     EXPECT_NE(dialogs.shown.at(2).text.find("menu.cfg.damaged"), std::string::npos);
     EXPECT_TRUE(std::filesystem::exists(TempStation::Host("C:\\Neskroot\\menu.cfg.damaged")));
-    EXPECT_FALSE(window->ibIncomplete->IsShown());
+    EXPECT_FALSE(IsShown(window->ibIncomplete));
     EXPECT_NE(MenuOnDisk(), damaged);
 }
 
@@ -427,7 +427,7 @@ TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
 
 TEST_F(FormMainTest, ControlsAreFoundByName) {
     OpenWindow();
-    for (const char* name : {"tvMain", "sbMain", "ibIncomplete", "ibNew", "pgStart"})
+    for (const char* name : {"tvMain", "sbMain", "pgStart"})
         EXPECT_NE(wxWindow::FindWindowByName(name, window), nullptr) << name;
 }
 

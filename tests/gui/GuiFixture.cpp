@@ -11,6 +11,7 @@
 
 #include <wx/app.h>
 #include <wx/evtloop.h>
+#include <wx/infobar.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/stopwatch.h>
@@ -157,6 +158,10 @@ platform::TreeNode& MainWindowTest::Row(const std::string& id) const {
     platform::TreeNode* node = window->tvMain->NodeOf(id);
     if (node == nullptr) throw std::runtime_error("no row for " + id);
     return *node;
+}
+
+bool MainWindowTest::IsShown(const FormMain::InfoBar& bar) {
+    return bar.window != nullptr && bar.window->IsShown() && bar.window->GetName() == bar.name;
 }
 
 wxPoint MainWindowTest::MiddleOf(const std::string& id) const {

@@ -88,6 +88,9 @@ protected:
     void ClickRow(const std::string& id, int button = wxMOUSE_BTN_LEFT);
     void DoubleClickRow(const std::string& id);
 
+    /// True when a bar with a text is above the tree.
+    static bool IsShown(const FormMain::InfoBar& bar);
+
     /// A point in the middle of a row that can be seen, on the screen.
     wxPoint MiddleOf(const std::string& id) const;
 
