@@ -1,6 +1,6 @@
 #include "menu/Arena.h"
 
-#include "platform/LargeBlock.h"
+#include "platform/HugePages.h"
 
 #include <algorithm>
 
@@ -16,7 +16,7 @@ constexpr std::size_t LargestBlock = std::size_t{1} << 21;
 
 Arena::~Arena() {
     for (void* block : m_blocks)
-        platform::FreeLargeBlock(block);
+        platform::FreeHugePages(block);
 }
 
 void* Arena::AllocateInNewBlock(std::size_t size) {
@@ -25,7 +25,7 @@ void* Arena::AllocateInNewBlock(std::size_t size) {
     // What is large has a block of its own, and the one in use goes on being filled.
     const bool alone = size > usual / 4;
     m_blocks.push_back(nullptr);
-    auto* const block = static_cast<char*>(platform::AllocateLargeBlock(alone ? size : usual));
+    auto* const block = static_cast<char*>(platform::AllocateHugePages(alone ? size : usual));
     m_blocks.back() = block;
     if (!alone) {
         m_at = block + size;

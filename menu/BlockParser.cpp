@@ -1,9 +1,9 @@
 #include "menu/BlockParser.h"
 
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "menu/MenuText.h"
 #include "platform/TextEncoding.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 
 #include <algorithm>
 

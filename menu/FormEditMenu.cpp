@@ -1,10 +1,10 @@
 #include "menu/FormEditMenu.h"
 
-#include "menu/FormPicture.h"
-#include "menu/FormPictureButtons.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuText.h"
-#include "shell/FormUtilities.h"
+#include "widgets/FormPicture.h"
+#include "widgets/UiPictureButtons.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

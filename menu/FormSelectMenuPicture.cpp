@@ -1,9 +1,9 @@
 #include "menu/FormSelectMenuPicture.h"
 
-#include "menu/FormPicture.h"
-#include "menu/FormPictureButtons.h"
 #include "menu/MenuText.h"
-#include "shell/FormUtilities.h"
+#include "widgets/FormPicture.h"
+#include "widgets/UiPictureButtons.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

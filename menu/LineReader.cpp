@@ -1,8 +1,8 @@
 #include "menu/LineReader.h"
 
+#include "base/FileErrors.h"
+#include "base/Messages.h"
 #include "platform/ErrorCode.h"
-#include "shell/FileErrors.h"
-#include "shell/Messages.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,5 +1,8 @@
 #include "menu/Menu.h"
 
+#include "base/FileErrors.h"
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "menu/BlockParser.h"
 #include "menu/MenuFileWriter.h"
 #include "menu/MenuItem.h"
@@ -7,9 +10,6 @@
 #include "menu/MenuKeys.h"
 #include "platform/ErrorCode.h"
 #include "platform/Registry.h"
-#include "shell/FileErrors.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"

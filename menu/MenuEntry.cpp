@@ -1,9 +1,9 @@
 #include "menu/MenuEntry.h"
 
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 
 #include <charconv>
 #include <limits>

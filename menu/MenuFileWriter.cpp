@@ -38,19 +38,18 @@ char* Put(char* at, MenuKey key) {
 
 } // namespace
 
-FileFingerprint MenuFileWriter::Save(const std::string& path, const Backup& backup,
-                                     const FileFingerprint& known) {
+FileHash MenuFileWriter::Save(const std::string& path, const Backup& backup, const FileHash& known) {
     SafeFile file(path, m_files);
     m_file = &file;
-    m_fingerprint = {};
+    m_hash = {};
     m_buffer.resize(BufferSize);
     m_used = 0;
     WriteTree();
     FlushBuffer();
     m_file = nullptr;
-    const bool isSame = m_fingerprint == known && FileFingerprint::Of(path, m_files) == m_fingerprint;
+    const bool isSame = m_hash == known && FileHash::Of(path, m_files) == m_hash;
     file.Commit(isSame && !IsFirstOf(backup) ? Backup{} : backup);
-    return m_fingerprint;
+    return m_hash;
 }
 
 // Whether a backup would be the first one of a menu.
@@ -144,7 +143,7 @@ void MenuFileWriter::MakeRoom(std::size_t size) {
 void MenuFileWriter::FlushBuffer() {
     const std::string_view bytes(m_buffer.data(), m_used);
     m_file->Write(bytes);
-    m_fingerprint.Add(bytes);
+    m_hash.Add(bytes);
     m_used = 0;
 }
 

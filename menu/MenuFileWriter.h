@@ -1,8 +1,8 @@
 #pragma once
 
-#include "menu/BackupNames.h"
-#include "menu/FileFingerprint.h"
-#include "shell/SafeFile.h"
+#include "base/BackupNames.h"
+#include "base/FileHash.h"
+#include "base/SafeFile.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -28,8 +28,8 @@ public:
     /// @param known   what the file is believed to hold. When the tree makes the same bytes, and the file
     /// does
     ///                hold them, an older backup stays, and a dated one is not made
-    /// @return the fingerprint of the new file
-    FileFingerprint Save(const std::string& path, const Backup& backup, const FileFingerprint& known = {});
+    /// @return the hash of the new file
+    FileHash Save(const std::string& path, const Backup& backup, const FileHash& known = {});
 
 private:
     bool IsFirstOf(const Backup& backup);
@@ -49,7 +49,7 @@ private:
     SafeFile* m_file = nullptr;
     std::vector<char> m_buffer;
     std::size_t m_used = 0; // of the buffer
-    FileFingerprint m_fingerprint;
+    FileHash m_hash;
 };
 
 } // namespace nesk

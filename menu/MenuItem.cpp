@@ -1,12 +1,12 @@
 #include "menu/MenuItem.h"
 
+#include "base/Messages.h"
+#include "base/NeskError.h"
+#include "base/modConvert.h"
 #include "menu/BlockParser.h"
 #include "menu/HistoryList.h"
 #include "menu/MenuItemCollection.h"
 #include "menu/MenuKeys.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
-#include "shell/modConvert.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #include "menu/MenuItemCollection.h"
 
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "menu/MenuItem.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 
 #include <algorithm>
 #include <string>

@@ -1,8 +1,8 @@
 #include "menu/MenuText.h"
 
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "platform/TextEncoding.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 
 #include <algorithm>
 #include <cstdint>

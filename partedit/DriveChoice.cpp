@@ -1,8 +1,8 @@
 #include "partedit/DriveChoice.h"
 
+#include "base/NeskError.h"
 #include "platform/Drives.h"
 #include "platform/ErrorCode.h"
-#include "shell/NeskError.h"
 
 namespace nesk::DriveChoice {
 

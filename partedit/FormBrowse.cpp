@@ -1,13 +1,13 @@
 #include "partedit/FormBrowse.h"
 
+#include "base/Messages.h"
 #include "partedit/BrowseChoice.h"
 #include "partedit/DriveChoice.h"
 #include "partedit/FormFolder.h"
 #include "partedit/FormFolderTree.h"
-#include "partedit/FormTreeKeys.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiTreeKeys.h"
+#include "widgets/UiUtilities.h"
 
 #include <optional>
 

@@ -1,7 +1,5 @@
 #include "partedit/FormEditPart.h"
 
-#include "menu/FormPicture.h"
-#include "menu/FormPictureButtons.h"
 #include "menu/FormSelectMenuPicture.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuText.h"
@@ -12,11 +10,12 @@
 #include "platform/AccessibleName.h"
 #include "platform/PartInfoEditor.h"
 #include "shell/FieldMessage.h"
-#include "shell/FormReadOnlyText.h"
-#include "shell/FormUtilities.h"
-#include "shell/Startup.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
+#include "widgets/FormPicture.h"
+#include "widgets/FormReadOnlyText.h"
+#include "widgets/UiPictureButtons.h"
+#include "widgets/UiUtilities.h"
 
 #include <cstddef>
 #include <iterator>
@@ -315,7 +314,7 @@ void FormEditPart::EditPartInformation() {
     const std::string path = PartReference::IniPath(Program());
     const std::optional<std::string> folder = PartReference::PartFolder(path);
     if (!folder) return;
-    const platform::PartInfoResult result = platform::EditPartInfo(*folder, path, Startup::LanguageID());
+    const platform::PartInfoResult result = platform::EditPartInfo(*folder, path, modStringRes::LanguageID());
     // The part may have got another name.
     RefreshDescription();
     if (result == platform::PartInfoResult::Done) return;

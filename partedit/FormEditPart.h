@@ -1,8 +1,8 @@
 #pragma once
 
 #include "menu/PartFields.h"
-#include "shell/FormDialog.h"
-#include "shell/UiShownText.h"
+#include "widgets/FormDialog.h"
+#include "widgets/UiShownText.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 #include "partedit/FormFolder.h"
 
 #include "partedit/FolderName.h"
-#include "partedit/FormTextFilter.h"
-#include "shell/FormUtilities.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiTextFilter.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/sizer.h>
 #include <wx/stattext.h>

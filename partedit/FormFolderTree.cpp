@@ -1,11 +1,11 @@
 #include "partedit/FormFolderTree.h"
 
+#include "base/FileErrors.h"
 #include "partedit/FolderList.h"
 #include "platform/ErrorCode.h"
 #include "platform/TextEncoding.h"
-#include "shell/FileErrors.h"
-#include "shell/FormIcons.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiIcons.h"
 
 #include <memory>
 #include <vector>

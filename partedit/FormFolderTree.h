@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/TreeView.h"
+#include "platform/UiTreeView.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #include "partedit/FormSelectDrive.h"
 
 #include "partedit/DriveChoice.h"
-#include "shell/FormUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/choice.h>
 #include <wx/radiobut.h>

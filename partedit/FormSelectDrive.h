@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/FormDialog.h"
+#include "widgets/FormDialog.h"
 
 #include <array>
 #include <string>

@@ -1,13 +1,13 @@
 #include "partedit/FormSelectHelpFile.h"
 
 #include "menu/MenuText.h"
-#include "partedit/FormTextFilter.h"
 #include "partedit/HelpFileChoice.h"
 #include "platform/OpenFileDialog.h"
-#include "shell/FormUtilities.h"
-#include "shell/NumericKeyFilter.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/NumericKeyFilter.h"
+#include "widgets/UiTextFilter.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

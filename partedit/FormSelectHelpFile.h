@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/FormDialog.h"
-#include "shell/UiShownText.h"
+#include "widgets/FormDialog.h"
+#include "widgets/UiShownText.h"
 
 #include <cstdint>
 #include <string>

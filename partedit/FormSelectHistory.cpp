@@ -2,13 +2,13 @@
 
 #include "menu/MenuText.h"
 #include "partedit/FormBrowse.h"
-#include "partedit/FormTextFilter.h"
 #include "partedit/HistoryChoice.h"
 #include "shell/FieldMessage.h"
-#include "shell/FormUtilities.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiTextFilter.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

@@ -1,15 +1,15 @@
 #include "partedit/FormSelectPart.h"
 
+#include "base/FileErrors.h"
+#include "base/Messages.h"
 #include "partedit/FormSelectDrive.h"
 #include "partedit/RepositoryRoot.h"
 #include "platform/TextEncoding.h"
-#include "shell/FileErrors.h"
-#include "shell/FormIcons.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiIcons.h"
+#include "widgets/UiUtilities.h"
 
 #include <memory>
 #include <utility>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "partedit/PartScanner.h"
-#include "platform/TreeView.h"
-#include "shell/FormDialog.h"
+#include "platform/UiTreeView.h"
+#include "widgets/FormDialog.h"
 
 #include <string>
 #include <vector>

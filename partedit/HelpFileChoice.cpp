@@ -1,9 +1,9 @@
 #include "partedit/HelpFileChoice.h"
 
+#include "base/NeskError.h"
+#include "base/modConvert.h"
 #include "platform/FileSystem.h"
 #include "settings/RegEntry.h"
-#include "shell/NeskError.h"
-#include "shell/modConvert.h"
 #include "shell/modUtilities.h"
 
 namespace nesk::HelpFileChoice {

@@ -1,7 +1,7 @@
 #include "partedit/RepositoryRoot.h"
 
+#include "base/NeskError.h"
 #include "settings/RegEntry.h"
-#include "shell/NeskError.h"
 #include "shell/modUtilities.h"
 
 namespace nesk {

@@ -1,7 +1,7 @@
 #include "settings/AccessCode.h"
 
+#include "base/Messages.h"
 #include "settings/NeskRegistry.h"
-#include "shell/Messages.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 

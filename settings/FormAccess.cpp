@@ -1,9 +1,9 @@
 #include "settings/FormAccess.h"
 
-#include "partedit/FormTextFilter.h"
 #include "settings/AccessCode.h"
-#include "shell/FormUtilities.h"
-#include "shell/NumericKeyFilter.h"
+#include "widgets/NumericKeyFilter.h"
+#include "widgets/UiTextFilter.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/checkbox.h>
 #include <wx/sizer.h>

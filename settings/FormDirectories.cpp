@@ -2,17 +2,17 @@
 
 #include "partedit/FormBrowse.h"
 #include "partedit/FormSelectHistory.h"
-#include "partedit/FormTextFilter.h"
 #include "settings/FormSelectMachine.h"
 #include "settings/FormSelectUser.h"
 #include "settings/NeskRegistry.h"
 #include "settings/PrinterChoice.h"
-#include "shell/FormReadOnlyText.h"
-#include "shell/FormUtilities.h"
-#include "shell/NumericKeyFilter.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/FormReadOnlyText.h"
+#include "widgets/NumericKeyFilter.h"
+#include "widgets/UiTextFilter.h"
+#include "widgets/UiUtilities.h"
 
 #include <functional>
 #include <utility>
@@ -155,7 +155,7 @@ void FormDirectories::BindEvents() {
 
 bool FormDirectories::Invoke(bool mayMakeRoot) {
     m_mayMakeRoot = mayMakeRoot;
-    m_fields = OptionsCheck::Load(NeskRegistry::Instance());
+    m_fields = OptionsModel::Load(NeskRegistry::Instance());
     ShowFields();
     txtRoot->SetFocus();
     return ShowModal() == wxID_OK;
@@ -164,26 +164,26 @@ bool FormDirectories::Invoke(bool mayMakeRoot) {
 void FormDirectories::OnOK() {
     ReadFields();
     if (m_mayMakeRoot) OfferRoot();
-    OptionsCheck::Numbers numbers;
-    if (const auto fault = OptionsCheck::Check(m_fields, numbers)) return Refuse(*fault);
+    OptionsModel::Numbers numbers;
+    if (const auto fault = OptionsModel::Check(m_fields, numbers)) return Refuse(*fault);
     NeskRegistry& settings = NeskRegistry::Instance();
-    OptionsCheck::Apply(m_fields, numbers, settings);
+    OptionsModel::Apply(m_fields, numbers, settings);
     settings.Save();
     Accept();
 }
 
 // Whoever says No hears from the check that the folder does not exist.
 void FormDirectories::OfferRoot() {
-    if (!OptionsCheck::RootCanBeMade(m_fields.root)) return;
+    if (!OptionsModel::RootCanBeMade(m_fields.root)) return;
     namespace Option = modMessageBox::Option;
     const std::string question = modStringRes::FormatResString(CreateRootQuestion, m_fields.root);
     if (modMessageBox::ShowMessage(question, Option::YesNo | Option::Question) == modMessageBox::Result::Yes)
         modUtilities::MakePath(m_fields.root);
 }
 
-void FormDirectories::Refuse(const OptionsCheck::Fault& fault) {
+void FormDirectories::Refuse(const OptionsModel::Fault& fault) {
     ShowReason(fault.reason);
-    modMessageBox::ShowMessage(fault.message, modMessageBox::Option::Exclamation, OptionsCheck::FaultTitle());
+    modMessageBox::ShowMessage(fault.message, modMessageBox::Option::Exclamation, OptionsModel::FaultTitle());
     wxTextCtrl& box = BoxOf(fault.field);
     if (fault.replacement) box.SetValue(ToWx(*fault.replacement));
     box.SetFocus();
@@ -191,8 +191,8 @@ void FormDirectories::Refuse(const OptionsCheck::Fault& fault) {
     if (fault.replacement) modUtilities::SelectAllText(box, true);
 }
 
-wxTextCtrl& FormDirectories::BoxOf(OptionsCheck::Field field) {
-    using OptionsCheck::Field;
+wxTextCtrl& FormDirectories::BoxOf(OptionsModel::Field field) {
+    using OptionsModel::Field;
     switch (field) {
     case Field::Root: return *txtRoot;
     case Field::Slides: return *txtSlides;
@@ -239,7 +239,7 @@ void FormDirectories::ReadFields() {
 }
 
 void FormDirectories::ApplyHistoryRule() {
-    const bool used = OptionsCheck::ApplyHistoryRule(m_fields);
+    const bool used = OptionsModel::ApplyHistoryRule(m_fields);
     txtMaxParts->SetValue(ToWx(m_fields.maxParts));
     txtSampleSize->SetValue(ToWx(m_fields.sampleSize));
     txtMaxParts->Enable(used);
@@ -257,7 +257,7 @@ void FormDirectories::ChooseMachine() {
     if (key.empty()) return;
     m_fields.machineKey = key;
     ShowReason("");
-    OptionsCheck::ShowName(key, m_fields.machine);
+    OptionsModel::ShowName(key, m_fields.machine);
     txtMachine->SetValue(ToWx(m_fields.machine));
 }
 
@@ -266,7 +266,7 @@ void FormDirectories::ChooseUser() {
     if (key.empty()) return;
     m_fields.userKey = key;
     ShowReason("");
-    OptionsCheck::ShowName(key, m_fields.user);
+    OptionsModel::ShowName(key, m_fields.user);
     txtUser->SetValue(ToWx(m_fields.user));
 }
 

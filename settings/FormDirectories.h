@@ -1,7 +1,7 @@
 #pragma once
 
-#include "settings/OptionsCheck.h"
-#include "shell/FormDialog.h"
+#include "settings/OptionsModel.h"
+#include "widgets/FormDialog.h"
 
 #include <string>
 
@@ -60,8 +60,8 @@ private:
     void OfferRoot();
     void ShowPrinter();
     void SetUpPrinter();
-    void Refuse(const OptionsCheck::Fault& fault);
-    wxTextCtrl& BoxOf(OptionsCheck::Field field);
+    void Refuse(const OptionsModel::Fault& fault);
+    wxTextCtrl& BoxOf(OptionsModel::Field field);
 
     OptionsFields m_fields;
     bool m_mayMakeRoot = false;

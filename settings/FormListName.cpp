@@ -1,8 +1,8 @@
 #include "settings/FormListName.h"
 
 #include "settings/RegistryListEditor.h"
-#include "shell/FormUtilities.h"
 #include "shell/modMessageBox.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/sizer.h>
 #include <wx/stattext.h>

@@ -1,12 +1,12 @@
 #include "settings/FormSelectFromList.h"
 
+#include "base/NeskError.h"
 #include "settings/FormListName.h"
 #include "settings/RegistryListEditor.h"
-#include "shell/FormUtilities.h"
-#include "shell/NeskError.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "settings/RegistryList.h"
-#include "shell/FormDialog.h"
+#include "widgets/FormDialog.h"
 
 #include <string>
 

@@ -1,12 +1,12 @@
 #include "settings/NeskRegistry.h"
 
+#include "base/FileErrors.h"
+#include "base/Messages.h"
+#include "base/NeskError.h"
+#include "base/modConvert.h"
 #include "platform/ErrorCode.h"
 #include "platform/Registry.h"
 #include "settings/RegEntry.h"
-#include "shell/FileErrors.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
-#include "shell/modConvert.h"
 #include "shell/modUtilities.h"
 
 #include <functional>

@@ -1,10 +1,10 @@
 #include "settings/RegEntry.h"
 
+#include "base/LanguageTable.h"
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "platform/ErrorCode.h"
 #include "platform/TextEncoding.h"
-#include "shell/LanguageTable.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 
 #include <array>
 #include <limits>

@@ -1,10 +1,10 @@
 #include "settings/RegistryList.h"
 
+#include "base/NeskError.h"
 #include "platform/ErrorCode.h"
 #include "platform/TextEncoding.h"
 #include "settings/RegEntry.h"
 #include "settings/RegistryListEditor.h"
-#include "shell/NeskError.h"
 #include "shell/modUtilities.h"
 
 #include <utility>

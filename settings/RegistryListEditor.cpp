@@ -1,9 +1,9 @@
 #include "settings/RegistryListEditor.h"
 
+#include "base/Messages.h"
 #include "platform/StationFolder.h"
 #include "platform/TextEncoding.h"
 #include "settings/RegEntry.h"
-#include "shell/Messages.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 

@@ -1,4 +1,4 @@
-#include "shell/Messages.h"
+#include "base/Messages.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
@@ -34,6 +34,7 @@ std::string MessageText(const NeskError& error) {
     const std::size_t count = std::min(arguments.size(), error.arguments.size());
     std::transform(error.arguments.begin(), error.arguments.begin() + static_cast<std::ptrdiff_t>(count),
                    arguments.begin(), Shortened);
+    if (error.cause && count < arguments.size()) arguments[count] = MessageText(*error.cause);
     return modStringRes::FormatResStringArray(error.messageId, arguments);
 }
 

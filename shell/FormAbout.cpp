@@ -1,8 +1,8 @@
 #include "shell/FormAbout.h"
 
+#include "base/Messages.h"
 #include "shell/AboutText.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/sizer.h>

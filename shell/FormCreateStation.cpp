@@ -1,12 +1,12 @@
 #include "shell/FormCreateStation.h"
 
+#include "base/Messages.h"
 #include "platform/StationFolder.h"
-#include "shell/FormStationFolder.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
-#include "shell/WrappedText.h"
+#include "shell/UiStationFolder.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
+#include "widgets/UiUtilities.h"
+#include "widgets/WrappedText.h"
 
 #include <wx/button.h>
 #include <wx/radiobut.h>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "shell/FormDialog.h"
 #include "shell/StationCreation.h"
+#include "widgets/FormDialog.h"
 
 class wxRadioButton;
 class wxStaticText;

@@ -1,18 +1,18 @@
 #include "shell/FormMain.h"
 
+#include "base/Messages.h"
 #include "menu/FormSelectMenuPicture.h"
 #include "menu/MenuItem.h"
 #include "partedit/FormEditPart.h"
 #include "settings/FormAccess.h"
 #include "settings/NeskRegistry.h"
-#include "shell/FormIcons.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormStartPage.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
 #include "shell/modHelp.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiIcons.h"
+#include "widgets/UiUtilities.h"
 
 #include <algorithm>
 

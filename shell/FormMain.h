@@ -1,6 +1,6 @@
 #pragma once
 
-#include "menu/MenuEditor.h"
+#include "editing/MenuEditor.h"
 #include "shell/FormStatusBar.h"
 #include "shell/MainCommands.h"
 #include "shell/StartChoices.h"

@@ -2,7 +2,9 @@
 
 #include "shell/FormMain.h"
 
-#include "menu/SamePlace.h"
+#include "base/Messages.h"
+#include "editing/SamePlace.h"
+#include "editing/SavePlace.h"
 #include "platform/SaveFileDialog.h"
 #include "platform/SystemQuestion.h"
 #include "settings/FormDirectories.h"
@@ -11,14 +13,12 @@
 #include "shell/FormCreateStation.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormStartPage.h"
-#include "shell/FormStationFolder.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
-#include "shell/SavePlace.h"
 #include "shell/Startup.h"
 #include "shell/StationCreation.h"
+#include "shell/UiStationFolder.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <optional>
 

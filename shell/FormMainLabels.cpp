@@ -1,10 +1,10 @@
 // Keys, in-place editing of captions and the context menu: what the main window does inside its tree.
 
+#include "base/Messages.h"
 #include "menu/MenuText.h"
 #include "shell/FormMain.h"
 #include "shell/FormMenuTree.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
+#include "widgets/UiUtilities.h"
 
 #include <memory>
 

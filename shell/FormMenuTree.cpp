@@ -1,10 +1,10 @@
 #include "shell/FormMenuTree.h"
 
+#include "base/Messages.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
-#include "shell/FormIcons.h"
-#include "shell/Messages.h"
 #include "shell/modStringRes.h"
+#include "widgets/UiIcons.h"
 
 #include <memory>
 #include <string_view>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "menu/MenuEditor.h"
-#include "platform/TreeView.h"
+#include "editing/MenuEditor.h"
+#include "platform/UiTreeView.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 #include "shell/FormMessageBox.h"
 
-#include "shell/FormIcons.h"
-#include "shell/FormUtilities.h"
-#include "shell/WrappedText.h"
 #include "shell/modMessageBox.h"
+#include "widgets/UiIcons.h"
+#include "widgets/UiUtilities.h"
+#include "widgets/WrappedText.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,8 +1,8 @@
 #include "shell/FormStartPage.h"
 
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
-#include "shell/WrappedText.h"
+#include "base/Messages.h"
+#include "widgets/UiUtilities.h"
+#include "widgets/WrappedText.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
 #include "shell/MainCommands.h"
 
-#include "shell/Messages.h"
+#include "base/Messages.h"
 
 #include <algorithm>
 #include <array>

@@ -1,14 +1,14 @@
 #include "shell/NeskApp.h"
 
+#include "base/Messages.h"
 #include "platform/DefaultFont.h"
 #include "platform/PartInfoEditor.h"
 #include "shell/FormMain.h"
 #include "shell/FormMessageBox.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
 #include "shell/Startup.h"
 #include "shell/modMessageBox.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <exception>
 

@@ -1,7 +1,7 @@
 #include "shell/ScreenRes.h"
 
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
+#include "base/Messages.h"
+#include "base/NeskError.h"
 
 #include <limits>
 

@@ -1,9 +1,9 @@
 #include "shell/StartChoices.h"
 
+#include "base/Messages.h"
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
 #include "settings/NeskRegistry.h"
-#include "shell/Messages.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 

@@ -1,14 +1,14 @@
 #include "shell/Startup.h"
 
+#include "base/Messages.h"
+#include "base/NeskError.h"
+#include "base/modConvert.h"
 #include "platform/ErrorCode.h"
 #include "platform/ErrorMode.h"
 #include "platform/Registry.h"
 #include "platform/TextEncoding.h"
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
-#include "shell/modConvert.h"
 #include "shell/modHelp.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
@@ -24,7 +24,6 @@ constexpr int DefaultLanguageID = 1033;
 constexpr const char* HelpBaseName = "OV";
 
 struct State {
-    int languageId = DefaultLanguageID;
     std::string unusableLanguage; // a value that is no language identifier
 };
 
@@ -64,21 +63,22 @@ void Warn(const std::string& text) {
 } // namespace
 
 int LanguageID() {
-    return TheState().languageId;
+    return modStringRes::LanguageID();
 }
 
 void InitLanguage() {
     State& state = TheState();
     state = {};
+    int languageId = DefaultLanguageID;
     if (const std::string stored = StoredLanguage(); !stored.empty()) {
         try {
-            state.languageId = modConvert::CLng(stored);
+            languageId = modConvert::CLng(stored);
         } catch (const NeskError&) {
             state.unusableLanguage = stored;
         }
     }
-    platform::SelectCodePage(state.languageId);
-    modStringRes::InitStringRes(state.languageId);
+    platform::SelectCodePage(languageId);
+    modStringRes::InitStringRes(languageId);
 }
 
 void LoadStation() {

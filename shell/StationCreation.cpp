@@ -1,5 +1,8 @@
 #include "shell/StationCreation.h"
 
+#include "base/FileErrors.h"
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "platform/ErrorCode.h"
 #include "platform/Registry.h"
 #include "platform/StationFolder.h"
@@ -7,9 +10,6 @@
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
 #include "settings/RegistryListEditor.h"
-#include "shell/FileErrors.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 #include "shell/Startup.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"

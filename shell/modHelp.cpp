@@ -1,10 +1,10 @@
 #include "shell/modHelp.h"
 
+#include "base/LanguageTable.h"
+#include "base/Messages.h"
 #include "platform/FileSystem.h"
 #include "platform/HelpViewer.h"
 #include "platform/TextEncoding.h"
-#include "shell/LanguageTable.h"
-#include "shell/Messages.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"

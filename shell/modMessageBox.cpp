@@ -1,6 +1,6 @@
 #include "shell/modMessageBox.h"
 
-#include "shell/Messages.h"
+#include "base/Messages.h"
 #include "shell/modStringRes.h"
 
 #include <utility>

@@ -1,9 +1,9 @@
 #include "shell/modStringRes.h"
 
+#include "base/LanguageTable.h"
 #include "platform/FileSystem.h"
 #include "platform/ResourceLibrary.h"
 #include "platform/TextEncoding.h"
-#include "shell/LanguageTable.h"
 #include "shell/modUtilities.h"
 
 #include <cstdio>
@@ -16,6 +16,8 @@ namespace {
 // Characters of a text, the terminating zero included; what is longer is cut.
 constexpr int BufferSize = 1024;
 
+constexpr int DefaultLanguageID = 1033;
+
 struct Library {
     platform::ModuleHandle module;
     std::string fileName;
@@ -23,6 +25,7 @@ struct Library {
 
 struct Loader {
     bool enabled = false;
+    int languageId = DefaultLanguageID;
     std::string languageCode;
     std::vector<Library> cache;
 };
@@ -77,8 +80,13 @@ std::string ReplaceAll(const std::string& text, const std::string& placeholder, 
 void InitStringRes(int languageId) {
     FreeStringRes();
     Loader& loader = TheLoader();
+    loader.languageId = languageId;
     loader.languageCode = LanguageCode(languageId);
     loader.enabled = true;
+}
+
+int LanguageID() {
+    return TheLoader().languageId;
 }
 
 void FreeStringRes() {

@@ -15,6 +15,9 @@ using Arguments = std::array<std::optional<std::string>, 10>;
 /// Selects the language of all texts and releases the libraries of the one before.
 void InitStringRes(int languageId);
 
+/// The language of all texts, as InitStringRes was told; 1033 before.
+int LanguageID();
+
 /// Releases every loaded library. The loader stays enabled and loads them again when they are asked for.
 void FreeStringRes();
 

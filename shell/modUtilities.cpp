@@ -1,11 +1,12 @@
 #include "shell/modUtilities.h"
 
+#include "base/FileErrors.h"
+#include "base/Paths.h"
+#include "base/modConvert.h"
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
 #include "platform/ProfileFile.h"
 #include "settings/RegEntry.h"
-#include "shell/FileErrors.h"
-#include "shell/modConvert.h"
 
 #include <algorithm>
 #include <memory>
@@ -63,10 +64,7 @@ std::string PathJoin(const std::string& base, const std::string& relative) {
 }
 
 std::string ParentFolder(const std::string& path) {
-    const std::size_t last = path.find_last_not_of('\\');
-    if (last == std::string::npos) return "";
-    const std::size_t separator = path.rfind('\\', last);
-    return separator == std::string::npos ? "" : path.substr(0, separator + 1);
+    return Paths::ParentFolder(path);
 }
 
 std::size_t ShareLength(std::string_view path) {

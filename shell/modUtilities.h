@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/NeskError.h"
 #include "platform/FileSystem.h"
-#include "shell/NeskError.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -8,10 +8,10 @@
 #include "bench/ui/Windows.h"
 #include "menu/MenuItem.h"
 #include "settings/NeskRegistry.h"
-#include "shell/FormIcons.h"
 #include "shell/FormMain.h"
 #include "shell/FormMenuTree.h"
 #include "unit/platform/TempStation.h"
+#include "widgets/UiIcons.h"
 
 #include <filesystem>
 #include <string>

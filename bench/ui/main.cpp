@@ -10,9 +10,9 @@
 #include "bench/ui/Windows.h"
 #include "partedit/FormSelectPart.h"
 #include "settings/RegEntry.h"
-#include "shell/FormUtilities.h"
 #include "shell/Startup.h"
 #include "unit/platform/TempStation.h"
+#include "widgets/UiUtilities.h"
 
 #include <cstdio>
 #include <cstdlib>

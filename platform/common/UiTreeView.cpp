@@ -1,6 +1,6 @@
 // What tree views have in common: nodes, keys, the search by typing, and the decisions of a drag.
 
-#include "platform/TreeView.h"
+#include "platform/UiTreeView.h"
 
 #include <algorithm>
 #include <iterator>

@@ -2,8 +2,8 @@
 
 #include "platform/ErrorCode.h"
 #include "platform/portable/FileHandle.h"
+#include "platform/portable/FileLock.h"
 #include "platform/portable/FileNames.h"
-#include "platform/portable/HeldFile.h"
 #include "platform/portable/HostError.h"
 #include "platform/portable/Station.h"
 
@@ -280,7 +280,8 @@ public:
         fs::path host;
         if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
         FileHandle handle;
-        if (const int error = portable::CreateHeld(host, handle); error != 0) return MissingCode(host, error);
+        if (const int error = portable::CreateLocked(host, handle); error != 0)
+            return MissingCode(host, error);
         writer = std::make_unique<HostWriter>(std::move(handle));
         return ErrorCode::Success;
     }
@@ -294,7 +295,7 @@ public:
     int RemoveAbandoned(const std::string& path) override {
         fs::path host;
         if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
-        const int error = portable::RemoveUnheld(host);
+        const int error = portable::RemoveUnlocked(host);
         return error != 0 ? MissingCode(host, error) : ErrorCode::Success;
     }
 
@@ -384,9 +385,9 @@ private:
         int error = EEXIST;
         for (int i = 1; i <= Names && error == EEXIST; ++i) {
             temporary = target.string() + ".nesk" + (i > 1 ? std::to_string(i) : "") + "~";
-            error = portable::CreateHeld(temporary, handle);
-            if (error == EEXIST && portable::RemoveUnheld(temporary) == 0)
-                error = portable::CreateHeld(temporary, handle);
+            error = portable::CreateLocked(temporary, handle);
+            if (error == EEXIST && portable::RemoveUnlocked(temporary) == 0)
+                error = portable::CreateLocked(temporary, handle);
         }
         return error;
     }

@@ -1,8 +1,8 @@
+#include "base/NeskError.h"
 #include "behaviour/Table.h"
 #include "platform/ErrorCode.h"
 #include "platform/Registry.h"
 #include "settings/RegEntry.h"
-#include "shell/NeskError.h"
 #include "unit/platform/TempStation.h"
 
 #include <array>

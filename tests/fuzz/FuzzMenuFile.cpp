@@ -2,9 +2,9 @@
 // the first save on not a byte of its file changes. What does not load is left alone. Either comes out the
 // same wherever the reader's blocks begin.
 
+#include "editing/MenuEditor.h"
 #include "fuzz/Fuzz.h"
 #include "menu/BlockParser.h"
-#include "menu/MenuEditor.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "menu/PartFields.h"

@@ -1,12 +1,12 @@
 // Paths of any content. The input's first line is a folder, the second a relative path, the third a pattern.
 // Wherever a path leads, it stays within its drive of the station.
 
+#include "base/NeskError.h"
 #include "fuzz/Fuzz.h"
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
 #include "platform/portable/FileNames.h"
 #include "platform/portable/Station.h"
-#include "shell/NeskError.h"
 #include "shell/modUtilities.h"
 
 #include <algorithm>

@@ -20,9 +20,9 @@
 #include "settings/RegEntry.h"
 #include "shell/FormAbout.h"
 #include "shell/FormCreateStation.h"
-#include "shell/FormUtilities.h"
 #include "shell/Startup.h"
 #include "shell/modHelp.h"
+#include "widgets/UiUtilities.h"
 
 #include <cctype>
 #include <functional>

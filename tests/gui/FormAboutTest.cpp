@@ -2,7 +2,7 @@
 
 #include "gui/SettingsDialogFixture.h"
 #include "shell/AboutText.h"
-#include "shell/FormUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/textctrl.h>

@@ -2,7 +2,7 @@
 
 #include "gui/SettingsDialogFixture.h"
 #include "settings/AccessCode.h"
-#include "shell/FormUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/checkbox.h>

@@ -4,9 +4,9 @@
 #include "partedit/FormFolder.h"
 #include "partedit/FormFolderTree.h"
 #include "platform/FileSystem.h"
-#include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/choice.h>

@@ -8,8 +8,8 @@
 #include "settings/FormSelectUser.h"
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
-#include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
+#include "widgets/UiUtilities.h"
 
 #include <filesystem>
 

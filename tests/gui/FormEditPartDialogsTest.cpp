@@ -1,6 +1,5 @@
 #include "gui/PartDialogFixture.h"
 
-#include "menu/FormPicture.h"
 #include "menu/FormSelectMenuPicture.h"
 #include "menu/PartFields.h"
 #include "partedit/FormEditPart.h"
@@ -9,7 +8,8 @@
 #include "partedit/FormSelectPart.h"
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
-#include "shell/FormUtilities.h"
+#include "widgets/FormPicture.h"
+#include "widgets/UiUtilities.h"
 
 #include <utility>
 

@@ -2,7 +2,6 @@
 #include "gui/ModalDriver.h"
 #include "gui/Recorders.h"
 
-#include "menu/FormPicture.h"
 #include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
@@ -10,11 +9,12 @@
 #include "platform/PartInfoEditor.h"
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
-#include "shell/FormReadOnlyText.h"
-#include "shell/FormUtilities.h"
 #include "shell/Startup.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
+#include "widgets/FormPicture.h"
+#include "widgets/FormReadOnlyText.h"
+#include "widgets/UiUtilities.h"
 
 #include <filesystem>
 #include <functional>

@@ -1,9 +1,9 @@
 #include "partedit/FormFolder.h"
 
 #include "gui/PartDialogFixture.h"
-#include "shell/FormUtilities.h"
 #include "shell/modUtilities.h"
 #include "unit/FileBytes.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/stattext.h>

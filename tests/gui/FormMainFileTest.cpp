@@ -3,12 +3,12 @@
 #include "gui/GuiFixture.h"
 #include "unit/FileBytes.h"
 
+#include "base/Messages.h"
 #include "platform/SaveFileDialog.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormStartPage.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
 #include "shell/modStringRes.h"
+#include "widgets/UiUtilities.h"
 
 #include <filesystem>
 

@@ -1,7 +1,7 @@
 #include "shell/FormMessageBox.h"
 
-#include "shell/FormUtilities.h"
 #include "shell/modMessageBox.h"
+#include "widgets/UiUtilities.h"
 
 #include <cstdlib>
 #include <functional>

@@ -5,7 +5,7 @@
 #include "gui/SettingsDialogFixture.h"
 #include "settings/FormListName.h"
 #include "settings/RegEntry.h"
-#include "shell/FormUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/listbox.h>

@@ -2,8 +2,8 @@
 
 #include "gui/PartDialogFixture.h"
 #include "settings/RegEntry.h"
-#include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
+#include "widgets/UiUtilities.h"
 
 #include <cstdlib>
 

@@ -5,9 +5,9 @@
 #include "partedit/FormFolderTree.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FieldMessage.h"
-#include "shell/FormUtilities.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <algorithm>
 

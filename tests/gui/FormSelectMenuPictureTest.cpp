@@ -2,17 +2,17 @@
 #include "gui/ModalDriver.h"
 
 #include "menu/FormEditMenu.h"
-#include "menu/FormPicture.h"
 #include "menu/FormSelectMenuPicture.h"
 #include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "platform/OpenFileDialog.h"
 #include "settings/NeskRegistry.h"
-#include "shell/FormUtilities.h"
 #include "shell/Startup.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
+#include "widgets/FormPicture.h"
+#include "widgets/UiUtilities.h"
 
 #include <algorithm>
 #include <filesystem>

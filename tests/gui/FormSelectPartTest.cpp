@@ -1,11 +1,11 @@
 #include "gui/PartDialogFixture.h"
 #include "gui/TreeIcons.h"
 
+#include "base/Messages.h"
 #include "partedit/FormSelectDrive.h"
 #include "partedit/FormSelectPart.h"
 #include "settings/RegEntry.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
+#include "widgets/UiUtilities.h"
 
 #include <filesystem>
 

@@ -1,7 +1,7 @@
 #include "platform/OpenFileDialog.h"
 
-#include "shell/FormUtilities.h"
 #include "unit/platform/TempStation.h"
+#include "widgets/UiUtilities.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "gui/PartDialogFixture.h"
 
 #include "settings/NeskRegistry.h"
-#include "shell/FormUtilities.h"
 #include "shell/Startup.h"
+#include "widgets/UiUtilities.h"
 
 #include <chrono>
 

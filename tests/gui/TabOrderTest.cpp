@@ -4,7 +4,6 @@
 #include "gui/PartDialogFixture.h"
 
 #include "menu/FormEditMenu.h"
-#include "menu/FormPicture.h"
 #include "menu/FormSelectMenuPicture.h"
 #include "partedit/FormEditPart.h"
 #include "partedit/FormSelectDrive.h"
@@ -12,7 +11,8 @@
 #include "settings/FormAccess.h"
 #include "settings/FormSelectMachine.h"
 #include "settings/RegEntry.h"
-#include "shell/FormUtilities.h"
+#include "widgets/FormPicture.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
 #include <wx/radiobut.h>

@@ -1,6 +1,6 @@
 #include "gui/TreeIcons.h"
 
-#include "shell/FormIcons.h"
+#include "widgets/UiIcons.h"
 
 #include <algorithm>
 #include <cstdlib>

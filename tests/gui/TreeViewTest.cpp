@@ -1,6 +1,6 @@
 // The tree view that all trees of the program share, used with mouse and keyboard.
 
-#include "platform/TreeView.h"
+#include "platform/UiTreeView.h"
 
 #include "gui/GuiFixture.h"
 

@@ -2,7 +2,7 @@
 // of the versions that were saved, or missing where the first save was not through, and nothing that is left
 // over piles up or stops the next save.
 
-#include "menu/MenuEditor.h"
+#include "editing/MenuEditor.h"
 #include "platform/portable/Station.h"
 #include "robustness/Victim.h"
 #include "shell/modStringRes.h"

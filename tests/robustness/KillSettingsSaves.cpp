@@ -2,12 +2,12 @@
 // of the last save are there, or those of the one before, also for a program that loads them meanwhile, and
 // the store itself is always sound.
 
+#include "base/NeskError.h"
 #include "platform/ErrorCode.h"
 #include "platform/portable/Station.h"
 #include "robustness/Victim.h"
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
-#include "shell/NeskError.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "unit/platform/TempStation.h"

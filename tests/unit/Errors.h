@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/NeskError.h"
+#include "base/NeskError.h"
 
 #include <gtest/gtest.h>
 #include <optional>

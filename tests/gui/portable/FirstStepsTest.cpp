@@ -6,7 +6,7 @@
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
 #include "shell/FormStartPage.h"
-#include "shell/FormStationFolder.h"
+#include "shell/UiStationFolder.h"
 
 #include <filesystem>
 

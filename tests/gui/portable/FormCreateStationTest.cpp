@@ -1,12 +1,12 @@
 #include "shell/FormCreateStation.h"
 
+#include "base/Messages.h"
 #include "gui/NextDialog.h"
 #include "gui/SettingsDialogFixture.h"
 #include "platform/StationFolder.h"
-#include "shell/FormStationFolder.h"
-#include "shell/FormUtilities.h"
-#include "shell/Messages.h"
+#include "shell/UiStationFolder.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiUtilities.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "menu/FormPictureFile.h"
+#include "widgets/UiPictureFile.h"
 
 #include "unit/platform/TempStation.h"
 #include "unit/platform/portable/ChildProcess.h"

@@ -1,6 +1,6 @@
 #include "menu/BlockParser.h"
+#include "base/Messages.h"
 #include "platform/TextEncoding.h"
-#include "shell/Messages.h"
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"

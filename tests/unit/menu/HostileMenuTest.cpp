@@ -1,8 +1,8 @@
-#include "menu/MenuEditor.h"
+#include "base/Messages.h"
+#include "editing/MenuEditor.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "platform/TextEncoding.h"
-#include "shell/Messages.h"
 #include "unit/CoreFixture.h"
 #include "unit/FileBytes.h"
 

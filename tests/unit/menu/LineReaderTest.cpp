@@ -1,6 +1,6 @@
 #include "menu/LineReader.h"
 
-#include "shell/Messages.h"
+#include "base/Messages.h"
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
 

@@ -1,5 +1,5 @@
-#include "menu/MenuEditor.h"
-#include "shell/Messages.h"
+#include "base/Messages.h"
+#include "editing/MenuEditor.h"
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
 #include "unit/FaultyFiles.h"

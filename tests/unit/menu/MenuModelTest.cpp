@@ -2,7 +2,7 @@
 // number that its sequence began with; the same number gives the same sequence again.
 
 #include "unit/menu/MenuModel.h"
-#include "menu/MenuEditor.h"
+#include "editing/MenuEditor.h"
 #include "menu/MenuItem.h"
 #include "settings/RegEntry.h"
 #include "unit/CoreFixture.h"

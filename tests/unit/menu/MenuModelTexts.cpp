@@ -1,6 +1,6 @@
 #include "unit/menu/MenuModelTexts.h"
 
-#include "shell/Messages.h"
+#include "base/Messages.h"
 
 #include <algorithm>
 

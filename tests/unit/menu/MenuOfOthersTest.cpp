@@ -1,7 +1,7 @@
 // Menu files as other programs and people may write them: random ones, read and compared with what they were
 // made from. A failure names the number that its file began with; the same number gives the same file again.
 
-#include "menu/MenuEditor.h"
+#include "editing/MenuEditor.h"
 #include "menu/MenuItem.h"
 #include "settings/RegEntry.h"
 #include "unit/CoreFixture.h"

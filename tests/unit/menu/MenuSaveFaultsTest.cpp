@@ -1,5 +1,6 @@
-#include "menu/MenuEditor.h"
-#include "shell/Messages.h"
+#include "base/Messages.h"
+#include "editing/MenuEditor.h"
+#include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
@@ -139,7 +140,8 @@ void MenuSaveFaultsTest::SaveWith(const Before& before, const Fault& fault, cons
         const NeskError cause(
             told.number, error.source, told.message,
             {fault.code == ErrorCode::PathNotFound ? Folder + "\\" : copy, std::to_string(fault.code)});
-        EXPECT_EQ(error.arguments, (std::vector<std::string>{copy, modUtilities::MessageText(cause)}));
+        EXPECT_EQ(modUtilities::MessageText(error),
+                  modStringRes::FormatResString(error.messageId, copy, modUtilities::MessageText(cause)));
     }
     const std::string text = modUtilities::MessageText(error);
     EXPECT_NE(text.find(fault.code == ErrorCode::PathNotFound ? Folder : Path), std::string::npos) << text;

@@ -1,7 +1,7 @@
+#include "base/Messages.h"
 #include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
-#include "shell/Messages.h"
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
 

@@ -1,8 +1,8 @@
 #include "settings/NeskRegistry.h"
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "platform/Registry.h"
 #include "settings/RegEntry.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
 

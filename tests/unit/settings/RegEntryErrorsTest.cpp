@@ -1,6 +1,6 @@
+#include "base/Messages.h"
 #include "platform/ErrorCode.h"
 #include "settings/RegEntry.h"
-#include "shell/Messages.h"
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"

@@ -1,6 +1,6 @@
 #include "settings/RegEntry.h"
+#include "base/NeskError.h"
 #include "platform/ErrorCode.h"
-#include "shell/NeskError.h"
 #include "unit/CoreFixture.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "settings/RegistryListEditor.h"
 
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "settings/RegEntry.h"
 #include "settings/RegistryList.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 #include "unit/CoreFixture.h"
 
 namespace nesk {

@@ -1,7 +1,7 @@
 #include "shell/StartChoices.h"
 
+#include "base/Messages.h"
 #include "settings/NeskRegistry.h"
-#include "shell/Messages.h"
 #include "unit/CoreFixture.h"
 
 #include <filesystem>

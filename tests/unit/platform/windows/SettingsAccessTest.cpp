@@ -1,7 +1,7 @@
+#include "base/Messages.h"
 #include "platform/ErrorCode.h"
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
-#include "shell/Messages.h"
 #include "shell/Startup.h"
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"

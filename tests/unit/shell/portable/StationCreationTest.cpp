@@ -1,12 +1,12 @@
 #include "shell/StationCreation.h"
 
+#include "base/Messages.h"
+#include "base/NeskError.h"
 #include "platform/StationFolder.h"
 #include "platform/portable/Station.h"
 #include "settings/NeskRegistry.h"
-#include "settings/OptionsCheck.h"
+#include "settings/OptionsModel.h"
 #include "settings/RegEntry.h"
-#include "shell/Messages.h"
-#include "shell/NeskError.h"
 #include "shell/Startup.h"
 #include "shell/modUtilities.h"
 #include "unit/CoreFixture.h"
@@ -64,11 +64,11 @@ TEST_F(StationCreationTest, AnEmptyStationCanBeWorkedWithAtOnce) {
     EXPECT_EQ(settings.MenuFile(), "C:\\Neskroot\\menu.cfg");
     EXPECT_FALSE(modUtilities::FileExists(settings.MenuFile()));
     // Nothing is missing that the options demand.
-    const OptionsFields fields = OptionsCheck::Load(settings);
+    const OptionsFields fields = OptionsModel::Load(settings);
     EXPECT_EQ(fields.machine, "Bridge");
     EXPECT_EQ(fields.user, "Gear shop");
-    OptionsCheck::Numbers numbers;
-    const auto fault = OptionsCheck::Check(fields, numbers);
+    OptionsModel::Numbers numbers;
+    const auto fault = OptionsModel::Check(fields, numbers);
     EXPECT_FALSE(fault.has_value()) << fault->message;
     EXPECT_TRUE(modUtilities::DirectoryExists(Value("Common", "RepositoryRoot")));
 }

@@ -1,0 +1,63 @@
+#include "base/FileHash.h"
+
+#include "platform/ErrorCode.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <memory>
+#include <vector>
+
+namespace nesk {
+
+FileHash FileHash::Of(const std::string& path, platform::FileSystem& files) {
+    FileHash hash;
+    std::unique_ptr<platform::FileReader> reader;
+    const int opened = files.OpenForReading(path, reader);
+    if (opened == platform::ErrorCode::FileNotFound || opened == platform::ErrorCode::PathNotFound)
+        return hash;
+    hash.m_state = opened == platform::ErrorCode::Success ? State::Readable : State::Unreadable;
+    if (hash.m_state == State::Unreadable) return hash;
+    std::vector<char> buffer(std::size_t{1} << 18);
+    for (;;) {
+        std::size_t count = 0;
+        if (reader->Read(buffer.data(), buffer.size(), count) != platform::ErrorCode::Success) {
+            hash.m_state = State::Unreadable;
+            return hash;
+        }
+        if (count == 0) return hash;
+        hash.Add({buffer.data(), count});
+    }
+}
+
+// In the manner of FNV-1a, eight bytes at a time: every byte counts. It guards against accidents, not against
+// forgery.
+void FileHash::AddWords(const char* words) {
+    for (std::uint64_t& hash : m_hash) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, words, sizeof word);
+        words += sizeof word;
+        // A product's upper half depends on all that went into it, its lower half does not.
+        hash = std::rotl((hash ^ word) * 0x9E3779B97F4A7C15, 32);
+    }
+}
+
+void FileHash::Add(std::string_view bytes) {
+    m_state = State::Readable;
+    if (bytes.empty()) return;
+    const auto begun = static_cast<std::size_t>(m_size % m_rest.size());
+    m_size += bytes.size();
+    if (begun > 0) {
+        const std::size_t count = std::min(bytes.size(), m_rest.size() - begun);
+        std::memcpy(m_rest.data() + begun, bytes.data(), count);
+        bytes.remove_prefix(count);
+        if (begun + count < m_rest.size()) return;
+        AddWords(m_rest.data());
+        m_rest.fill(0);
+    }
+    for (; bytes.size() >= m_rest.size(); bytes.remove_prefix(m_rest.size()))
+        AddWords(bytes.data());
+    std::copy(bytes.begin(), bytes.end(), m_rest.begin());
+}
+
+} // namespace nesk

@@ -1,0 +1,95 @@
+#include "editing/SavePlace.h"
+
+#include "base/Messages.h"
+#include "base/NeskError.h"
+#include "editing/SamePlace.h"
+#include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
+#include "platform/StationFolder.h"
+#include "settings/NeskRegistry.h"
+#include "shell/modStringRes.h"
+
+#include <cstdint>
+
+namespace nesk::SavePlace {
+
+using modStringRes::FormatResString;
+using modStringRes::LoadResString;
+
+namespace {
+
+// What keeps the root folder from being reached.
+NeskError Unreachable(const std::string& root) {
+    const std::string source = "SavePlace.Target";
+    const auto missing = [&](int message, const std::string& folder) {
+        return NeskError(RuntimeError::PathNotFound, source, message, {folder});
+    };
+    const auto denied = [&](int message, const std::string& folder) {
+        return NeskError(RuntimeError::PermissionDenied, source, message, {folder});
+    };
+    // Without its station no folder of it can be there.
+    const std::string station = platform::StationFolderName();
+    switch (platform::LookUpStationFolder(station)) {
+    case platform::StationFolderState::Missing: return missing(Message::StationGone, station);
+    case platform::StationFolderState::Denied: return denied(Message::StationClosed, station);
+    case platform::StationFolderState::NotApplicable:
+    case platform::StationFolderState::Usable:
+    case platform::StationFolderState::Empty: break;
+    }
+    std::uint32_t attributes = 0;
+    const int result = platform::StationFiles().Attributes(root, attributes);
+    return result == platform::ErrorCode::AccessDenied ? denied(Message::RootClosed, root)
+                                                       : missing(Message::RootGone, root);
+}
+
+// The path to which the settings lead when that is another than the menu's own; "" when it is not.
+std::string OtherPlace(const MenuEditor& editor, const NeskRegistry& settings) {
+    const std::string path = settings.MenuPath();
+    const bool isOther =
+        editor.IsOpen() && !path.empty() && !editor.Place().empty() && !IsSamePlace(path, editor.Place());
+    return isOther ? path : "";
+}
+
+} // namespace
+
+std::string Target(const NeskRegistry& settings) {
+    if (settings.NeskRoot.empty())
+        throw NeskError(RuntimeError::PathNotFound, "SavePlace.Target", Message::NoMenuRoot);
+    std::string path = settings.MenuFile();
+    if (path.empty()) throw Unreachable(settings.NeskRoot);
+    return path;
+}
+
+std::optional<std::string> Question(const MenuEditor& editor, const std::string& path, const SavePlan& plan) {
+    const std::string& copy = plan.backup.path;
+    const auto other = [&](int message) {
+        std::string text = FormatResString(message, editor.Place(), path, copy);
+        if (editor.IsIncomplete()) text = LoadResString(Message::SaveIncompleteElsewhere) + "\n\n" + text;
+        return text;
+    };
+    switch (plan.hazard) {
+    case SaveHazard::Incomplete: return FormatResString(Message::SaveIncomplete, path, copy);
+    case SaveHazard::ChangedByOther: return FormatResString(Message::SaveChanged, path, copy);
+    case SaveHazard::OtherPlace: return other(Message::SaveElsewhere);
+    case SaveHazard::OtherPlaceReplaces: return other(Message::SaveElsewhereReplaces);
+    case SaveHazard::None: break;
+    }
+    return std::nullopt;
+}
+
+std::string StatusText(const MenuEditor& editor, const NeskRegistry& settings) {
+    const std::string other = OtherPlace(editor, settings);
+    if (other.empty()) return editor.Path();
+    // A menu that has no file yet came from nowhere.
+    return editor.IsNew() ? FormatResString(Message::WillBeSaved, other)
+                          : FormatResString(Message::FromAndTo, editor.Path(), other);
+}
+
+std::string NewMenuText(const MenuEditor& editor, const NeskRegistry& settings) {
+    if (!editor.IsNew()) return "";
+    const std::string other = OtherPlace(editor, settings);
+    const std::string& path = other.empty() ? editor.Place() : other;
+    return path.empty() ? LoadResString(Message::NewMenuNowhere) : FormatResString(Message::NewMenuBar, path);
+}
+
+} // namespace nesk::SavePlace

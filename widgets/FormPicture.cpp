@@ -1,0 +1,97 @@
+#include "widgets/FormPicture.h"
+
+#include "platform/OpenFileDialog.h"
+#include "settings/NeskRegistry.h"
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
+#include "widgets/PictureChoice.h"
+#include "widgets/UiPictureFile.h"
+#include "widgets/UiUtilities.h"
+
+#include <wx/control.h>
+#include <wx/dcbuffer.h>
+#include <wx/settings.h>
+
+namespace nesk {
+
+namespace {
+
+constexpr int ChoosePictureTitle = 32026;
+
+} // namespace
+
+FormPicture::FormPicture(wxWindow* parent, const char* hostName, const char* pictureName, wxSize size)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(size),
+              wxBORDER_THEME | wxFULL_REPAINT_ON_RESIZE, hostName) {
+    SetMinSize(GetSize());
+    SetBackgroundStyle(wxBG_STYLE_PAINT);
+    m_picture = new wxWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE, pictureName);
+    m_picture->SetBackgroundStyle(wxBG_STYLE_PAINT);
+    m_picture->Bind(wxEVT_PAINT, [this](wxPaintEvent&) {
+        wxAutoBufferedPaintDC dc(m_picture);
+        dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+        dc.Clear();
+        if (m_bitmap.IsOk()) dc.DrawBitmap(m_bitmap, 0, 0, true);
+    });
+    Bind(wxEVT_PAINT, &FormPicture::OnPaintHost, this);
+    Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        Place();
+        event.Skip();
+    });
+    const auto choose = [this](wxMouseEvent&) { Choose(); };
+    Bind(wxEVT_LEFT_DCLICK, choose);
+    m_picture->Bind(wxEVT_LEFT_DCLICK, choose);
+}
+
+void FormPicture::SetPath(const std::string& path) {
+    m_path = path;
+    m_image = PictureChoice::NamesPicture(path) ? LoadPicture(path) : wxImage();
+    SetToolTip(modUtilities::ToWx(path));
+    m_picture->SetToolTip(modUtilities::ToWx(path));
+    Place();
+    Refresh();
+    if (onChanged) onChanged();
+}
+
+void FormPicture::Place() {
+    m_bitmap = wxBitmap();
+    if (m_image.IsOk()) {
+        const wxSize host = GetClientSize();
+        const auto at = PictureChoice::Place(m_image.GetWidth(), m_image.GetHeight(), host.x, host.y);
+        if (at.width > 0 && at.height > 0) {
+            m_bitmap = wxBitmap(m_image.Scale(at.width, at.height, wxIMAGE_QUALITY_BILINEAR));
+            m_picture->SetSize(at.left, at.top, at.width, at.height);
+        }
+    }
+    m_picture->Show(m_bitmap.IsOk());
+    m_picture->Refresh();
+}
+
+wxRect FormPicture::PictureRect() const {
+    return m_picture->GetRect();
+}
+
+void FormPicture::OnPaintHost(wxPaintEvent&) {
+    wxAutoBufferedPaintDC dc(this);
+    dc.SetBackground(wxSystemSettings::GetColour(wxSYS_COLOUR_WINDOW));
+    dc.Clear();
+    if (m_bitmap.IsOk() || m_path.empty()) return;
+    dc.SetFont(GetFont());
+    dc.SetTextForeground(wxSystemSettings::GetColour(wxSYS_COLOUR_GRAYTEXT));
+    const wxString name = modUtilities::ToWx(m_path.substr(m_path.find_last_of('\\') + 1));
+    const wxRect area = GetClientRect().Deflate(FromDIP(4));
+    const wxString text = wxControl::Ellipsize(name, dc, wxELLIPSIZE_MIDDLE, area.width);
+    dc.DrawLabel(text, area, wxALIGN_CENTRE);
+}
+
+void FormPicture::Choose() {
+    const std::string folder =
+        modUtilities::ExistingFolderOf(m_path, NeskRegistry::Instance().DefaultBitmapDirectory);
+    // Without a filter: a picture is known by its content, whatever its name.
+    const std::string chosen = platform::ShowOpenFileDialog(
+        wxGetTopLevelParent(this), {modStringRes::LoadResString(ChoosePictureTitle), folder, m_path, ""});
+    if (chosen.empty()) return;
+    SetPath(chosen);
+}
+
+} // namespace nesk

@@ -1,0 +1,71 @@
+#include "widgets/GifFile.h"
+
+#include <algorithm>
+
+namespace nesk {
+
+namespace {
+
+constexpr std::size_t HeaderLength = 13;
+constexpr std::size_t DescriptionLength = 10;
+constexpr char ExtensionMark = '\x21';
+constexpr char GraphicsMark = '\xF9';
+constexpr std::size_t GraphicsLength = 8;
+constexpr char PictureMark = '\x2C';
+
+std::size_t Byte(std::string_view bytes, std::size_t at) {
+    return static_cast<unsigned char>(bytes[at]);
+}
+
+std::int64_t Number(std::string_view bytes, std::size_t at) {
+    return static_cast<std::int64_t>(Byte(bytes, at) | Byte(bytes, at + 1) << 8);
+}
+
+// Length of the colours that follow a byte of flags.
+std::size_t ColoursLength(std::size_t flags) {
+    return (flags & 0x80) != 0 ? std::size_t{6} << (flags & 7) : 0;
+}
+
+// Moves behind a chain of blocks, each of which begins with its length. The last one has the length 0. False
+// when the file ends before.
+bool SkipBlocks(std::string_view bytes, std::size_t& at) {
+    while (at < bytes.size()) {
+        const std::size_t length = Byte(bytes, at);
+        at += 1 + length;
+        if (length == 0) return true;
+    }
+    return false;
+}
+
+// Whether an extension is as long as the toolkit takes it to be, which skips the one for graphics by its
+// usual length.
+bool HasUsualLength(std::string_view bytes, std::size_t at) {
+    if (at + 2 > bytes.size() || bytes[at + 1] != GraphicsMark) return true;
+    return at + GraphicsLength <= bytes.size() && Byte(bytes, at + 2) == GraphicsLength - 4 &&
+           Byte(bytes, at + GraphicsLength - 1) == 0;
+}
+
+} // namespace
+
+std::optional<GifPicture> FirstGifPicture(std::string_view bytes) {
+    if (!bytes.starts_with("GIF8") || bytes.size() < HeaderLength) return std::nullopt;
+    std::size_t at = HeaderLength + ColoursLength(Byte(bytes, 10));
+    while (at < bytes.size() && bytes[at] == ExtensionMark) {
+        if (!HasUsualLength(bytes, at)) return std::nullopt;
+        at += 2;
+        if (!SkipBlocks(bytes, at)) return std::nullopt;
+    }
+    if (at + DescriptionLength > bytes.size() || bytes[at] != PictureMark) return std::nullopt;
+    const std::int64_t width = Number(bytes, at + 5);
+    const std::int64_t height = Number(bytes, at + 7);
+    if (width == 0 || height == 0) return std::nullopt;
+    GifPicture picture;
+    picture.size.width = std::max(Number(bytes, 6), width);
+    picture.size.height = std::max(Number(bytes, 8), height);
+    // Before the data there is a byte that tells the size of their codes.
+    picture.end = at + DescriptionLength + ColoursLength(Byte(bytes, at + 9)) + 1;
+    if (!SkipBlocks(bytes, picture.end)) return std::nullopt;
+    return picture;
+}
+
+} // namespace nesk

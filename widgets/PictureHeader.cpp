@@ -1,0 +1,128 @@
+#include "widgets/PictureHeader.h"
+
+#include "widgets/GifFile.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace nesk {
+
+namespace {
+
+using Bytes = std::string_view;
+
+bool Holds(Bytes bytes, std::size_t at, std::size_t count) {
+    return at <= bytes.size() && bytes.size() - at >= count;
+}
+
+std::int64_t Byte(Bytes bytes, std::size_t at) {
+    return static_cast<unsigned char>(bytes[at]);
+}
+
+std::int64_t Little16(Bytes bytes, std::size_t at) {
+    return Byte(bytes, at) | Byte(bytes, at + 1) << 8;
+}
+
+std::int64_t Little32(Bytes bytes, std::size_t at) {
+    return Little16(bytes, at) | Little16(bytes, at + 2) << 16;
+}
+
+std::int64_t Big16(Bytes bytes, std::size_t at) {
+    return Byte(bytes, at) << 8 | Byte(bytes, at + 1);
+}
+
+std::int64_t Big32(Bytes bytes, std::size_t at) {
+    return Big16(bytes, at) << 16 | Big16(bytes, at + 2);
+}
+
+// A height below zero says that the rows run from the top.
+std::int64_t Magnitude32(std::int64_t value) {
+    return value > 0x7FFFFFFF ? 0x100000000 - value : value;
+}
+
+constexpr Bytes PngSignature = "\x89PNG\r\n\x1A\n";
+
+std::optional<PictureSize> PngSize(Bytes bytes) {
+    if (!bytes.starts_with(PngSignature) || !Holds(bytes, 16, 8)) return std::nullopt;
+    return PictureSize{Big32(bytes, 16), Big32(bytes, 20), 1};
+}
+
+// The information header of a BMP file, and of a picture in an ICO file.
+std::optional<PictureSize> BitmapHeaderSize(Bytes bytes, std::size_t at) {
+    if (!Holds(bytes, at, 12)) return std::nullopt;
+    // The oldest form of the header, 12 bytes long, has 16-bit sizes.
+    if (Little32(bytes, at) == 12) return PictureSize{Little16(bytes, at + 4), Little16(bytes, at + 6), 1};
+    return PictureSize{Magnitude32(Little32(bytes, at + 4)), Magnitude32(Little32(bytes, at + 8)), 1};
+}
+
+std::optional<PictureSize> GifSize(Bytes bytes) {
+    if (!bytes.starts_with("GIF8") || !Holds(bytes, 6, 4)) return std::nullopt;
+    if (const auto picture = FirstGifPicture(bytes)) return picture->size;
+    return PictureSize{Little16(bytes, 6), Little16(bytes, 8), 1};
+}
+
+// Number of places where a scan may begin. Within the data of a scan no such bytes stand; a small picture in
+// the header may add one or two.
+std::int64_t JpegScans(Bytes bytes) {
+    std::int64_t count = 0;
+    for (std::size_t at = bytes.find("\xFF\xDA"); at != Bytes::npos; at = bytes.find("\xFF\xDA", at + 2))
+        ++count;
+    return std::max<std::int64_t>(count, 1);
+}
+
+// The segments of a JPEG file up to the one that begins the frame.
+std::optional<PictureSize> JpegSize(Bytes bytes) {
+    if (!bytes.starts_with("\xFF\xD8")) return std::nullopt;
+    std::size_t at = 2;
+    while (Holds(bytes, at, 4)) {
+        if (Byte(bytes, at) != 0xFF) return std::nullopt;
+        const std::int64_t marker = Byte(bytes, at + 1);
+        if (marker == 0xFF) {
+            ++at;
+            continue;
+        }
+        // These have no length, and no program writes them before the frame. Whoever decodes the picture
+        // would go on elsewhere than this.
+        if (marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9)) return std::nullopt;
+        const bool frame =
+            marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
+        if (frame) {
+            if (!Holds(bytes, at, 9)) return std::nullopt;
+            return PictureSize{Big16(bytes, at + 7), Big16(bytes, at + 5), JpegScans(bytes)};
+        }
+        at += 2 + static_cast<std::size_t>(Big16(bytes, at + 2));
+    }
+    return std::nullopt;
+}
+
+std::optional<PictureSize> IconSize(Bytes bytes) {
+    if (!bytes.starts_with(Bytes("\0\0\1\0", 4)) || !Holds(bytes, 4, 2)) return std::nullopt;
+    PictureSize largest;
+    const auto count = static_cast<std::size_t>(Little16(bytes, 4));
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t entry = 6 + 16 * i;
+        if (!Holds(bytes, entry, 16)) return std::nullopt;
+        const auto data = static_cast<std::size_t>(Little32(bytes, entry + 12));
+        if (data >= bytes.size()) return std::nullopt;
+        const bool png = bytes.substr(data).starts_with(PngSignature);
+        const auto size = png ? PngSize(bytes.substr(data)) : BitmapHeaderSize(bytes, data);
+        if (!size) return std::nullopt;
+        // A bitmap in an icon has rows for its mask below its own: less than two are no picture.
+        if (!png && size->height < 2) return std::nullopt;
+        largest.width = std::max(largest.width, size->width);
+        largest.height = std::max(largest.height, size->height);
+    }
+    return count > 0 ? std::optional(largest) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<PictureSize> ReadPictureSize(std::string_view bytes) {
+    if (bytes.starts_with("BM")) return BitmapHeaderSize(bytes, 14);
+    if (const auto size = PngSize(bytes)) return size;
+    if (const auto size = GifSize(bytes)) return size;
+    if (const auto size = JpegSize(bytes)) return size;
+    return IconSize(bytes);
+}
+
+} // namespace nesk

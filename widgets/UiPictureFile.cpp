@@ -1,0 +1,91 @@
+#include "widgets/UiPictureFile.h"
+
+#include "platform/ErrorCode.h"
+#include "platform/FileSystem.h"
+#include "widgets/GifFile.h"
+#include "widgets/PictureHeader.h"
+
+#include <memory>
+#include <optional>
+
+#include <wx/imagbmp.h>
+#include <wx/imaggif.h>
+#include <wx/imagjpeg.h>
+#include <wx/imagpng.h>
+#include <wx/log.h>
+#include <wx/mstream.h>
+
+namespace nesk {
+
+namespace {
+
+// A button picture is a few hundred pixels wide. What is larger than this would cost memory for nothing.
+constexpr std::size_t LargestFile = std::size_t{64} << 20;
+constexpr std::int64_t MostPixels = 50'000'000;
+// No program makes more than a dozen scans of a JPEG picture; a small file may hold millions.
+constexpr std::int64_t MostWork = 20 * MostPixels;
+
+// The bytes of a file; nothing when it cannot be read or is too large.
+std::string ReadFile(const std::string& path) {
+    std::unique_ptr<platform::FileReader> reader;
+    if (platform::StationFiles().OpenForReading(path, reader) != platform::ErrorCode::Success) return "";
+    std::string bytes;
+    for (;;) {
+        const std::size_t size = bytes.size();
+        constexpr std::size_t step = std::size_t{1} << 16;
+        bytes.resize(size + step);
+        std::size_t count = 0;
+        const int result = reader->Read(bytes.data() + size, step, count);
+        bytes.resize(size + count);
+        if (result != platform::ErrorCode::Success || bytes.size() > LargestFile) return "";
+        if (count == 0) return bytes;
+    }
+}
+
+template <typename Handler>
+void Register() {
+    auto* handler = new Handler;
+    if (wxImage::FindHandler(handler->GetName()) == nullptr)
+        wxImage::AddHandler(handler);
+    else
+        delete handler;
+}
+
+// The formats of pictures. The toolkit knows BMP by itself.
+void RegisterFormats() {
+    Register<wxPNGHandler>();
+    Register<wxJPEGHandler>();
+    Register<wxGIFHandler>();
+    Register<wxICOHandler>();
+}
+
+bool IsAcceptable(const std::optional<PictureSize>& size) {
+    return size && size->width > 0 && size->height > 0 && size->width <= MostPixels / size->height &&
+           size->passes <= MostWork / (size->width * size->height);
+}
+
+// A small GIF file may hold any number of large pictures, and the toolkit decodes all of them to show one. It
+// also reads beyond its memory when a file is cut off. False for a GIF file without a whole picture.
+bool KeepFirstPicture(std::string& bytes) {
+    if (!bytes.starts_with("GIF8")) return true;
+    constexpr char EndMark = '\x3B';
+    const auto picture = FirstGifPicture(bytes);
+    if (!picture) return false;
+    bytes.resize(picture->end);
+    bytes += EndMark;
+    return true;
+}
+
+} // namespace
+
+wxImage LoadPicture(const std::string& path) {
+    RegisterFormats();
+    std::string bytes = ReadFile(path);
+    if (!IsAcceptable(ReadPictureSize(bytes)) || !KeepFirstPicture(bytes)) return {};
+    // What is wrong with a picture shows itself by its absence; a message for each would be in the way.
+    const wxLogNull silent;
+    wxMemoryInputStream stream(bytes.data(), bytes.size());
+    return wxImage(stream);
+}
+
+} // namespace nesk
