@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/ByteSink.h"
 #include "platform/FileSystem.h"
 
 #include <memory>
@@ -17,17 +18,16 @@ struct Backup {
 /// A file being replaced: what is written goes to a new file beside the old one, which takes its place in one
 /// step when everything has reached the disk. Until Commit has returned, the old file is untouched; without
 /// Commit the new one is removed.
-class SafeFile {
+class SafeFile final : public ByteSink {
 public:
     /// Creates the new file. Raises the run-time error of the failure.
     /// @param path  Windows path of the file to replace, which may be missing
     explicit SafeFile(std::string path, platform::FileSystem& files = platform::StationFiles());
-    ~SafeFile();
+    ~SafeFile() override;
     SafeFile(const SafeFile&) = delete;
     SafeFile& operator=(const SafeFile&) = delete;
 
-    /// Writes bytes. Raises the run-time error of the failure.
-    void Write(std::string_view bytes);
+    void Write(std::string_view bytes) override;
 
     /// Flushes, closes, takes over the access rights, keeps the backup and replaces the file. Raises the
     /// run-time error of the step that failed.

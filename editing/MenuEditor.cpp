@@ -1,9 +1,9 @@
 #include "editing/MenuEditor.h"
 
-#include "base/FileErrors.h"
+#include "base/BackupNames.h"
 #include "base/Messages.h"
 #include "editing/SamePlace.h"
-#include "menu/MenuFileWriter.h"
+#include "menu/MenuFile.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "menu/MenuText.h"
@@ -29,18 +29,6 @@ NeskError NoMemory(const char* source, int messageId, const std::string& path) {
     return error;
 }
 
-// What keeps a file from being found that is not missing: a folder that may not be searched, say. The load
-// itself would take it for missing.
-std::optional<NeskError> WhyUnreachable(const std::string& path, platform::FileSystem& files) {
-    if (modUtilities::FileExists(path) || modUtilities::DirectoryExists(path)) return std::nullopt;
-    std::unique_ptr<platform::FileReader> reader;
-    const int result = files.OpenForReading(path, reader);
-    if (result == platform::ErrorCode::Success) return std::nullopt;
-    NeskError error = FileError(result, "MenuEditor.Open", path);
-    error.file = path;
-    return error;
-}
-
 } // namespace
 
 MenuEditor::MenuEditor(platform::FileSystem& files) : m_files(files) {}
@@ -56,8 +44,10 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     std::optional<NeskError> failure;
     if (hash.Exists()) {
         try {
-            failure = WhyUnreachable(path, m_files);
-            if (!failure) menu->LoadFromFile(path, m_files);
+            if (modUtilities::DirectoryExists(path, m_files))
+                menu->LoadFromFile(path, m_files); // says that there is no file
+            else
+                menu->ReadFile(path, m_files);
         } catch (const NeskError& error) {
             failure = error;
         } catch (const std::bad_alloc&) {
@@ -142,7 +132,7 @@ void MenuEditor::SaveCopy(const std::string& path) {
 FileHash MenuEditor::Write(const std::string& path, const Backup& backup, const FileHash& known) {
     if (path.empty()) throw NeskError(RuntimeError::PathNotFound, "MenuEditor.Save", Message::NoMenuRoot);
     try {
-        return MenuFileWriter(*m_menu, m_files).Save(path, backup, known);
+        return SaveMenuFile(*m_menu, path, backup, known, m_files);
     } catch (NeskError& error) {
         if (error.file.empty()) error.file = path;
         throw;
@@ -151,19 +141,19 @@ FileHash MenuEditor::Write(const std::string& path, const Backup& backup, const 
     }
 }
 
-MenuEntry* MenuEditor::Find(const std::string& id) const {
-    return m_menu ? m_menu->Find(id) : nullptr;
+const MenuEntry* MenuEditor::Find(const std::string& id) const {
+    return m_menu ? std::as_const(*m_menu).Find(id) : nullptr;
 }
 
 MenuCommands MenuEditor::CommandsFor(const std::string& id) const {
     MenuCommands commands;
-    MenuEntry* entry = Find(id);
+    const MenuEntry* entry = Find(id);
     if (entry == nullptr) return commands;
     const MenuItem* item = AsItem(entry);
     commands.addPart = commands.addSubmenu = item == nullptr || !item->IsPart();
     commands.rename = true;
     if (item == nullptr) return commands;
-    MenuItemCollection& siblings = item->ParentMenu()->SubMenus();
+    const MenuItemCollection& siblings = *item->ParentMenu()->Children();
     const int position = siblings.PositionOf(*item);
     commands.moveUp = position > 1;
     commands.moveDown = position < siblings.Count();

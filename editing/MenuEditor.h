@@ -121,11 +121,11 @@ public:
     /// when nothing is open.
     const std::string& Place() const { return m_place; }
 
-    /// The open menu; null when there is none. Only this class changes it.
-    Menu* OpenMenu() const { return m_menu.get(); }
+    /// The open menu; null when there is none.
+    const Menu* OpenMenu() const { return m_menu.get(); }
 
     /// The entry with an id; null when there is none.
-    MenuEntry* Find(const std::string& id) const;
+    const MenuEntry* Find(const std::string& id) const;
 
     /// Which commands make sense for the entry `id`: none at all when there is no such entry.
     MenuCommands CommandsFor(const std::string& id) const;

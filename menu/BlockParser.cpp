@@ -6,6 +6,7 @@
 #include "platform/TextEncoding.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace nesk {
 
@@ -56,8 +57,23 @@ bool EqualsWord(std::string_view text, std::string_view upperWord) {
 void BlockParser::OpenFile(const std::string& sFile, bool bWrite, platform::FileSystem& files) {
     if (bWrite) throw NeskError(5000, "BlockParser.Open", Message::NotImplementedAtThisTime);
     CloseFile();
-    m_reader = std::make_unique<LineReader>(sFile, files);
+    try {
+        Open(std::make_unique<FileSource>(sFile, files));
+    } catch (NeskError& error) {
+        error.source = "BlockParser.Open";
+        throw;
+    }
+}
+
+void BlockParser::Open(std::unique_ptr<ByteSource> source) {
+    CloseFile();
+    m_reader = std::make_unique<LineReader>(std::move(source));
     m_currentLine = 0;
+}
+
+const std::string& BlockParser::SourceName() const {
+    static const std::string none;
+    return m_reader ? m_reader->Source().Name() : none;
 }
 
 void BlockParser::CloseFile() {
@@ -85,7 +101,8 @@ bool BlockParser::ReadLine(LineReader::Line& line) {
     KeepTexts();
     try {
         return m_reader->Next(line);
-    } catch (const NeskError&) {
+    } catch (NeskError& error) {
+        error.source = "BlockParser.GetToken";
         // It is the next line that cannot be read.
         if (m_currentLine != LastLine) ++m_currentLine;
         throw;

@@ -40,7 +40,10 @@ public:
     void OpenFile(const std::string& sFile, bool bWrite,
                   platform::FileSystem& files = platform::StationFiles());
 
-    /// Closes the file. Closing twice does nothing.
+    /// The same for any source of bytes.
+    void Open(std::unique_ptr<ByteSource> source);
+
+    /// Closes the source. Closing twice does nothing.
     void CloseFile();
 
     /// Reads on to the next line that says something and returns its token. Raises 5000 with the line number
@@ -51,6 +54,9 @@ public:
         // reads the same in them.
         return NextIsExpected() ? TokenKeyValue : GetAnyToken();
     }
+
+    /// What a message calls the source, a file's path for example; "" when none is open.
+    const std::string& SourceName() const;
 
     /// Key of the last key/value line, upper case.
     std::string_view Key() const { return m_key; }

@@ -4,6 +4,7 @@
 #include "base/Messages.h"
 #include "base/NeskError.h"
 #include "base/modConvert.h"
+#include "menu/MenuItem.h"
 #include "platform/ErrorCode.h"
 #include "platform/Registry.h"
 #include "settings/RegEntry.h"
@@ -20,6 +21,10 @@ const std::string ListKey = "Neskworks\\Historys";
 const std::string CountName = "NumberOfHistorys";
 
 } // namespace
+
+void HistoryList::Register(const MenuItem& item) {
+    if (!item.HistoryDir().empty()) Append(std::string(item.HistoryDir()), std::string(item.HistoryTitle()));
+}
 
 void HistoryList::Append(const std::string& directory, const std::string& title) {
     RegEntry entry;

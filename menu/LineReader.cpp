@@ -1,11 +1,12 @@
 #include "menu/LineReader.h"
 
-#include "base/FileErrors.h"
 #include "base/Messages.h"
-#include "platform/ErrorCode.h"
+#include "base/NeskError.h"
 
 #include <algorithm>
 #include <cstring>
+#include <string>
+#include <utility>
 
 namespace nesk {
 
@@ -15,15 +16,12 @@ constexpr std::size_t BlockSize = std::size_t{1} << 18;
 
 } // namespace
 
-LineReader::LineReader(const std::string& path, platform::FileSystem& files)
-    : m_path(path)
+LineReader::LineReader(std::unique_ptr<ByteSource> source)
+    : m_source(std::move(source))
     , m_block(BlockSize + LineScan::Padding)
     , m_at(m_block.data())
     , m_end(m_at)
-    , m_searched(m_at) {
-    const int result = files.OpenForReading(path, m_reader);
-    if (result != platform::ErrorCode::Success) throw FileError(result, "BlockParser.Open", path);
-}
+    , m_searched(m_at) {}
 
 bool LineReader::TakeAnyLine(Line& line) {
     const char* const end = LineScan::FindLineEnd(std::max(m_at, m_searched), m_end);
@@ -32,7 +30,7 @@ bool LineReader::TakeAnyLine(Line& line) {
     const char* next = end + 1;
     if (*end == '\r') {
         // Whether a LF belongs to it is known only with the next block.
-        if (next == m_end && !m_atEndOfFile) return false;
+        if (next == m_end && !m_atEnd) return false;
         if (next < m_end && *next == '\n') ++next;
     }
     line = LineTo(end);
@@ -64,7 +62,7 @@ bool LineReader::Next(Line& line) {
 
 // Moves the line that is begun to the front of the block and fills the rest. False at the end of the file.
 bool LineReader::ReadOn() {
-    if (m_atEndOfFile) return false;
+    if (m_atEnd) return false;
     const auto begun = static_cast<std::size_t>(m_end - m_at);
     const auto searched = static_cast<std::size_t>(std::max(m_at, m_searched) - m_at);
     if (begun > LongestLine) {
@@ -78,17 +76,17 @@ bool LineReader::ReadOn() {
     m_end = m_at + begun;
     m_searched = m_at + searched;
     std::size_t count = 0;
-    const int result =
-        m_reader->Read(m_block.data() + begun, m_block.size() - LineScan::Padding - begun, count);
-    if (result != platform::ErrorCode::Success) {
-        // Reading can be tried again, behind the line that was cut.
+    try {
+        count = m_source->Read(m_block.data() + begun, m_block.size() - LineScan::Padding - begun);
+    } catch (const NeskError&) {
+        // Reading can be tried again, after the line that was cut.
         m_at = m_end = m_searched = m_block.data();
         std::memset(m_block.data(), 0, LineScan::Padding);
-        throw FileError(result, "BlockParser.GetToken", m_path);
+        throw;
     }
     m_end += count;
     std::memset(m_block.data() + begun + count, 0, LineScan::Padding);
-    m_atEndOfFile = count == 0;
+    m_atEnd = count == 0;
     return true;
 }
 

@@ -1,18 +1,17 @@
 #pragma once
 
+#include "base/ByteSource.h"
 #include "menu/LineScan.h"
-#include "platform/FileSystem.h"
 
 #include <cstddef>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
 namespace nesk {
 
-/// Reads a file line by line, as bytes. A line ends with CR LF, LF or CR; the last one may have no end. Lines
-/// are views into a block of the file, which the reader holds.
+/// Reads bytes line by line. A line ends with CR LF, LF or CR; the last one may have no end. Lines
+/// are views into a block of bytes, which the reader holds.
 class LineReader {
 public:
     /// Longest line that is read, in bytes.
@@ -26,8 +25,9 @@ public:
         bool isPlain;       ///< it is printable ASCII alone
     };
 
-    /// Opens a file. Raises the run-time error of the failure, FileNotFound among them.
-    explicit LineReader(const std::string& path, platform::FileSystem& files = platform::StationFiles());
+    explicit LineReader(std::unique_ptr<ByteSource> source);
+
+    const ByteSource& Source() const { return *m_source; }
 
     /// The next line, when the block at hand holds all of it. Lines given before stay valid.
     bool NextInBlock(Line& line) {
@@ -70,7 +70,7 @@ public:
     }
 
     /// The next line; reads on when the block at hand does not hold all of it, and lines given before are no
-    /// longer valid then. False at the end of the file, and then on every further call. Raises the run-time
+    /// longer valid then. False at the end, and then on every further call. Raises the run-time
     /// error of a failed read and OutOfMemory for a line that is longer than LongestLine.
     bool Next(Line& line);
 
@@ -80,13 +80,12 @@ private:
     Line LineTo(const char* end) const;
     bool ReadOn();
 
-    std::string m_path;
-    std::unique_ptr<platform::FileReader> m_reader;
+    std::unique_ptr<ByteSource> m_source;
     std::vector<char> m_block; // zeros follow what is read
     const char* m_at;          // what is not given yet
     const char* m_end;         // of what is read
     const char* m_searched;    // up to here, and at or behind m_at, there is no line end
-    bool m_atEndOfFile = false;
+    bool m_atEnd = false;
 };
 
 } // namespace nesk

@@ -20,7 +20,8 @@ public:
     const std::shared_ptr<Arena>& Memory() const { return m_memory; }
 
     const std::string& RootDirectory() const override { return m_rootDirectory; }
-    MenuEntry* ParentMenu() const override { return nullptr; }
+    using MenuEntry::ParentMenu;
+    const MenuEntry* ParentMenu() const override { return nullptr; }
 
     /// Reads a menu file into this root, which should be fresh: children that it has already stay. The
     /// history directory of each item read is registered with the operator interface. A missing file shows a
@@ -29,6 +30,10 @@ public:
     /// the file and the line. The items completed by then stay.
     void LoadFromFile(const std::string& sFile, platform::FileSystem& files = platform::StationFiles());
 
+    /// The same without the look whether there is a file: a missing one raises FileNotFound. For a file that
+    /// is known to be there; a look that fails would make an empty menu of it.
+    void ReadFile(const std::string& sFile, platform::FileSystem& files = platform::StationFiles());
+
     /// Whether a file that was read ended before its root did. It is read without an error, but may have been
     /// cut off.
     bool EndIsMissing() const { return m_endIsMissing; }
@@ -36,14 +41,12 @@ public:
     /// Writes the whole tree. The file is replaced in one step and the version before is kept beside it with
     /// the ending ".bak". Raises the run-time error of what failed, or 5000 for a text that the code page
     /// cannot hold or that would end its line; the file is unchanged then.
-    void SaveToFile(const std::string& sFile);
+    void SaveToFile(const std::string& sFile, platform::FileSystem& files = platform::StationFiles()) const;
 
 protected:
     std::int32_t CounterInParent() const override { return 0; }
 
 private:
-    void ReadBlocks(class BlockParser& parser, const std::string& sFile);
-
     std::shared_ptr<Arena> m_memory;
     std::string m_rootDirectory;
     bool m_endIsMissing = false;

@@ -2,29 +2,14 @@
 
 #include "base/Messages.h"
 #include "base/NeskError.h"
+#include "menu/MenuId.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 
-#include <charconv>
 #include <limits>
 #include <vector>
 
 namespace nesk {
-
-namespace {
-
-// Takes ".<counter>" off the front of an id. 0 when that is not what stands there; counters are written
-// without leading zeros, so that every entry has one id.
-std::int32_t TakeCounter(std::string_view& rest) {
-    if (rest.size() < 2 || rest[0] != '.' || rest[1] < '1' || rest[1] > '9') return 0;
-    std::int32_t counter = 0;
-    const auto [end, error] = std::from_chars(rest.data() + 1, rest.data() + rest.size(), counter);
-    if (error != std::errc()) return 0;
-    rest.remove_prefix(static_cast<std::size_t>(end - rest.data()));
-    return counter;
-}
-
-} // namespace
 
 MenuEntry::MenuEntry() = default;
 
@@ -35,14 +20,14 @@ std::string MenuEntry::ID() const {
     const MenuEntry* entry = this;
     for (; entry->ParentMenu() != nullptr; entry = entry->ParentMenu())
         counters.push_back(entry->CounterInParent());
-    std::string id = "R";
+    std::string id(MenuId::Root);
     for (auto counter = counters.rbegin(); counter != counters.rend(); ++counter)
-        id.append(1, '.').append(std::to_string(*counter));
+        id.append(1, '.').append(MenuId::LastPart(*counter));
     return id;
 }
 
 std::string MenuEntry::NextID() {
-    return ID() + "." + std::to_string(NextCounter());
+    return MenuId::OfChild(ID(), NextCounter());
 }
 
 std::int32_t MenuEntry::NextCounter() {
@@ -78,15 +63,15 @@ std::int64_t MenuEntry::CountBelow() const {
     return count;
 }
 
-MenuEntry* MenuEntry::Find(const std::string& sKey) {
+const MenuEntry* MenuEntry::Find(const std::string& sKey) const {
     const std::string own = ID();
     if (!sKey.starts_with(own)) return nullptr;
     std::string_view rest = std::string_view(sKey).substr(own.size());
-    MenuEntry* entry = this;
+    const MenuEntry* entry = this;
     while (!rest.empty()) {
-        const std::int32_t counter = TakeCounter(rest);
-        if (counter == 0 || !entry->m_subMenus) return nullptr;
-        entry = entry->m_subMenus->FindCounter(counter);
+        const auto counter = MenuId::TakeCounter(rest);
+        if (!counter || !entry->m_subMenus) return nullptr;
+        entry = entry->m_subMenus->FindCounter(*counter);
         if (entry == nullptr) return nullptr;
     }
     return entry;

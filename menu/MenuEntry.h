@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace nesk {
 
@@ -36,7 +37,8 @@ public:
     virtual const std::string& RootDirectory() const = 0;
 
     /// The entry above; null for the root.
-    virtual MenuEntry* ParentMenu() const = 0;
+    virtual const MenuEntry* ParentMenu() const = 0;
+    MenuEntry* ParentMenu() { return const_cast<MenuEntry*>(std::as_const(*this).ParentMenu()); }
 
     std::string ID() const;
 
@@ -56,13 +58,17 @@ public:
     std::int64_t CountBelow() const;
 
     /// The entry with this id at or below this one; null when there is none.
-    MenuEntry* Find(const std::string& sKey);
+    const MenuEntry* Find(const std::string& sKey) const;
+    MenuEntry* Find(const std::string& sKey) {
+        return const_cast<MenuEntry*>(std::as_const(*this).Find(sKey));
+    }
 
     /// Releases the children and drops the collection.
     void Terminate();
 
     /// The children; null when there is no collection.
-    MenuItemCollection* Children() const { return m_subMenus.get(); }
+    const MenuItemCollection* Children() const { return m_subMenus.get(); }
+    MenuItemCollection* Children() { return m_subMenus.get(); }
 
 protected:
     MenuEntry();

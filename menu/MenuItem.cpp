@@ -1,14 +1,9 @@
 #include "menu/MenuItem.h"
 
-#include "base/Messages.h"
-#include "base/NeskError.h"
-#include "base/modConvert.h"
-#include "menu/BlockParser.h"
 #include "menu/HistoryList.h"
 #include "menu/MenuItemCollection.h"
-#include "menu/MenuKeys.h"
-
-#include <utility>
+#include "menu/MenuReader.h"
+#include "menu/MenuWriter.h"
 
 namespace nesk {
 
@@ -62,57 +57,13 @@ void MenuItem::SetMenuType(std::string_view value) {
         m_menuType = Kept(value);
 }
 
-void MenuItem::SetFromFile(const BlockParser& parser) {
-    const std::string_view value = parser.Value();
-    // Keys of other programs are none of these.
-    switch (static_cast<MenuKey>(parser.KeyIndex())) {
-    case MenuKey::Caption: SetCaption(value); break;
-    case MenuKey::Graphic: SetGraphic(value); break;
-    case MenuKey::Preview: SetPreview(value); break;
-    case MenuKey::HelpFile: SetHelpFile(value); break;
-    case MenuKey::HelpTopic: SetHelpTopic(modConvert::CLng(value)); break;
-    case MenuKey::MenuType: SetMenuType(value); break;
-    case MenuKey::ProgramId: SetProgramID(value); break;
-    case MenuKey::HistoryDir: SetHistoryDir(value); break;
-    case MenuKey::HistoryTitle: SetHistoryTitle(value); break;
-    }
-}
-
-void MenuItem::RegisterHistory() const {
-    if (!HistoryDir().empty()) HistoryList::Append(std::string(HistoryDir()), std::string(HistoryTitle()));
-}
-
 void MenuItem::LoadFromFile(BlockParser& parser) {
-    // The items below this one whose blocks are open, outermost first. A file may nest them deeper than the
-    // machine stack could follow.
-    std::vector<std::unique_ptr<MenuItem>> open;
-    MenuItem* current = this;
-    const auto close = [&] {
-        std::unique_ptr<MenuItem> item = std::move(open.back());
-        open.pop_back();
-        current = open.empty() ? this : open.back().get();
-        current->SubMenus().Append(std::move(item));
-    };
-    for (;;) {
-        switch (parser.GetToken()) {
-        case BlockParser::TokenKeyValue: current->SetFromFile(parser); break;
-        case BlockParser::TokenStartBlock:
-            if (parser.BlockType() != "SUBMENU")
-                throw NeskError(5000, "MenuLoad", Message::MenuUnknownBlock,
-                                {std::to_string(parser.CurrentLine()), parser.BlockType()});
-            current = open.emplace_back(Create(*current)).get();
-            break;
-        case BlockParser::TokenEndBlock:
-            current->RegisterHistory();
-            if (open.empty()) return;
-            close();
-            break;
-        default:
-            while (!open.empty())
-                close();
-            return;
-        }
-    }
+    MenuReader(parser, HistoryList::Register).ReadItem(*this);
+}
+
+void MenuItem::SaveToFile(ByteSink& file, std::size_t level) const {
+    const MenuItem* const items[] = {this};
+    MenuWriter(file).WriteItems(items, level);
 }
 
 } // namespace nesk

@@ -2,12 +2,13 @@
 
 #include "menu/MenuEntry.h"
 
-#include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace nesk {
 
 class BlockParser;
+class ByteSink;
 
 /// A submenu or a part-program button of the menu tree.
 class MenuItem final : public MenuEntry {
@@ -25,7 +26,8 @@ public:
     /// An item that is deleted leaves its room to the arena.
     static void operator delete(void*) noexcept {}
 
-    MenuEntry* ParentMenu() const override { return m_parent; }
+    using MenuEntry::ParentMenu;
+    const MenuEntry* ParentMenu() const override { return m_parent; }
     /// Sets the entry above alone: the item stays among the children where it is. Its id and its root
     /// directory follow the parent.
     void SetParentMenu(MenuEntry* parent) { m_parent = parent; }
@@ -58,10 +60,14 @@ public:
     bool MoveUp();
     bool MoveDown();
 
-    /// Reads the item and everything below it; the parser stands behind the start of its block. A block that
+    /// Reads the item and everything below it, and registers its histories; the parser has just returned the
+    /// start of its block. A block that
     /// the file does not close is accepted. Raises 5000 for a block that is no submenu and TypeMismatch for a
     /// help topic that is no number; the items below whose blocks were complete are lost then as well.
     void LoadFromFile(BlockParser& parser);
+
+    /// Writes the item and everything below it as a block at the indent `level`. Raises what MenuWriter does.
+    void SaveToFile(ByteSink& file, std::size_t level) const;
 
 protected:
     std::int32_t CounterInParent() const override { return m_counter; }
@@ -71,9 +77,6 @@ private:
         return arena.Allocate(size, alignof(MenuItem));
     }
     static void operator delete(void*, Arena&) noexcept {}
-
-    void SetFromFile(const BlockParser& parser);
-    void RegisterHistory() const;
 
     std::int32_t m_counter = 0; // in what alignment leaves free behind the base
     MenuEntry* m_parent = nullptr;

@@ -79,17 +79,20 @@ const MenuItem& MenuItemCollection::Item(int position) const {
     return *m_items[CheckedIndex(position, m_items.size())];
 }
 
-MenuItem& MenuItemCollection::Add(std::string_view name, std::string_view type) {
+std::unique_ptr<MenuItem> MenuItemCollection::NewItem() {
     CheckRoom();
-    std::unique_ptr<MenuItem> item = MenuItem::Create(*m_owner);
+    return MenuItem::Create(*m_owner);
+}
+
+MenuItem& MenuItemCollection::Add(std::string_view name, std::string_view type) {
+    std::unique_ptr<MenuItem> item = NewItem();
     item->SetCaption(name);
     item->SetMenuType(type);
     return Append(std::move(item));
 }
 
 void MenuItemCollection::AddItemFromFile(BlockParser& parser) {
-    CheckRoom();
-    std::unique_ptr<MenuItem> item = MenuItem::Create(*m_owner);
+    std::unique_ptr<MenuItem> item = NewItem();
     item->LoadFromFile(parser);
     Append(std::move(item));
 }
@@ -132,7 +135,7 @@ int MenuItemCollection::PositionOf(const MenuItem& item) const {
     return index < m_items.size() && m_items[index] == &item ? static_cast<int>(index) + 1 : 0;
 }
 
-MenuItem* MenuItemCollection::FindCounter(std::int32_t counter) const {
+const MenuItem* MenuItemCollection::FindCounter(std::int32_t counter) const {
     const std::size_t index = IndexOfCounter(counter);
     return index < m_items.size() ? m_items[index] : nullptr;
 }

@@ -45,6 +45,10 @@ public:
     /// Appends a new item, which takes the owner's next id. Raises Overflow when there are MaxCount children.
     MenuItem& Add(std::string_view name, std::string_view type);
 
+    /// A new item that is no child yet: it has the owner's next id. Raises Overflow when there are MaxCount
+    /// children.
+    std::unique_ptr<MenuItem> NewItem();
+
     /// Reads an item and everything below it from the parser, which stands behind the start of its block, and
     /// appends it. When that raises, nothing is appended.
     void AddItemFromFile(BlockParser& parser);
@@ -75,7 +79,7 @@ public:
     int PositionOf(const MenuItem& item) const;
 
     /// The child whose counter is given; null when there is none.
-    MenuItem* FindCounter(std::int32_t counter) const;
+    const MenuItem* FindCounter(std::int32_t counter) const;
 
 private:
     static void* operator new(std::size_t size, Arena& arena) {

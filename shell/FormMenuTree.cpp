@@ -1,11 +1,13 @@
 #include "shell/FormMenuTree.h"
 
 #include "base/Messages.h"
+#include "menu/MenuId.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "shell/modStringRes.h"
 #include "widgets/UiIcons.h"
 
+#include <algorithm>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -24,7 +26,7 @@ enum Image { FolderImage, PartImage };
 
 std::unique_ptr<TreeNode> NodeFor(const MenuItem& item) {
     return std::make_unique<TreeNode>(std::string(item.Caption()), item.IsPart() ? PartImage : FolderImage,
-                                      std::to_string(item.Counter()), item.ChildCount() > 0);
+                                      MenuId::LastPart(item.Counter()), item.ChildCount() > 0);
 }
 
 } // namespace
@@ -52,8 +54,8 @@ void FormMenuTree::BuildTree() {
     const Menu* menu = m_editor.OpenMenu();
     if (menu == nullptr) return;
     Window().Freeze();
-    TreeNode& root = m_view.SetRoot(
-        std::make_unique<TreeNode>(std::string(menu->Caption()), FolderImage, "R", menu->ChildCount() > 0));
+    TreeNode& root = m_view.SetRoot(std::make_unique<TreeNode>(
+        std::string(menu->Caption()), FolderImage, std::string(MenuId::Root), menu->ChildCount() > 0));
     m_view.Expand(root);
     m_view.Select(&root);
     Window().Thaw();
@@ -61,38 +63,32 @@ void FormMenuTree::BuildTree() {
 
 // Only the children that are about to be seen get nodes, so that a menu of any size and depth opens at once.
 void FormMenuTree::Fill(TreeNode& node) {
-    MenuEntry* entry = m_editor.Find(KeyOf(&node));
+    const MenuEntry* entry = m_editor.Find(KeyOf(&node));
     if (entry == nullptr) return;
     const int count = entry->ChildCount();
     for (int i = 1; i <= count; ++i)
-        m_view.Append(node, NodeFor(entry->SubMenus().Item(i)));
+        m_view.Append(node, NodeFor(entry->Children()->Item(i)));
 }
 
 std::string FormMenuTree::KeyOf(const TreeNode* node) {
     std::vector<std::string_view> keys;
     for (const TreeNode* at = node; at != nullptr; at = at->Parent())
         keys.push_back(at->Key());
-    std::string id;
-    for (auto key = keys.rbegin(); key != keys.rend(); ++key)
-        id.append(id.empty() ? "" : ".").append(*key);
-    return id;
+    std::reverse(keys.begin(), keys.end());
+    return MenuId::Join(keys);
 }
 
 TreeNode* FormMenuTree::NodeOf(const std::string& id) {
     // Most changes concern the entry that the user has selected.
     if (TreeNode* selected = m_view.Selected(); selected != nullptr && KeyOf(selected) == id) return selected;
+    const std::vector<std::string_view> parts = MenuId::Parts(id);
     TreeNode* node = m_view.Root();
-    std::string_view rest = id;
-    if (node == nullptr || rest.substr(0, 1) != node->Key()) return nullptr;
-    rest.remove_prefix(1);
-    while (node != nullptr && rest.starts_with('.')) {
-        rest.remove_prefix(1);
-        const std::string_view key = rest.substr(0, rest.find('.'));
-        rest.remove_prefix(key.size());
+    if (node == nullptr || node->Key() != parts.front()) return nullptr;
+    for (std::size_t level = 1; level < parts.size() && node != nullptr; ++level) {
         m_view.Fill(*node);
         TreeNode* found = nullptr;
         for (std::size_t i = 0; i < node->ChildCount() && found == nullptr; ++i)
-            if (node->Child(i).Key() == key) found = &node->Child(i);
+            if (node->Child(i).Key() == parts[level]) found = &node->Child(i);
         node = found;
     }
     return node;

@@ -40,9 +40,9 @@ struct Entry {
     bool operator==(const Entry&) const = default;
 };
 
-std::vector<Entry> EntriesOf(Menu& menu) {
+std::vector<Entry> EntriesOf(const Menu& menu) {
     std::vector<Entry> entries;
-    std::vector<std::pair<MenuEntry*, int>> open{{&menu, 0}};
+    std::vector<std::pair<const MenuEntry*, int>> open{{&menu, 0}};
     while (!open.empty()) {
         const auto [entry, depth] = open.back();
         open.pop_back();
@@ -55,7 +55,7 @@ std::vector<Entry> EntriesOf(Menu& menu) {
         entries.push_back({depth, std::string(entry->Caption()),
                            std::string(item != nullptr ? item->MenuType() : ""), std::move(fields)});
         for (int i = entry->ChildCount(); i > 0; --i) {
-            MenuItem& child = entry->SubMenus().Item(i);
+            const MenuItem& child = entry->Children()->Item(i);
             Require(child.ParentMenu() == entry, "an item points to its parent");
             open.emplace_back(&child, depth + 1);
         }
@@ -63,11 +63,11 @@ std::vector<Entry> EntriesOf(Menu& menu) {
     return entries;
 }
 
-void CheckIds(Menu& menu) {
-    MenuEntry* entry = &menu;
+void CheckIds(const Menu& menu) {
+    const MenuEntry* entry = &menu;
     // The last entry of each level is as good as any and keeps deep menus fast.
     for (int level = 0; level < 50 && entry->ChildCount() > 0; ++level) {
-        entry = &entry->SubMenus().Item(entry->ChildCount());
+        entry = &entry->Children()->Item(entry->ChildCount());
         Require(menu.Find(entry->ID()) == entry, "an entry is found by its id");
     }
 }
@@ -100,7 +100,7 @@ std::set<std::size_t> Borders(const std::string& bytes) {
 }
 
 // Where the blocks in which the file is read begin must not matter. `error` is what loading it gave.
-void CheckBlocks(Surroundings& surroundings, const std::string& bytes, Menu& menu,
+void CheckBlocks(Surroundings& surroundings, const std::string& bytes, const Menu& menu,
                  const std::optional<NeskError>& error) {
     const std::vector<Entry> entries = EntriesOf(menu);
     const auto check = [&](std::size_t length) {

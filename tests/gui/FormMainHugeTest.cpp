@@ -50,8 +50,8 @@ TEST_F(FormMainHugeTest, ASubmenuThatIsFull) {
     Press(WXK_END);
     EXPECT_EQ(tree.SelectedKey(), "R." + std::to_string(Most));
     Press(WXK_UP, wxMOD_CONTROL);
-    EXPECT_EQ(window->Editor().Find("R")->SubMenus().PositionOf(
-                  static_cast<MenuItem&>(*window->Editor().Find("R." + std::to_string(Most)))),
+    EXPECT_EQ(window->Editor().Find("R")->Children()->PositionOf(
+                  static_cast<const MenuItem&>(*window->Editor().Find("R." + std::to_string(Most)))),
               Most - 1);
     EXPECT_EQ(tree.SelectedKey(), "R." + std::to_string(Most));
 }

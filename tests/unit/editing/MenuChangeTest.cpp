@@ -16,10 +16,10 @@ const std::string Folder = "C:\\Neskroot";
 const std::string Path = Folder + "\\menu.cfg";
 
 // Ids of an entry and everything below it, in display order.
-std::vector<std::string> IdsOf(MenuEntry& entry) {
+std::vector<std::string> IdsOf(const MenuEntry& entry) {
     std::vector<std::string> ids = {entry.ID()};
     for (int i = 1; i <= entry.ChildCount(); ++i) {
-        const std::vector<std::string> below = IdsOf(entry.SubMenus().Item(i));
+        const std::vector<std::string> below = IdsOf(entry.Children()->Item(i));
         ids.insert(ids.end(), below.begin(), below.end());
     }
     return ids;

@@ -5,6 +5,7 @@
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
 #include "unit/FileBytes.h"
+#include "unit/editing/OpenMenu.h"
 
 #include <filesystem>
 #include <functional>
@@ -179,7 +180,7 @@ TEST_F(MenuEditorSaveTest, WithoutAMenuRoot) {
 TEST_F(MenuEditorSaveTest, AFailedSave) {
     const auto writeProtect = [] { fs::permissions(Host(Path), fs::perms::owner_read); };
     const auto blockBackup = [] { fs::create_directory(Host(Path + ".bak")); };
-    const auto unencodable = [this] { m_editor.OpenMenu()->SetGraphic("日"); };
+    const auto unencodable = [this] { nesk::testing::OpenMenuOf(m_editor).SetGraphic("日"); };
     const struct {
         const char* name;
         std::function<void()> prepare;
@@ -215,7 +216,7 @@ TEST_F(MenuEditorSaveTest, AFailedSave) {
 
 TEST_F(MenuEditorSaveTest, AnIncompleteMenuStaysSoWhenItsSaveFails) {
     OpenWith(Damaged);
-    m_editor.OpenMenu()->SetGraphic("日");
+    nesk::testing::OpenMenuOf(m_editor).SetGraphic("日");
     EXPECT_EQ(ErrorOf([&] { m_editor.Save(Path); }).messageId, Message::NotEncodable);
     EXPECT_TRUE(m_editor.IsIncomplete());
     EXPECT_EQ(m_editor.CheckSave(Path), SaveHazard::Incomplete);

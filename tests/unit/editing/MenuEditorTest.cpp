@@ -5,6 +5,7 @@
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
 #include "unit/FileBytes.h"
+#include "unit/editing/OpenMenu.h"
 
 #include <filesystem>
 #include <utility>
@@ -158,7 +159,7 @@ TEST_F(MenuEditorTest, Adding) {
     EXPECT_EQ(m_recorder.Take(), (Texts{"added R.1 in R at 1", "dirty", "added R.2 in R at 2", "dirty",
                                         "added R.1.1 in R.1 at 1", "dirty"}));
     const auto typeOf = [&](const char* id) {
-        return dynamic_cast<MenuItem&>(*m_editor.Find(id)).MenuType();
+        return dynamic_cast<const MenuItem&>(*m_editor.Find(id)).MenuType();
     };
     EXPECT_EQ(typeOf("R.1"), "Menu");
     EXPECT_EQ(typeOf("R.2"), "Part Program");
@@ -178,7 +179,7 @@ TEST_F(MenuEditorTest, NothingIsAddedBelowAPartOrNowhere) {
 TEST_F(MenuEditorTest, AFullSubmenu) {
     OpenExample();
     for (int i = 2; i < 32767; ++i)
-        m_editor.OpenMenu()->SubMenus().Add("x", "Menu");
+        nesk::testing::OpenMenuOf(m_editor).SubMenus().Add("x", "Menu");
     ExpectNoChange([&] {
         const NeskError error = ErrorOf([&] { m_editor.AddPart("R", "x"); });
         EXPECT_EQ(error.number, RuntimeError::Overflow);
@@ -238,7 +239,7 @@ TEST_F(MenuEditorTest, Editing) {
     EXPECT_EQ(m_editor.Find("R")->Caption(), "Root");
     EXPECT_EQ(m_editor.Find("R.1.1")->Caption(), "");
     EXPECT_EQ(m_editor.Find("R.1")->Graphic(), "x.bmp");
-    const auto& part = dynamic_cast<MenuItem&>(*m_editor.Find("R.2"));
+    const auto& part = dynamic_cast<const MenuItem&>(*m_editor.Find("R.2"));
     EXPECT_EQ(PartFieldsOf(part), fields);
     EXPECT_EQ(part.Caption(), "Housing");
     EXPECT_EQ(part.MenuType(), "Part Program");
@@ -303,7 +304,7 @@ TEST_F(MenuEditorTest, TextsThatCannotBeStoredAreRefused) {
 TEST_F(MenuEditorTest, WhatAFileHeldIsKeptWhileOtherFieldsChange) {
     OpenExample();
     const std::string strange("a\0b", 3);
-    auto* part = dynamic_cast<MenuItem*>(m_editor.Find("R.2"));
+    auto* part = dynamic_cast<MenuItem*>(nesk::testing::OpenMenuOf(m_editor).Find("R.2"));
     ASSERT_NE(part, nullptr);
     part->SetProgramID(strange);
     part->SetGraphic(strange);

@@ -18,7 +18,7 @@ protected:
     // All lines of a file of these bytes, "~" in front of one that is not plain.
     std::vector<std::string> Lines(const std::string& bytes) {
         station.Write(Path, bytes);
-        LineReader reader(Path);
+        LineReader reader(std::make_unique<FileSource>(Path));
         std::vector<std::string> lines;
         for (LineReader::Line line{}; reader.Next(line);) {
             EXPECT_EQ(line.equals, std::find(line.first, line.last, '='));
@@ -79,7 +79,7 @@ TEST_F(LineReaderTest, LinesAcrossTheBlocksOfReading) {
 
 TEST_F(LineReaderTest, LinesGivenBeforeStayValidWithinABlock) {
     station.Write(Path, "a=1\r\nb=2\r\n");
-    LineReader reader(Path);
+    LineReader reader(std::make_unique<FileSource>(Path));
     LineReader::Line first{}, second{};
     EXPECT_FALSE(reader.NextInBlock(first)) << "nothing is read yet";
     ASSERT_TRUE(reader.Next(first));
@@ -91,7 +91,7 @@ TEST_F(LineReaderTest, LinesGivenBeforeStayValidWithinABlock) {
 TEST_F(LineReaderTest, ALineThatIsTooLongIsRefused) {
     station.Write(Path, "");
     std::filesystem::resize_file(TempStation::Host(Path), LineReader::LongestLine * 2 + 1);
-    LineReader reader(Path);
+    LineReader reader(std::make_unique<FileSource>(Path));
     LineReader::Line line{};
     const NeskError error = testing::ErrorOf([&] { reader.Next(line); });
     EXPECT_EQ(error.number, RuntimeError::OutOfMemory);

@@ -100,7 +100,11 @@ TEST_F(MenuLoadFaultsTest, EveryOperationThatFails) {
             if (number < load) {
                 EXPECT_FALSE(failure.has_value()) << "it is read all the same";
                 EXPECT_EQ(editor.Find("R")->ChildCount(), Entries);
-                EXPECT_EQ(editor.CheckSave(Path), SaveHazard::ChangedByOther) << "a question too many";
+                // Where the contents could not be read for their hash, a save asks a question too many. A
+                // look whether the path is a folder matters to nothing.
+                const std::string& failed = operations[static_cast<std::size_t>(number) - 1];
+                const bool isLook = failed == "search" || failed == "attributes";
+                EXPECT_EQ(editor.CheckSave(Path), isLook ? SaveHazard::None : SaveHazard::ChangedByOther);
                 continue;
             }
             ExpectTold(failure, code);

@@ -54,7 +54,7 @@ std::string DifferenceOfItem(const MenuItem& item, const ModelEntry& model) {
     return Differs(model, "help topic", std::to_string(item.HelpTopic()), std::to_string(fields.helpTopic));
 }
 
-std::string DifferenceBelow(MenuEntry& root, MenuEntry& entry, const ModelEntry& model) {
+std::string DifferenceBelow(const MenuEntry& root, const MenuEntry& entry, const ModelEntry& model) {
     std::string difference = Differs(model, "id", entry.ID(), model.id);
     if (difference.empty()) difference = Differs(model, "caption", entry.Caption(), model.caption);
     if (difference.empty()) difference = Differs(model, "graphic", entry.Graphic(), model.fields.graphic);
@@ -65,7 +65,7 @@ std::string DifferenceBelow(MenuEntry& root, MenuEntry& entry, const ModelEntry&
         difference = Differs(model, "child count", std::to_string(entry.ChildCount()),
                              std::to_string(model.children.size()));
     for (int i = 0; difference.empty() && i < entry.ChildCount(); ++i) {
-        MenuItem& child = entry.SubMenus().Item(i + 1);
+        const MenuItem& child = entry.Children()->Item(i + 1);
         if (child.ParentMenu() != &entry) return model.id + " is not the parent of its child";
         difference = DifferenceBelow(root, child, model.children[static_cast<std::size_t>(i)]);
     }
@@ -162,7 +162,7 @@ bool MenuModel::IsUnchangedByFile(const TextRules& rules) const {
     return IsUnchanged(m_root, rules);
 }
 
-std::string FirstDifference(MenuEntry& menu, const ModelEntry& model) {
+std::string FirstDifference(const MenuEntry& menu, const ModelEntry& model) {
     return DifferenceBelow(menu, menu, model);
 }
 

@@ -80,6 +80,6 @@ private:
 
 /// The first thing in which a menu is not what the model says, for a message; "" when they are the same. Also
 /// looks at what the model has not: parents, and that every entry is found by its id.
-std::string FirstDifference(MenuEntry& menu, const ModelEntry& model);
+std::string FirstDifference(const MenuEntry& menu, const ModelEntry& model);
 
 } // namespace nesk::testing

@@ -107,7 +107,7 @@ TEST_F(MenuSaveOnHostTest, AFileMayGrowNoFurther) {
             OpenAndEdit(editor, 2000);
             if (!longer)
                 while (editor.OpenMenu()->ChildCount() > 2)
-                    editor.Remove(editor.OpenMenu()->SubMenus().Item(1).ID());
+                    editor.Remove(editor.OpenMenu()->Children()->Item(1).ID());
             const rlim_t limits[] = {0, 1, 1000, longer ? 300'000U : m_old.size() / 2,
                                      longer ? 500'000U : m_old.size() - 1};
             for (const rlim_t size : limits) {

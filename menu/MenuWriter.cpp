@@ -1,4 +1,4 @@
-#include "menu/MenuFileWriter.h"
+#include "menu/MenuWriter.h"
 
 #include "menu/LineScan.h"
 #include "menu/Menu.h"
@@ -6,7 +6,6 @@
 #include "menu/MenuItemCollection.h"
 #include "menu/MenuKeys.h"
 #include "menu/MenuText.h"
-#include "platform/ErrorCode.h"
 
 #include <algorithm>
 #include <array>
@@ -38,52 +37,47 @@ char* Put(char* at, MenuKey key) {
 
 } // namespace
 
-FileHash MenuFileWriter::Save(const std::string& path, const Backup& backup, const FileHash& known) {
-    SafeFile file(path, m_files);
-    m_file = &file;
-    m_hash = {};
-    m_buffer.resize(BufferSize);
-    m_used = 0;
-    WriteTree();
-    FlushBuffer();
-    m_file = nullptr;
-    const bool isSame = m_hash == known && FileHash::Of(path, m_files) == m_hash;
-    file.Commit(isSame && !IsFirstOf(backup) ? Backup{} : backup);
-    return m_hash;
-}
+MenuWriter::MenuWriter(ByteSink& sink) : m_sink(sink), m_buffer(BufferSize) {}
 
-// Whether a backup would be the first one of a menu.
-bool MenuFileWriter::IsFirstOf(const Backup& backup) {
-    std::uint32_t attributes = 0;
-    return backup.mayReplace &&
-           m_files.Attributes(backup.path, attributes) == platform::ErrorCode::FileNotFound;
-}
-
-void MenuFileWriter::WriteTree() {
+void MenuWriter::WriteMenu(const Menu& menu) {
     WriteLine(0, "BLOCK MENU");
-    WriteValue(1, MenuKey::Caption, m_menu.Caption());
-    WriteValue(1, MenuKey::Graphic, m_menu.Graphic());
+    WriteValue(1, MenuKey::Caption, menu.Caption());
+    WriteValue(1, MenuKey::Graphic, menu.Graphic());
+    WriteBelow(menu, 0);
+    FlushBuffer();
+}
+
+void MenuWriter::WriteItems(std::span<const MenuItem* const> items, std::size_t level) {
+    for (const MenuItem* item : items) {
+        BeginItem(*item, level);
+        WriteBelow(*item, level);
+    }
+    FlushBuffer();
+}
+
+// Writes the items below an entry whose block is begun at `level`, and the ends of all blocks.
+void MenuWriter::WriteBelow(const MenuEntry& entry, std::size_t level) {
     // The entries whose blocks are open and how many of their children are written. No recursion: a menu may
     // be nested deeper than the machine stack could follow.
     struct Open {
-        MenuEntry* entry;
+        const MenuEntry* entry;
         int written;
     };
-    std::vector<Open> open{{&m_menu, 0}};
+    std::vector<Open> open{{&entry, 0}};
     while (!open.empty()) {
         Open& top = open.back();
         if (top.written < top.entry->ChildCount()) {
-            MenuItem& item = top.entry->SubMenus().Item(++top.written);
-            WriteItem(item, open.size());
+            const MenuItem& item = top.entry->Children()->Item(++top.written);
+            BeginItem(item, level + open.size());
             open.push_back({&item, 0});
         } else {
             open.pop_back();
-            WriteLine(open.size(), "END");
+            WriteLine(level + open.size(), "END");
         }
     }
 }
 
-void MenuFileWriter::WriteItem(const MenuItem& item, std::size_t level) {
+void MenuWriter::BeginItem(const MenuItem& item, std::size_t level) {
     WriteLine(level, "BLOCK SUBMENU");
     ++level;
     WriteValue(level, MenuKey::Caption, item.Caption());
@@ -98,7 +92,7 @@ void MenuFileWriter::WriteItem(const MenuItem& item, std::size_t level) {
 }
 
 // Makes room for a line with a key and `length` characters more, and writes its indent.
-inline char* MenuFileWriter::BeginLine(std::size_t level, std::size_t length) {
+inline char* MenuWriter::BeginLine(std::size_t level, std::size_t length) {
     constexpr std::size_t around = DeepestIndent + LineScan::LongestStart + LineEnd.size();
     if (length + around > m_buffer.size() - m_used) MakeRoom(length + around);
     char* const at = m_buffer.data() + m_used;
@@ -108,17 +102,17 @@ inline char* MenuFileWriter::BeginLine(std::size_t level, std::size_t length) {
 }
 
 // Ends the line that was begun; only now it counts as written.
-inline void MenuFileWriter::EndLine(char* end) {
+inline void MenuWriter::EndLine(char* end) {
     m_used = static_cast<std::size_t>(Put(end, LineEnd) - m_buffer.data());
 }
 
-void MenuFileWriter::WriteNumber(std::size_t level, MenuKey key, std::int32_t number) {
+void MenuWriter::WriteNumber(std::size_t level, MenuKey key, std::int32_t number) {
     std::array<char, std::numeric_limits<std::int32_t>::digits10 + 2> digits{};
     const char* const end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     WriteValue(level, key, {digits.data(), static_cast<std::size_t>(end - digits.data())});
 }
 
-void MenuFileWriter::WriteValue(std::size_t level, MenuKey key, std::string_view text) {
+void MenuWriter::WriteValue(std::size_t level, MenuKey key, std::string_view text) {
     if (MenuText::IsPlain(text)) return WriteBytes(level, key, text);
     // A value that broke out of its line would make the whole file unreadable.
     if (std::any_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }))
@@ -126,24 +120,22 @@ void MenuFileWriter::WriteValue(std::size_t level, MenuKey key, std::string_view
     WriteBytes(level, key, MenuText::Encode(text, Source));
 }
 
-void MenuFileWriter::WriteBytes(std::size_t level, MenuKey key, std::string_view bytes) {
+void MenuWriter::WriteBytes(std::size_t level, MenuKey key, std::string_view bytes) {
     EndLine(Put(Put(BeginLine(level, bytes.size()), key), bytes));
 }
 
-void MenuFileWriter::WriteLine(std::size_t level, std::string_view text) {
+void MenuWriter::WriteLine(std::size_t level, std::string_view text) {
     EndLine(Put(BeginLine(level, text.size()), text));
 }
 
-void MenuFileWriter::MakeRoom(std::size_t size) {
+void MenuWriter::MakeRoom(std::size_t size) {
     FlushBuffer();
     // Only a line with a very long value: the buffer grows with it.
     if (size > m_buffer.size()) m_buffer.resize(size);
 }
 
-void MenuFileWriter::FlushBuffer() {
-    const std::string_view bytes(m_buffer.data(), m_used);
-    m_file->Write(bytes);
-    m_hash.Add(bytes);
+void MenuWriter::FlushBuffer() {
+    m_sink.Write({m_buffer.data(), m_used});
     m_used = 0;
 }
 

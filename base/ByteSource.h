@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace nesk {
+
+/// Bytes that are read from front to back: a file, or a text in memory.
+class ByteSource {
+public:
+    virtual ~ByteSource() = default;
+
+    /// Reads up to `capacity` bytes into `buffer`. Raises the run-time error of a failed read.
+    /// @return the number of bytes read; 0 only at the end
+    virtual std::size_t Read(char* buffer, std::size_t capacity) = 0;
+
+    /// What a message calls the source: the path of a file.
+    virtual const std::string& Name() const = 0;
+};
+
+/// A file of the station.
+class FileSource final : public ByteSource {
+public:
+    /// Opens the file. Raises the run-time error of the failure, FileNotFound among them.
+    explicit FileSource(std::string path, platform::FileSystem& files = platform::StationFiles());
+
+    std::size_t Read(char* buffer, std::size_t capacity) override;
+    const std::string& Name() const override { return m_path; }
+
+private:
+    std::string m_path;
+    std::unique_ptr<platform::FileReader> m_reader;
+};
+
+/// A text in memory.
+class TextSource final : public ByteSource {
+public:
+    /// @param text  must outlive the source
+    /// @param name  what a message calls it
+    TextSource(std::string_view text, std::string name) : m_rest(text), m_name(std::move(name)) {}
+
+    std::size_t Read(char* buffer, std::size_t capacity) override;
+    const std::string& Name() const override { return m_name; }
+
+private:
+    std::string_view m_rest;
+    std::string m_name;
+};
+
+} // namespace nesk
