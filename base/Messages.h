@@ -15,6 +15,18 @@ constexpr int MenuUnknownBlock = 32010;  // %0% line, %1% block type
 constexpr int MenuTextAfterEnd = 32011;  // %0% line
 constexpr int MenuBlockNotEnded = 34490; // %0% line
 constexpr int MenuNotABlock = 34491;     // %0% line
+constexpr int RootStays = 34492;
+constexpr int MoveIntoItself = 34493; // %0% caption
+constexpr int MoveIntoPart = 34494;   // %0% caption
+
+// Names of changes, as Undo and Redo show them. %0% caption
+constexpr int ChangeAdd = 34500;
+constexpr int ChangeRemove = 34501;
+constexpr int ChangeMove = 34502;
+constexpr int ChangeCaption = 34503;
+constexpr int ChangeGraphic = 34504;
+constexpr int ChangePart = 34505;
+
 constexpr int BlockSyntax = 32013;       // %0% line
 constexpr int NoticeTitle = 32015;
 constexpr int SaveChanges = 32016;

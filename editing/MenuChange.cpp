@@ -15,11 +15,22 @@ MenuItem* FindItem(Menu& menu, const std::string& id) {
 }
 
 MenuEvent PlacedEvent(MenuEvent::Kind kind, const MenuItem& item, int position) {
-    return {kind, item.ID(), item.ParentMenu()->ID(), position};
+    return {kind, item.ID(), item.ParentMenu()->ID(), position, {}};
 }
 
 MenuEvent PlainEvent(MenuEvent::Kind kind, const std::string& id) {
-    return {kind, id, "", 0};
+    return {kind, id, {}, 0, {}};
+}
+
+// About the memory of a change that keeps an item which is taken out; texts lie in the tree's arena.
+std::size_t BytesOf(const MenuItem* removed) {
+    return removed != nullptr ? static_cast<std::size_t>(removed->CountBelow() + 1) * sizeof(MenuItem) : 0;
+}
+
+bool Report(const MenuEvent& event, const MenuEventHandler& report) {
+    if (event.kind == MenuEvent::Kind::None) return false;
+    report(event);
+    return true;
 }
 
 // Takes an item out of its parent; where it stood is left in `parentId` and `position`.
@@ -32,12 +43,24 @@ std::unique_ptr<MenuItem> TakeOut(MenuItem& item, std::string& parentId, int& po
 
 } // namespace
 
+bool SingleChange::Apply(Menu& menu, const MenuEventHandler& report) {
+    return Report(Do(menu), report);
+}
+
+bool SingleChange::Revert(Menu& menu, const MenuEventHandler& report) {
+    return Report(Undo(menu), report);
+}
+
 AddChange::AddChange(std::string parentId, std::string caption, std::string menuType)
     : m_parentId(std::move(parentId)), m_caption(std::move(caption)), m_menuType(std::move(menuType)) {}
 
 AddChange::~AddChange() = default;
 
-MenuEvent AddChange::Apply(Menu& menu) {
+std::size_t AddChange::Bytes() const {
+    return sizeof *this + m_caption.size() + BytesOf(m_removed.get());
+}
+
+MenuEvent AddChange::Do(Menu& menu) {
     MenuEntry* parent = menu.Find(m_parentId);
     if (parent == nullptr) return {};
     // Made once: an entry that comes back keeps its id, by which later changes know it.
@@ -47,7 +70,7 @@ MenuEvent AddChange::Apply(Menu& menu) {
     return PlacedEvent(MenuEvent::Kind::Added, item, parent->ChildCount());
 }
 
-MenuEvent AddChange::Revert(Menu& menu) {
+MenuEvent AddChange::Undo(Menu& menu) {
     MenuItem* item = FindItem(menu, m_id);
     if (item == nullptr) return {};
     int position = 0;
@@ -60,7 +83,11 @@ RemoveChange::RemoveChange(std::string id) : m_id(std::move(id)) {}
 
 RemoveChange::~RemoveChange() = default;
 
-MenuEvent RemoveChange::Apply(Menu& menu) {
+std::size_t RemoveChange::Bytes() const {
+    return sizeof *this + BytesOf(m_removed.get());
+}
+
+MenuEvent RemoveChange::Do(Menu& menu) {
     MenuItem* item = FindItem(menu, m_id);
     if (item == nullptr) return {};
     m_memory = menu.Memory();
@@ -68,7 +95,7 @@ MenuEvent RemoveChange::Apply(Menu& menu) {
     return PlainEvent(MenuEvent::Kind::Removed, m_id);
 }
 
-MenuEvent RemoveChange::Revert(Menu& menu) {
+MenuEvent RemoveChange::Undo(Menu& menu) {
     MenuEntry* parent = menu.Find(m_parentId);
     if (parent == nullptr || !m_removed) return {};
     MenuItem& item = parent->SubMenus().Insert(m_position, std::move(m_removed));
@@ -77,11 +104,15 @@ MenuEvent RemoveChange::Revert(Menu& menu) {
 
 MoveChange::MoveChange(std::string id, Direction direction) : m_id(std::move(id)), m_direction(direction) {}
 
-MenuEvent MoveChange::Apply(Menu& menu) {
+std::size_t MoveChange::Bytes() const {
+    return sizeof *this;
+}
+
+MenuEvent MoveChange::Do(Menu& menu) {
     return Move(menu, m_direction);
 }
 
-MenuEvent MoveChange::Revert(Menu& menu) {
+MenuEvent MoveChange::Undo(Menu& menu) {
     return Move(menu, m_direction == Direction::Up ? Direction::Down : Direction::Up);
 }
 
@@ -94,11 +125,15 @@ MenuEvent MoveChange::Move(Menu& menu, Direction direction) const {
 CaptionChange::CaptionChange(std::string id, std::string caption)
     : m_id(std::move(id)), m_other(std::move(caption)) {}
 
-MenuEvent CaptionChange::Apply(Menu& menu) {
+std::size_t CaptionChange::Bytes() const {
+    return sizeof *this + m_other.size();
+}
+
+MenuEvent CaptionChange::Do(Menu& menu) {
     return Exchange(menu);
 }
 
-MenuEvent CaptionChange::Revert(Menu& menu) {
+MenuEvent CaptionChange::Undo(Menu& menu) {
     return Exchange(menu);
 }
 
@@ -114,11 +149,15 @@ MenuEvent CaptionChange::Exchange(Menu& menu) {
 GraphicChange::GraphicChange(std::string id, std::string graphic)
     : m_id(std::move(id)), m_other(std::move(graphic)) {}
 
-MenuEvent GraphicChange::Apply(Menu& menu) {
+std::size_t GraphicChange::Bytes() const {
+    return sizeof *this + m_other.size();
+}
+
+MenuEvent GraphicChange::Do(Menu& menu) {
     return Exchange(menu);
 }
 
-MenuEvent GraphicChange::Revert(Menu& menu) {
+MenuEvent GraphicChange::Undo(Menu& menu) {
     return Exchange(menu);
 }
 
@@ -133,11 +172,16 @@ MenuEvent GraphicChange::Exchange(Menu& menu) {
 
 PartChange::PartChange(std::string id, PartFields fields) : m_id(std::move(id)), m_other(std::move(fields)) {}
 
-MenuEvent PartChange::Apply(Menu& menu) {
+std::size_t PartChange::Bytes() const {
+    return sizeof *this + m_other.graphic.size() + m_other.preview.size() + m_other.programId.size() +
+           m_other.helpFile.size() + m_other.historyDir.size() + m_other.historyTitle.size();
+}
+
+MenuEvent PartChange::Do(Menu& menu) {
     return Exchange(menu);
 }
 
-MenuEvent PartChange::Revert(Menu& menu) {
+MenuEvent PartChange::Undo(Menu& menu) {
     return Exchange(menu);
 }
 

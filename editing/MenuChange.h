@@ -2,6 +2,8 @@
 
 #include "menu/PartFields.h"
 
+#include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -11,7 +13,7 @@ class Arena;
 class Menu;
 class MenuItem;
 
-/// What a change did to the tree, for whoever shows it.
+/// One thing that happened to the tree, for whoever shows it.
 struct MenuEvent {
     enum class Kind {
         None,    ///< nothing changed
@@ -25,7 +27,14 @@ struct MenuEvent {
     std::string id;
     std::string parentId;
     int position = 0; ///< 1-based
+
+    /// Of an entry that moved to another parent: its id until now. The ids below it changed with it. "" when
+    /// the id is the same.
+    std::string formerId;
 };
+
+/// Hears of what a change does, each event when it has just happened: the tree is as the event leaves it.
+using MenuEventHandler = std::function<void(const MenuEvent&)>;
 
 /// One change of a menu, which can be made and taken back any number of times, in turns. Entries are named by
 /// their ids, which stay valid when an entry is removed and put back.
@@ -33,20 +42,39 @@ class MenuChange {
 public:
     virtual ~MenuChange() = default;
 
-    /// Makes the change. Kind::None when it is not possible, and then nothing is to be taken back.
-    virtual MenuEvent Apply(Menu& menu) = 0;
+    /// Makes the change. False when it is not possible; then nothing has changed and nothing is to be taken
+    /// back. When it raises, nothing has changed either.
+    virtual bool Apply(Menu& menu, const MenuEventHandler& report) = 0;
 
-    /// Takes the change back.
-    virtual MenuEvent Revert(Menu& menu) = 0;
+    /// Takes the change back. Results as for Apply.
+    virtual bool Revert(Menu& menu, const MenuEventHandler& report) = 0;
+
+    /// About how much memory the change keeps, in bytes.
+    virtual std::size_t Bytes() const = 0;
+};
+
+/// A change that is one event.
+class SingleChange : public MenuChange {
+public:
+    bool Apply(Menu& menu, const MenuEventHandler& report) final;
+    bool Revert(Menu& menu, const MenuEventHandler& report) final;
+
+protected:
+    /// Kind::None when the change is not possible.
+    virtual MenuEvent Do(Menu& menu) = 0;
+    virtual MenuEvent Undo(Menu& menu) = 0;
 };
 
 /// Appends a new entry to the children of an entry.
-class AddChange final : public MenuChange {
+class AddChange final : public SingleChange {
 public:
     AddChange(std::string parentId, std::string caption, std::string menuType);
     ~AddChange() override;
-    MenuEvent Apply(Menu& menu) override;
-    MenuEvent Revert(Menu& menu) override;
+    std::size_t Bytes() const override;
+
+protected:
+    MenuEvent Do(Menu& menu) override;
+    MenuEvent Undo(Menu& menu) override;
 
 private:
     std::string m_parentId;
@@ -58,12 +86,15 @@ private:
 };
 
 /// Removes an entry with everything below it.
-class RemoveChange final : public MenuChange {
+class RemoveChange final : public SingleChange {
 public:
     explicit RemoveChange(std::string id);
     ~RemoveChange() override;
-    MenuEvent Apply(Menu& menu) override;
-    MenuEvent Revert(Menu& menu) override;
+    std::size_t Bytes() const override;
+
+protected:
+    MenuEvent Do(Menu& menu) override;
+    MenuEvent Undo(Menu& menu) override;
 
 private:
     std::string m_id;
@@ -74,12 +105,15 @@ private:
 };
 
 /// Moves an entry one position among its siblings.
-class MoveChange final : public MenuChange {
+class MoveChange final : public SingleChange {
 public:
     enum class Direction { Up, Down };
     MoveChange(std::string id, Direction direction);
-    MenuEvent Apply(Menu& menu) override;
-    MenuEvent Revert(Menu& menu) override;
+    std::size_t Bytes() const override;
+
+protected:
+    MenuEvent Do(Menu& menu) override;
+    MenuEvent Undo(Menu& menu) override;
 
 private:
     MenuEvent Move(Menu& menu, Direction direction) const;
@@ -89,11 +123,14 @@ private:
 };
 
 /// Gives an entry another caption.
-class CaptionChange final : public MenuChange {
+class CaptionChange final : public SingleChange {
 public:
     CaptionChange(std::string id, std::string caption);
-    MenuEvent Apply(Menu& menu) override;
-    MenuEvent Revert(Menu& menu) override;
+    std::size_t Bytes() const override;
+
+protected:
+    MenuEvent Do(Menu& menu) override;
+    MenuEvent Undo(Menu& menu) override;
 
 private:
     MenuEvent Exchange(Menu& menu);
@@ -103,11 +140,14 @@ private:
 };
 
 /// Gives an entry another picture.
-class GraphicChange final : public MenuChange {
+class GraphicChange final : public SingleChange {
 public:
     GraphicChange(std::string id, std::string graphic);
-    MenuEvent Apply(Menu& menu) override;
-    MenuEvent Revert(Menu& menu) override;
+    std::size_t Bytes() const override;
+
+protected:
+    MenuEvent Do(Menu& menu) override;
+    MenuEvent Undo(Menu& menu) override;
 
 private:
     MenuEvent Exchange(Menu& menu);
@@ -117,11 +157,14 @@ private:
 };
 
 /// Gives a part button other fields.
-class PartChange final : public MenuChange {
+class PartChange final : public SingleChange {
 public:
     PartChange(std::string id, PartFields fields);
-    MenuEvent Apply(Menu& menu) override;
-    MenuEvent Revert(Menu& menu) override;
+    std::size_t Bytes() const override;
+
+protected:
+    MenuEvent Do(Menu& menu) override;
+    MenuEvent Undo(Menu& menu) override;
 
 private:
     MenuEvent Exchange(Menu& menu);

@@ -2,6 +2,8 @@
 
 #include "base/BackupNames.h"
 #include "base/Messages.h"
+#include "editing/CompoundChange.h"
+#include "editing/MoveToChange.h"
 #include "editing/SamePlace.h"
 #include "menu/MenuFile.h"
 #include "menu/MenuItem.h"
@@ -10,6 +12,7 @@
 #include "platform/ErrorCode.h"
 #include "shell/modUtilities.h"
 
+#include <algorithm>
 #include <new>
 #include <utility>
 #include <vector>
@@ -31,9 +34,18 @@ NeskError NoMemory(const char* source, int messageId, const std::string& path) {
 
 } // namespace
 
-MenuEditor::MenuEditor(platform::FileSystem& files) : m_files(files) {}
+MenuEditor::MenuEditor(platform::FileSystem& files, std::size_t undoLimit)
+    : m_files(files), m_history(undoLimit) {}
 
 MenuEditor::~MenuEditor() = default;
+
+void MenuEditor::AddListener(MenuEditorListener& listener) {
+    m_listeners.push_back(&listener);
+}
+
+void MenuEditor::RemoveListener(MenuEditorListener& listener) {
+    std::erase(m_listeners, &listener);
+}
 
 std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, const std::string& path) {
     m_files.RestoreInterrupted(path);
@@ -54,25 +66,32 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
             failure = NoMemory("MenuEditor.Open", Message::OutOfMemory, path);
         }
     }
+    ForgetChanges();
     m_menu = std::move(menu);
     m_path = hash.Exists() ? path : "";
     m_place = path;
     m_hash = hash;
-    m_dirty = false;
     m_incomplete = failure.has_value() || m_menu->EndIsMissing();
-    if (m_listener != nullptr) m_listener->OnMenuReplaced();
+    MenuReplaced();
     return failure;
 }
 
 void MenuEditor::Close() {
+    ForgetChanges();
     if (m_menu) m_menu->Terminate();
     m_menu.reset();
     m_path.clear();
     m_place.clear();
     m_hash = {};
-    m_dirty = false;
     m_incomplete = false;
-    if (m_listener != nullptr) m_listener->OnMenuReplaced();
+    MenuReplaced();
+}
+
+// Ids start anew with each menu, so no change of one fits another.
+void MenuEditor::ForgetChanges() {
+    m_history.Clear();
+    m_group.reset();
+    m_grouped.clear();
 }
 
 SavePlan MenuEditor::PlanSave(const std::string& path) const {
@@ -116,7 +135,7 @@ void MenuEditor::SaveWith(const std::string& path, const Backup& backup, const F
     m_hash = Write(path, backup, known);
     m_path = path;
     m_place = path;
-    m_dirty = false;
+    m_history.MarkSaved();
     m_incomplete = false;
     StateChanged();
 }
@@ -164,7 +183,10 @@ MenuCommands MenuEditor::CommandsFor(const std::string& id) const {
 std::string MenuEditor::Add(const std::string& parentId, const std::string& caption, std::string_view type) {
     if (!CommandsFor(parentId).addPart) return "";
     MenuText::Check(caption, "MenuEditor.Add");
-    return Make(std::make_unique<AddChange>(parentId, caption, std::string(type))).id;
+    return Make(std::make_unique<AddChange>(parentId, caption, std::string(type)),
+                {Message::ChangeAdd, {caption}})
+               ? m_lastId
+               : "";
 }
 
 std::string MenuEditor::AddPart(const std::string& parentId, const std::string& caption) {
@@ -176,15 +198,28 @@ std::string MenuEditor::AddSubmenu(const std::string& parentId, const std::strin
 }
 
 bool MenuEditor::MoveUp(const std::string& id) {
-    return Make(std::make_unique<MoveChange>(id, MoveChange::Direction::Up)).kind != MenuEvent::Kind::None;
+    return Make(std::make_unique<MoveChange>(id, MoveChange::Direction::Up),
+                NameFor(Message::ChangeMove, id));
 }
 
 bool MenuEditor::MoveDown(const std::string& id) {
-    return Make(std::make_unique<MoveChange>(id, MoveChange::Direction::Down)).kind != MenuEvent::Kind::None;
+    return Make(std::make_unique<MoveChange>(id, MoveChange::Direction::Down),
+                NameFor(Message::ChangeMove, id));
+}
+
+std::string MenuEditor::MoveTo(const std::string& id, const std::string& parentId, int position) {
+    if (Find(id) == nullptr || Find(parentId) == nullptr) return "";
+    return Make(std::make_unique<MoveToChange>(id, parentId, position), NameFor(Message::ChangeMove, id))
+               ? m_lastId
+               : id;
+}
+
+std::optional<NeskError> MenuEditor::WhyNotMoveTo(const std::string& id, const std::string& parentId) const {
+    return m_menu ? MoveToChange::WhyNot(*m_menu, id, parentId) : std::nullopt;
 }
 
 bool MenuEditor::Remove(const std::string& id) {
-    return Make(std::make_unique<RemoveChange>(id)).kind != MenuEvent::Kind::None;
+    return Make(std::make_unique<RemoveChange>(id), NameFor(Message::ChangeRemove, id));
 }
 
 bool MenuEditor::SetCaption(const std::string& id, const std::string& caption) {
@@ -192,49 +227,95 @@ bool MenuEditor::SetCaption(const std::string& id, const std::string& caption) {
     if (entry == nullptr) return false;
     if (entry->Caption() == caption) return true;
     MenuText::Check(caption, "MenuEditor.SetCaption");
-    return Make(std::make_unique<CaptionChange>(id, caption)).kind != MenuEvent::Kind::None;
+    return Make(std::make_unique<CaptionChange>(id, caption), NameFor(Message::ChangeCaption, id));
 }
 
 bool MenuEditor::SetGraphic(const std::string& id, const std::string& graphic) {
     const MenuEntry* entry = Find(id);
     if (entry == nullptr) return false;
     MenuText::CheckChange(graphic, entry->Graphic(), "MenuEditor.SetGraphic");
-    return Make(std::make_unique<GraphicChange>(id, graphic)).kind != MenuEvent::Kind::None;
+    return Make(std::make_unique<GraphicChange>(id, graphic), NameFor(Message::ChangeGraphic, id));
 }
 
 bool MenuEditor::SetPart(const std::string& id, const PartFields& fields) {
     const MenuItem* item = AsItem(Find(id));
     if (item == nullptr) return false;
     CheckPartFields(fields, PartFieldsOf(*item));
-    return Make(std::make_unique<PartChange>(id, fields)).kind != MenuEvent::Kind::None;
+    return Make(std::make_unique<PartChange>(id, fields), NameFor(Message::ChangePart, id));
 }
 
-MenuEvent MenuEditor::Make(std::unique_ptr<MenuChange> change) {
-    if (!m_menu) return {};
-    MenuEvent event = change->Apply(*m_menu);
-    if (event.kind != MenuEvent::Kind::None && m_keeper) m_keeper(std::move(change));
-    Report(event);
-    return event;
+// The name of a change to an entry that exists, with the caption that the entry has now.
+ChangeName MenuEditor::NameFor(int textId, const std::string& id) const {
+    const MenuEntry* entry = Find(id);
+    return {textId, {std::string(entry != nullptr ? entry->Caption() : "")}};
 }
 
-bool MenuEditor::Redo(MenuChange& change) {
-    return m_menu && Report(change.Apply(*m_menu));
-}
-
-bool MenuEditor::Undo(MenuChange& change) {
-    return m_menu && Report(change.Revert(*m_menu));
-}
-
-bool MenuEditor::Report(const MenuEvent& event) {
-    if (event.kind == MenuEvent::Kind::None) return false;
-    m_dirty = true;
-    if (m_listener != nullptr) m_listener->OnMenuEvent(event);
+bool MenuEditor::Make(std::unique_ptr<MenuChange> change, ChangeName name) {
+    if (!m_menu || !change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
+    if (m_group) {
+        m_grouped.push_back(std::move(change));
+        return true;
+    }
+    m_history.Push(std::move(change), std::move(name));
     StateChanged();
     return true;
 }
 
+void MenuEditor::BeginGroup(ChangeName name) {
+    m_group = std::move(name);
+}
+
+void MenuEditor::CommitGroup() {
+    if (!m_grouped.empty()) {
+        m_history.Push(std::make_unique<CompoundChange>(std::move(m_grouped)), *std::move(m_group));
+        m_grouped.clear();
+        StateChanged();
+    }
+    m_group.reset();
+}
+
+void MenuEditor::RollBackGroup() {
+    for (; !m_grouped.empty(); m_grouped.pop_back())
+        m_grouped.back()->Revert(*m_menu, [this](const MenuEvent& event) { Report(event); });
+    m_group.reset();
+}
+
+bool MenuEditor::Undo() {
+    MenuChange* const change = m_history.ToUndo();
+    if (change == nullptr || !change->Revert(*m_menu, [this](const MenuEvent& event) { Report(event); }))
+        return false;
+    m_history.Undone();
+    StateChanged();
+    return true;
+}
+
+bool MenuEditor::Redo() {
+    MenuChange* const change = m_history.ToRedo();
+    if (change == nullptr || !change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); }))
+        return false;
+    m_history.Redone();
+    StateChanged();
+    return true;
+}
+
+void MenuEditor::Report(const MenuEvent& event) {
+    m_lastId = event.id;
+    Tell([&](MenuEditorListener& listener) { listener.OnMenuEvent(event); });
+}
+
+void MenuEditor::MenuReplaced() {
+    Tell([](MenuEditorListener& listener) { listener.OnMenuReplaced(); });
+}
+
 void MenuEditor::StateChanged() {
-    if (m_listener != nullptr) m_listener->OnStateChanged();
+    Tell([](MenuEditorListener& listener) { listener.OnStateChanged(); });
+}
+
+// Tells all listeners that are still there when it is their turn.
+template <typename Call>
+void MenuEditor::Tell(Call call) {
+    for (MenuEditorListener* listener : std::vector(m_listeners))
+        if (std::find(m_listeners.begin(), m_listeners.end(), listener) != m_listeners.end()) call(*listener);
 }
 
 } // namespace nesk

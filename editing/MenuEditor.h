@@ -4,16 +4,18 @@
 #include "base/NeskError.h"
 #include "base/SafeFile.h"
 #include "editing/MenuChange.h"
+#include "editing/UndoStack.h"
 #include "menu/Menu.h"
 
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace nesk {
 
-/// Hears of everything that happens to the open menu.
+/// Hears of everything that happens to the open menu. It may add and remove listeners, but must not change
+/// the menu.
 class MenuEditorListener {
 public:
     virtual ~MenuEditorListener() = default;
@@ -21,10 +23,12 @@ public:
     /// A menu was opened or closed: everything is to be shown anew.
     virtual void OnMenuReplaced() = 0;
 
-    /// One entry was added, removed, moved or edited.
+    /// One entry was added, removed, moved or edited. A change of several events reports each of them when it
+    /// has just happened.
     virtual void OnMenuEvent(const MenuEvent& event) = 0;
 
-    /// The dirty flag, the path or the incomplete flag has another value.
+    /// A change is complete, with all its events, or the menu was saved: the dirty flag, the path, the
+    /// incomplete flag or the history may have another value.
     virtual void OnStateChanged() = 0;
 };
 
@@ -58,21 +62,21 @@ struct SavePlan {
 };
 
 /// The open menu and every operation on it: nothing else changes it. Each edit is a MenuChange, which is
-/// made, shown to the listener and handed to the keeper of changes.
+/// made, reported to the listeners and kept to be taken back. Taking back and making again registers nothing.
 class MenuEditor {
 public:
     /// @param files  where menus are read and saved
-    explicit MenuEditor(platform::FileSystem& files = platform::StationFiles());
+    /// @param undoLimit  bytes that the changes kept for Undo may take
+    explicit MenuEditor(platform::FileSystem& files = platform::StationFiles(),
+                        std::size_t undoLimit = UndoStack::UsualLimit);
     ~MenuEditor();
     MenuEditor(const MenuEditor&) = delete;
     MenuEditor& operator=(const MenuEditor&) = delete;
 
-    /// The listener must outlive the editor or be taken away with null.
-    void SetListener(MenuEditorListener* listener) { m_listener = listener; }
-
-    /// Who keeps the changes that were made, to take them back later; without one they are dropped.
-    using ChangeKeeper = std::function<void(std::unique_ptr<MenuChange>)>;
-    void SetChangeKeeper(ChangeKeeper keeper) { m_keeper = std::move(keeper); }
+    /// Adds a listener, which must be removed before it is destroyed. Listeners are told in the order in
+    /// which they were added.
+    void AddListener(MenuEditorListener& listener);
+    void RemoveListener(MenuEditorListener& listener);
 
     /// Opens the menu file `path`, in place of the one that is open; a missing file gives an empty menu.
     /// @param rootDirectory  folder that holds the menu file
@@ -108,7 +112,8 @@ public:
     void SaveCopy(const std::string& path);
 
     bool IsOpen() const { return m_menu != nullptr; }
-    bool IsDirty() const { return m_dirty; }
+    /// Whether the menu differs from the file by changes: undo and redo can lead back to the saved state.
+    bool IsDirty() const { return IsOpen() && (!m_history.IsAtSaved() || !m_grouped.empty()); }
     bool IsIncomplete() const { return m_incomplete; }
 
     /// Whether the open menu has no file yet: there was none to open, and it was not saved since.
@@ -150,26 +155,54 @@ public:
     bool SetGraphic(const std::string& id, const std::string& graphic);
     bool SetPart(const std::string& id, const PartFields& fields);
 
-    /// Makes a change that was taken back, or takes one back that was made. False when that is not possible.
-    bool Redo(MenuChange& change);
-    bool Undo(MenuChange& change);
+    /// Moves an entry with everything below it to another place.
+    /// @param position  1-based, among the children of the new parent without the entry itself; 0 for the end
+    /// @return the id that the entry has now; "" for ids that do not exist
+    /// Raises 5000 with the reason when the entry cannot be moved there (WhyNotMoveTo).
+    std::string MoveTo(const std::string& id, const std::string& parentId, int position);
+
+    /// Why MoveTo would raise; nothing when it would not.
+    std::optional<NeskError> WhyNotMoveTo(const std::string& id, const std::string& parentId) const;
+
+    /// Makes all changes up to CommitGroup one change of the given name. Groups do not nest.
+    void BeginGroup(ChangeName name);
+
+    /// Ends a group. A group without changes is no change.
+    void CommitGroup();
+
+    /// Ends a group and takes its changes back.
+    void RollBackGroup();
+
+    /// The changes that can be taken back and made again.
+    const UndoStack& History() const { return m_history; }
+
+    /// Takes the last change back, or makes the last one again that was taken back. False when there is none.
+    bool Undo();
+    bool Redo();
 
 private:
     std::string Add(const std::string& parentId, const std::string& caption, std::string_view type);
-    MenuEvent Make(std::unique_ptr<MenuChange> change);
-    bool Report(const MenuEvent& event);
+    ChangeName NameFor(int textId, const std::string& id) const;
+    bool Make(std::unique_ptr<MenuChange> change, ChangeName name);
+    void ForgetChanges();
+    void Report(const MenuEvent& event);
+    void MenuReplaced();
     void StateChanged();
+    template <typename Call>
+    void Tell(Call call);
     FileHash Write(const std::string& path, const Backup& backup, const FileHash& known);
     void SaveWith(const std::string& path, const Backup& backup, const FileHash& known);
 
     platform::FileSystem& m_files;
-    MenuEditorListener* m_listener = nullptr;
-    ChangeKeeper m_keeper;
+    std::vector<MenuEditorListener*> m_listeners;
     std::unique_ptr<Menu> m_menu;
+    UndoStack m_history; // whose changes may hold items of the menu
+    std::optional<ChangeName> m_group;
+    std::vector<std::unique_ptr<MenuChange>> m_grouped;
+    std::string m_lastId; // of the last event
     std::string m_path;
     std::string m_place;
     FileHash m_hash;
-    bool m_dirty = false;
     bool m_incomplete = false;
 };
 

@@ -37,14 +37,13 @@ FormEditMenu::FormEditMenu(wxWindow* parent) : FormDialog(parent, "FormEditMenu"
     BindPictureButtons(*picItemHost, *cmdPicture, *cmdDelete);
 }
 
-bool FormEditMenu::Edit(MenuItem& objItem) {
+std::optional<std::string> FormEditMenu::Edit(const MenuItem& objItem) {
     m_before = objItem.Graphic();
     picItemHost->SetPath(m_before);
     SetTitle(modUtilities::ToWx(objItem.Caption()));
     cmdPicture->SetFocus();
-    if (ShowModal() != wxID_OK) return false;
-    objItem.SetGraphic(picItemHost->Path());
-    return true;
+    if (ShowModal() != wxID_OK) return std::nullopt;
+    return picItemHost->Path();
 }
 
 void FormEditMenu::OnOK() {

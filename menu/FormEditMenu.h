@@ -2,6 +2,7 @@
 
 #include "widgets/FormDialog.h"
 
+#include <optional>
 #include <string>
 
 namespace nesk {
@@ -14,9 +15,9 @@ class FormEditMenu : public FormDialog {
 public:
     explicit FormEditMenu(wxWindow* parent);
 
-    /// Shows the dialog for an item. On OK the item's Graphic is replaced; otherwise the item is unchanged.
-    /// @return true when the dialog was confirmed
-    bool Edit(MenuItem& objItem);
+    /// Shows the dialog for an item.
+    /// @return the picture for the item's Graphic; nothing when the dialog was cancelled
+    std::optional<std::string> Edit(const MenuItem& objItem);
 
     // Controls.
     FormPicture* picItemHost = nullptr;

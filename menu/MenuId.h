@@ -17,6 +17,12 @@ public:
     /// The id of a child.
     static std::string OfChild(std::string_view parentId, std::int32_t counter);
 
+    /// The id of the parent; "" for the root's.
+    static std::string OfParent(std::string_view id) {
+        const std::size_t end = id.rfind('.');
+        return std::string(end == std::string_view::npos ? "" : id.substr(0, end));
+    }
+
     /// The last part of a child's id, which identifies it among its siblings: its counter.
     static std::string LastPart(std::int32_t counter) { return std::to_string(counter); }
 

@@ -52,6 +52,13 @@ public:
     std::string_view HistoryTitle() const { return m_historyTitle; }
     void SetHistoryTitle(std::string_view value) { m_historyTitle = Kept(value); }
 
+    /// Gives an item that is nobody's child another parent and a counter that the parent gave out: for moves.
+    /// The ids of the items below it change with its own.
+    void SetPlace(MenuEntry& parent, std::int32_t counter) {
+        m_parent = &parent;
+        m_counter = counter;
+    }
+
     /// True when the item is a part-program button: its type begins with "P" or "p".
     bool IsPart() const;
 

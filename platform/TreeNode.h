@@ -30,6 +30,7 @@ public:
 
     int Image() const { return m_image; }
     const std::string& Key() const { return m_key; }
+    void SetKey(std::string key) { m_key = std::move(key); }
 
     /// Null for the root.
     TreeNode* Parent() const { return m_parent; }

@@ -57,7 +57,7 @@ FormMain::FormMain()
     modUtilities::SetFormFont(*this);
     SetIcon(IconBundle("app", wxSize(48, 48)).GetIconFor(this));
     PlaceOnScreen();
-    m_editor.SetListener(this);
+    m_editor.AddListener(*this);
 
     Bind(
         wxEVT_MENU,
@@ -73,7 +73,7 @@ FormMain::FormMain()
 }
 
 FormMain::~FormMain() {
-    m_editor.SetListener(nullptr);
+    m_editor.RemoveListener(*this);
 }
 
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {

@@ -129,10 +129,16 @@ void FormMenuTree::Place(const MenuEvent& event) {
 
 void FormMenuTree::Move(const MenuEvent& event) {
     Window().Freeze();
-    TreeNode* const node = NodeOf(event.id);
+    TreeNode* const node = NodeOf(event.formerId.empty() ? event.id : event.formerId);
     TreeNode* const parent = NodeOf(event.parentId);
-    if (node != nullptr && parent != nullptr)
+    if (node != nullptr && parent != nullptr && parent->IsFilled()) {
         m_view.Move(*node, *parent, static_cast<std::size_t>(event.position) - 1);
+        node->SetKey(std::string(MenuId::Parts(event.id).back()));
+    } else {
+        // The children of the new parent have no nodes yet; the entry gets one with them.
+        if (node != nullptr) m_view.Remove(*node);
+        Place(event);
+    }
     SelectKey(event.id);
     Window().Thaw();
 }

@@ -44,11 +44,7 @@ protected:
     FormMainCyclesTest() {
         WriteMenu(StationMenu());
         OpenWindow();
-        window->Editor().SetChangeKeeper(
-            [this](std::unique_ptr<MenuChange> change) { m_changes.push_back(std::move(change)); });
     }
-
-    ~FormMainCyclesTest() override { window->Editor().SetChangeKeeper(nullptr); }
 
     // Opens the menu, changes it in every way there is, takes half of that back, and closes it without
     // saving.
@@ -72,24 +68,18 @@ protected:
         ASSERT_TRUE(editor.SetGraphic("R.2", "C:\\Pictures\\Another picture altogether.bmp"));
         ASSERT_TRUE(editor.MoveUp("R.3"));
         ASSERT_TRUE(editor.SetCaption("R.3", "One more caption, long enough to need memory of its own"));
-        for (std::size_t left = m_changes.size() / 2; left > 0; --left) {
-            ASSERT_TRUE(editor.Undo(*m_changes.back()));
-            m_changes.pop_back();
-        }
+        for (std::size_t left = editor.History().UndoNames().size() / 2; left > 0; --left)
+            ASSERT_TRUE(editor.Undo());
         ASSERT_TRUE(editor.IsDirty());
         dialogs.Answer(wxID_NO);
         ASSERT_TRUE(Click(window->mnuFileClose));
         ASSERT_FALSE(editor.IsOpen());
-        m_changes.clear();
         dialogs.shown.clear();
         dialogs.shown.shrink_to_fit();
         Settle();
     }
 
     std::size_t Entries() const { return static_cast<std::size_t>(std::ranges::count(TreeText(), '\n')) - 1; }
-
-private:
-    std::vector<std::unique_ptr<MenuChange>> m_changes;
 };
 
 TEST_F(FormMainCyclesTest, NothingStaysAliveOfAMenuThatWasClosed) {

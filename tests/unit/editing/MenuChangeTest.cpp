@@ -1,9 +1,15 @@
 #include "editing/MenuChange.h"
+#include "base/Messages.h"
+#include "editing/CompoundChange.h"
 #include "editing/MenuEditor.h"
+#include "editing/MoveToChange.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
+#include "settings/RegEntry.h"
 #include "unit/CoreFixture.h"
+#include "unit/Errors.h"
 #include "unit/FileBytes.h"
+#include "unit/editing/OpenMenu.h"
 
 #include <filesystem>
 #include <functional>
@@ -40,21 +46,33 @@ std::string Describe(const MenuEntry& entry) {
     return text + "\n";
 }
 
+class MenuChangeListener : public MenuEditorListener {
+public:
+    void OnMenuReplaced() override {}
+    void OnMenuEvent(const MenuEvent&) override { ++events; }
+    void OnStateChanged() override {}
+
+    int events = 0;
+};
+
 class MenuChangeTest : public nesk::testing::CoreTest, public MenuEditorListener {
 protected:
     MenuChangeTest() {
         std::filesystem::create_directories(TempStation::Host(Folder));
-        m_editor.SetListener(this);
-        m_editor.SetChangeKeeper(
-            [this](std::unique_ptr<MenuChange> change) { m_changes.push_back(std::move(change)); });
+        m_editor.AddListener(*this);
         m_editor.Open(Folder, Path);
         m_editor.AddSubmenu("R", "Brackets");
         for (const char* caption : {"a", "b", "c"})
             m_editor.AddPart("R.1", caption);
         m_editor.AddPart("R", "Housing");
         m_editor.AddSubmenu("R", "Covers");
-        m_changes.clear();
+        // So that the history begins here.
+        m_editor.Save(Path);
+        m_editor.Open(Folder, Path);
     }
+
+    // How many changes can be taken back.
+    std::size_t Made() const { return m_editor.History().UndoNames().size(); }
 
     void OnMenuReplaced() override {}
     void OnMenuEvent(const MenuEvent& event) override { m_lastEvent = event; }
@@ -76,7 +94,6 @@ protected:
     }
 
     MenuEditor m_editor;
-    std::vector<std::unique_ptr<MenuChange>> m_changes;
     MenuEvent m_lastEvent;
 };
 
@@ -98,28 +115,31 @@ TEST_F(MenuChangeTest, EveryChangeIsTakenBackAndMadeAgain) {
         {"caption", [&] { m_editor.SetCaption("R.1.1", "Ä"); }},
         {"graphic", [&] { m_editor.SetGraphic("R.1", "x.bmp"); }},
         {"part", [&] { m_editor.SetPart("R.2", fields); }},
+        {"move to another submenu", [&] { m_editor.MoveTo("R.1.2", "R.3", 0); }},
+        {"move out of a submenu", [&] { m_editor.MoveTo("R.1.1", "R", 2); }},
+        {"move a submenu", [&] { m_editor.MoveTo("R.1", "R.3", 1); }},
+        {"move among siblings", [&] { m_editor.MoveTo("R.1.3", "R.1", 1); }},
     };
     const std::string start = Snapshot();
     const std::string startBytes = SavedBytes();
     for (const auto& [name, operation] : operations) {
         const std::string before = Snapshot();
         operation();
-        ASSERT_EQ(m_changes.size(), 1u) << name;
+        ASSERT_EQ(Made(), 1u) << name;
         const std::string after = Snapshot();
         EXPECT_NE(after, before) << name;
         const MenuEvent made = m_lastEvent;
         for (int i = 0; i < 3; ++i) {
-            EXPECT_TRUE(m_editor.Undo(*m_changes[0])) << name;
+            EXPECT_TRUE(m_editor.Undo()) << name;
             EXPECT_EQ(Snapshot(), before) << name;
-            EXPECT_TRUE(m_editor.Redo(*m_changes[0])) << name;
+            EXPECT_TRUE(m_editor.Redo()) << name;
             EXPECT_EQ(Snapshot(), after) << name;
             EXPECT_EQ(m_lastEvent.kind, made.kind) << name;
             EXPECT_EQ(m_lastEvent.id, made.id) << name;
             EXPECT_EQ(m_lastEvent.parentId, made.parentId) << name;
             EXPECT_EQ(m_lastEvent.position, made.position) << name;
         }
-        EXPECT_TRUE(m_editor.Undo(*m_changes[0])) << name;
-        m_changes.clear();
+        EXPECT_TRUE(m_editor.Undo()) << name;
     }
     EXPECT_EQ(Snapshot(), start);
     EXPECT_EQ(SavedBytes(), startBytes);
@@ -128,7 +148,7 @@ TEST_F(MenuChangeTest, EveryChangeIsTakenBackAndMadeAgain) {
 TEST_F(MenuChangeTest, WhatTakingBackReports) {
     using Kind = MenuEvent::Kind;
     const auto expectEvent = [&](Kind kind, const char* id, const char* parentId, int position) {
-        EXPECT_TRUE(m_editor.Undo(*m_changes.back())) << id;
+        EXPECT_TRUE(m_editor.Undo()) << id;
         EXPECT_EQ(m_lastEvent.kind, kind) << id;
         EXPECT_EQ(m_lastEvent.id, id);
         EXPECT_EQ(m_lastEvent.parentId, parentId) << id;
@@ -152,13 +172,13 @@ TEST_F(MenuChangeTest, WhatTakingBackReports) {
     expectEvent(Kind::Edited, "R.2", "", 0);
 }
 
-TEST_F(MenuChangeTest, TakingBackMakesTheMenuDirty) {
+TEST_F(MenuChangeTest, TheSavedStateIsCleanAndEveryOtherIsDirty) {
     m_editor.SetCaption("R", "x");
     m_editor.Save(Path);
-    EXPECT_TRUE(m_editor.Undo(*m_changes[0]));
+    EXPECT_TRUE(m_editor.Undo());
     EXPECT_TRUE(m_editor.IsDirty());
     m_editor.Save(Path);
-    EXPECT_TRUE(m_editor.Redo(*m_changes[0]));
+    EXPECT_TRUE(m_editor.Redo());
     EXPECT_TRUE(m_editor.IsDirty());
 }
 
@@ -168,14 +188,15 @@ TEST_F(MenuChangeTest, WhatDidNotChangeIsNotKept) {
     m_editor.MoveDown("R.3");
     m_editor.Remove("R.9");
     m_editor.AddPart("R.2", "below a part");
-    EXPECT_TRUE(m_changes.empty());
+    EXPECT_EQ(Made(), 0u);
 }
 
 TEST_F(MenuChangeTest, ChangesOfEntriesThatAreGone) {
     const std::string before = Snapshot();
     const auto expectNothing = [&](MenuChange&& change) {
-        EXPECT_FALSE(m_editor.Redo(change));
-        EXPECT_FALSE(m_editor.Undo(change));
+        const auto fail = [](const MenuEvent& event) { ADD_FAILURE() << event.id; };
+        EXPECT_FALSE(change.Apply(nesk::testing::OpenMenuOf(m_editor), fail));
+        EXPECT_FALSE(change.Revert(nesk::testing::OpenMenuOf(m_editor), fail));
     };
     expectNothing(AddChange("R.9", "x", "Menu"));
     expectNothing(RemoveChange("R.9"));
@@ -189,14 +210,14 @@ TEST_F(MenuChangeTest, ChangesOfEntriesThatAreGone) {
     EXPECT_EQ(Snapshot(), before);
 }
 
-TEST_F(MenuChangeTest, AnIdIsNotGivenAwayWhileItsEntryIsTakenBack) {
-    m_editor.AddPart("R", "first");
-    m_editor.Undo(*m_changes[0]);
+TEST_F(MenuChangeTest, AnIdIsNeverGivenTwice) {
+    EXPECT_EQ(m_editor.AddPart("R", "first"), "R.4");
+    m_editor.Undo();
     EXPECT_EQ(m_editor.AddPart("R", "second"), "R.5");
-    m_editor.Undo(*m_changes[1]);
-    m_editor.Redo(*m_changes[0]);
-    EXPECT_EQ(m_editor.Find("R.4")->Caption(), "first");
-    EXPECT_EQ(m_editor.Find("R.5"), nullptr);
+    m_editor.Undo();
+    m_editor.Redo();
+    EXPECT_EQ(m_editor.Find("R.4"), nullptr);
+    EXPECT_EQ(m_editor.Find("R.5")->Caption(), "second") << "the same entry came back";
 }
 
 TEST_F(MenuChangeTest, TwoHundredChangesAndBack) {
@@ -204,7 +225,7 @@ TEST_F(MenuChangeTest, TwoHundredChangesAndBack) {
     const auto below = [&](std::size_t limit) { return static_cast<std::size_t>(random()) % limit; };
     std::vector<std::string> snapshots = {Snapshot()};
     const std::string startBytes = SavedBytes();
-    for (int text = 0; m_changes.size() < 200; ++text) {
+    for (int text = 0; Made() < 200; ++text) {
         const std::vector<std::string> ids = IdsOf(*m_editor.OpenMenu());
         const std::string& id = ids[below(ids.size())];
         PartFields fields;
@@ -221,20 +242,154 @@ TEST_F(MenuChangeTest, TwoHundredChangesAndBack) {
         case 7: m_editor.SetGraphic(id, std::to_string(text)); break;
         default: m_editor.SetPart(id, fields); break;
         }
-        if (m_changes.size() == snapshots.size()) snapshots.push_back(Snapshot());
+        if (Made() == snapshots.size()) snapshots.push_back(Snapshot());
     }
     ASSERT_EQ(snapshots.size(), 201u);
     const std::string endBytes = SavedBytes();
     for (std::size_t i = 200; i-- > 0;) {
-        ASSERT_TRUE(m_editor.Undo(*m_changes[i])) << i;
+        ASSERT_TRUE(m_editor.Undo()) << i;
         ASSERT_EQ(Snapshot(), snapshots[i]) << i;
     }
     EXPECT_EQ(SavedBytes(), startBytes);
     for (std::size_t i = 0; i < 200; ++i) {
-        ASSERT_TRUE(m_editor.Redo(*m_changes[i])) << i;
+        ASSERT_TRUE(m_editor.Redo()) << i;
         ASSERT_EQ(Snapshot(), snapshots[i + 1]) << i;
     }
     EXPECT_EQ(SavedBytes(), endBytes);
+}
+
+TEST_F(MenuChangeTest, AMoveToAnotherParentReportsBothIds) {
+    EXPECT_EQ(m_editor.MoveTo("R.1", "R.3", 1), "R.3.1");
+    EXPECT_EQ(m_lastEvent.kind, MenuEvent::Kind::Moved);
+    EXPECT_EQ(m_lastEvent.id, "R.3.1");
+    EXPECT_EQ(m_lastEvent.formerId, "R.1");
+    EXPECT_EQ(m_editor.Find("R.3.1.2")->Caption(), "b") << "ids below it change with it";
+    m_editor.Undo();
+    EXPECT_EQ(m_lastEvent.id, "R.1");
+    EXPECT_EQ(m_lastEvent.formerId, "R.3.1");
+    EXPECT_EQ(m_editor.AddPart("R.3", "new"), "R.3.2") << "the counter of the move is used up";
+    m_editor.MoveTo("R.2", "R", 1);
+    EXPECT_EQ(m_lastEvent.formerId, "") << "among its siblings it keeps its id";
+}
+
+TEST_F(MenuChangeTest, MovesThatAreRefusedChangeNothing) {
+    const std::string before = Snapshot();
+    const struct {
+        const char *id, *parent;
+        int message;
+    } rows[] = {
+        {"R", "R.3", Message::RootStays},          {"R.1", "R.1", Message::MoveIntoItself},
+        {"R.1", "R.1.2", Message::MoveIntoItself}, {"R.1", "R.2", Message::MoveIntoPart},
+        {"R.1.1", "R.1.2", Message::MoveIntoPart},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(m_editor.WhyNotMoveTo(row.id, row.parent)->messageId, row.message) << row.id;
+        const NeskError error = nesk::testing::ErrorOf([&] { m_editor.MoveTo(row.id, row.parent, 1); });
+        EXPECT_EQ(error.messageId, row.message) << row.id;
+    }
+    EXPECT_FALSE(m_editor.WhyNotMoveTo("R.1", "R.3"));
+    EXPECT_EQ(m_editor.MoveTo("R.9", "R.3", 1), "");
+    EXPECT_EQ(m_editor.MoveTo("R.1", "R.9", 1), "");
+    EXPECT_EQ(m_editor.MoveTo("R.1", "R", 1), "R.1") << "where it is already";
+    EXPECT_EQ(Made(), 0u);
+    EXPECT_EQ(Snapshot(), before);
+}
+
+TEST_F(MenuChangeTest, AFullSubmenuTakesNoEntryFromElsewhere) {
+    MenuItemCollection& children = nesk::testing::OpenMenuOf(m_editor).Find("R.3")->SubMenus();
+    for (int i = 0; i < MenuItemCollection::MaxCount; ++i)
+        children.Add("x", MenuItem::PartType);
+    const NeskError error = nesk::testing::ErrorOf([&] { m_editor.MoveTo("R.1", "R.3", 1); });
+    EXPECT_EQ(error.messageId, Message::TooManyChildren);
+    EXPECT_EQ(m_editor.Find("R.1")->ChildCount(), 3);
+    EXPECT_EQ(m_editor.MoveTo("R.3.2", "R.3", 1), "R.3.2") << "its own entries can move";
+}
+
+TEST_F(MenuChangeTest, AGroupIsOneChange) {
+    const std::string before = Snapshot();
+    m_editor.BeginGroup({Message::ChangeMove, {"two"}});
+    const std::string moved = m_editor.MoveTo("R.1", "R.3", 0);
+    m_editor.SetCaption(moved, "Moved");
+    EXPECT_TRUE(m_editor.IsDirty());
+    m_editor.CommitGroup();
+    const std::string after = Snapshot();
+    ASSERT_EQ(m_editor.History().UndoNames(), (std::vector<ChangeName>{{Message::ChangeMove, {"two"}}}));
+    EXPECT_TRUE(m_editor.Undo());
+    EXPECT_EQ(Snapshot(), before);
+    EXPECT_TRUE(m_editor.Redo());
+    EXPECT_EQ(Snapshot(), after);
+
+    m_editor.BeginGroup({});
+    m_editor.CommitGroup();
+    EXPECT_EQ(Made(), 1u) << "a group without changes is no change";
+    m_editor.BeginGroup({});
+    m_editor.Remove("R.2");
+    m_editor.SetCaption("R", "x");
+    m_editor.RollBackGroup();
+    EXPECT_EQ(Snapshot(), after);
+    EXPECT_EQ(Made(), 1u);
+}
+
+// A change that is made of others is made as a whole or not at all.
+TEST_F(MenuChangeTest, ACompoundThatFailsInItsMiddleChangesNothing) {
+    const std::string before = Snapshot();
+    Menu& menu = nesk::testing::OpenMenuOf(m_editor);
+    const auto ignore = [](const MenuEvent&) {};
+    std::vector<std::unique_ptr<MenuChange>> missing;
+    missing.push_back(std::make_unique<CaptionChange>("R.2", "x"));
+    missing.push_back(std::make_unique<RemoveChange>("R.9"));
+    EXPECT_FALSE(CompoundChange(std::move(missing)).Apply(menu, ignore));
+    EXPECT_EQ(Snapshot(), before);
+    std::vector<std::unique_ptr<MenuChange>> refused;
+    refused.push_back(std::make_unique<RemoveChange>("R.2"));
+    refused.push_back(std::make_unique<MoveToChange>("R.1", "R.1.1", 1));
+    CompoundChange raising(std::move(refused));
+    EXPECT_EQ(nesk::testing::ErrorOf([&] { raising.Apply(menu, ignore); }).messageId,
+              Message::MoveIntoItself);
+    EXPECT_EQ(Snapshot(), before);
+}
+
+TEST_F(MenuChangeTest, TakingBackRegistersNothing) {
+    PartFields fields;
+    fields.historyDir = "C:\\History";
+    m_editor.SetPart("R.2", fields);
+    m_editor.Remove("R.2");
+    m_editor.Undo();
+    m_editor.Redo();
+    EXPECT_FALSE(RegEntry().TestKey("Neskworks\\Historys"));
+}
+
+TEST_F(MenuChangeTest, OpeningAndClosingForgetTheChanges) {
+    m_editor.SetCaption("R", "x");
+    m_editor.Open(Folder, Path);
+    EXPECT_EQ(Made(), 0u);
+    EXPECT_FALSE(m_editor.IsDirty());
+    m_editor.SetCaption("R", "x");
+    m_editor.Undo();
+    m_editor.Close();
+    EXPECT_FALSE(m_editor.Redo());
+    EXPECT_EQ(m_editor.History().Bytes(), 0u);
+}
+
+TEST_F(MenuChangeTest, ChangesHaveTheNamesOfTheirEntries) {
+    m_editor.SetCaption("R.2", "Case");
+    m_editor.MoveUp("R.3");
+    m_editor.Remove("R.1");
+    EXPECT_EQ(m_editor.History().UndoNames(),
+              (std::vector<ChangeName>{{Message::ChangeRemove, {"Brackets"}},
+                                       {Message::ChangeMove, {"Covers"}},
+                                       {Message::ChangeCaption, {"Housing"}}}));
+}
+
+TEST_F(MenuChangeTest, SeveralListenersHearEverything) {
+    MenuChangeListener second;
+    m_editor.AddListener(second);
+    m_editor.SetCaption("R", "x");
+    EXPECT_EQ(second.events, 1);
+    m_editor.RemoveListener(second);
+    m_editor.SetCaption("R", "y");
+    EXPECT_EQ(second.events, 1);
+    EXPECT_EQ(m_lastEvent.kind, MenuEvent::Kind::Edited);
 }
 
 } // namespace

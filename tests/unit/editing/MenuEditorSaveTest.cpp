@@ -27,7 +27,7 @@ class MenuEditorSaveTest : public nesk::testing::CoreTest, public MenuEditorList
 protected:
     MenuEditorSaveTest() {
         fs::create_directories(Host(Folder));
-        m_editor.SetListener(this);
+        m_editor.AddListener(*this);
     }
 
     void OnMenuReplaced() override {}

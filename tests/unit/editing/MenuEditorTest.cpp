@@ -52,7 +52,7 @@ class MenuEditorTest : public nesk::testing::CoreTest {
 protected:
     MenuEditorTest() : m_recorder(m_editor) {
         std::filesystem::create_directories(TempStation::Host(Folder));
-        m_editor.SetListener(&m_recorder);
+        m_editor.AddListener(m_recorder);
     }
 
     // Opens a menu with the submenu R.1, which holds the parts R.1.1 to R.1.3, and the part R.2.
@@ -94,9 +94,9 @@ TEST_F(MenuEditorTest, NothingOpen) {
         EXPECT_FALSE(m_editor.SetCaption("R", "x"));
         EXPECT_FALSE(m_editor.SetGraphic("R", "x"));
         EXPECT_FALSE(m_editor.SetPart("R.1", {}));
-        AddChange change("R", "x", "Menu");
-        EXPECT_FALSE(m_editor.Redo(change));
-        EXPECT_FALSE(m_editor.Undo(change));
+        EXPECT_EQ(m_editor.MoveTo("R.1", "R", 0), "");
+        EXPECT_FALSE(m_editor.Redo());
+        EXPECT_FALSE(m_editor.Undo());
         m_editor.Save(Path);
     });
     EXPECT_EQ(nesk::testing::FilesIn(Folder), "");
@@ -344,7 +344,7 @@ TEST_F(MenuEditorTest, Commands) {
 }
 
 TEST_F(MenuEditorTest, WithoutAListener) {
-    m_editor.SetListener(nullptr);
+    m_editor.RemoveListener(m_recorder);
     m_editor.Open(Folder, Path);
     EXPECT_EQ(m_editor.AddPart("R", "x"), "R.1");
     m_editor.Save(Path);

@@ -1,4 +1,5 @@
 #include "unit/menu/MenuModel.h"
+#include "base/Messages.h"
 
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
@@ -100,7 +101,8 @@ bool MenuModel::Add(const std::string& parentId, const std::string& caption, std
     ModelEntry* parent = Find(parentId).entry;
     if (parent == nullptr || parent->IsPart()) return false;
     ModelEntry entry;
-    entry.id = m_lastId = parentId + "." + std::to_string(++m_used[parentId]);
+    entry.key = ++m_lastKey;
+    entry.id = m_lastId = parentId + "." + std::to_string(++m_used[parent->key]);
     entry.caption = caption;
     entry.menuType = type;
     parent->children.push_back(std::move(entry));
@@ -121,6 +123,42 @@ bool MenuModel::Move(const std::string& id, bool up) {
     if (up ? place.index == 0 : place.index + 1 == siblings.size()) return false;
     std::swap(siblings[place.index], siblings[up ? place.index - 1 : place.index + 1]);
     return true;
+}
+
+int MenuModel::MoveRefusal(const std::string& id, const std::string& parentId) {
+    const Place place = Find(id);
+    ModelEntry* target = Find(parentId).entry;
+    if (place.entry == nullptr || target == nullptr) return 0;
+    if (place.parent == nullptr) return Message::RootStays;
+    if (FindBelow(*place.entry, parentId).entry != nullptr) return Message::MoveIntoItself;
+    return target->IsPart() ? Message::MoveIntoPart : 0;
+}
+
+bool MenuModel::MoveTo(const std::string& id, const std::string& parentId, int position) {
+    const Place place = Find(id);
+    m_lastId = id;
+    if (place.parent == nullptr || Find(parentId).entry == nullptr || MoveRefusal(id, parentId) != 0)
+        return false;
+    const bool isSame = place.parent->id == parentId;
+    ModelEntry moved = *place.entry;
+    place.parent->children.erase(place.parent->children.begin() + static_cast<std::ptrdiff_t>(place.index));
+    ModelEntry& parent = *Find(parentId).entry;
+    const std::size_t count = parent.children.size();
+    const std::size_t index = position < 1 || static_cast<std::size_t>(position) > count + 1
+                                  ? count
+                                  : static_cast<std::size_t>(position) - 1;
+    if (!isSame) {
+        m_lastId = parentId + "." + std::to_string(++m_used[parent.key]);
+        Rename(moved, m_lastId);
+    }
+    parent.children.insert(parent.children.begin() + static_cast<std::ptrdiff_t>(index), std::move(moved));
+    return !isSame || index != place.index;
+}
+
+void MenuModel::Rename(ModelEntry& entry, const std::string& id) {
+    for (ModelEntry& child : entry.children)
+        Rename(child, id + child.id.substr(entry.id.size()));
+    entry.id = id;
 }
 
 bool MenuModel::SetCaption(const std::string& id, const std::string& caption) {
@@ -151,7 +189,8 @@ void MenuModel::PassBelow(ModelEntry& entry, const TextRules& rules, std::vector
     for (std::string* text : TextsOf(entry))
         *text = rules.AfterFile(*text);
     for (ModelEntry& child : entry.children) {
-        child.id = entry.id + "." + std::to_string(++m_used[entry.id]);
+        child.key = ++m_lastKey;
+        child.id = entry.id + "." + std::to_string(++m_used[entry.key]);
         PassBelow(child, rules, histories);
     }
     // An item is complete when its block ends, after those of its children.

@@ -17,6 +17,7 @@ struct TextRules;
 
 /// An entry of a menu and everything below it, as plain values.
 struct ModelEntry {
+    int key = 0; ///< stays when the entry moves and its id changes; 0 for the root
     std::string id;
     std::string caption;
     std::string menuType; ///< "" for the root
@@ -51,11 +52,15 @@ public:
     bool Add(const std::string& parentId, const std::string& caption, std::string_view type);
     bool Remove(const std::string& id);
     bool Move(const std::string& id, bool up);
+    bool MoveTo(const std::string& id, const std::string& parentId, int position);
     bool SetCaption(const std::string& id, const std::string& caption);
     bool SetGraphic(const std::string& id, const std::string& graphic);
     bool SetPart(const std::string& id, const PartFields& fields);
 
-    /// Id that Add gave last.
+    /// Number of the message that refuses a move; 0 when it is possible or an entry is missing.
+    int MoveRefusal(const std::string& id, const std::string& parentId);
+
+    /// Id that Add or MoveTo gave last.
     const std::string& LastId() const { return m_lastId; }
 
     /// Goes back or forward to a tree that this model had; ids that were given since stay used.
@@ -69,12 +74,14 @@ public:
     bool IsUnchangedByFile(const TextRules& rules) const;
 
 private:
+    static void Rename(ModelEntry& entry, const std::string& id);
     Place FindBelow(ModelEntry& entry, const std::string& id);
     void PassBelow(ModelEntry& entry, const TextRules& rules, std::vector<std::string>& histories);
 
     ModelEntry m_root;
     // Ids are never given twice while a menu is open, so what was taken back still counts.
-    std::map<std::string, int> m_used;
+    std::map<int, int> m_used; // by the key of the parent
+    int m_lastKey = 0;
     std::string m_lastId;
 };
 

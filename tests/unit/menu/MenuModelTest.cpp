@@ -88,21 +88,17 @@ private:
         if (seed % 32 == 0) files = &platform::StationFiles();
         MenuEditor editor(*files);
         m_editor = &editor;
-        editor.SetListener(this);
-        editor.SetChangeKeeper([this](std::unique_ptr<MenuChange> change) {
-            m_changes.resize(m_made);
-            m_changes.push_back(std::move(change));
-        });
+        editor.AddListener(*this);
         m_action = "open";
         Load();
         for (m_step = 1; m_step <= EditsOfASequence && !HasFailure(); ++m_step) {
             Edit();
             Compare();
         }
+        if (!HasFailure()) ToTheBeginningAndBack();
         m_action = "the way through a file";
         if (!HasFailure()) SaveForAnother();
         if (!HasFailure() && seed % 4 == 0) ThroughAFile();
-        m_changes.clear();
         m_editor = nullptr;
     }
 
@@ -110,7 +106,7 @@ private:
 
     void Compare() {
         ASSERT_EQ(FirstDifference(*m_editor->OpenMenu(), m_model.Root()), "") << Where();
-        ASSERT_EQ(m_editor->IsDirty(), m_dirty) << Where();
+        ASSERT_EQ(m_editor->IsDirty(), m_saved != m_made) << Where();
         ASSERT_FALSE(m_editor->IsIncomplete()) << Where();
         ASSERT_EQ(m_editor->Path(), m_exists && m_pathKnown ? Path : "") << Where();
     }
@@ -133,8 +129,10 @@ private:
             full ? Remove(id) : Add(id, MenuItem::PartType);
         else if (kind < 430)
             Remove(id);
-        else if (kind < 580)
+        else if (kind < 500)
             Move(id, m_random->OneIn(2));
+        else if (kind < 580)
+            MoveTo(id, SomeId());
         else if (kind < 680)
             SetCaption(id);
         else if (kind < 740)
@@ -175,11 +173,11 @@ private:
             ASSERT_TRUE(m_events.empty()) << Where();
             return;
         }
-        ASSERT_EQ(m_changes.size(), made + 1) << Where();
+        ASSERT_EQ(m_editor->History().UndoNames().size(), made + 1) << Where();
+        if (m_saved && *m_saved > made) m_saved.reset();
         m_states.resize(made + 1);
         m_states.push_back(m_model.Root());
         m_made = made + 1;
-        m_dirty = true;
         CheckEvent(before.Root());
     }
 
@@ -212,6 +210,24 @@ private:
                 EXPECT_EQ(enabled, possible) << Where();
                 return possible;
             });
+    }
+
+    void MoveTo(const std::string& id, const std::string& parentId) {
+        const int position = static_cast<int>(m_random->Below(6));
+        const int refusal = m_model.MoveRefusal(id, parentId);
+        const auto why = m_editor->WhyNotMoveTo(id, parentId);
+        ASSERT_EQ(why ? why->messageId : 0, refusal) << Where();
+        std::string moved;
+        const auto move = [&] {
+            moved = m_editor->MoveTo(id, parentId, position);
+            return !m_events.empty();
+        };
+        const bool isMissing = m_model.Find(id).entry == nullptr || m_model.Find(parentId).entry == nullptr;
+        Make("move to " + parentId + ": ", id, refusal, move,
+             [&] { return m_model.MoveTo(id, parentId, position) || refusal != 0; });
+        if (refusal == 0) {
+            EXPECT_EQ(moved, isMissing ? "" : m_model.LastId()) << Where();
+        }
     }
 
     void SetCaption(const std::string& id) {
@@ -256,14 +272,33 @@ private:
 
     void Undo() {
         m_action = "undo";
-        if (m_made == 0) return;
-        GoTo(m_made - 1, m_editor->Undo(*m_changes[m_made - 1]));
+        if (m_made == 0) {
+            ASSERT_FALSE(m_editor->Undo()) << Where();
+            return;
+        }
+        GoTo(m_made - 1, m_editor->Undo());
     }
 
     void Redo() {
         m_action = "redo";
-        if (m_made == m_changes.size()) return;
-        GoTo(m_made + 1, m_editor->Redo(*m_changes[m_made]));
+        if (m_made + 1 == m_states.size()) {
+            ASSERT_FALSE(m_editor->Redo()) << Where();
+            return;
+        }
+        GoTo(m_made + 1, m_editor->Redo());
+    }
+
+    void ToTheBeginningAndBack() {
+        while (m_made > 0 && !HasFailure()) {
+            m_events.clear();
+            Undo();
+            Compare();
+        }
+        while (m_made + 1 < m_states.size() && !HasFailure()) {
+            m_events.clear();
+            Redo();
+            Compare();
+        }
     }
 
     void GoTo(std::size_t made, bool done) {
@@ -271,7 +306,6 @@ private:
         const ModelEntry before = m_model.Root();
         m_model.Restore(m_states[made]);
         m_made = made;
-        m_dirty = true;
         CheckEvent(before);
     }
 
@@ -281,7 +315,10 @@ private:
         const MenuEvent& event = m_events.back();
         MenuModel old;
         old.Restore(before);
-        const bool was = old.Find(event.id).entry != nullptr;
+        const bool hasNewId = !event.formerId.empty();
+        ASSERT_TRUE(!hasNewId || old.Find(event.id).entry == nullptr) << Where();
+        ASSERT_TRUE(!hasNewId || m_model.Find(event.formerId).entry == nullptr) << Where();
+        const bool was = old.Find(hasNewId ? event.formerId : event.id).entry != nullptr;
         const MenuModel::Place place = m_model.Find(event.id);
         ASSERT_EQ(was, event.kind != MenuEvent::Kind::Added) << Where();
         ASSERT_EQ(place.entry != nullptr, event.kind != MenuEvent::Kind::Removed) << Where();
@@ -298,7 +335,7 @@ private:
         ASSERT_EQ(m_editor->CheckSave(Path), SaveHazard::None) << Where();
         m_editor->Save(Path);
         m_exists = m_pathKnown = true;
-        m_dirty = false;
+        m_saved = m_made;
         m_onDisk = m_model;
         if (existed) {
             const bool isOlderKept = FileBytes(Path) == before && !backup.empty();
@@ -315,9 +352,8 @@ private:
         m_model = m_onDisk;
         m_model.PassThroughFile(*m_rules, m_histories);
         m_pathKnown = m_exists;
-        m_dirty = false;
-        m_changes.clear();
         m_made = 0;
+        m_saved = 0;
         m_states = {m_model.Root()};
         Compare();
         CheckHistories();
@@ -375,10 +411,9 @@ private:
     MenuModel m_onDisk; // as it was saved
     bool m_exists = false;
     bool m_pathKnown = false;
-    bool m_dirty = false;
-    std::vector<std::unique_ptr<MenuChange>> m_changes;
-    std::size_t m_made = 0;           // changes that are not taken back
-    std::vector<ModelEntry> m_states; // the tree after so many changes
+    std::size_t m_made = 0;             // changes that are not taken back
+    std::optional<std::size_t> m_saved; // how many of them the file has; nothing when none lead there
+    std::vector<ModelEntry> m_states;   // the tree after so many changes
     std::vector<MenuEvent> m_events;
     std::vector<std::string> m_histories;
     int m_step = 0;

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "editing/MenuChange.h"
+
+#include <vector>
+
+namespace nesk {
+
+/// Several changes that the user made as one: all of them are made, or none.
+class CompoundChange final : public MenuChange {
+public:
+    /// @param changes  in the order in which they are made
+    explicit CompoundChange(std::vector<std::unique_ptr<MenuChange>> changes)
+        : m_changes(std::move(changes)) {}
+
+    bool Apply(Menu& menu, const MenuEventHandler& report) override;
+    bool Revert(Menu& menu, const MenuEventHandler& report) override;
+    std::size_t Bytes() const override;
+
+private:
+    std::vector<std::unique_ptr<MenuChange>> m_changes;
+};
+
+} // namespace nesk

@@ -1,0 +1,84 @@
+#include "editing/MoveToChange.h"
+
+#include "base/Messages.h"
+#include "menu/Menu.h"
+#include "menu/MenuId.h"
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
+
+#include <utility>
+
+namespace nesk {
+
+namespace {
+
+// Takes the item out of its parent and gives it another place. When there is no memory for it the item is
+// back where it was.
+void Transplant(MenuItem& item, MenuEntry& parent, std::int32_t counter, int position) {
+    MenuEntry& oldParent = *item.ParentMenu();
+    const std::int32_t oldCounter = item.Counter();
+    const int oldPosition = oldParent.SubMenus().PositionOf(item);
+    std::unique_ptr<MenuItem> taken = oldParent.SubMenus().Take(oldPosition);
+    try {
+        taken->SetPlace(parent, counter);
+        parent.SubMenus().Insert(position, std::move(taken));
+    } catch (...) {
+        taken->SetPlace(oldParent, oldCounter);
+        oldParent.SubMenus().Insert(oldPosition, std::move(taken));
+        throw;
+    }
+}
+
+NeskError Refusal(int messageId, std::string argument = {}) {
+    return {5000, "MenuEditor.MoveTo", messageId, {std::move(argument)}};
+}
+
+} // namespace
+
+MoveToChange::MoveToChange(std::string id, std::string parentId, int position)
+    : m_id(std::move(id)), m_parentId(std::move(parentId)), m_position(position) {}
+
+std::optional<NeskError> MoveToChange::WhyNot(const Menu& menu, const std::string& id,
+                                              const std::string& parentId) {
+    const MenuEntry* entry = menu.Find(id);
+    const MenuEntry* parent = menu.Find(parentId);
+    if (entry == nullptr || parent == nullptr) return std::nullopt;
+    if (entry == &menu) return Refusal(Message::RootStays);
+    for (const MenuEntry* at = parent; at != nullptr; at = at->ParentMenu())
+        if (at == entry) return Refusal(Message::MoveIntoItself, std::string(entry->Caption()));
+    const auto* target = dynamic_cast<const MenuItem*>(parent);
+    if (target != nullptr && target->IsPart())
+        return Refusal(Message::MoveIntoPart, std::string(parent->Caption()));
+    if (entry->ParentMenu() != parent && parent->ChildCount() >= MenuItemCollection::MaxCount)
+        return NeskError(RuntimeError::Overflow, "MenuEditor.MoveTo", Message::TooManyChildren);
+    return std::nullopt;
+}
+
+MenuEvent MoveToChange::Do(Menu& menu) {
+    auto* item = dynamic_cast<MenuItem*>(menu.Find(m_id));
+    MenuEntry* parent = menu.Find(m_parentId);
+    if (auto refusal = WhyNot(menu, m_id, m_parentId)) throw *std::move(refusal);
+    if (item == nullptr || parent == nullptr) return {};
+    MenuEntry& oldParent = *item->ParentMenu();
+    const bool isOther = &oldParent != parent;
+    const int last = parent->ChildCount() + (isOther ? 1 : 0);
+    const int position = m_position < 1 || m_position > last ? last : m_position;
+    m_oldPosition = oldParent.SubMenus().PositionOf(*item);
+    if (!isOther && position == m_oldPosition) return {};
+    m_oldCounter = item->Counter();
+    // Before anything is taken: there may be no counter left.
+    if (m_newCounter == 0) m_newCounter = isOther ? parent->NextCounter() : m_oldCounter;
+    Transplant(*item, *parent, m_newCounter, position);
+    m_newId = item->ID();
+    return {MenuEvent::Kind::Moved, m_newId, m_parentId, position, isOther ? m_id : ""};
+}
+
+MenuEvent MoveToChange::Undo(Menu& menu) {
+    auto* item = dynamic_cast<MenuItem*>(menu.Find(m_newId));
+    MenuEntry* parent = menu.Find(MenuId::OfParent(m_id));
+    if (item == nullptr || parent == nullptr) return {};
+    Transplant(*item, *parent, m_oldCounter, m_oldPosition);
+    return {MenuEvent::Kind::Moved, m_id, parent->ID(), m_oldPosition, m_newId != m_id ? m_newId : ""};
+}
+
+} // namespace nesk

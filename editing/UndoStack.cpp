@@ -1,0 +1,56 @@
+#include "editing/UndoStack.h"
+
+#include <utility>
+
+namespace nesk {
+
+void UndoStack::Push(std::unique_ptr<MenuChange> change, ChangeName name) {
+    if (m_saved && *m_saved > m_done) m_saved.reset();
+    DropRedo();
+    const std::size_t bytes = change->Bytes();
+    m_bytes += bytes;
+    m_steps.push_back({std::move(change), std::move(name), bytes});
+    ++m_done;
+    DropOldest();
+}
+
+void UndoStack::DropRedo() {
+    for (; m_steps.size() > m_done; m_steps.pop_back())
+        m_bytes -= m_steps.back().bytes;
+}
+
+void UndoStack::DropOldest() {
+    std::size_t dropped = 0;
+    for (; m_bytes > m_limit && dropped + 1 < m_steps.size(); ++dropped)
+        m_bytes -= m_steps[dropped].bytes;
+    if (dropped == 0) return;
+    m_steps.erase(m_steps.begin(), m_steps.begin() + static_cast<std::ptrdiff_t>(dropped));
+    m_done -= dropped;
+    if (m_saved && *m_saved < dropped)
+        m_saved.reset();
+    else if (m_saved)
+        *m_saved -= dropped;
+}
+
+void UndoStack::Clear() {
+    m_steps.clear();
+    m_bytes = 0;
+    m_done = 0;
+    m_saved = 0;
+}
+
+std::vector<ChangeName> UndoStack::UndoNames() const {
+    std::vector<ChangeName> names;
+    for (std::size_t i = m_done; i-- > 0;)
+        names.push_back(m_steps[i].name);
+    return names;
+}
+
+std::vector<ChangeName> UndoStack::RedoNames() const {
+    std::vector<ChangeName> names;
+    for (std::size_t i = m_done; i < m_steps.size(); ++i)
+        names.push_back(m_steps[i].name);
+    return names;
+}
+
+} // namespace nesk

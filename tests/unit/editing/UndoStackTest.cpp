@@ -1,0 +1,136 @@
+#include "editing/UndoStack.h"
+
+#include <gtest/gtest.h>
+
+namespace nesk {
+namespace {
+
+// A change that does nothing and takes some room.
+class Idle final : public MenuChange {
+public:
+    explicit Idle(std::size_t bytes) : m_bytes(bytes) {}
+    bool Apply(Menu&, const MenuEventHandler&) override { return true; }
+    bool Revert(Menu&, const MenuEventHandler&) override { return true; }
+    std::size_t Bytes() const override { return m_bytes; }
+
+private:
+    std::size_t m_bytes;
+};
+
+class UndoStackTest : public ::testing::Test {
+protected:
+    void Push(int name, std::size_t bytes = 10) { m_stack.Push(std::make_unique<Idle>(bytes), {name, {}}); }
+
+    static std::string Numbers(const std::vector<ChangeName>& names) {
+        std::string text;
+        for (const ChangeName& name : names)
+            text += (text.empty() ? "" : " ") + std::to_string(name.textId);
+        return text;
+    }
+    std::string ToUndo() const { return Numbers(m_stack.UndoNames()); }
+    std::string ToRedo() const { return Numbers(m_stack.RedoNames()); }
+
+    UndoStack m_stack{100};
+};
+
+TEST_F(UndoStackTest, IsEmptyAndSavedAtFirst) {
+    EXPECT_EQ(m_stack.ToUndo(), nullptr);
+    EXPECT_EQ(m_stack.ToRedo(), nullptr);
+    EXPECT_TRUE(m_stack.IsAtSaved());
+}
+
+TEST_F(UndoStackTest, NamesAreInTheOrderOfTheNextSteps) {
+    Push(1);
+    Push(2);
+    Push(3);
+    EXPECT_EQ(ToUndo(), "3 2 1");
+    MenuChange* const last = m_stack.ToUndo();
+    m_stack.Undone();
+    m_stack.Undone();
+    EXPECT_EQ(ToUndo(), "1");
+    EXPECT_EQ(ToRedo(), "2 3");
+    m_stack.Redone();
+    EXPECT_EQ(m_stack.ToRedo(), last);
+}
+
+TEST_F(UndoStackTest, ANewChangeDropsWhatWasTakenBack) {
+    Push(1);
+    Push(2);
+    m_stack.Undone();
+    Push(3);
+    EXPECT_EQ(ToUndo(), "3 1");
+    EXPECT_EQ(ToRedo(), "");
+    EXPECT_EQ(m_stack.Bytes(), 20U);
+}
+
+TEST_F(UndoStackTest, KnowsTheSavedState) {
+    Push(1);
+    EXPECT_FALSE(m_stack.IsAtSaved());
+    m_stack.MarkSaved();
+    Push(2);
+    EXPECT_FALSE(m_stack.IsAtSaved());
+    m_stack.Undone();
+    EXPECT_TRUE(m_stack.IsAtSaved());
+    m_stack.Undone();
+    EXPECT_FALSE(m_stack.IsAtSaved());
+    m_stack.Redone();
+    EXPECT_TRUE(m_stack.IsAtSaved());
+}
+
+TEST_F(UndoStackTest, ASavedStateThatWasDroppedIsNeverReached) {
+    Push(1);
+    Push(2);
+    m_stack.MarkSaved();
+    m_stack.Undone();
+    Push(3);
+    EXPECT_FALSE(m_stack.IsAtSaved()) << "as many changes, but not the same";
+    m_stack.Undone();
+    EXPECT_FALSE(m_stack.IsAtSaved());
+    m_stack.MarkSaved();
+    EXPECT_TRUE(m_stack.IsAtSaved());
+}
+
+TEST_F(UndoStackTest, TheOldestAreDroppedWhereTheyTakeTooMuch) {
+    Push(1, 40);
+    m_stack.MarkSaved();
+    Push(2, 40);
+    Push(3, 20);
+    EXPECT_EQ(ToUndo(), "3 2 1") << "exactly the limit";
+    Push(4, 41);
+    EXPECT_EQ(ToUndo(), "4 3");
+    EXPECT_EQ(m_stack.Bytes(), 61U);
+    m_stack.Undone();
+    m_stack.Undone();
+    EXPECT_EQ(m_stack.ToUndo(), nullptr);
+    EXPECT_FALSE(m_stack.IsAtSaved()) << "the state on disk came before what was dropped";
+    m_stack.MarkSaved();
+    Push(5, 1000);
+    EXPECT_EQ(ToUndo(), "5") << "the newest stays, whatever it takes";
+}
+
+TEST_F(UndoStackTest, TheSavedStateMovesWithWhatIsLeft) {
+    Push(1, 60);
+    Push(2, 10);
+    m_stack.MarkSaved();
+    Push(3, 40);
+    EXPECT_EQ(ToUndo(), "3 2");
+    m_stack.Undone();
+    EXPECT_TRUE(m_stack.IsAtSaved());
+    Push(4, 90);
+    EXPECT_EQ(ToUndo(), "4 2");
+    m_stack.Undone();
+    EXPECT_TRUE(m_stack.IsAtSaved());
+}
+
+TEST_F(UndoStackTest, ClearingForgetsEverything) {
+    Push(1);
+    Push(2);
+    m_stack.Undone();
+    m_stack.Clear();
+    EXPECT_EQ(ToUndo() + ToRedo(), "");
+    EXPECT_EQ(m_stack.Bytes(), 0U);
+    EXPECT_TRUE(m_stack.IsAtSaved());
+}
+
+} // namespace
+} // namespace nesk
