@@ -1,6 +1,7 @@
 #include "platform/windows/PrinterBlocks.h"
 
 #include "platform/TextEncoding.h"
+#include "platform/windows/DialogNote.h"
 #include "platform/windows/WideText.h"
 
 #include <charconv>
@@ -61,11 +62,19 @@ std::optional<short> Number(const std::string& text) {
     return number;
 }
 
-// Called by the dialog as soon as it is there. It has no other way to get a title of the program's own.
-UINT_PTR CALLBACK SetTitle(HWND dialog, UINT message, WPARAM, LPARAM data) {
+// What the dialog shows that the system does not know.
+struct OwnTexts {
+    std::wstring title;
+    std::wstring note; // "" for none
+};
+
+// Called by the dialog as soon as it is there. It has no other way to get texts of the program's own.
+UINT_PTR CALLBACK ShowOwnTexts(HWND dialog, UINT message, WPARAM, LPARAM data) {
     if (message == WM_INITDIALOG) {
         const auto* const request = reinterpret_cast<const PRINTDLGA*>(data);
-        ::SetWindowTextW(dialog, reinterpret_cast<const wchar_t*>(request->lCustData));
+        const auto& texts = *reinterpret_cast<const OwnTexts*>(request->lCustData);
+        ::SetWindowTextW(dialog, texts.title.c_str());
+        if (!texts.note.empty()) AddDialogNote(dialog, texts.note);
     }
     // The dialog does everything else itself, and gives the focus to its first control.
     return message == WM_INITDIALOG ? 1 : 0;
@@ -126,11 +135,13 @@ PrinterSetupResult AskForPrinter(HWND owner, PrinterValues& values, const Printe
     const bool isMissing = !values.device.empty() && !exists(values.device);
     blocks.Apply(values);
 
-    const std::wstring title = ToWide(isMissing ? texts.title + " - " + texts.missing : texts.title);
+    const OwnTexts own{ToWide(texts.title), ToWide(isMissing ? texts.missing : "")};
     request.hwndOwner = owner;
-    request.Flags = PD_PRINTSETUP | PD_ENABLESETUPHOOK;
-    request.lpfnSetupHook = SetTitle;
-    request.lCustData = reinterpret_cast<LPARAM>(title.c_str());
+    // Windows calls the hook of the setup. Wine calls that of printing, whichever of the two it shows.
+    request.Flags = PD_PRINTSETUP | PD_ENABLESETUPHOOK | PD_ENABLEPRINTHOOK;
+    request.lpfnSetupHook = ShowOwnTexts;
+    request.lpfnPrintHook = ShowOwnTexts;
+    request.lCustData = reinterpret_cast<LPARAM>(&own);
     const bool confirmed = dialog(&request) != FALSE;
     blocks.deviceMode = request.hDevMode;
     blocks.deviceNames = request.hDevNames;

@@ -40,7 +40,7 @@ bool PrinterExists(const std::string& name);
 using PrinterExistsFunction = bool (*)(const std::string& name);
 
 /// Shows the dialog that sets up a printer, beginning with the system's default printer and the values given.
-/// Its title is that of the texts, and names the printer of the values where that is missing.
+/// Its title is that of the texts, and a line says when the printer of the values is missing.
 /// @param values  what was chosen, when the dialog was confirmed; stays as it was otherwise
 PrinterSetupResult AskForPrinter(HWND owner, PrinterValues& values, const PrinterSetupTexts& texts,
                                  PrintDialogFunction dialog, PrinterExistsFunction exists = PrinterExists);

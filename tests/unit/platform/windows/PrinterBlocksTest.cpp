@@ -117,9 +117,24 @@ struct Dialog {
     bool hasPrinter = true;
     bool confirms = true;
     std::string title;
+    std::string note;          // what was added
+    int grown = 0;             // by how much the dialog became higher
+    int moved = 0;             // by how much its control went down
     bool choosesOther = false; // another printer: new blocks take the place of those given
 };
 Dialog theDialog;
+
+std::string TextOf(HWND window) {
+    char text[200]{};
+    ::GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+RECT PlaceOf(HWND window) {
+    RECT place{};
+    ::GetWindowRect(window, &place);
+    return place;
+}
 
 BOOL WINAPI Answer(PRINTDLGA* request) {
     theDialog.requests.push_back(*request);
@@ -130,12 +145,15 @@ BOOL WINAPI Answer(PRINTDLGA* request) {
         return TRUE;
     }
     // What the dialog does as soon as its window is there.
-    const HWND window =
-        ::CreateWindowA("STATIC", "Print Setup", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr, nullptr, nullptr);
+    const HWND window = ::CreateWindowA("STATIC", "Print Setup", WS_POPUP, 0, 0, 200, 100, nullptr, nullptr,
+                                        nullptr, nullptr);
+    const HWND button =
+        ::CreateWindowA("BUTTON", "OK", WS_CHILD, 20, 30, 40, 20, window, nullptr, nullptr, nullptr);
     request->lpfnSetupHook(window, WM_INITDIALOG, 0, reinterpret_cast<LPARAM>(request));
-    char title[100]{};
-    ::GetWindowTextA(window, title, sizeof title);
-    theDialog.title = title;
+    theDialog.title = TextOf(window);
+    theDialog.grown = PlaceOf(window).bottom - 100;
+    theDialog.moved = PlaceOf(button).top - 30;
+    if (const HWND first = ::GetWindow(window, GW_CHILD); first != button) theDialog.note = TextOf(first);
     ::DestroyWindow(window);
     // The dialog knows what was set before it is confirmed or cancelled.
     if (theDialog.hasPrinter) {
@@ -180,7 +198,8 @@ TEST_F(AskForPrinterTest, BeginsWithTheDefaultPrinter) {
     EXPECT_EQ(nullptr, first.hDevMode) << "as that flag asks for";
     EXPECT_EQ(nullptr, first.hDevNames);
     const PRINTDLGA& second = theDialog.requests[1];
-    EXPECT_EQ(DWORD{PD_PRINTSETUP | PD_ENABLESETUPHOOK}, second.Flags);
+    EXPECT_EQ(DWORD{PD_PRINTSETUP | PD_ENABLESETUPHOOK | PD_ENABLEPRINTHOOK}, second.Flags);
+    EXPECT_EQ(second.lpfnSetupHook, second.lpfnPrintHook) << "which of them is called depends on the system";
     EXPECT_EQ(owner, second.hwndOwner);
     EXPECT_NE(nullptr, second.hDevMode);
     EXPECT_EQ((PrinterValues{"Default", "winspool", "2", "11", "15", "-4", "150"}), values);
@@ -203,13 +222,19 @@ TEST_F(AskForPrinterTest, AnotherThanTheMissingPrinterIsChosenOnPurposeOrNot) {
     EXPECT_EQ(PrinterSetupResult::Confirmed, Ask(IsMissing)) << "none was stored";
 }
 
-TEST_F(AskForPrinterTest, TheTitleNamesTheMissingPrinter) {
-    for (const bool missing : {false, true}) {
-        theDialog = {};
-        values = Chosen;
-        Ask(missing ? IsMissing : IsHere);
-        EXPECT_EQ(missing ? "Printer setup - Laser is missing" : "Printer setup", theDialog.title);
-    }
+TEST_F(AskForPrinterTest, ALineAboveTheDialogNamesTheMissingPrinter) {
+    Ask(IsHere);
+    EXPECT_EQ("Printer setup", theDialog.title);
+    EXPECT_EQ("", theDialog.note);
+    EXPECT_EQ(0, theDialog.grown);
+    EXPECT_EQ(0, theDialog.moved);
+    theDialog = {};
+    values = Chosen;
+    Ask(IsMissing);
+    EXPECT_EQ("Printer setup", theDialog.title);
+    EXPECT_EQ("Laser is missing", theDialog.note);
+    EXPECT_GT(theDialog.grown, 10) << "a line of text";
+    EXPECT_EQ(theDialog.grown, theDialog.moved);
 }
 
 TEST_F(AskForPrinterTest, APrinterThatNobodyInstalledIsMissing) {
