@@ -18,8 +18,20 @@ using modStringRes::LoadResString;
 
 namespace {
 
+// What the user is told to do about a folder that cannot be reached: message numbers.
+struct Advice {
+    int stationGone;
+    int stationClosed;
+    int rootGone;
+    int rootClosed;
+};
+constexpr Advice ToSave{Message::StationGone, Message::StationClosed, Message::RootGone, Message::RootClosed};
+// The start page says the same.
+constexpr Advice ToOpen{Message::StartNoStationText, Message::StartStationClosedText,
+                        Message::StartRootGoneText, Message::StartRootClosedText};
+
 // What keeps the root folder from being reached.
-NeskError Unreachable(const std::string& root) {
+NeskError Unreachable(const std::string& root, const Advice& advice) {
     const std::string source = "SavePlace.Target";
     const auto missing = [&](int message, const std::string& folder) {
         return NeskError(RuntimeError::PathNotFound, source, message, {folder});
@@ -30,16 +42,16 @@ NeskError Unreachable(const std::string& root) {
     // Without its station no folder of it can be there.
     const std::string station = platform::StationFolderName();
     switch (platform::LookUpStationFolder(station)) {
-    case platform::StationFolderState::Missing: return missing(Message::StationGone, station);
-    case platform::StationFolderState::Denied: return denied(Message::StationClosed, station);
+    case platform::StationFolderState::Missing: return missing(advice.stationGone, station);
+    case platform::StationFolderState::Denied: return denied(advice.stationClosed, station);
     case platform::StationFolderState::NotApplicable:
     case platform::StationFolderState::Usable:
     case platform::StationFolderState::Empty: break;
     }
     std::uint32_t attributes = 0;
     const int result = platform::StationFiles().Attributes(root, attributes);
-    return result == platform::ErrorCode::AccessDenied ? denied(Message::RootClosed, root)
-                                                       : missing(Message::RootGone, root);
+    return result == platform::ErrorCode::AccessDenied ? denied(advice.rootClosed, root)
+                                                       : missing(advice.rootGone, root);
 }
 
 // The path to which the settings lead when that is another than the menu's own; "" when it is not.
@@ -50,14 +62,22 @@ std::string OtherPlace(const MenuEditor& editor, const NeskRegistry& settings) {
     return isOther ? path : "";
 }
 
-} // namespace
-
-std::string Target(const NeskRegistry& settings) {
+std::string MenuFileOf(const NeskRegistry& settings, const Advice& advice) {
     if (settings.NeskRoot.empty())
         throw NeskError(RuntimeError::PathNotFound, "SavePlace.Target", Message::NoMenuRoot);
     std::string path = settings.MenuFile();
-    if (path.empty()) throw Unreachable(settings.NeskRoot);
+    if (path.empty()) throw Unreachable(settings.NeskRoot, advice);
     return path;
+}
+
+} // namespace
+
+std::string Target(const NeskRegistry& settings) {
+    return MenuFileOf(settings, ToSave);
+}
+
+std::string Origin(const NeskRegistry& settings) {
+    return MenuFileOf(settings, ToOpen);
 }
 
 std::optional<std::string> Question(const MenuEditor& editor, const std::string& path, const SavePlan& plan) {

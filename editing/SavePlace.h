@@ -9,12 +9,16 @@ namespace nesk {
 
 class NeskRegistry;
 
-/// Where the open menu is saved, and what the user is told about it.
+/// Where the menu is opened from and saved to, and what the user is told about it.
 namespace SavePlace {
 
 /// Path to which the settings say that the menu is saved. Raises PathNotFound when they name no root folder,
 /// and PathNotFound or PermissionDenied when that folder, or the station with it, cannot be reached.
 std::string Target(const NeskRegistry& settings);
+
+/// Path from which the settings say that the menu is opened: the same one. The errors are those of Target,
+/// and their texts advise a user who has no menu open.
+std::string Origin(const NeskRegistry& settings);
 
 /// The question that is due before a save as planned; nothing when none is.
 std::optional<std::string> Question(const MenuEditor& editor, const std::string& path, const SavePlan& plan);

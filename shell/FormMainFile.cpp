@@ -84,7 +84,7 @@ void FormMain::FileOpen() {
     const NeskRegistry& settings = NeskRegistry::Instance();
     std::optional<NeskError> failure;
     try {
-        const std::string path = SavePlace::Target(settings);
+        const std::string path = SavePlace::Origin(settings);
         const wxBusyCursor busy;
         failure = m_editor.Open(settings.NeskRoot, path);
     } catch (const NeskError& error) {

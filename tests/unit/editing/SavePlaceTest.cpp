@@ -46,6 +46,7 @@ protected:
 TEST_F(SavePlaceTest, TheUsualPlaceNeedsNoQuestion) {
     Open(Good);
     EXPECT_EQ(SavePlace::Target(m_settings), Old);
+    EXPECT_EQ(SavePlace::Origin(m_settings), Old);
     EXPECT_EQ(Question(), "");
     EXPECT_EQ(SavePlace::StatusText(m_editor, m_settings), Old);
     EXPECT_EQ(SavePlace::NewMenuText(m_editor, m_settings), "");
@@ -106,6 +107,7 @@ TEST_F(SavePlaceTest, ANewMenu) {
 TEST_F(SavePlaceTest, WithoutARootFolder) {
     m_settings.NeskRoot = "";
     EXPECT_EQ(ErrorOf([&] { SavePlace::Target(m_settings); }).messageId, Message::NoMenuRoot);
+    EXPECT_EQ(ErrorOf([&] { SavePlace::Origin(m_settings); }).messageId, Message::NoMenuRoot);
 }
 
 TEST_F(SavePlaceTest, ARootFolderThatIsGone) {
@@ -114,6 +116,11 @@ TEST_F(SavePlaceTest, ARootFolderThatIsGone) {
     EXPECT_EQ(error.number, RuntimeError::PathNotFound);
     EXPECT_EQ(error.messageId, Message::RootGone);
     EXPECT_EQ(error.arguments, (std::vector<std::string>{"C:\\Gone"}));
+    // Whoever opens a menu has none to save.
+    const NeskError opening = ErrorOf([&] { SavePlace::Origin(m_settings); });
+    EXPECT_EQ(opening.number, RuntimeError::PathNotFound);
+    EXPECT_EQ(opening.messageId, Message::StartRootGoneText);
+    EXPECT_EQ(opening.arguments, error.arguments);
 }
 
 #ifdef NESK_PORTABLE_STATION
@@ -124,6 +131,7 @@ TEST_F(SavePlaceTest, AStationFolderThatIsGoneIsNamed) {
     const NeskError error = ErrorOf([&] { SavePlace::Target(m_settings); });
     EXPECT_EQ(error.messageId, Message::StationGone);
     EXPECT_EQ(error.arguments, (std::vector<std::string>{station.Folder().string()}));
+    EXPECT_EQ(ErrorOf([&] { SavePlace::Origin(m_settings); }).messageId, Message::StartNoStationText);
     // It is back, and so the menu can be saved.
     fs::rename(away, station.Folder());
     EXPECT_EQ(SavePlace::Target(m_settings), Old);
