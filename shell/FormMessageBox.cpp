@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include <wx/app.h>
 #include <wx/button.h>
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
@@ -31,6 +32,17 @@ constexpr int ShortestLine = 160;
 constexpr int IconSize = 32;
 constexpr int Margin = 12;
 
+// The window that the user works in; null when there is none. It has to own the box: a window that is
+// disabled, because a dialog waits in front of it, cannot be activated when the box is gone.
+wxWindow* FrontWindow() {
+    for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
+        auto* const dialog = dynamic_cast<wxDialog*>(node->GetData());
+        // A dialog that has its answer is hidden and counts as modal until the call that showed it returns.
+        if (dialog != nullptr && dialog->IsModal() && dialog->IsShown()) return dialog;
+    }
+    return wxTheApp->GetTopWindow();
+}
+
 } // namespace
 
 FormMessageBox::FormMessageBox(wxWindow* parent)
@@ -44,6 +56,12 @@ FormMessageBox::FormMessageBox(wxWindow* parent)
     });
     // The toolkit would press a Cancel button by itself, and close the box where there is none.
     SetEscapeId(wxID_NONE);
+}
+
+std::int16_t FormMessageBox::ShowInFront(const std::string& text, std::int16_t options,
+                                         const std::string& title) {
+    FormMessageBox box(FrontWindow());
+    return box.Initialize(text, options, title);
 }
 
 std::int16_t FormMessageBox::Initialize(const std::string& sText, std::int16_t iOptions,

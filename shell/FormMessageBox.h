@@ -23,6 +23,10 @@ class FormMessageBox : public wxDialog {
 public:
     explicit FormMessageBox(wxWindow* parent);
 
+    /// Shows a message in front of the modal dialog that was opened last, or of the application's top window,
+    /// and waits for a button. What modMessageBox shows its messages with.
+    static std::int16_t ShowInFront(const std::string& text, std::int16_t options, const std::string& title);
+
     /// Shows a message and waits for a button. What an earlier call showed is gone.
     /// @return result code of the button; 0 when the box was closed without one
     std::int16_t Initialize(const std::string& sText, std::int16_t iOptions, const std::string& sTitle);

@@ -14,19 +14,10 @@
 
 namespace nesk {
 
-namespace {
-
-std::int16_t ShowInMessageBox(const std::string& text, std::int16_t options, const std::string& title) {
-    FormMessageBox box(wxTheApp->GetTopWindow());
-    return box.Initialize(text, options, title);
-}
-
-} // namespace
-
 bool NeskApp::OnInit() {
     platform::PrepareFonts();
     SetAppName("neskmanager");
-    modMessageBox::SetHook(ShowInMessageBox);
+    modMessageBox::SetHook(FormMessageBox::ShowInFront);
     Startup::Main([this] {
         SetAppDisplayName(modUtilities::ResText(Message::ApplicationTitle));
         auto* window = new FormMain;

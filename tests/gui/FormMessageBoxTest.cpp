@@ -1,5 +1,6 @@
 #include "shell/FormMessageBox.h"
 
+#include "gui/ModalDriver.h"
 #include "shell/modMessageBox.h"
 #include "widgets/UiUtilities.h"
 
@@ -7,6 +8,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 #include <wx/app.h>
 #include <wx/button.h>
@@ -15,6 +17,7 @@
 #include <wx/display.h>
 #include <wx/evtloop.h>
 #include <wx/frame.h>
+#include <wx/modalhook.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/textctrl.h>
@@ -261,6 +264,45 @@ TEST_F(FormMessageBoxTest, HasTheCommonFont) {
         EXPECT_GE(form.cmdButton[0]->GetFont().GetPointSize(), 8);
         Press(WXK_RETURN);
     });
+}
+
+// Answers the message box instead of showing it, and remembers what owns it.
+class OwnerRecorder : public wxModalDialogHook {
+public:
+    OwnerRecorder() { Register(); }
+    ~OwnerRecorder() override { Unregister(); }
+
+    std::vector<wxWindow*> owners;
+
+protected:
+    int Enter(wxDialog* dialog) override {
+        if (dynamic_cast<FormMessageBox*>(dialog) == nullptr) return wxID_NONE;
+        owners.push_back(dialog->GetParent());
+        return modMessageBox::Result::Ok;
+    }
+};
+
+TEST_F(FormMessageBoxTest, BelongsToTheModalDialogInFront) {
+    auto* const main = new wxFrame(nullptr, wxID_ANY, "Main");
+    main->Show();
+    wxTheApp->SetTopWindow(main);
+    OwnerRecorder recorder;
+    wxDialog outer(main, wxID_ANY, "Outer");
+    wxDialog inner(&outer, wxID_ANY, "Inner");
+    const ModalDriver outerDriver(outer, [&] {
+        const ModalDriver innerDriver(inner, [&] {
+            modMessageBox::ShowMessage("In front of the inner one");
+            inner.EndModal(wxID_OK);
+        });
+        inner.ShowModal();
+        modMessageBox::ShowMessage("In front of the outer one");
+        outer.EndModal(wxID_OK);
+    });
+    outer.ShowModal();
+    modMessageBox::ShowMessage("In front of the window");
+    EXPECT_EQ(recorder.owners, (std::vector<wxWindow*>{&inner, &outer, main}));
+    wxTheApp->SetTopWindow(nullptr);
+    main->Destroy();
 }
 
 TEST_F(FormMessageBoxTest, DisplayAndYesNo) {

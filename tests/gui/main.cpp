@@ -13,11 +13,7 @@ class TestApp : public wxApp {
 public:
     bool OnInit() override {
         SetExitOnFrameDelete(false);
-        nesk::modMessageBox::SetHook(
-            [](const std::string& text, std::int16_t options, const std::string& title) {
-                nesk::FormMessageBox box(nullptr);
-                return box.Initialize(text, options, title);
-            });
+        nesk::modMessageBox::SetHook(nesk::FormMessageBox::ShowInFront);
         return true;
     }
 
