@@ -91,6 +91,7 @@ wxButton& FormStartPage::ButtonOf(StartStep step) {
 
 void FormStartPage::ShowChoices(const StartChoices& choices) {
     if (choices == m_choices) return;
+    wxWindow* const focus = FindFocus();
     m_choices = choices;
     lblHeading->SetFont(GetFont().Scaled(HeadingScale).Bold());
     m_buttons->Clear();
@@ -99,12 +100,14 @@ void FormStartPage::ShowChoices(const StartChoices& choices) {
         if (button == nullptr) continue;
         // The language may have changed with the station.
         button->SetLabel(ResText(info.text));
-        button->Hide();
+        // What stays is not hidden in between: on Windows it would lose the focus.
+        const auto& steps = m_choices.steps;
+        button->Show(std::find(steps.begin(), steps.end(), info.step) != steps.end());
     }
     wxWindow* before = lblText;
     for (const StartStep step : m_choices.steps) {
         wxButton& button = ButtonOf(step);
-        button.Show();
+        button.Show(); // one that is new
         // Tab follows the order on the page.
         button.MoveAfterInTabOrder(before);
         before = &button;
@@ -112,6 +115,7 @@ void FormStartPage::ShowChoices(const StartChoices& choices) {
     }
     m_wrappedAt = 0;
     WrapTexts();
+    if (focus != nullptr && IsDescendant(focus) && !focus->IsShown()) FocusNextStep();
 }
 
 void FormStartPage::WrapTexts() {

@@ -139,12 +139,30 @@ TEST_F(FormMainFileTest, ARootFolderThatIsGoneIsNamedAndFoundAgain) {
     EXPECT_TRUE(window->mnuFileOpen->IsEnabled());
 }
 
+TEST_F(FormMainFileTest, TheNextStepKeepsTheFocusWhenTheOptionsAreConfirmed) {
+    OpenWindow();
+    EXPECT_TRUE(WaitUntil([&] { return window->pgStart->cmdOpenMenu->HasFocus(); }));
+    station.Write("C:\\New\\menu.cfg", SmallMenu);
+    NeskRegistry::Instance().NeskRoot = "C:\\New";
+    dialogs.Answer(wxID_OK);
+    ASSERT_TRUE(Click(window->mnuSettingsOptions));
+    EXPECT_TRUE(window->pgStart->cmdOpenMenu->HasFocus());
+    NeskRegistry::Instance().NeskRoot = "C:\\Elsewhere";
+    dialogs.Answer(wxID_OK);
+    ASSERT_TRUE(Click(window->mnuSettingsOptions));
+    EXPECT_TRUE(window->pgStart->cmdChooseRoot->HasFocus()) << "the other one is gone";
+}
+
 TEST_F(FormMainFileTest, AFolderThatVanishedSinceIsToldAndNothingIsOpened) {
     OpenWindow();
     fs::remove_all(TempStation::Host("C:\\Neskroot"));
     dialogs.Answer(wxID_OK);
     ASSERT_TRUE(Click(window->mnuFileOpen));
-    EXPECT_NE(dialogs.shown.at(0).text.find("C:\\Neskroot"), std::string::npos) << dialogs.shown[0].text;
+    EXPECT_NE(dialogs.shown.at(0).text.find(
+                  FormatResString(Message::StartRootGoneText, std::string("C:\\Neskroot"))),
+              std::string::npos)
+        << dialogs.shown[0].text;
+    EXPECT_TRUE(window->pgStart->cmdChooseRoot->HasFocus());
     EXPECT_FALSE(window->Editor().IsOpen());
     EXPECT_FALSE(window->mnuFileOpen->IsEnabled());
     EXPECT_EQ(Steps(), "cmdChooseRoot " + m_stationSteps);
