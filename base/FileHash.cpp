@@ -1,7 +1,5 @@
 #include "base/FileHash.h"
 
-#include "platform/ErrorCode.h"
-
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -17,11 +15,13 @@ FileHash FileHash::Of(const std::string& path, platform::FileSystem& files) {
     if (opened == platform::ErrorCode::FileNotFound || opened == platform::ErrorCode::PathNotFound)
         return hash;
     hash.m_state = opened == platform::ErrorCode::Success ? State::Readable : State::Unreadable;
+    hash.m_error = opened;
     if (hash.m_state == State::Unreadable) return hash;
     std::vector<char> buffer(std::size_t{1} << 18);
     for (;;) {
         std::size_t count = 0;
-        if (reader->Read(buffer.data(), buffer.size(), count) != platform::ErrorCode::Success) {
+        hash.m_error = reader->Read(buffer.data(), buffer.size(), count);
+        if (hash.m_error != platform::ErrorCode::Success) {
             hash.m_state = State::Unreadable;
             return hash;
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
 
 #include <array>
@@ -22,12 +23,17 @@ public:
     /// False for the hash of a missing file.
     bool Exists() const { return m_state != State::Missing; }
 
+    /// Result code (platform/ErrorCode.h) of what kept the file from being read; Success for a file that was
+    /// read, and for a missing one.
+    int Error() const { return m_error; }
+
     bool operator==(const FileHash&) const = default;
 
 private:
     enum class State { Missing, Readable, Unreadable };
 
     State m_state = State::Missing;
+    int m_error = platform::ErrorCode::Success;
     void AddWords(const char* words);
 
     std::uint64_t m_size = 0;

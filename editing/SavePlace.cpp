@@ -1,5 +1,6 @@
 #include "editing/SavePlace.h"
 
+#include "base/FileErrors.h"
 #include "base/Messages.h"
 #include "base/NeskError.h"
 #include "editing/SamePlace.h"
@@ -81,6 +82,9 @@ std::string Origin(const NeskRegistry& settings) {
 }
 
 std::optional<std::string> Question(const MenuEditor& editor, const std::string& path, const SavePlan& plan) {
+    // What cannot be read can neither be compared nor kept, whatever the answer is.
+    if (const int result = plan.onDisk.Error(); result != platform::ErrorCode::Success)
+        throw FileError(result, "SavePlace.Question", path);
     const std::string& copy = plan.backup.path;
     const auto other = [&](int message) {
         std::string text = FormatResString(message, editor.Place(), path, copy);

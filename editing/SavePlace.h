@@ -20,7 +20,8 @@ std::string Target(const NeskRegistry& settings);
 /// and their texts advise a user who has no menu open.
 std::string Origin(const NeskRegistry& settings);
 
-/// The question that is due before a save as planned; nothing when none is.
+/// The question that is due before a save as planned; nothing when none is. Raises the run-time error of a
+/// file that is there and cannot be read: no answer could save the menu.
 std::optional<std::string> Question(const MenuEditor& editor, const std::string& path, const SavePlan& plan);
 
 /// What the status bar shows: the file of the open menu and, where the settings name another place since, to

@@ -91,6 +91,19 @@ TEST_F(SavePlaceTest, TheQuestionNamesWhereTheOthersVersionIsKept) {
     EXPECT_EQ(nesk::testing::FileBytes(plan.backup.path), "by another program");
 }
 
+TEST_F(SavePlaceTest, AFileThatCannotBeReadIsNoChangeByAnotherProgram) {
+    Open(Good);
+    fs::remove(TempStation::Host(Old));
+    fs::create_directory(TempStation::Host(Old));
+    const NeskError error = ErrorOf([&] { SavePlace::Question(m_editor, Old, m_editor.PlanSave(Old)); });
+    EXPECT_EQ(error.number, RuntimeError::PermissionDenied);
+    EXPECT_EQ(error.arguments, (std::vector<std::string>{Old}));
+    // It can be read again, and so the menu can be saved.
+    fs::remove(TempStation::Host(Old));
+    station.Write(Old, Good);
+    EXPECT_EQ(SavePlace::Question(m_editor, Old, m_editor.PlanSave(Old)), std::nullopt);
+}
+
 TEST_F(SavePlaceTest, ANewMenu) {
     Open("");
     EXPECT_EQ(SavePlace::StatusText(m_editor, m_settings), "") << "there is no file yet";
