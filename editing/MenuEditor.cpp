@@ -35,7 +35,7 @@ NeskError NoMemory(const char* source, int messageId, const std::string& path) {
 } // namespace
 
 MenuEditor::MenuEditor(platform::FileSystem& files, std::size_t undoLimit)
-    : m_files(files), m_history(undoLimit) {}
+    : m_files(files), m_deadRoomLimit(undoLimit), m_history(undoLimit) {}
 
 MenuEditor::~MenuEditor() = default;
 
@@ -68,6 +68,7 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     }
     ForgetChanges();
     m_menu = std::move(menu);
+    m_bytesBefore = m_menu->Memory()->Bytes();
     m_path = hash.Exists() ? path : "";
     m_place = path;
     m_hash = hash;
@@ -85,6 +86,20 @@ void MenuEditor::Close() {
     m_hash = {};
     m_incomplete = false;
     MenuReplaced();
+}
+
+// The arena of a menu frees nothing while the menu is open. Hundreds of thousands of edits fill it.
+void MenuEditor::CompactWhenWasteful() {
+    if (m_menu->Memory()->Bytes() < m_bytesBefore + m_deadRoomLimit) return;
+    try {
+        std::unique_ptr<Menu> compacted = m_menu->Compacted();
+        ForgetChanges();
+        m_menu = std::move(compacted);
+    } catch (const std::bad_alloc&) {
+        // The menu is saved; the next save tries again.
+        return;
+    }
+    m_bytesBefore = m_menu->Memory()->Bytes();
 }
 
 // Ids start anew with each menu, so no change of one fits another.
@@ -137,6 +152,7 @@ void MenuEditor::SaveWith(const std::string& path, const Backup& backup, const F
     m_place = path;
     m_history.MarkSaved();
     m_incomplete = false;
+    CompactWhenWasteful();
     StateChanged();
 }
 

@@ -66,7 +66,9 @@ struct SavePlan {
 class MenuEditor {
 public:
     /// @param files  where menus are read and saved
-    /// @param undoLimit  bytes that the changes kept for Undo may take
+    /// @param undoLimit  bytes that the changes kept for Undo may take, and bytes that the memory of replaced
+    ///                   texts and removed entries may grow to before a save frees it. The history goes with
+    ///                   it, since it may hold such entries
     explicit MenuEditor(platform::FileSystem& files = platform::StationFiles(),
                         std::size_t undoLimit = UndoStack::UsualLimit);
     ~MenuEditor();
@@ -185,6 +187,7 @@ private:
     ChangeName NameFor(int textId, const std::string& id) const;
     bool Make(std::unique_ptr<MenuChange> change, ChangeName name);
     void ForgetChanges();
+    void CompactWhenWasteful();
     void Report(const MenuEvent& event);
     void MenuReplaced();
     void StateChanged();
@@ -196,7 +199,9 @@ private:
     platform::FileSystem& m_files;
     std::vector<MenuEditorListener*> m_listeners;
     std::unique_ptr<Menu> m_menu;
-    UndoStack m_history; // whose changes may hold items of the menu
+    std::size_t m_deadRoomLimit;
+    std::size_t m_bytesBefore = 0; // of the menu's arena when it had no dead room
+    UndoStack m_history;           // whose changes may hold items of the menu
     std::optional<ChangeName> m_group;
     std::vector<std::unique_ptr<MenuChange>> m_grouped;
     std::string m_lastId; // of the last event

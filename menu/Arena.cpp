@@ -27,6 +27,7 @@ void* Arena::AllocateInNewBlock(std::size_t size) {
     m_blocks.push_back(nullptr);
     auto* const block = static_cast<char*>(platform::AllocateHugePages(alone ? size : usual));
     m_blocks.back() = block;
+    m_bytes += alone ? size : usual;
     if (!alone) {
         m_at = block + size;
         m_end = block + usual;

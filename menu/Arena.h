@@ -70,11 +70,15 @@ public:
         return KeptText(room);
     }
 
+    /// Bytes taken from the system, used or not.
+    std::size_t Bytes() const { return m_bytes; }
+
 private:
     void* AllocateInNewBlock(std::size_t size);
 
     std::vector<void*> m_blocks;
-    char* m_at = nullptr; // free part of the last block
+    std::size_t m_bytes = 0; // of all blocks
+    char* m_at = nullptr;    // free part of the last block
     char* m_end = nullptr;
 };
 

@@ -7,6 +7,8 @@
 #include "menu/BlockParser.h"
 #include "menu/HistoryList.h"
 #include "menu/MenuFile.h"
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
 #include "menu/MenuKeys.h"
 #include "menu/MenuReader.h"
 #include "platform/ErrorCode.h"
@@ -14,6 +16,8 @@
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+
+#include <vector>
 
 namespace nesk {
 
@@ -40,6 +44,30 @@ bool Menu::Initialize(const std::string& sRootDir) {
     SetCaption(DefaultCaption);
     SetGraphic("");
     return true;
+}
+
+std::unique_ptr<Menu> Menu::Compacted() const {
+    auto copy = std::make_unique<Menu>();
+    copy->m_rootDirectory = m_rootDirectory;
+    copy->m_endIsMissing = m_endIsMissing;
+    copy->m_nextCounter = m_nextCounter;
+    copy->SetCaption(Caption());
+    copy->SetGraphic(Graphic());
+    struct Pair {
+        const MenuEntry* from;
+        MenuEntry* to;
+    };
+    std::vector<Pair> open{{this, copy.get()}};
+    while (!open.empty()) {
+        const Pair pair = open.back();
+        open.pop_back();
+        const int count = pair.from->ChildCount();
+        for (int i = 1; i <= count; ++i) {
+            const MenuItem& item = pair.from->Children()->Item(i);
+            open.push_back({&item, &pair.to->SubMenus().Append(MenuItem::CopyOf(item, *pair.to))});
+        }
+    }
+    return copy;
 }
 
 void Menu::LoadFromFile(const std::string& sFile, platform::FileSystem& files) {

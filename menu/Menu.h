@@ -16,6 +16,9 @@ public:
     /// @return always true
     bool Initialize(const std::string& sRootDir);
 
+    /// A copy of the tree with the same ids, in an arena of its own without dead room.
+    std::unique_ptr<Menu> Compacted() const;
+
     /// Where the items of this tree lie. Whoever takes an item out of the tree and may outlive it holds this.
     const std::shared_ptr<Arena>& Memory() const { return m_memory; }
 

@@ -22,6 +22,24 @@ std::unique_ptr<MenuItem> MenuItem::Create(MenuEntry& parent) {
     return item;
 }
 
+std::unique_ptr<MenuItem> MenuItem::CopyOf(const MenuItem& item, MenuEntry& parent) {
+    std::unique_ptr<MenuItem> copy(new (*parent.m_arena) MenuItem);
+    copy->m_parent = &parent;
+    copy->m_arena = parent.m_arena;
+    copy->m_counter = item.m_counter;
+    copy->m_nextCounter = item.m_nextCounter;
+    copy->SetCaption(item.Caption());
+    copy->SetGraphic(item.Graphic());
+    copy->SetPreview(item.Preview());
+    copy->SetHelpFile(item.HelpFile());
+    copy->SetHelpTopic(item.HelpTopic());
+    copy->SetMenuType(item.MenuType());
+    copy->SetProgramID(item.ProgramID());
+    copy->SetHistoryDir(item.HistoryDir());
+    copy->SetHistoryTitle(item.HistoryTitle());
+    return copy;
+}
+
 void MenuItem::Initialize(MenuEntry& parent) {
     m_parent = &parent;
     m_arena = parent.m_arena;

@@ -20,6 +20,10 @@ public:
     /// A new item, initialized for `parent`, in the arena of its tree. It is no child yet.
     static std::unique_ptr<MenuItem> Create(MenuEntry& parent);
 
+    /// A copy of an item without the items below it, in the arena of `parent`. It keeps its counter and the
+    /// one that it gives out next, and is no child yet.
+    static std::unique_ptr<MenuItem> CopyOf(const MenuItem& item, MenuEntry& parent);
+
     /// Makes `parent`, which must outlive the item, the entry above it and takes the parent's next id.
     void Initialize(MenuEntry& parent);
 

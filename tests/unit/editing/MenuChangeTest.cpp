@@ -359,6 +359,39 @@ TEST_F(MenuChangeTest, TakingBackRegistersNothing) {
     EXPECT_FALSE(RegEntry().TestKey("Neskworks\\Historys"));
 }
 
+// The memory of texts that were replaced is freed by a save once it is large.
+TEST_F(MenuChangeTest, ASaveFreesMuchDeadMemory) {
+    constexpr std::size_t Limit = 1'000'000;
+    MenuEditor editor(platform::StationFiles(), Limit);
+    editor.Open(Folder, Path);
+    editor.Remove("R.1.2");
+    const std::string used = editor.AddPart("R.1", "used");
+    editor.Remove(used);
+    const auto bytes = [&] { return editor.OpenMenu()->Memory()->Bytes(); };
+    const std::size_t before = bytes();
+    const std::string text(10'000, 'x');
+    for (int i = 0; i < 20; ++i)
+        editor.SetGraphic("R.1", text + std::to_string(i));
+    editor.Save(Path);
+    EXPECT_FALSE(editor.History().UndoNames().empty()) << "little dead memory costs no history";
+    for (int i = 0; i < 200; ++i)
+        editor.SetGraphic("R.1", text + std::to_string(i));
+    EXPECT_GT(bytes(), before + Limit);
+    std::string snapshot;
+    for (const std::string& id : IdsOf(*editor.OpenMenu()))
+        snapshot += Describe(*editor.Find(id));
+    editor.Save(Path);
+    EXPECT_LT(bytes(), before + Limit / 4);
+    std::string compacted;
+    for (const std::string& id : IdsOf(*editor.OpenMenu()))
+        compacted += Describe(*editor.Find(id));
+    EXPECT_EQ(compacted, snapshot) << "ids, texts and order";
+    EXPECT_FALSE(editor.IsDirty());
+    EXPECT_FALSE(editor.Undo());
+    EXPECT_EQ(editor.AddPart("R.1", "next"), "R.1.5") << "no counter is given twice";
+    EXPECT_EQ(editor.Find("R.1")->RootDirectory(), Folder);
+}
+
 TEST_F(MenuChangeTest, OpeningAndClosingForgetTheChanges) {
     m_editor.SetCaption("R", "x");
     m_editor.Open(Folder, Path);
