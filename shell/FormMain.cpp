@@ -15,6 +15,7 @@
 #include "widgets/UiUtilities.h"
 
 #include <algorithm>
+#include <array>
 
 #include <wx/display.h>
 #include <wx/menu.h>
@@ -76,28 +77,17 @@ FormMain::~FormMain() {
     m_editor.RemoveListener(*this);
 }
 
+// The menu items, in the order of MainCommand.
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
-    switch (command) {
-    case MainCommand::FileOpen: return mnuFileOpen;
-    case MainCommand::FileSave: return mnuFileSave;
-    case MainCommand::FileSaveAs: return mnuFileSaveAs;
-    case MainCommand::FileClose: return mnuFileClose;
-    case MainCommand::FileExit: return mnuFileExit;
-    case MainCommand::AddPart: return mnuMenuAddPart;
-    case MainCommand::AddSubmenu: return mnuMenuAddSubmenu;
-    case MainCommand::MoveUp: return mnuMenuUp;
-    case MainCommand::MoveDown: return mnuMenuDown;
-    case MainCommand::Edit: return mnuMenuEdit;
-    case MainCommand::Rename: return mnuMenuRename;
-    case MainCommand::Remove: return mnuMenuRemove;
-    case MainCommand::SettingsAccess: return mnuSettingsAccess;
-    case MainCommand::SettingsOptions: return mnuSettingsOptions;
-    case MainCommand::HelpContents: return mnuHelpContents;
-    case MainCommand::HelpAbout: return mnuHelpAbout;
-    case MainCommand::HelpWindow:
-    case MainCommand::Count: break;
-    }
-    return mnuHelpWindow;
+    static constexpr std::array<wxMenuItem * FormMain::*, MainCommandCount> items{
+        &FormMain::mnuFileOpen,       &FormMain::mnuFileSave,        &FormMain::mnuFileSaveAs,
+        &FormMain::mnuFileClose,      &FormMain::mnuFileExit,        &FormMain::mnuMenuAddPart,
+        &FormMain::mnuMenuAddSubmenu, &FormMain::mnuMenuUp,          &FormMain::mnuMenuDown,
+        &FormMain::mnuMenuEdit,       &FormMain::mnuMenuRename,      &FormMain::mnuMenuRemove,
+        &FormMain::mnuSettingsAccess, &FormMain::mnuSettingsOptions, &FormMain::mnuHelpContents,
+        &FormMain::mnuHelpWindow,     &FormMain::mnuHelpAbout,
+    };
+    return this->*items[static_cast<std::size_t>(command)];
 }
 
 void FormMain::BuildMenuBar() {
@@ -174,39 +164,32 @@ void FormMain::OnMenuEvent(const MenuEvent& event) {
 
 void FormMain::OnCommand(MainCommand command) {
     try {
-        if (InfoOf(command).menu == Message::MenuMenu) ShowSelected();
-        Run(command);
+        const MainCommandInfo& info = InfoOf(command);
+        if (info.menu == Message::MenuMenu) ShowSelected();
+        (this->*info.run)();
     } catch (const NeskError& error) {
         ShowError(Message::CommandFailed, error);
     }
 }
 
-void FormMain::Run(MainCommand command) {
-    switch (command) {
-    case MainCommand::FileOpen: FileOpen(); break;
-    case MainCommand::FileSave: FileSave(); break;
-    case MainCommand::FileSaveAs: FileSaveAs(); break;
-    case MainCommand::FileClose: FileClose(); break;
-    case MainCommand::FileExit: Close(); break;
-    case MainCommand::AddPart:
-    case MainCommand::AddSubmenu: AddEntry(command); break;
-    case MainCommand::MoveUp:
-    case MainCommand::MoveDown: Move(command); break;
-    case MainCommand::Rename: Rename(); break;
-    case MainCommand::Remove: Remove(); break;
-    case MainCommand::HelpContents: HelpContents(); break;
-    case MainCommand::HelpWindow: ShowHelpTopic(); break;
-    case MainCommand::HelpAbout: HelpAbout(); break;
-    case MainCommand::Edit: EditSelected(); break;
-    case MainCommand::SettingsAccess: Access(); break;
-    case MainCommand::SettingsOptions: Options(); break;
-    case MainCommand::Count: break;
-    }
+void FormMain::FileSave() {
+    SaveMenu();
 }
 
-void FormMain::AddEntry(MainCommand command) {
+void FormMain::FileExit() {
+    Close();
+}
+
+void FormMain::AddPart() {
+    AddEntry(true);
+}
+
+void FormMain::AddSubmenu() {
+    AddEntry(false);
+}
+
+void FormMain::AddEntry(bool part) {
     if (!FinishLabelEdit()) return;
-    const bool part = command == MainCommand::AddPart;
     const std::string caption = LoadResString(part ? Message::NewPartCaption : Message::NewSubmenuCaption);
     const std::string parent = tvMain->SelectedKey();
     const std::string id = part ? m_editor.AddPart(parent, caption) : m_editor.AddSubmenu(parent, caption);
@@ -216,13 +199,12 @@ void FormMain::AddEntry(MainCommand command) {
     tvMain->View().EditLabel(*tvMain->NodeOf(id));
 }
 
-void FormMain::Move(MainCommand command) {
-    if (!FinishLabelEdit()) return;
-    const std::string id = tvMain->SelectedKey();
-    if (command == MainCommand::MoveUp)
-        m_editor.MoveUp(id);
-    else
-        m_editor.MoveDown(id);
+void FormMain::MoveUp() {
+    if (FinishLabelEdit()) m_editor.MoveUp(tvMain->SelectedKey());
+}
+
+void FormMain::MoveDown() {
+    if (FinishLabelEdit()) m_editor.MoveDown(tvMain->SelectedKey());
 }
 
 void FormMain::Remove() {
@@ -261,7 +243,7 @@ void FormMain::EditSelected() {
     }
 }
 
-void FormMain::Access() {
+void FormMain::SettingsAccess() {
     FormAccess(this).Invoke();
 }
 
@@ -274,7 +256,7 @@ void FormMain::HelpContents() {
     }
 }
 
-void FormMain::ShowHelpTopic() {
+void FormMain::HelpWindow() {
     modHelp::ShowHelpTopic(GetHandle(), modHelp::Topic::MainWindow);
 }
 

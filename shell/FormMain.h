@@ -24,7 +24,7 @@ class FormMenuTree;
 class FormStartPage;
 
 /// The main window: the tree of the open menu, its commands, and the questions that go with them.
-class FormMain : public wxFrame, private MenuEditorListener {
+class FormMain : public wxFrame, private MenuEditorListener, private MainCommandTarget {
 public:
     FormMain();
     ~FormMain() override;
@@ -82,21 +82,25 @@ private:
 
     // Commands.
     void OnCommand(MainCommand command);
-    void Run(MainCommand command);
-    void FileOpen();
-    bool FileSave();
-    void FileSaveAs();
-    void FileClose();
-    void AddEntry(MainCommand command);
-    void Move(MainCommand command);
-    void Remove();
-    void Rename();
-    void EditSelected();
-    void Options();
-    void Access();
-    void HelpContents();
-    void ShowHelpTopic();
-    void HelpAbout();
+    void FileOpen() override;
+    void FileSave() override;
+    void FileSaveAs() override;
+    void FileClose() override;
+    void FileExit() override;
+    void AddPart() override;
+    void AddSubmenu() override;
+    void MoveUp() override;
+    void MoveDown() override;
+    void EditSelected() override;
+    void Rename() override;
+    void Remove() override;
+    void SettingsAccess() override;
+    void SettingsOptions() override;
+    void HelpContents() override;
+    void HelpWindow() override;
+    void HelpAbout() override;
+    bool SaveMenu();
+    void AddEntry(bool part);
 
     // While nothing is open.
     void UpdateStartPage();

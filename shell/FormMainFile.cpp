@@ -96,7 +96,7 @@ void FormMain::FileOpen() {
     if (failure) ShowError(Message::OpenFailed, *failure);
 }
 
-bool FormMain::FileSave() {
+bool FormMain::SaveMenu() {
     if (!FinishLabelEdit()) return false;
     if (!m_editor.IsOpen()) return true;
     try {
@@ -126,7 +126,7 @@ void FormMain::FileSaveAs() {
     if (path.empty()) return;
     // The menu's own file is no copy.
     if (IsSamePlace(path, own)) {
-        FileSave();
+        SaveMenu();
         return;
     }
     try {
@@ -149,10 +149,10 @@ bool FormMain::ConfirmClose(bool mayCancel) {
     if (!mayCancel) {
         const auto answer = platform::AskYesOrNo(this, question, LoadResString(Message::ConfirmTitle));
         // A question that was taken away without an answer must not cost the changes.
-        return answer && (!*answer || FileSave());
+        return answer && (!*answer || SaveMenu());
     }
     switch (Ask(question, Message::ConfirmTitle, wxYES_NO | wxCANCEL | wxICON_QUESTION)) {
-    case wxID_YES: return FileSave();
+    case wxID_YES: return SaveMenu();
     case wxID_NO: return true;
     default: return false;
     }
@@ -166,7 +166,7 @@ void FormMain::OnClose(wxCloseEvent& event) {
     Destroy();
 }
 
-void FormMain::Options() {
+void FormMain::SettingsOptions() {
     if (!FormDirectories(this).Invoke(true)) return;
     // Another root folder may exist where the old one did not, and the other way round; an open menu may be
     // saved to another place now.

@@ -9,25 +9,62 @@ namespace nesk {
 
 namespace {
 
+using State = MainCommandState;
+
+bool Always(const State&) {
+    return true;
+}
+
+bool IsOpen(const State& state) {
+    return state.isOpen;
+}
+
+// What makes sense for the selected entry.
+template <bool MenuCommands::*Member>
+bool For(const State& state) {
+    return state.entry.*Member;
+}
+
+bool CanOpen(const State& state) {
+    return !state.isOpen && state.menuRootExists;
+}
+
+using To = MainCommandTarget;
+
 constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
-    {MainCommand::FileOpen, "mnuFileOpen", Message::MenuFile, Message::FileOpen, false},
-    {MainCommand::FileSave, "mnuFileSave", Message::MenuFile, Message::FileSave, false},
-    {MainCommand::FileSaveAs, "mnuFileSaveAs", Message::MenuFile, Message::FileSaveAs, false},
-    {MainCommand::FileClose, "mnuFileClose", Message::MenuFile, Message::FileClose, false},
-    {MainCommand::FileExit, "mnuFileExit", Message::MenuFile, Message::FileExit, true},
-    {MainCommand::AddPart, "mnuMenuAddPart", Message::MenuMenu, Message::AddPart, false},
-    {MainCommand::AddSubmenu, "mnuMenuAddSubmenu", Message::MenuMenu, Message::AddSubmenu, false},
-    {MainCommand::MoveUp, "mnuMenuUp", Message::MenuMenu, Message::MoveUp, true},
-    {MainCommand::MoveDown, "mnuMenuDown", Message::MenuMenu, Message::MoveDown, false},
-    {MainCommand::Edit, "mnuMenuEdit", Message::MenuMenu, Message::Edit, true},
-    {MainCommand::Rename, "mnuMenuRename", Message::MenuMenu, Message::Rename, false},
-    {MainCommand::Remove, "mnuMenuRemove", Message::MenuMenu, Message::Remove, false},
-    {MainCommand::SettingsAccess, "mnuSettingsAccess", Message::MenuSettings, Message::SettingsAccess, false},
+    {MainCommand::FileOpen, "mnuFileOpen", Message::MenuFile, Message::FileOpen, false, CanOpen,
+     &To::FileOpen},
+    {MainCommand::FileSave, "mnuFileSave", Message::MenuFile, Message::FileSave, false, IsOpen,
+     &To::FileSave},
+    {MainCommand::FileSaveAs, "mnuFileSaveAs", Message::MenuFile, Message::FileSaveAs, false, IsOpen,
+     &To::FileSaveAs},
+    {MainCommand::FileClose, "mnuFileClose", Message::MenuFile, Message::FileClose, false, IsOpen,
+     &To::FileClose},
+    {MainCommand::FileExit, "mnuFileExit", Message::MenuFile, Message::FileExit, true, Always, &To::FileExit},
+    {MainCommand::AddPart, "mnuMenuAddPart", Message::MenuMenu, Message::AddPart, false,
+     For<&MenuCommands::addPart>, &To::AddPart},
+    {MainCommand::AddSubmenu, "mnuMenuAddSubmenu", Message::MenuMenu, Message::AddSubmenu, false,
+     For<&MenuCommands::addSubmenu>, &To::AddSubmenu},
+    {MainCommand::MoveUp, "mnuMenuUp", Message::MenuMenu, Message::MoveUp, true, For<&MenuCommands::moveUp>,
+     &To::MoveUp},
+    {MainCommand::MoveDown, "mnuMenuDown", Message::MenuMenu, Message::MoveDown, false,
+     For<&MenuCommands::moveDown>, &To::MoveDown},
+    {MainCommand::Edit, "mnuMenuEdit", Message::MenuMenu, Message::Edit, true, For<&MenuCommands::edit>,
+     &To::EditSelected},
+    {MainCommand::Rename, "mnuMenuRename", Message::MenuMenu, Message::Rename, false,
+     For<&MenuCommands::rename>, &To::Rename},
+    {MainCommand::Remove, "mnuMenuRemove", Message::MenuMenu, Message::Remove, false,
+     For<&MenuCommands::remove>, &To::Remove},
+    {MainCommand::SettingsAccess, "mnuSettingsAccess", Message::MenuSettings, Message::SettingsAccess, false,
+     Always, &To::SettingsAccess},
     {MainCommand::SettingsOptions, "mnuSettingsOptions", Message::MenuSettings, Message::SettingsOptions,
-     false},
-    {MainCommand::HelpContents, "mnuHelpContents", Message::MenuHelp, Message::HelpContents, false},
-    {MainCommand::HelpWindow, "mnuHelpWindow", Message::MenuHelp, Message::HelpWindow, false},
-    {MainCommand::HelpAbout, "mnuHelpAbout", Message::MenuHelp, Message::HelpAbout, true},
+     false, Always, &To::SettingsOptions},
+    {MainCommand::HelpContents, "mnuHelpContents", Message::MenuHelp, Message::HelpContents, false, Always,
+     &To::HelpContents},
+    {MainCommand::HelpWindow, "mnuHelpWindow", Message::MenuHelp, Message::HelpWindow, false, Always,
+     &To::HelpWindow},
+    {MainCommand::HelpAbout, "mnuHelpAbout", Message::MenuHelp, Message::HelpAbout, true, Always,
+     &To::HelpAbout},
 }};
 
 } // namespace
@@ -46,29 +83,10 @@ bool Contains(const MainCommandSet& set, MainCommand command) {
 }
 
 MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& selectedId, bool menuRootExists) {
-    const bool open = editor.IsOpen();
-    const MenuCommands menu = editor.CommandsFor(selectedId);
+    const MainCommandState state{editor.IsOpen(), menuRootExists, editor.CommandsFor(selectedId)};
     MainCommandSet enabled;
-    const auto set = [&](MainCommand command, bool value) {
-        enabled.set(static_cast<std::size_t>(command), value);
-    };
-    set(MainCommand::FileOpen, !open && menuRootExists);
-    set(MainCommand::FileSave, open);
-    set(MainCommand::FileSaveAs, open);
-    set(MainCommand::FileClose, open);
-    set(MainCommand::FileExit, true);
-    set(MainCommand::AddPart, menu.addPart);
-    set(MainCommand::AddSubmenu, menu.addSubmenu);
-    set(MainCommand::MoveUp, menu.moveUp);
-    set(MainCommand::MoveDown, menu.moveDown);
-    set(MainCommand::Edit, menu.edit);
-    set(MainCommand::Rename, menu.rename);
-    set(MainCommand::Remove, menu.remove);
-    set(MainCommand::SettingsAccess, true);
-    set(MainCommand::SettingsOptions, true);
-    set(MainCommand::HelpContents, true);
-    set(MainCommand::HelpWindow, true);
-    set(MainCommand::HelpAbout, true);
+    for (const MainCommandInfo& info : Table)
+        enabled.set(static_cast<std::size_t>(info.command), info.isEnabled(state));
     return enabled;
 }
 

@@ -163,6 +163,31 @@ TEST_F(FormMainTest, MovingKeepsTheSubtreeAndTheSelection) {
     EXPECT_TRUE(window->Editor().IsDirty());
 }
 
+TEST_F(FormMainTest, AMoveToAnotherSubmenuIsFollowed) {
+    OpenSmallMenu();
+    MenuEditor& editor = window->Editor();
+    // Into a submenu whose entries were never shown, and one whose entries were.
+    for (const bool shown : {false, true}) {
+        SCOPED_TRACE(shown);
+        if (shown) Row("R.2.1");
+        const std::string id = editor.MoveTo("R.1", "R.2", 1);
+        EXPECT_EQ(window->tvMain->SelectedKey(), id);
+        EXPECT_EQ(Row(id).Text(), "First");
+        EXPECT_EQ(TreeText(), "Main Menu\n Brackets\n  First\n  Angle\n Last\n");
+        EXPECT_TRUE(editor.SetCaption(id, "Other"));
+        EXPECT_EQ(Row(id).Text(), "Other") << "the row is known by its new id";
+        EXPECT_TRUE(editor.Undo());
+        EXPECT_TRUE(editor.Undo());
+        EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n Last\n");
+        EXPECT_EQ(window->tvMain->SelectedKey(), "R.1");
+        EXPECT_FALSE(editor.IsDirty());
+        EXPECT_EQ(Title(), LoadResString(32049)) << "the saved state is clean";
+    }
+    const std::string id = editor.MoveTo("R.2", "R", 3);
+    EXPECT_EQ(id, "R.2") << "among its siblings it keeps its id";
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Last\n Brackets\n  Angle\n");
+}
+
 TEST_F(FormMainTest, RemovingAsksFirst) {
     OpenSmallMenu();
     Select("R.2");
