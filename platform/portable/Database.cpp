@@ -1,6 +1,7 @@
 #include "platform/portable/Database.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/portable/BusyWait.h"
 
 #include <sqlite3.h>
 
@@ -8,8 +9,10 @@ namespace nesk::platform::portable {
 
 namespace {
 
-// How long another program may keep the database to itself before a request for it fails.
-constexpr int BusyMilliseconds = 5000;
+// SQLite calls this when another program keeps the database locked, and tries again unless the answer is 0.
+int OnBusy(void* /*context*/, int attempt) {
+    return WaitForOtherProgram(attempt) ? 1 : 0;
+}
 
 // The name under which a file is opened that nobody changes meanwhile.
 std::string UnchangingUri(const std::filesystem::path& file) {
@@ -75,7 +78,7 @@ int Database::Connect(const char* name, int flags) {
     sqlite3_close_v2(m_handle);
     m_handle = nullptr;
     const int code = sqlite3_open_v2(name, &m_handle, flags, nullptr);
-    if (code == SQLITE_OK) sqlite3_busy_timeout(m_handle, BusyMilliseconds);
+    if (code == SQLITE_OK) sqlite3_busy_handler(m_handle, OnBusy, nullptr);
     return code;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/ErrorCode.h"
 #include "platform/Registry.h"
 #include "platform/TextEncoding.h"
+#include "platform/portable/BusyWait.h"
 #include "platform/portable/RegistryStore.h"
 #include "platform/portable/Station.h"
 
@@ -192,9 +193,9 @@ private:
             std::filesystem::create_directories(portable::StationFolder(), error);
             if (error) return ErrorCode::AccessDenied;
         }
-        if (std::chrono::steady_clock::now() < m_busyUntil) return ErrorCode::Busy;
+        if (portable::TheBusyClock().Now() < m_busyUntil) return ErrorCode::Busy;
         const int result = RegistryStore::Open(File(), create, m_store);
-        if (result == ErrorCode::Busy) m_busyUntil = std::chrono::steady_clock::now() + BusyAnswer;
+        if (result == ErrorCode::Busy) m_busyUntil = portable::TheBusyClock().Now() + BusyAnswer;
         // The store may be opened within groups or a reading that have begun.
         for (int i = 0; m_store && i < m_groups; ++i)
             m_store->BeginGroup();

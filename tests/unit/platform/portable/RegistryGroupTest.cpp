@@ -1,6 +1,7 @@
 #include "platform/portable/Station.h"
 #include "unit/platform/RegistryFixture.h"
 #include "unit/platform/portable/ChildProcess.h"
+#include "unit/platform/portable/FakeBusyClock.h"
 
 #include <functional>
 #include <sqlite3.h>
@@ -9,6 +10,7 @@ namespace nesk::platform {
 namespace {
 
 using nesk::testing::ChildEnd;
+using nesk::testing::FakeBusyClock;
 
 class RegistryGroupTest : public testing::RegistryFixture {
 protected:
@@ -93,6 +95,7 @@ TEST_F(RegistryGroupTest, AStepThatFailsTakesNothingElseBack) {
 
 // Two programs that count the same list up must not both begin with the same number.
 TEST_F(RegistryGroupTest, WhatIsReadInItStaysTrueUntilItsEnd) {
+    const FakeBusyClock clock;
     InProgram([&] { Set(Create("Key"), "n", "5"); });
     InProgram([&] {
         const RegKey key = Create("Key");
@@ -106,6 +109,7 @@ TEST_F(RegistryGroupTest, WhatIsReadInItStaysTrueUntilItsEnd) {
 }
 
 TEST_F(RegistryGroupTest, WhatItCouldNotReadItDoesNotOverwrite) {
+    const FakeBusyClock clock;
     InProgram([&] { Set(Create("Key"), "n", "5"); });
     InProgram([&] {
         const RegKey key = Create("Key");

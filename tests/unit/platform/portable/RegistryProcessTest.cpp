@@ -1,5 +1,6 @@
 #include "platform/portable/Station.h"
 #include "unit/platform/RegistryFixture.h"
+#include "unit/platform/portable/FakeBusyClock.h"
 
 #include <chrono>
 #include <csignal>
@@ -207,12 +208,16 @@ protected:
 TEST_F(RegistryBusyTest, WaitsForAnotherProgram) {
     const RegKey key = Create("A");
     OtherWriter other(Store());
-    std::thread ending([&] {
-        std::this_thread::sleep_for(300ms);
+    nesk::testing::FakeBusyClock clock;
+    bool ended = false;
+    clock.whenSlept = [&] {
+        if (ended || clock.Slept() < 300ms) return;
         other.End();
-    });
+        ended = true;
+    };
     EXPECT_EQ(ErrorCode::Success, Set(key, "x", "1"));
-    ending.join();
+    EXPECT_TRUE(ended);
+    EXPECT_LT(clock.Slept(), 500ms) << "it notices soon that the other program has ended";
     EXPECT_EQ("1", Get(key, "x"));
 }
 
@@ -220,11 +225,21 @@ TEST_F(RegistryBusyTest, IsBusyWhenAnotherProgramDoesNotEnd) {
     const RegKey key = Create("A");
     ASSERT_EQ(ErrorCode::Success, Set(key, "x", "1"));
     const OtherWriter other(Store());
-    const auto start = std::chrono::steady_clock::now();
+    const nesk::testing::FakeBusyClock clock;
     EXPECT_EQ(ErrorCode::Busy, Set(key, "x", "2"));
-    EXPECT_GE(std::chrono::steady_clock::now() - start, 4s);
+    EXPECT_EQ(clock.Slept(), 5000ms);
     // Reading waits for nobody.
     EXPECT_EQ("1", Get(key, "x"));
+    EXPECT_EQ(clock.Slept(), 5000ms);
+}
+
+TEST(BusyWaitTest, TheSystemsClockReallyWaits) {
+    portable::BusyClock& clock = portable::TheBusyClock();
+    const auto start = std::chrono::steady_clock::now();
+    const auto before = clock.Now();
+    EXPECT_TRUE(portable::WaitForOtherProgram(3));
+    EXPECT_GE(clock.Now() - before, 10ms);
+    EXPECT_GE(std::chrono::steady_clock::now() - start, 10ms);
 }
 
 } // namespace
