@@ -3,10 +3,23 @@
 # The program looks for its language libraries and its help file beside itself, so all of them share a folder.
 
 set(program_files ${text_outputs} ${help_file})
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+
+# install_notices(FOLDER KIND SOURCE): what packaging/notices.py writes. It is made when the program is installed: a build
+# alone needs no texts of licences.
+function(install_notices folder kind source)
+  install(CODE "
+    set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${folder}\")
+    file(MAKE_DIRECTORY \"\${folder}\")
+    execute_process(COMMAND \"${Python3_EXECUTABLE}\" \"${CMAKE_SOURCE_DIR}/packaging/notices.py\" ${kind}
+      \"${source}\" \"\${folder}/THIRD-PARTY-NOTICES.txt\" COMMAND_ERROR_IS_FATAL ANY)" COMPONENT program)
+endfunction()
+
 if(WIN32)
   install(TARGETS NeskManager RUNTIME DESTINATION . COMPONENT program)
   install(FILES ${program_files} DESTINATION . COMPONENT program)
   install(FILES LICENSE DESTINATION . RENAME LICENSE.txt COMPONENT program)
+  install_notices(. windows ${NESK_TOOLKIT})
 else()
   include(GNUInstallDirs)
   set(program_folder ${CMAKE_INSTALL_LIBDIR}/neskmanager)
@@ -23,6 +36,7 @@ else()
     RENAME neskmanager.svg COMPONENT program)
   install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/neskmanager RENAME copyright COMPONENT program)
   install(FILES README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/neskmanager COMPONENT program)
+  install_notices(${CMAKE_INSTALL_DATADIR}/doc/neskmanager debian $<TARGET_FILE:NeskManager>)
 endif()
 
 if(WIN32)

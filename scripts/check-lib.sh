@@ -18,6 +18,15 @@ absent() {
   for path in "$@"; do [[ ! -e $path && ! -L $path ]] || fail "$path is there"; done
 }
 
+# names FILE TEXT...: each text is in the file, whatever kind of space its words have between them.
+names() {
+  local file=$1 text contents
+  shift
+  exists "$file"
+  contents=$(tr -s '[:space:]' ' ' <"$file")
+  for text in "$@"; do [[ $contents == *"$text"* ]] || fail "$(basename "$file") has no \"$text\""; done
+}
+
 # wait_for WHAT COMMAND...: until the command succeeds, for half a minute at the most.
 wait_for() {
   local what=$1 i

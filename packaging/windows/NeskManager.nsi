@@ -5,11 +5,16 @@
 ;   FILES     include file with a Delete line for each of them
 ;   ICON      the icon
 ;   OUTPUT    the installer
+;   FEATURE   number of the processor feature that the 32-bit program needs, by default 10, SSE2. A test asks for one
+;             that no processor has.
 ;
 ; Runs silently with /S, into the folder of /D=... (the last argument, without quotes). Exit code 0 when everything is
 ; done, 1 when the user called it off, 2 when it failed.
 
 Unicode true
+!ifndef FEATURE
+  !define FEATURE 10 ; PF_XMMI64_INSTRUCTIONS_AVAILABLE
+!endif
 !if ${ARCH} == x64
   Target amd64-unicode
 !else
@@ -85,6 +90,13 @@ VIAddVersionKey "LegalCopyright" "MIT licence"
 
 Function .onInit
   !insertmacro UseArchitecture
+  !if ${ARCH} == x86
+    ; Processors of 64 bits all have it.
+    System::Call "kernel32::IsProcessorFeaturePresent(i ${FEATURE}) i .r0"
+    ${If} $0 = 0
+      !insertmacro Fail "NeskManager needs a processor with SSE2, as all PCs since 2004 have. Nothing was installed. Install it on a newer PC."
+    ${EndIf}
+  !endif
   ; A folder that was asked for stays; an earlier installation is taken over.
   ${If} $INSTDIR == ""
     ReadRegStr $INSTDIR HKLM "${UNINSTALL}" "InstallLocation"
