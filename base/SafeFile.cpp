@@ -22,6 +22,13 @@ NeskError Failure(int result, const std::string& path) {
     return FileError(result, "SafeFile", folder ? Paths::ParentFolder(path) : path);
 }
 
+// The error of a backup that could not be made, and why.
+NeskError BackupFailure(const std::shared_ptr<const NeskError>& cause, const std::string& path) {
+    NeskError error(cause->number, cause->source, Message::BackupFailed, {path});
+    error.cause = cause;
+    return error;
+}
+
 } // namespace
 
 SafeFile::SafeFile(std::string path, platform::FileSystem& files) : m_files(files), m_path(std::move(path)) {
@@ -86,10 +93,7 @@ void SafeFile::KeepBackup(const Backup& backup) {
     // When it is the file itself that cannot be read, the user must hear its name and not the copy's.
     std::unique_ptr<platform::FileReader> reader;
     Check(m_files.OpenForReading(m_path, reader), m_path);
-    const auto cause = std::make_shared<NeskError>(Failure(result, backup.path));
-    NeskError error(cause->number, cause->source, Message::BackupFailed, {backup.path});
-    error.cause = cause;
-    throw error;
+    throw BackupFailure(std::make_shared<NeskError>(Failure(result, backup.path)), backup.path);
 }
 
 } // namespace nesk

@@ -51,7 +51,7 @@ public:
 
 protected:
     void DoReset() override;
-    void DoInserted(TreeNode& node) override;
+    void DoInserted(TreeNode& inserted) override;
     void DoRemove(TreeNode& node) override;
     void DoRemoved(TreeNode& parent, std::size_t index) override;
     void DoChanged(TreeNode& node) override;

@@ -25,7 +25,9 @@ std::string_view BytesOf(const Content& content) {
 // A printer that is set to A4 and portrait, and knows no other of the numbers.
 DEVMODEA ModeOfAPrinter() {
     DEVMODEA mode{};
-    std::strcpy(reinterpret_cast<char*>(mode.dmDeviceName), "Printer of the hall, on the left of");
+    // Windows cuts a name that is too long for the field; a zero follows it.
+    const std::string_view name = "Printer of the hall, on the left of";
+    name.copy(reinterpret_cast<char*>(mode.dmDeviceName), sizeof mode.dmDeviceName - 1);
     mode.dmSize = sizeof mode;
     mode.dmFields = DM_ORIENTATION | DM_PAPERSIZE | DM_COPIES;
     mode.dmOrientation = 1;
