@@ -33,7 +33,7 @@ std::string FromWide(std::wstring_view text) {
 
 std::wstring FilePath(const std::string& path) {
     if (path.empty() || path.find('\0') != std::string::npos) return {};
-    const std::wstring wide = ToWide(path);
+    std::wstring wide = ToWide(path);
     // A device or a path that carries the prefix already.
     if (wide.starts_with(L"\\\\?\\") || wide.starts_with(L"\\\\.\\")) return wide;
     std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
