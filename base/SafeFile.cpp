@@ -77,7 +77,10 @@ void SafeFile::Commit(const Backup& backup) {
             throw Failure(ErrorCode::AccessDenied, m_path);
         Check(m_files.CopyAccessRights(m_path, m_temporary), m_path);
         KeepBackup(backup);
-    } else if (found != ErrorCode::FileNotFound) {
+    } else if (found == ErrorCode::FileNotFound) {
+        // Others may have to read it: the operator interface may run as another user.
+        m_files.GiveUsualRights(m_temporary);
+    } else {
         // Whatever stands there and cannot be looked at must not be replaced unseen.
         throw Failure(found, m_path);
     }

@@ -29,8 +29,8 @@ public:
 
     void Write(std::string_view bytes) override;
 
-    /// Flushes, closes, takes over the access rights, keeps the backup and replaces the file. Raises the
-    /// run-time error of the step that failed.
+    /// Flushes, closes, takes over the access rights of the file before or those usual for a new one, keeps
+    /// the backup and replaces the file. Raises the run-time error of the step that failed.
     void Commit(const Backup& backup);
 
 private:

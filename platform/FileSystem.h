@@ -96,6 +96,10 @@ public:
     /// Gives `to` the access rights and the owner of `from`, as far as the user may.
     virtual int CopyAccessRights(const std::string& from, const std::string& to) = 0;
 
+    /// Gives a file that CreateNew made the access rights that a new file of the user's usually has. Where
+    /// that cannot be done, it stays the user's alone.
+    virtual void GiveUsualRights(const std::string& /*path*/) {}
+
     /// Makes `copy` hold the contents of `path` in one step: afterwards `copy` is the whole file or what it
     /// was before. With `mayReplace` false an existing `copy` is AlreadyExists.
     virtual int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) = 0;

@@ -309,6 +309,15 @@ public:
             [&](mode_t rights) { return ::chmod(target.c_str(), rights); });
     }
 
+    void GiveUsualRights(const std::string& path) override {
+        // The mask can only be read by setting it. A file that another thread makes in between is rather too
+        // well protected than too little.
+        const mode_t mask = ::umask(S_IRWXG | S_IRWXO);
+        ::umask(mask);
+        constexpr mode_t everybody = 0666;
+        ::chmod(ToHostPath(path).c_str(), everybody & ~mask);
+    }
+
     int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
         fs::path source;
         fs::path target;

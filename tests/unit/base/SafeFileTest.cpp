@@ -9,6 +9,10 @@
 
 #include <filesystem>
 
+#ifdef NESK_PORTABLE_STATION
+#include <sys/stat.h>
+#endif
+
 namespace nesk {
 namespace {
 
@@ -170,6 +174,22 @@ TEST_F(SafeFileTest, WhatStandsThereAndCannotBeLookedAtIsNotReplaced) {
 }
 
 #ifdef NESK_PORTABLE_STATION
+// The operator interface may run as another user, who has to read a menu that was just made.
+TEST_F(SafeFileTest, ANewFileHasTheUsualRightsOnceItIsWhole) {
+    using fs::perms;
+    constexpr perms own = perms::owner_read | perms::owner_write;
+    const mode_t before = ::umask(S_IRWXO | S_IWGRP);
+    {
+        SafeFile file(Path);
+        file.Write("contents");
+        EXPECT_EQ(fs::status(Host(Path + ".nesk~")).permissions(), own) << "while it is written";
+        file.Commit({});
+    }
+    const mode_t after = ::umask(before);
+    EXPECT_EQ(after, static_cast<mode_t>(S_IRWXO | S_IWGRP)) << "the mask is as it was";
+    EXPECT_EQ(fs::status(Host(Path)).permissions(), own | perms::group_read);
+}
+
 // Those of Windows are tested in platform/windows/MenuOnWindowsTest.cpp.
 TEST_F(SafeFileTest, AccessRightsSurvive) {
     using fs::perms;
