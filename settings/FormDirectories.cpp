@@ -253,7 +253,8 @@ void FormDirectories::BrowseFor(wxTextCtrl& box, int promptId) {
 }
 
 void FormDirectories::ChooseMachine() {
-    const std::string key = FormSelectMachine(this).SelectMachine(m_fields.machineKey);
+    const std::string key =
+        FormSelectMachine(this).SelectMachine(m_fields.machineKey, NeskRegistry::Instance().NeskMachine);
     if (key.empty()) return;
     m_fields.machineKey = key;
     ShowReason("");
@@ -262,7 +263,8 @@ void FormDirectories::ChooseMachine() {
 }
 
 void FormDirectories::ChooseUser() {
-    const std::string key = FormSelectUser(this).SelectUser(m_fields.userKey);
+    const std::string key =
+        FormSelectUser(this).SelectUser(m_fields.userKey, NeskRegistry::Instance().NeskUser);
     if (key.empty()) return;
     m_fields.userKey = key;
     ShowReason("");

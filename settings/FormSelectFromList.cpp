@@ -107,9 +107,9 @@ void FormSelectFromList::OnRemove() {
         lstMain->SetSelection(std::min(position, static_cast<int>(lstMain->GetCount()) - 1));
 }
 
-std::string FormSelectFromList::Choose(const std::string& current) {
+std::string FormSelectFromList::Choose(const std::string& current, const std::string& stored) {
     m_result.clear();
-    m_current = current;
+    m_inUse = {current, stored};
     lstMain->SetSelection(m_entries.PositionOf(current));
     if (lstMain->GetSelection() != wxNOT_FOUND) lstMain->EnsureVisible(lstMain->GetSelection());
     UpdateButtons();
@@ -128,9 +128,8 @@ void FormSelectFromList::OnOK() {
 void FormSelectFromList::UpdateButtons() {
     const bool isSelected = lstMain->GetSelection() != wxNOT_FOUND;
     cmdOK->Enable(isSelected);
-    // What the settings name must stay; another entry can be chosen first.
-    const bool isCurrent = isSelected && m_entries.KeyAt(lstMain->GetSelection()) == m_current;
-    if (cmdRemove != nullptr) cmdRemove->Enable(isSelected && !isCurrent);
+    if (cmdRemove != nullptr)
+        cmdRemove->Enable(RegistryListEditor::MayRemove(m_entries.KeyAt(lstMain->GetSelection()), m_inUse));
 }
 
 } // namespace nesk

@@ -4,6 +4,7 @@
 #include "widgets/FormDialog.h"
 
 #include <string>
+#include <vector>
 
 class wxListBox;
 class wxStaticText;
@@ -32,8 +33,9 @@ protected:
 
     /// Shows the dialog.
     /// @param current  key of the entry that is selected at first; "" for none
+    /// @param stored   key of the entry that the settings name; "" for none. Neither can be removed.
     /// @return the registry key of the entry chosen; "" when none was
-    std::string Choose(const std::string& current);
+    std::string Choose(const std::string& current, const std::string& stored);
 
     void OnOK() override;
 
@@ -46,7 +48,7 @@ private:
 
     std::string m_parentKey;
     RegistryList m_entries;
-    std::string m_current; // key of the entry that is set now; "" for none
+    std::vector<std::string> m_inUse; // keys of the entries that must stay
     std::string m_result;
 };
 

@@ -44,6 +44,12 @@ std::string Add(const std::string& parentKey, const std::string& name) {
     return key;
 }
 
+bool MayRemove(const std::string& key, const std::vector<std::string>& inUse) {
+    return !key.empty() && std::none_of(inUse.begin(), inUse.end(), [&](const std::string& used) {
+        return platform::EqualNoCase(key, used);
+    });
+}
+
 void Remove(const std::string& key) {
     const std::size_t separator = key.rfind('\\');
     RegEntry entry;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 /// Adds entries to a list in the registry, and removes them, on a station whose lists no other software
 /// keeps.
@@ -19,6 +20,11 @@ std::string NameProblem(const std::string& name);
 /// @return the entry's key, as "Machines\M1"
 /// Raises the error of the registry.
 std::string Add(const std::string& parentKey, const std::string& name);
+
+/// Whether an entry may be removed. One that is in use must stay: another one is chosen and stored first.
+/// @param key    as "Machines\M1"; "" for none, which cannot be removed
+/// @param inUse  keys of the entries that are chosen or stored, in either case
+bool MayRemove(const std::string& key, const std::vector<std::string>& inUse);
 
 /// Removes an entry with everything below it. Raises the error of the registry.
 /// @param key  as "Machines\M1"

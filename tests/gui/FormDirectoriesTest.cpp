@@ -403,6 +403,43 @@ TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
     EXPECT_EQ(Saved("NeskUser"), "Users\\U2");
 }
 
+#ifdef NESK_PORTABLE_STATION
+// The choice is called off with the options, and the stored ones come back.
+TEST_F(FormDirectoriesTest, WhatIsStoredCannotBeRemovedAfterAnotherChoice) {
+    EXPECT_FALSE(Show([this](FormDirectories& form) {
+        WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) {
+            list.lstMain->SetSelection(1);
+            Click(list.cmdOK);
+        });
+        Click(form.cmdUser);
+        WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) {
+            EXPECT_FALSE(list.cmdRemove->IsEnabled()) << "the one just chosen";
+            list.lstMain->SetFocus();
+            Press(WXK_UP);
+            EXPECT_EQ(list.lstMain->GetStringSelection(), "Smith");
+            EXPECT_FALSE(list.cmdRemove->IsEnabled()) << "the one that is stored";
+            Click(list.cmdCancel);
+        });
+        Click(form.cmdUser);
+        WhenShown<FormSelectMachine>("FormSelectMachine", [](FormSelectMachine& list) {
+            list.lstMain->SetSelection(1);
+            Click(list.cmdOK);
+        });
+        Click(form.cmdMachine);
+        WhenShown<FormSelectMachine>("FormSelectMachine", [](FormSelectMachine& list) {
+            EXPECT_FALSE(list.cmdRemove->IsEnabled()) << "the one just chosen";
+            list.lstMain->SetFocus();
+            Press(WXK_UP);
+            EXPECT_EQ(list.lstMain->GetStringSelection(), "Bridge");
+            EXPECT_FALSE(list.cmdRemove->IsEnabled()) << "the one that is stored";
+            Click(list.cmdCancel);
+        });
+        Click(form.cmdMachine);
+        Click(form.cmdCancel);
+    }));
+}
+#endif
+
 // Chooses landscape A3 in the printer dialog, or calls it off.
 class PrinterDialogScript {
 public:

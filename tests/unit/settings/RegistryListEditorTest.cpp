@@ -40,6 +40,15 @@ TEST_F(RegistryListEditorTest, RemovingTakesWhatLiesBelow) {
     EXPECT_THROW(RegistryListEditor::Remove("Machines\\M1"), NeskError) << "it is gone already";
 }
 
+TEST_F(RegistryListEditorTest, WhatIsChosenOrStoredStays) {
+    const std::vector<std::string> inUse = {"Users\\U2", "users\\u1"};
+    EXPECT_FALSE(RegistryListEditor::MayRemove("Users\\U2", inUse));
+    EXPECT_FALSE(RegistryListEditor::MayRemove("Users\\U1", inUse)) << "case does not matter";
+    EXPECT_TRUE(RegistryListEditor::MayRemove("Users\\U3", inUse));
+    EXPECT_TRUE(RegistryListEditor::MayRemove("Users\\U3", {"", ""}));
+    EXPECT_FALSE(RegistryListEditor::MayRemove("", inUse)) << "nothing is selected";
+}
+
 TEST_F(RegistryListEditorTest, NamesThatCannotBeStored) {
     const auto problem = [](int message) { return modStringRes::LoadResString(message); };
     EXPECT_EQ(RegistryListEditor::NameProblem("Bridge"), "");
