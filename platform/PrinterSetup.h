@@ -24,6 +24,7 @@ struct PrinterValues {
 struct PrinterSetupTexts {
     std::string title;
     std::string missing; ///< shown in it when the printer of the values is not on this machine
+    std::string paper;   ///< shown in it when its list cannot show the paper of the values; not on Windows
 };
 
 /// How the printer dialog was ended.

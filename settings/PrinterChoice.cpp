@@ -16,7 +16,8 @@ namespace {
 constexpr int CommandText = 32082;
 constexpr int PrinterText = 34457; // %0% printer
 constexpr int NoPrinterText = 34458;
-constexpr int MissingText = 34459;     // %0% printer
+constexpr int MissingText = 34459; // %0% printer
+constexpr int PaperText = 34508;
 constexpr int ReplaceQuestion = 34460; // %0% printer stored, %1% printer chosen
 
 // The text of the command, which ends in dots, is the title of what it opens.
@@ -33,7 +34,7 @@ std::string Shown(const PrinterValues& values) {
 }
 
 platform::PrinterSetupTexts Texts(const PrinterValues& values) {
-    return {Title(), FormatResString(MissingText, values.device)};
+    return {Title(), FormatResString(MissingText, values.device), LoadResString(PaperText)};
 }
 
 void Take(PrinterValues& values, const PrinterValues& chosen, PrinterSetupResult result) {

@@ -115,6 +115,10 @@ PrinterData ApplyPrinterValues(const PrinterValues& values) {
     return data;
 }
 
+bool KnowsPaper(const PrinterValues& values) {
+    return !PaperName(Number(values.paperSize).value_or(0)).empty();
+}
+
 PrinterValues ReadPrinterValues(const PrinterData& chosen, const PrinterValues& before,
                                 const PrinterData& shown) {
     PrinterValues values = before;

@@ -27,6 +27,9 @@ struct PrinterData {
 /// leaves the toolkit's default. The printer is not named: a dialog then begins with the system's default.
 PrinterData ApplyPrinterValues(const PrinterValues& values);
 
+/// Whether the toolkit has a counterpart of the paper size.
+bool KnowsPaper(const PrinterValues& values);
+
 /// What was chosen.
 /// @param before  the values that were applied; one stays where `chosen` is as `shown`, or says nothing, so
 ///                that codes which the toolkit does not know survive

@@ -106,25 +106,36 @@ public:
     PrintDialog& operator=(const PrintDialog&) = delete;
 
     // A line below the list of printers.
-    void AddNote(const std::string& text) {
+    void AddNote(const char* name, const std::string& text) {
         GtkWidget* const page = FindPart(GTK_WIDGET(m_dialog), "box2");
         GtkWidget* const label = gtk_label_new(text.c_str());
         gtk_label_set_line_wrap(GTK_LABEL(label), TRUE);
         gtk_label_set_xalign(GTK_LABEL(label), 0);
         constexpr int lineLength = 60;
         gtk_label_set_max_width_chars(GTK_LABEL(label), lineLength);
-        gtk_widget_set_name(label, "lblMissing");
+        gtk_widget_set_name(label, name);
         GtkWidget* const content = gtk_dialog_get_content_area(GTK_DIALOG(m_dialog));
         gtk_container_add(GTK_CONTAINER(page != nullptr ? page : content), label);
         gtk_widget_show(label);
     }
 
-    void Show(const portable::PrinterData& data) {
+    /// @param isPaperKnown  false: the stored paper has no counterpart here, and none is shown as chosen
+    void Show(const portable::PrinterData& data, bool isPaperKnown) {
         gtk_print_unix_dialog_set_settings(m_dialog, data.settings.get());
         gtk_print_unix_dialog_set_page_setup(m_dialog, data.page.get());
-        // The dialog takes the orientation over, but goes on showing the first of its list.
+        m_withoutPaper = !isPaperKnown;
+        // The dialog takes paper and orientation over, but goes on showing what its lists showed. The one
+        // that is shown could then not be chosen.
+        if (GtkComboBox* const list = PaperList())
+            SelectPaper(*list, isPaperKnown ? gtk_page_setup_get_paper_size(data.page.get()) : nullptr);
         if (GtkWidget* const list = FindPart(GTK_WIDGET(m_dialog), "orientation_combo"))
             gtk_combo_box_set_active(GTK_COMBO_BOX(list), gtk_page_setup_get_orientation(data.page.get()));
+    }
+
+    // Whether a paper was chosen in place of one that cannot be shown.
+    bool HasReplacedPaper() {
+        GtkComboBox* const list = PaperList();
+        return m_withoutPaper && list != nullptr && gtk_combo_box_get_active(list) >= 0;
     }
 
     bool IsConfirmed() { return gtk_dialog_run(GTK_DIALOG(m_dialog)) == GTK_RESPONSE_OK; }
@@ -152,6 +163,31 @@ public:
     }
 
 private:
+    // Null when the dialog has no such list.
+    GtkComboBox* PaperList() {
+        GtkWidget* const list = FindPart(GTK_WIDGET(m_dialog), "paper_size_combo");
+        return GTK_IS_COMBO_BOX(list) ? GTK_COMBO_BOX(list) : nullptr;
+    }
+
+    // Selects the row of a paper; none for null, and for a paper that the printer does not have.
+    static void SelectPaper(GtkComboBox& list, GtkPaperSize* paper) {
+        GtkTreeModel* const rows = gtk_combo_box_get_model(&list);
+        GtkTreeIter row;
+        // Each row begins with the setup of its page. Lines between the rows have none.
+        bool isRow = rows != nullptr && g_type_is_a(gtk_tree_model_get_column_type(rows, 0), G_TYPE_OBJECT) &&
+                     gtk_tree_model_get_iter_first(rows, &row);
+        for (; isRow; isRow = gtk_tree_model_iter_next(rows, &row)) {
+            gpointer found = nullptr;
+            gtk_tree_model_get(rows, &row, 0, &found, -1);
+            if (found == nullptr) continue;
+            const portable::GtkOwned<GObject> page(G_OBJECT(found));
+            if (paper != nullptr && GTK_IS_PAGE_SETUP(found) &&
+                gtk_paper_size_is_equal(gtk_page_setup_get_paper_size(GTK_PAGE_SETUP(found)), paper))
+                return gtk_combo_box_set_active_iter(&list, &row);
+        }
+        gtk_combo_box_set_active(&list, -1);
+    }
+
     // The dialog shows some of its parts anew when another printer is selected.
     void HidePart(std::string_view name) {
         GtkWidget* const part = FindPart(GTK_WIDGET(m_dialog), name);
@@ -161,6 +197,7 @@ private:
     }
 
     GtkPrintUnixDialog* m_dialog;
+    bool m_withoutPaper = false;
 };
 
 } // namespace
@@ -176,9 +213,13 @@ PrinterSetupResult common::AskForPrinterSetup(wxWindow* parent, PrinterValues& v
     if (printers.standard.empty())
         gtk_print_settings_set_printer(shown.settings.get(), printers.first.c_str());
     PrintDialog dialog(parent, texts.title);
-    if (isMissing) dialog.AddNote(texts.missing);
-    dialog.Show(shown);
+    if (isMissing) dialog.AddNote("lblMissing", texts.missing);
+    const bool isPaperKnown = values.paperSize.empty() || portable::KnowsPaper(values);
+    if (!isPaperKnown) dialog.AddNote("lblPaper", texts.paper);
+    dialog.Show(shown, isPaperKnown);
     if (!dialog.IsConfirmed()) return PrinterSetupResult::Cancelled;
+    // One that is chosen counts, even if it is the one that the dialog would begin with.
+    if (dialog.HasReplacedPaper()) values.paperSize.clear();
     values = portable::ReadPrinterValues(dialog.Chosen(), values, shown);
     if (values.driver.empty()) values.driver = dialog.Driver();
     return isMissing && values.device == offered ? PrinterSetupResult::StandIn

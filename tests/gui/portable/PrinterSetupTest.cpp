@@ -162,8 +162,8 @@ protected:
             }
         });
         timer.Start(50);
-        const PrinterSetupResult result =
-            platform::ShowPrinterSetup(m_parent, values, {"Printer setup", "Laser is missing"});
+        const PrinterSetupResult result = platform::ShowPrinterSetup(
+            m_parent, values, {"Printer setup", "Laser is missing", "Paper is kept"});
         EXPECT_EQ(Dialog(), nullptr) << "the dialog is gone";
         EXPECT_FALSE(wxIsBusy());
         return result;
@@ -207,6 +207,67 @@ TEST_F(PrintDialogTest, ShowsTheValues) {
         gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_CANCEL);
     });
     EXPECT_TRUE(busy);
+}
+
+// The paper of the row that the dialog's list shows; "" for none.
+std::string ShownPaper(GtkPrintUnixDialog* dialog) {
+    GtkWidget* const part = SeenPart(GTK_WIDGET(dialog), "paper_size_combo");
+    EXPECT_NE(part, nullptr);
+    if (part == nullptr) return "?";
+    GtkTreeIter row;
+    if (gtk_combo_box_get_active_iter(GTK_COMBO_BOX(part), &row) == FALSE) return "";
+    GtkPageSetup* page = nullptr;
+    gtk_tree_model_get(gtk_combo_box_get_model(GTK_COMBO_BOX(part)), &row, 0, &page, -1);
+    const std::string name = gtk_paper_size_get_name(gtk_page_setup_get_paper_size(page));
+    g_object_unref(page);
+    return name;
+}
+
+// Chooses the row of a paper as a click does.
+void ChoosePaper(GtkPrintUnixDialog* dialog, const std::string& name) {
+    auto* const list = GTK_COMBO_BOX(SeenPart(GTK_WIDGET(dialog), "paper_size_combo"));
+    const int rows = gtk_tree_model_iter_n_children(gtk_combo_box_get_model(list), nullptr);
+    for (int row = 0; row < rows; ++row) {
+        GtkTreeIter at;
+        gtk_tree_model_iter_nth_child(gtk_combo_box_get_model(list), &at, nullptr, row);
+        GtkPageSetup* page = nullptr;
+        gtk_tree_model_get(gtk_combo_box_get_model(list), &at, 0, &page, -1);
+        if (page == nullptr) continue;
+        const bool isIt = gtk_paper_size_get_name(gtk_page_setup_get_paper_size(page)) == name;
+        g_object_unref(page);
+        if (isIt) return gtk_combo_box_set_active(list, row);
+    }
+    ADD_FAILURE() << name << " is not in the list";
+}
+
+TEST_F(PrintDialogTest, TheListShowsTheStoredPaperAndTakesEveryOther) {
+    PrinterValues values{"", "", "1", "8", "", "", ""};
+    Show(values, [](GtkPrintUnixDialog* dialog) {
+        EXPECT_EQ(ShownPaper(dialog), "iso_a3");
+        EXPECT_EQ(SeenPart(GTK_WIDGET(dialog), "lblPaper"), nullptr);
+        ChoosePaper(dialog, "iso_a4");
+        gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+    });
+    EXPECT_EQ(values.paperSize, "9");
+}
+
+TEST_F(PrintDialogTest, APaperThatHasNoNameHereIsNotShownAsAnother) {
+    PrinterValues values{"", "", "1", "256", "", "", ""};
+    Show(values, [](GtkPrintUnixDialog* dialog) {
+        EXPECT_EQ(ShownPaper(dialog), "");
+        GtkWidget* const note = SeenPart(GTK_WIDGET(dialog), "lblPaper");
+        EXPECT_NE(note, nullptr);
+        if (note != nullptr) {
+            EXPECT_STREQ(gtk_label_get_text(GTK_LABEL(note)), "Paper is kept");
+        }
+        gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+    });
+    EXPECT_EQ(values.paperSize, "256");
+    Show(values, [](GtkPrintUnixDialog* dialog) {
+        ChoosePaper(dialog, "iso_a4");
+        gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
+    });
+    EXPECT_EQ(values.paperSize, "9");
 }
 
 TEST_F(PrintDialogTest, IsSmallAndCalledLikeItsCommand) {
