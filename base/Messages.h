@@ -27,7 +27,7 @@ constexpr int ChangeCaption = 34503;
 constexpr int ChangeGraphic = 34504;
 constexpr int ChangePart = 34505;
 
-constexpr int BlockSyntax = 32013;       // %0% line
+constexpr int BlockSyntax = 32013; // %0% line
 constexpr int NoticeTitle = 32015;
 constexpr int SaveChanges = 32016;
 constexpr int ConfirmTitle = 32017;
@@ -180,12 +180,19 @@ constexpr int StationExists = 34403; // %0% folder, as for the next two
 constexpr int StationFolderNotEmpty = 34404;
 constexpr int NotAStation = 34405;
 constexpr int OpenStationPrompt = 34406;
-constexpr int StationFailed = 34407; // %0% error
+constexpr int StationFailed = 34407;        // %0% error
+constexpr int StationFolderNotMade = 34506; // %0% folder
 
 // Machines and users.
 constexpr int NameNeeded = 34420;
 constexpr int NameNotStorable = 34421;
 constexpr int NameTooLong = 34422;
+
+// Why a folder was refused.
+constexpr int NoFolderNamed = 34450;
+constexpr int FolderMissing = 34451; // %0% folder
+constexpr int NotAFolder = 34452;    // %0% path
+constexpr int DriveMissing = 34507;  // %0% drive, as "Q:"
 
 // About.
 constexpr int AboutTitle = 34440;

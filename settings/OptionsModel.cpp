@@ -114,6 +114,7 @@ bool RootCanBeMade(const std::string& root) {
     const auto isLetter = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); };
     const bool onDrive = root.size() > 3 && isLetter(root[0]) && root[1] == ':' && root[2] == '\\';
     const bool onShare = root.size() > 2 && root.starts_with("\\\\") && root[2] != '\\';
+    if (FieldMessage::OnMissingDrive(root)) return false;
     return (onDrive || onShare) && !modUtilities::DirectoryExists(root) && !modUtilities::FileExists(root);
 }
 

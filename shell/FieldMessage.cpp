@@ -1,7 +1,13 @@
 #include "shell/FieldMessage.h"
 
+#include "base/Messages.h"
+#include "platform/Drives.h"
+#include "platform/TextEncoding.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+
+#include <algorithm>
+#include <vector>
 
 namespace nesk::FieldMessage {
 
@@ -11,9 +17,6 @@ using modStringRes::LoadResString;
 namespace {
 
 constexpr int CheckFieldText = 32067;
-constexpr int NoFolderNamed = 34450;
-constexpr int FolderMissing = 34451; // %0% folder
-constexpr int NotAFolder = 34452;    // %0% path
 
 } // namespace
 
@@ -35,9 +38,19 @@ std::string Title() {
     return LoadResString(CheckFieldText);
 }
 
+bool OnMissingDrive(const std::string& path) {
+    if (path.size() < 2 || path[1] != ':') return false;
+    const std::vector<char> drives = platform::DriveLetters();
+    return std::none_of(drives.begin(), drives.end(), [&](char letter) {
+        return platform::EqualNoCase(std::string_view(&letter, 1), std::string_view(path).substr(0, 1));
+    });
+}
+
 std::string FolderReason(const std::string& folder) {
-    if (modUtilities::Trim(folder).empty()) return LoadResString(NoFolderNamed);
-    return FormatResString(modUtilities::FileExists(folder) ? NotAFolder : FolderMissing, folder);
+    if (modUtilities::Trim(folder).empty()) return LoadResString(Message::NoFolderNamed);
+    if (modUtilities::FileExists(folder)) return FormatResString(Message::NotAFolder, folder);
+    if (OnMissingDrive(folder)) return FormatResString(Message::DriveMissing, folder.substr(0, 2));
+    return FormatResString(Message::FolderMissing, folder);
 }
 
 } // namespace nesk::FieldMessage

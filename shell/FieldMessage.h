@@ -16,7 +16,10 @@ std::string Text(int labelId);
 /// Title of that message.
 std::string Title();
 
-/// Why a folder was refused: none is named, it does not exist, or it is a file.
+/// Whether a path names a drive that the station does not have.
+bool OnMissingDrive(const std::string& path);
+
+/// Why a folder was refused: none is named, it or its drive does not exist, or it is a file.
 std::string FolderReason(const std::string& folder);
 
 } // namespace nesk::FieldMessage

@@ -33,10 +33,23 @@ const std::string Pictures = Root + "\\Pictures";
 const std::string Parts = "C:\\Parts";
 
 void CheckResult(int result, const std::string& folder) {
-    if (result == platform::ErrorCode::Success) return;
-    if (result == platform::ErrorCode::AlreadyExists)
+    if (result != platform::ErrorCode::Success) throw FileError(result, Source, folder);
+}
+
+// The same while the folder is made.
+void CheckMade(int result, const std::string& folder) {
+    namespace ErrorCode = platform::ErrorCode;
+    switch (result) {
+    case ErrorCode::AlreadyExists:
         throw NeskError(RuntimeError::FileExists, Source, Message::StationFolderNotEmpty, {folder});
-    throw FileError(result, Source, folder);
+    case ErrorCode::FileExists:
+        throw NeskError(RuntimeError::FileExists, Source, Message::NotAFolder, {folder});
+    // What is missing is the place, not the folder.
+    case ErrorCode::FileNotFound:
+    case ErrorCode::PathNotFound:
+        throw NeskError(RuntimeError::PathNotFound, Source, Message::StationFolderNotMade, {folder});
+    default: CheckResult(result, folder);
+    }
 }
 
 void WriteName(const std::string& key, const std::string& name) {
@@ -122,10 +135,10 @@ void Create(const Wishes& wishes) {
     const std::string folder = FolderOf(wishes);
     try {
         std::unique_ptr<platform::NewStationFolder> station;
-        CheckResult(platform::BeginStationFolder(folder, wishes.example, station), folder);
+        CheckMade(platform::BeginStationFolder(folder, wishes.example, station), folder);
         Startup::LoadStation();
         WriteSettings(wishes);
-        CheckResult(station->Finish(), folder);
+        CheckMade(station->Finish(), folder);
     } catch (...) {
         // The former station is back in use by now.
         Startup::LoadStation();

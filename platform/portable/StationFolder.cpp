@@ -151,8 +151,10 @@ int BeginStationFolder(const std::string& folder, bool example, std::unique_ptr<
     target = target.lexically_normal();
     if (!target.has_filename()) target = target.parent_path();
     std::error_code error;
-    if (Exists(target) && !(fs::is_directory(target, error) && fs::is_empty(target, error)))
-        return error ? ErrorFrom(error) : ErrorCode::AlreadyExists;
+    if (Exists(target)) {
+        if (!fs::is_directory(target, error)) return error ? ErrorFrom(error) : ErrorCode::FileExists;
+        if (!fs::is_empty(target, error)) return error ? ErrorFrom(error) : ErrorCode::AlreadyExists;
+    }
     fs::create_directories(target.parent_path(), error);
     if (error) return ErrorFrom(error);
 

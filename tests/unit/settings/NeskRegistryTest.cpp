@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <string>
 
 namespace nesk {
 namespace {
@@ -249,6 +251,21 @@ TEST_F(NeskRegistryTest, ARegistryThatCannotBeUsed) {
          modStringRes::FormatResString(Message::PermissionDenied, platform::StationRegistry().Location())});
     EXPECT_EQ(messages.at(0).text, modUtilities::ErrorText(error));
 }
+
+#ifdef NESK_PORTABLE_STATION
+TEST_F(NeskRegistryTest, ADamagedRegistryIsSaidToHaveLostTheSettingsAndNothingElse) {
+    std::filesystem::remove(station.Folder() / "registry.db");
+    std::ofstream(station.Folder() / "registry.db") << std::string(5000, 'x');
+    NeskRegistry record = FullRecord();
+    Expect();
+    record.Save();
+    const std::string& text = messages.at(0).text;
+    EXPECT_NE(text.find("is damaged"), std::string::npos) << text;
+    EXPECT_NE(text.find("ettings have"), std::string::npos) << text;
+    EXPECT_EQ(text.find("Nothing in it has been changed"), std::string::npos)
+        << "one box says what has not been changed once: " << text;
+}
+#endif
 
 } // namespace
 } // namespace nesk

@@ -271,8 +271,8 @@ TEST_F(OptionsModelTest, RootFoldersThatCanBeMade) {
     station.Write("C:\\Data\\file", "");
     for (const char* root : {"C:\\New", "c:\\Data\\New\\", "\\\\server\\share\\x"})
         EXPECT_TRUE(OptionsModel::RootCanBeMade(root)) << root;
-    for (const char* root :
-         {"", "C:\\Data", "C:\\Data\\file", "New", "C:", "C:\\", "C:New", "\\New", "\\\\", "1:\\x"})
+    for (const char* root : {"", "C:\\Data", "C:\\Data\\file", "New", "C:", "C:\\", "C:New", "\\New", "\\\\",
+                             "1:\\x", "Q:\\New"})
         EXPECT_FALSE(OptionsModel::RootCanBeMade(root)) << root;
 }
 

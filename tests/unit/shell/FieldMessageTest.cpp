@@ -26,6 +26,9 @@ TEST_F(FieldMessageTest, AFolderIsRefusedForAReason) {
     EXPECT_EQ(FolderReason(""), "No folder is named.");
     EXPECT_EQ(FolderReason("  "), "No folder is named.");
     EXPECT_EQ(FolderReason("C:\\None"), "The folder C:\\None does not exist.");
+    EXPECT_EQ(FolderReason("Q:\\None"),
+              "There is no drive Q: here. Connect the drive, or choose another folder.");
+    EXPECT_EQ(FolderReason("c:\\None"), "The folder c:\\None does not exist.");
     EXPECT_EQ(FolderReason("C:\\file.txt"), "C:\\file.txt is a file and not a folder.");
 }
 

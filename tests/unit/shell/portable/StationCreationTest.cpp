@@ -115,12 +115,26 @@ TEST_F(StationCreationTest, AFolderThatCannotBeMade) {
     std::ofstream(m_place / "file") << "no folder";
     const NeskError error = ErrorOf([&] { StationCreation::Create(WishesFor(false, "file/new")); });
     EXPECT_EQ(error.source, "StationCreation");
+    EXPECT_EQ(error.messageId, Message::StationFolderNotMade) << "a file stands where a folder should";
     EXPECT_EQ(Left(), "file ");
     EXPECT_EQ(platform::StationFolderName(), station.Folder().string());
     EXPECT_EQ(ErrorOf([&] {
                   StationCreation::Create({false, "relative/folder", "M", "U"});
               }).messageId,
               Message::InvalidName);
+}
+
+TEST_F(StationCreationTest, AFileInPlaceOfTheFolder) {
+    std::ofstream(m_place / "new") << "no folder";
+    EXPECT_EQ(ErrorOf([&] { StationCreation::Create(WishesFor(false)); }).messageId, Message::NotAFolder);
+    EXPECT_EQ(Left(), "new ");
+}
+
+TEST_F(StationCreationTest, APlaceInWhichNothingCanBeMade) {
+    const NeskError error = ErrorOf([] { StationCreation::Create({false, "/proc/x", "M", "U"}); });
+    EXPECT_EQ(error.messageId, Message::StationFolderNotMade);
+    EXPECT_EQ(error.arguments, std::vector<std::string>{"/proc/x"});
+    EXPECT_EQ(platform::StationFolderName(), station.Folder().string());
 }
 
 TEST_F(StationCreationTest, AnotherUsersFolderIsRefusedAndNothingIsLeft) {
