@@ -186,6 +186,11 @@ void FormMessageBox::CopyText() {
 
 void FormMessageBox::OnKey(wxKeyEvent& event) {
     if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C') return CopyText();
+    // The captions have no access keys, but no two of a set begin with the same letter. Alt may be held as it
+    // is for an access key.
+    if (event.GetModifiers() == wxMOD_NONE || event.GetModifiers() == wxMOD_ALT)
+        for (const MessageBoxButton& button : m_layout.buttons)
+            if (button.caption.front() == event.GetKeyCode()) return Finish(button.resultCode);
     if (event.HasAnyModifiers()) return event.Skip();
     // Keys that no button needs scroll the text.
     switch (event.GetKeyCode()) {
@@ -204,9 +209,6 @@ void FormMessageBox::OnKey(wxKeyEvent& event) {
         if (m_layout.EscapeCode() != modMessageBox::Result::None) Finish(m_layout.EscapeCode());
         return;
     }
-    // The captions have no access keys, but no two of a set begin with the same letter.
-    for (const MessageBoxButton& button : m_layout.buttons)
-        if (button.caption.front() == event.GetKeyCode()) return Finish(button.resultCode);
     event.Skip();
 }
 

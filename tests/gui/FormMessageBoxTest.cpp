@@ -141,6 +141,15 @@ TEST_F(FormMessageBoxTest, TheFirstLetterOfAButtonPressesIt) {
     EXPECT_EQ(Show("Failed", 2, [](FormMessageBox&) { Press('I'); }), modMessageBox::Result::Ignore);
 }
 
+TEST_F(FormMessageBoxTest, SoDoesTheLetterWithAltAndWithNothingElse) {
+    EXPECT_EQ(Show("Question", 4, [](FormMessageBox&) { Press('N', wxMOD_ALT); }), modMessageBox::Result::No);
+    const std::int16_t result = Show("Question", 4, [](FormMessageBox& box) {
+        Press('N', wxMOD_CONTROL);
+        box.CallAfter([] { Press('Y'); });
+    });
+    EXPECT_EQ(result, modMessageBox::Result::Yes);
+}
+
 TEST_F(FormMessageBoxTest, ClosedWithoutAButtonIsNoAnswer) {
     EXPECT_EQ(Show("Question", 4, [](FormMessageBox& box) { box.Close(); }), modMessageBox::Result::None);
 }
