@@ -208,6 +208,9 @@ wxWindow* FormEditPart::MakeHelpFrame() {
     txtHistoryDir = add(cmdHistory, "txtHistoryDir", HistoryFolderText);
     txtHistoryTitle =
         add(NewLabel(Frame3, "lblHistoryTitle", TitleLabelText), "txtHistoryTitle", HistoryTitleText);
+    // The name of the file comes last.
+    txtHelpFile->KeepEndInView();
+    txtHistoryDir->KeepEndInView();
     // Without a folder of its own a part has the history of the options.
     txtHistoryDir->SetHint(modUtilities::ResText(DefaultHistoryText));
     frame->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, Gap()));

@@ -15,4 +15,15 @@ FormReadOnlyText::FormReadOnlyText(wxWindow* parent, const char* name, int width
     });
 }
 
+void FormReadOnlyText::KeepEndInView() {
+    const auto showEnd = [this](wxEvent& event) {
+        event.Skip();
+        // The box scrolls to where its cursor is.
+        SetInsertionPointEnd();
+    };
+    Bind(wxEVT_TEXT, showEnd);
+    // How much is seen is only known once the box has its size.
+    Bind(wxEVT_SIZE, showEnd);
+}
+
 } // namespace nesk

@@ -13,6 +13,9 @@ public:
     /// @param width  in device-independent pixels
     FormReadOnlyText(wxWindow* parent, const char* name, int width);
 
+    /// Shows the end of a text that is longer than the box from now on: of a path it says most.
+    void KeepEndInView();
+
     // On Windows the toolkit leaves such boxes out.
     bool AcceptsFocusFromKeyboard() const override { return AcceptsFocus(); }
 };

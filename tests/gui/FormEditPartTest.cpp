@@ -171,6 +171,8 @@ TEST_F(FormEditPartTest, HelpAndHistoryAreShown) {
                 << "it looks as if it cannot be edited";
             EXPECT_EQ(FromWx(box->GetToolTipText()), text);
         }
+        for (const wxTextCtrl* path : {dialog.txtHelpFile, dialog.txtHistoryDir})
+            EXPECT_EQ(path->GetInsertionPoint(), path->GetLastPosition()) << "its end is in view";
         PressButton(dialog.cmdCancel);
     });
     dialog.Edit(item);
