@@ -42,7 +42,7 @@ constexpr int UnreadableText = 34205; // %0% number, %1% description, %2% path, 
 constexpr int NextText = 34206;
 constexpr int SkipAllText = 34207;
 constexpr int UnreadableListText = 34208; // %0% number of them
-constexpr std::int32_t HelpTopic = 33004;
+constexpr std::int32_t HelpTopic = 33010;
 
 // Often enough to be seen moving, seldom enough to cost nothing.
 constexpr long ProgressMilliseconds = 50;

@@ -34,12 +34,13 @@ constexpr int MachineText = 34416;
 constexpr int UserText = 34417;
 constexpr int UsualText = 34418; // %0% folder
 constexpr int FolderPrompt = 34419;
+constexpr std::int32_t HelpTopic = 33011;
 constexpr int LongestLine = 460;
 
 } // namespace
 
 FormCreateStation::FormCreateStation(wxWindow* parent)
-    : FormDialog(parent, "FormCreateStation", TitleText, 0) {
+    : FormDialog(parent, "FormCreateStation", TitleText, HelpTopic) {
     wxStaticBoxSizer* kind = NewFrame("fraContent", ContentText);
     const auto newChoice = [&](const char* name, int textId, long style) {
         auto* choice = new wxRadioButton(kind->GetStaticBox(), wxID_ANY, ResText(textId), wxDefaultPosition,
