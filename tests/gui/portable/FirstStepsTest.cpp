@@ -9,7 +9,9 @@
 #include "shell/UiStationFolder.h"
 
 #include <filesystem>
+#include <fstream>
 
+#include <gtk/gtk.h>
 #include <wx/button.h>
 #include <wx/menu.h>
 
@@ -56,6 +58,35 @@ TEST_F(FirstStepsTest, AStationThatIsOpenedBringsItsSettings) {
     EXPECT_TRUE(window->Editor().IsOpen());
     EXPECT_EQ(window->GetMenuBar()->GetMenuCount(), 4u);
     ASSERT_TRUE(Click(window->mnuFileClose));
+}
+
+// What the button draws, not what it was told.
+std::string DrawnText(const wxButton& button) {
+    GtkWidget* const label = gtk_bin_get_child(GTK_BIN(button.GetHandle()));
+    if (!GTK_IS_LABEL(label) || gtk_widget_get_mapped(label) == FALSE) return "";
+    GtkAllocation room;
+    gtk_widget_get_allocation(label, &room);
+    int width = 0;
+    gtk_widget_get_preferred_width(label, nullptr, &width);
+    return room.width >= width ? gtk_label_get_text(GTK_LABEL(label)) : "";
+}
+
+TEST_F(FirstStepsTest, AStationWhoseSettingsAreDamagedLeavesTheButtonsTheirTexts) {
+    NeskRegistry::Instance().NeskRoot = "";
+    OpenWindow();
+    const std::filesystem::path damaged = station.Folder() / "damaged";
+    std::filesystem::create_directories(damaged / "drives" / "c");
+    std::ofstream(damaged / "registry.db") << std::string(5000, 'x');
+    SetStationFolderChooser([&](wxWindow*, int, const std::string&) { return damaged.string(); });
+    dialogs.Answer(wxID_OK);
+    Take(window->pgStart->cmdOpenStation);
+    EXPECT_EQ(platform::StationFolderName(), damaged.string());
+    EXPECT_TRUE(
+        WaitUntil([&] { return DrawnText(*window->pgStart->cmdChooseRoot) == "Choose the root folder..."; }));
+    EXPECT_TRUE(
+        WaitUntil([&] { return DrawnText(*window->pgStart->cmdCreateStation) == "Create a station..."; }));
+    EXPECT_TRUE(
+        WaitUntil([&] { return DrawnText(*window->pgStart->cmdOpenStation) == "Open another station..."; }));
 }
 
 TEST_F(FirstStepsTest, CallingOffChangesNothing) {
