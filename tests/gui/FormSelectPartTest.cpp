@@ -112,7 +112,7 @@ TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
         EXPECT_EQ(form.tvMain->Root()->Text(), LoadResString(32069));
         EXPECT_TRUE(form.tvMain->Root()->IsExpanded());
         // The repository itself, Brackets and the three parts.
-        EXPECT_EQ(FromWx(form.lblProgress->GetLabelText()), modStringRes::FormatResString(34201, 5));
+        EXPECT_EQ(FromWx(form.lblProgress->GetLabelText()), "Folders read: 5");
         EXPECT_EQ(FromWx(form.cmdSelectDrive->GetLabel()), LoadResString(32068));
         EXPECT_FALSE(form.tvMain->Window().GetCursor().IsSameAs(*wxHOURGLASS_CURSOR));
         EXPECT_FALSE(form.cmdOK->IsEnabled());
