@@ -12,21 +12,15 @@ namespace nesk {
 
 namespace {
 
-// Takes the item out of its parent and gives it another place. When there is no memory for it the item is
-// back where it was.
+// Takes the item out of its parent and gives it another place. When there is no room for it, nothing has
+// changed.
 void Transplant(MenuItem& item, MenuEntry& parent, std::int32_t counter, int position) {
-    MenuEntry& oldParent = *item.ParentMenu();
-    const std::int32_t oldCounter = item.Counter();
-    const int oldPosition = oldParent.SubMenus().PositionOf(item);
-    std::unique_ptr<MenuItem> taken = oldParent.SubMenus().Take(oldPosition);
-    try {
-        taken->SetPlace(parent, counter);
-        parent.SubMenus().Insert(position, std::move(taken));
-    } catch (...) {
-        taken->SetPlace(oldParent, oldCounter);
-        oldParent.SubMenus().Insert(oldPosition, std::move(taken));
-        throw;
-    }
+    MenuItemCollection& target = parent.SubMenus();
+    MenuItemCollection& siblings = item.ParentMenu()->SubMenus();
+    if (&target != &siblings) target.ReserveOne();
+    std::unique_ptr<MenuItem> taken = siblings.Take(siblings.PositionOf(item));
+    taken->SetPlace(parent, counter);
+    target.Insert(position, std::move(taken));
 }
 
 NeskError Refusal(int messageId, std::string argument = {}) {

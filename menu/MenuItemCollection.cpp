@@ -98,11 +98,15 @@ void MenuItemCollection::AddItemFromFile(BlockParser& parser) {
 }
 
 MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem>&& item) {
-    CheckRoom();
-    MakeRoom();
+    ReserveOne();
     m_counters.push_back(item->Counter());
     m_items.push_back(item.release());
     return *m_items.back();
+}
+
+void MenuItemCollection::ReserveOne() {
+    CheckRoom();
+    MakeRoom();
 }
 
 MenuItem& MenuItemCollection::Insert(int position, std::unique_ptr<MenuItem>&& item) {

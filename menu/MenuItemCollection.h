@@ -68,6 +68,10 @@ public:
     /// leaves the item to the caller then.
     MenuItem& Append(std::unique_ptr<MenuItem>&& item);
 
+    /// Makes room for one more child, so that the next Append or Insert cannot fail. Raises Overflow when
+    /// there are MaxCount children.
+    void ReserveOne();
+
     /// Puts an item back at a 1-based position. Its parent must be the owner. Bounds as for Item, Count + 1
     /// allowed.
     MenuItem& Insert(int position, std::unique_ptr<MenuItem>&& item);

@@ -338,7 +338,8 @@ TEST_F(MenuChangeTest, ACompoundThatFailsInItsMiddleChangesNothing) {
     std::vector<std::unique_ptr<MenuChange>> missing;
     missing.push_back(std::make_unique<CaptionChange>("R.2", "x"));
     missing.push_back(std::make_unique<RemoveChange>("R.9"));
-    EXPECT_FALSE(CompoundChange(std::move(missing)).Apply(menu, ignore));
+    CompoundChange failing(std::move(missing));
+    EXPECT_FALSE(failing.Apply(menu, ignore));
     EXPECT_EQ(Snapshot(), before);
     std::vector<std::unique_ptr<MenuChange>> refused;
     refused.push_back(std::make_unique<RemoveChange>("R.2"));
