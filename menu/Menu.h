@@ -23,8 +23,8 @@ public:
     const std::shared_ptr<Arena>& Memory() const { return m_memory; }
 
     const std::string& RootDirectory() const override { return m_rootDirectory; }
-    using MenuEntry::ParentMenu;
     const MenuEntry* ParentMenu() const override { return nullptr; }
+    MenuEntry* ParentMenu() override { return nullptr; }
 
     /// Reads a menu file into this root, which should be fresh: children that it has already stay. The
     /// history directory of each item read is registered with the operator interface. A missing file shows a

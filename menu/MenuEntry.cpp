@@ -64,14 +64,24 @@ std::int64_t MenuEntry::CountBelow() const {
 }
 
 const MenuEntry* MenuEntry::Find(const std::string& sKey) const {
-    const std::string own = ID();
-    if (!sKey.starts_with(own)) return nullptr;
-    std::string_view rest = std::string_view(sKey).substr(own.size());
-    const MenuEntry* entry = this;
+    return FindFrom(*this, sKey);
+}
+
+MenuEntry* MenuEntry::Find(const std::string& sKey) {
+    return FindFrom(*this, sKey);
+}
+
+// Works for const and for mutable entries.
+template <typename Entry>
+Entry* MenuEntry::FindFrom(Entry& first, const std::string& key) {
+    const std::string own = first.ID();
+    if (!key.starts_with(own)) return nullptr;
+    std::string_view rest = std::string_view(key).substr(own.size());
+    Entry* entry = &first;
     while (!rest.empty()) {
         const auto counter = MenuId::TakeCounter(rest);
         if (!counter || !entry->m_subMenus) return nullptr;
-        entry = entry->m_subMenus->FindCounter(*counter);
+        entry = entry->Children()->FindCounter(*counter);
         if (entry == nullptr) return nullptr;
     }
     return entry;

@@ -6,7 +6,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace nesk {
 
@@ -38,7 +37,7 @@ public:
 
     /// The entry above; null for the root.
     virtual const MenuEntry* ParentMenu() const = 0;
-    MenuEntry* ParentMenu() { return const_cast<MenuEntry*>(std::as_const(*this).ParentMenu()); }
+    virtual MenuEntry* ParentMenu() = 0;
 
     std::string ID() const;
 
@@ -59,9 +58,7 @@ public:
 
     /// The entry with this id at or below this one; null when there is none.
     const MenuEntry* Find(const std::string& sKey) const;
-    MenuEntry* Find(const std::string& sKey) {
-        return const_cast<MenuEntry*>(std::as_const(*this).Find(sKey));
-    }
+    MenuEntry* Find(const std::string& sKey);
 
     /// Releases the children and drops the collection.
     void Terminate();
@@ -86,6 +83,9 @@ protected:
     virtual std::int32_t CounterInParent() const = 0;
 
 private:
+    template <typename Entry>
+    static Entry* FindFrom(Entry& first, const std::string& key);
+
     friend class MenuItem; // which lies in its parent's arena
 
     Arena* m_arena = nullptr;

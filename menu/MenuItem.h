@@ -30,8 +30,8 @@ public:
     /// An item that is deleted leaves its room to the arena.
     static void operator delete(void*) noexcept {}
 
-    using MenuEntry::ParentMenu;
     const MenuEntry* ParentMenu() const override { return m_parent; }
+    MenuEntry* ParentMenu() override { return m_parent; }
     /// Sets the entry above alone: the item stays among the children where it is. Its id and its root
     /// directory follow the parent.
     void SetParentMenu(MenuEntry* parent) { m_parent = parent; }

@@ -144,6 +144,11 @@ const MenuItem* MenuItemCollection::FindCounter(std::int32_t counter) const {
     return index < m_items.size() ? m_items[index] : nullptr;
 }
 
+MenuItem* MenuItemCollection::FindCounter(std::int32_t counter) {
+    const std::size_t index = IndexOfCounter(counter);
+    return index < m_items.size() ? m_items[index] : nullptr;
+}
+
 void MenuItemCollection::RemoveItem(const MenuItem& item) {
     const int position = PositionOf(item);
     if (position != 0) Take(position)->Terminate();

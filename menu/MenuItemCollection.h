@@ -84,6 +84,7 @@ public:
 
     /// The child whose counter is given; null when there is none.
     const MenuItem* FindCounter(std::int32_t counter) const;
+    MenuItem* FindCounter(std::int32_t counter);
 
 private:
     static void* operator new(std::size_t size, Arena& arena) {

@@ -32,7 +32,6 @@
 namespace nesk {
 
 using modStringRes::LoadResString;
-using modUtilities::ResText;
 using modUtilities::ToWx;
 
 void FormMain::OnMenuReplaced() {

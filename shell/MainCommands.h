@@ -60,9 +60,9 @@ public:
 
 /// What decides which commands are enabled.
 struct MainCommandState {
-    bool isOpen;         ///< a menu is open
-    bool menuRootExists; ///< the menu root folder of the settings exists
-    MenuCommands entry;  ///< what makes sense for the selected entry
+    bool isOpen = false;         ///< a menu is open
+    bool menuRootExists = false; ///< the menu root folder of the settings exists
+    MenuCommands entry;          ///< what makes sense for the selected entry
 };
 
 /// All there is to a command: one row of the table that feeds menu bar, context menu and accelerators.

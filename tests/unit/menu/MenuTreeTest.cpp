@@ -15,7 +15,8 @@ class LateEntry final : public MenuEntry {
 public:
     LateEntry() { m_nextCounter = 2147483646; }
     const std::string& RootDirectory() const override { return m_none; }
-    MenuEntry* ParentMenu() const override { return nullptr; }
+    const MenuEntry* ParentMenu() const override { return nullptr; }
+    MenuEntry* ParentMenu() override { return nullptr; }
 
 protected:
     std::int32_t CounterInParent() const override { return 0; }
