@@ -74,6 +74,7 @@ std::string DrawnText(const wxButton& button) {
 TEST_F(FirstStepsTest, AStationWhoseSettingsAreDamagedLeavesTheButtonsTheirTexts) {
     NeskRegistry::Instance().NeskRoot = "";
     OpenWindow();
+    EXPECT_TRUE(WaitUntil([&] { return !DrawnText(*window->pgStart->cmdOpenStation).empty(); }));
     const std::filesystem::path damaged = station.Folder() / "damaged";
     std::filesystem::create_directories(damaged / "drives" / "c");
     std::ofstream(damaged / "registry.db") << std::string(5000, 'x');
@@ -81,12 +82,9 @@ TEST_F(FirstStepsTest, AStationWhoseSettingsAreDamagedLeavesTheButtonsTheirTexts
     dialogs.Answer(wxID_OK);
     Take(window->pgStart->cmdOpenStation);
     EXPECT_EQ(platform::StationFolderName(), damaged.string());
-    EXPECT_TRUE(
-        WaitUntil([&] { return DrawnText(*window->pgStart->cmdChooseRoot) == "Choose the root folder..."; }));
-    EXPECT_TRUE(
-        WaitUntil([&] { return DrawnText(*window->pgStart->cmdCreateStation) == "Create a station..."; }));
-    EXPECT_TRUE(
-        WaitUntil([&] { return DrawnText(*window->pgStart->cmdOpenStation) == "Open another station..."; }));
+    EXPECT_EQ(DrawnText(*window->pgStart->cmdChooseRoot), "Choose the root folder...");
+    EXPECT_EQ(DrawnText(*window->pgStart->cmdCreateStation), "Create a station...");
+    EXPECT_EQ(DrawnText(*window->pgStart->cmdOpenStation), "Open another station...");
 }
 
 TEST_F(FirstStepsTest, CallingOffChangesNothing) {
