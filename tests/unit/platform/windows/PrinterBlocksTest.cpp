@@ -184,7 +184,7 @@ protected:
     static bool IsMissing(const std::string&) { return false; }
 
     PrinterSetupResult Ask(PrinterExistsFunction exists = IsHere, HWND owner = nullptr) {
-        return AskForPrinter(owner, values, {"Printer setup", "Laser is missing"}, Answer, exists);
+        return AskForPrinter(owner, values, {"Printer setup", "Laser is missing", ""}, Answer, exists);
     }
 
     PrinterValues values = Chosen;
