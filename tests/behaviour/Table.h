@@ -7,25 +7,25 @@
 
 namespace nesk::behaviour {
 
-/// Writes what the station answers, a line an answer: the case's name, a tab, the answer. The same program
-/// does it on each kind of station; what both write has to be equal.
+/// Writes the answers of a station: one line for each case, with its name, a tab and the answer. The same
+/// program runs on each kind of station, and the outputs must be equal.
 class Table {
 public:
-    /// @param out      takes the lines
-    /// @param isWine   whether the system is Wine and not Windows
+    /// @param out      stream that the lines are written to
+    /// @param isWine   true on Wine, false on Windows
     Table(std::ostream& out, bool isWine) : m_out(out), m_isWine(isWine) {}
 
-    /// A case whose answer is the same everywhere.
+    /// Adds a case with the same answer on every system.
     void Add(std::string_view name, const std::string& answer);
     void Add(std::string_view name, std::int64_t answer) { Add(name, std::to_string(answer)); }
 
-    /// A case that Wine answers otherwise than Windows is documented to. Everywhere but on Wine the answer
-    /// has to be the documented one; there the documented one is written in its place.
-    /// @param why  what is documented, and what Wine does
+    /// Adds a case in which Wine differs from the documented behaviour of Windows. On any other system the
+    /// answer must be the documented one. On Wine the documented answer is written instead.
+    /// @param why  the documented behaviour, and what Wine does instead
     void AddDocumented(std::string_view name, const std::string& answer, const std::string& documented,
                        std::string_view why);
 
-    /// How many cases were not answered as documented.
+    /// Number of answers that differ from the documented ones.
     int Failures() const { return m_failures; }
 
 private:
@@ -34,7 +34,7 @@ private:
     int m_failures = 0;
 };
 
-/// Bytes as printable text: what is no printable ASCII, and "\", as \xx.
+/// Bytes as printable text. "\" and bytes that are not printable ASCII become \xx.
 std::string Shown(std::string_view bytes);
 
 // The groups of cases.

@@ -14,21 +14,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace nesk::fuzz {
 
-/// Ends the process, which is how a fuzzer learns of a fault, when a property does not hold.
+/// Aborts the process if a property does not hold. A fuzzer recognises a fault by the abort.
 inline void Require(bool holds, const char* property) {
     if (holds) return;
     std::fprintf(stderr, "property violated: %s (code page %d)\n", property, platform::CodePage());
     std::abort();
 }
 
-/// Larger inputs only make a run slow.
+/// Largest input that is run; larger ones only slow the run down.
 constexpr std::size_t LargestInput = 65536;
 
 inline std::string TextOf(const std::uint8_t* data, std::size_t size) {
     return {reinterpret_cast<const char*>(data), size};
 }
 
-/// Takes the first line, without its end, off an input.
+/// Removes the first line from an input and returns it without its line end.
 inline std::string TakeLine(std::string& input) {
     const std::size_t end = input.find('\n');
     std::string line = input.substr(0, end);
@@ -36,8 +36,8 @@ inline std::string TakeLine(std::string& input) {
     return line;
 }
 
-/// What every input runs in: a station of its own and one code page. Nothing of it is left afterwards, so
-/// that no input depends on those before.
+/// The environment of one input: its own station and one code page. Everything is removed afterwards, so no
+/// input depends on an earlier one.
 class Surroundings {
 public:
     explicit Surroundings(int languageId) { platform::SelectCodePage(languageId); }
@@ -48,8 +48,8 @@ public:
     TempStation station;
 };
 
-/// Runs an input of any content once with each kind of code page: western, with bytes that stand for nothing,
-/// with characters of two bytes. An input that is too large is left out.
+/// Runs an arbitrary input once with each kind of code page: a western one, one with undefined bytes and one
+/// with two-byte characters. An input that is too large is skipped.
 /// @param run  called with the surroundings and the input
 template <typename Run>
 int WithEachCodePage(const std::uint8_t* data, std::size_t size, Run run) {

@@ -18,15 +18,15 @@ class wxDialog;
 
 namespace nesk::testing {
 
-/// A modal dialog that came up.
+/// A modal dialog that was shown.
 struct ShownDialog {
     std::string title;
     std::string text;
     long style = 0;
 };
 
-/// Answers modal dialogs with what the test has announced, in that order, and records them. A dialog that
-/// nobody announced fails the test and is cancelled.
+/// Answers modal dialogs with the answers that the test announced, in that order, and records the dialogs. A
+/// dialog that was not announced fails the test and is cancelled.
 class DialogScript : public wxModalDialogHook {
 public:
     DialogScript() { Register(); }
@@ -56,26 +56,26 @@ protected:
     /// The menu file as it is on disk; "" when it is missing.
     std::string MenuOnDisk() const;
 
-    /// Makes the main window.
+    /// Opens the main window.
     void OpenWindow();
 
-    /// Gives a command as a click in the menu does. False when the command is disabled.
+    /// Runs a command as a click in the menu does. Returns false if the command is disabled.
     bool Click(const wxMenuItem* item);
 
-    /// Lets the window handle its events until nothing is left to do.
+    /// Processes pending events until none are left.
     static void Settle();
 
     /// Types a text, or presses a key, into the control that has the focus.
     static void Type(const std::string& text);
     static void Press(int key, int modifiers = 0);
 
-    /// Waits until a condition holds; false when it did not within five seconds.
+    /// Waits until a condition holds. Returns false if it does not hold within five seconds.
     static bool WaitUntil(const std::function<bool()>& condition);
 
     /// Selects an entry by its id.
     void Select(const std::string& id);
 
-    /// The captions in the tree view, one a line, indented by their level. Asks the view for all of them.
+    /// The captions in the tree view, one per line, indented by level. Queries the view for each of them.
     std::string TreeText() const;
 
     /// The view of the tree.
@@ -88,10 +88,10 @@ protected:
     void ClickRow(const std::string& id, int button = wxMOUSE_BTN_LEFT);
     void DoubleClickRow(const std::string& id);
 
-    /// True when a bar with a text is above the tree.
+    /// Returns true if a bar with a text is shown above the tree.
     static bool IsShown(const FormMain::InfoBar& bar);
 
-    /// A point in the middle of a row that can be seen, on the screen.
+    /// The middle of a visible row, in screen coordinates.
     wxPoint MiddleOf(const std::string& id) const;
 
     TempStation station;

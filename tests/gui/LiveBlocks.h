@@ -4,12 +4,12 @@
 
 namespace nesk::testing {
 
-/// How many objects made by new are alive in the whole program, those of the toolkit included; memory that C
-/// libraries take is not counted. Under AddressSanitizer, which has its own operators, always 0: there the
-/// check for leaks at the end of the program takes the place of this one.
+/// Number of live blocks allocated by operator new in the whole program, including those of wxWidgets. Memory
+/// that C libraries allocate is not counted. Always 0 under AddressSanitizer, which has its own operators and
+/// checks for leaks at the end of the program instead.
 std::size_t LiveBlocks();
 
-/// Whether LiveBlocks counts.
+/// Returns whether LiveBlocks counts.
 bool CountsLiveBlocks();
 
 } // namespace nesk::testing

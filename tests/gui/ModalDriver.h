@@ -7,9 +7,9 @@
 
 namespace nesk::testing {
 
-/// Does something with a modal dialog as soon as it is active, while the call that shows it is still waiting.
-/// The action has to end the dialog; a dialog that is open for more than five seconds is ended and fails the
-/// test.
+/// Runs an action on a modal dialog as soon as the dialog is active, while the call that shows it is still
+/// waiting. The action must end the dialog. A dialog that stays open for more than five seconds is ended and
+/// fails the test.
 class ModalDriver {
 public:
     ModalDriver(wxDialog& dialog, std::function<void()> act);
@@ -24,11 +24,12 @@ private:
     bool m_done = false;
 };
 
-/// Whether a modal dialog waits for an answer. Not every toolkit's IsModal tells: on Windows it holds until
-/// the call that showed the dialog has returned, although the dialog has its answer and is hidden.
+/// Returns whether a modal dialog is waiting for an answer. IsModal is not enough on every toolkit: on
+/// Windows it stays true until the call that showed the dialog returns, although the dialog is already
+/// answered and hidden.
 bool IsOpen(const wxDialog& dialog);
 
-/// Presses a button of a dialog. One that is missing, hidden or disabled fails the test.
+/// Presses a button of a dialog. A missing, hidden or disabled button fails the test.
 void PressButton(wxWindow* button);
 
 /// Presses a key in the control that has the focus.

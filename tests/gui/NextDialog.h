@@ -11,8 +11,8 @@
 
 namespace nesk::testing {
 
-/// Does something with the next modal dialog of a class, whoever opens it, as soon as it is active. The
-/// action has to end the dialog. A dialog that does not come within five seconds fails the test.
+/// Runs an action on the next modal dialog of a class as soon as it is active, no matter what opens it. The
+/// action must end the dialog. The test fails if no such dialog appears within five seconds.
 template <typename Form>
 class NextDialog {
 public:
@@ -30,7 +30,7 @@ private:
         for (wxWindow* window : wxTopLevelWindows) {
             auto* form = dynamic_cast<Form*>(window);
             if (form == nullptr || !IsOpen(*form) || !form->IsActive()) continue;
-            // The action may let events be handled, and so come here again.
+            // The action may process events and so reenter this function.
             const std::function<void(Form&)> act = std::exchange(m_act, nullptr);
             act(*form);
             return;

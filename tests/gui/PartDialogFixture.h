@@ -20,23 +20,23 @@ class wxChoice;
 
 namespace nesk::testing {
 
-/// A message box of the system that came up.
+/// A system message box that was shown.
 struct SystemBox {
     std::string title;
     std::string text;
 };
 
-/// Drives real modal dialogs on a fresh station, also those that open another: what is to be done with each
-/// is announced before it comes up. The boxes of the system are answered without being shown; the program's
-/// own messages go to the recorder of CoreTest. A dialog that nobody announced fails the test and is
-/// cancelled.
+/// Drives real modal dialogs on a fresh station, including dialogs that open others. The test announces the
+/// action for each dialog before it is shown. System message boxes are answered without being shown. The
+/// program's own messages go to the recorder of CoreTest. A dialog that was not announced fails the test and
+/// is cancelled.
 class PartDialogTest : public CoreTest {
 protected:
     PartDialogTest();
     ~PartDialogTest() override;
 
-    /// Announces what is done with the next dialog of a class, as soon as it is there and active, and ready
-    /// where that is asked for. A dialog that it opens in turn is announced after it.
+    /// Announces the action for the next dialog of a class. It runs as soon as the dialog is active and, if
+    /// given, `ready` returns true. Announce a dialog that the action opens after this one.
     template <typename Form>
     void WhenShown(const std::string& name, std::function<void(Form&)> act,
                    std::function<bool(const Form&)> ready = nullptr) {
@@ -52,16 +52,16 @@ protected:
                            }});
     }
 
-    /// Announces a message box of the system and the answer to it.
+    /// Announces a system message box and the answer to it.
     void ExpectSystemBox(int answer = wxID_OK) { m_boxAnswers.push_back(answer); }
 
     /// Announces a file dialog and the Windows path chosen in it; "" when it is cancelled.
     void ChooseFile(const std::string& path) { m_files.push_back(path); }
 
-    /// Presses a button as a click does. One that is missing, hidden or disabled fails the test.
+    /// Presses a button as a click does. A missing, hidden or disabled button fails the test.
     static void Click(wxButton* button);
 
-    /// Clicks with the mouse into a control, near its right end, and handles what follows.
+    /// Clicks into a control near its right end and processes the resulting events.
     static void ClickInto(const wxWindow& control);
 
     /// Types a text, or presses a key, into the control that has the focus.
@@ -71,21 +71,22 @@ protected:
     /// Pastes a text into the control that has the focus.
     static void Paste(const std::string& text);
 
-    /// Handles events until a condition holds; false when it did not within five seconds.
+    /// Processes events until a condition holds. Returns false if it does not hold within five seconds.
     static bool WaitUntil(const std::function<bool()>& condition);
 
-    /// Handles the events that are there.
+    /// Processes the pending events.
     static void Settle();
 
-    /// Names of the controls in the order in which Tab visits them, one blank between them, starting at the
-    /// control that has the focus and ending before it comes again.
+    /// Names of the controls in the order in which Tab visits them, separated by spaces. The list starts at
+    /// the control that has the focus and ends before that control is visited again.
     static std::string TabOrder();
 
-    /// What TabOrder calls a drop-down list: "-" where the list keeps from the toolkit that it has the focus.
+    /// The name that TabOrder uses for a drop-down list: "-" if the list does not report its focus to
+    /// wxWidgets.
     static std::string FocusName(const wxChoice& list);
 
-    std::vector<SystemBox> boxes;         ///< message boxes of the system that came up
-    std::vector<std::string> fileDialogs; ///< "title|folder|name|filter" of each file dialog that came up
+    std::vector<SystemBox> boxes;         ///< system message boxes that were shown
+    std::vector<std::string> fileDialogs; ///< "title|folder|name|filter" of each file dialog that was shown
 
 private:
     struct Step {
@@ -116,7 +117,7 @@ private:
     std::deque<std::string> m_files;
     std::deque<int> m_boxAnswers;
     int m_idleTicks = 0;
-    platform::OpenFileDialogFunction m_fileDialog; // what was there before
+    platform::OpenFileDialogFunction m_fileDialog; // function that was set before
     wxTimer m_timer;
     Hook m_hook{*this};
 };

@@ -7,7 +7,7 @@
 
 namespace nesk::testing {
 
-/// Takes the place of the system's help viewer and notes what it is asked to show.
+/// Replaces the system's help viewer and records what it is asked to show.
 class HelpRecorder {
 public:
     explicit HelpRecorder(const TempStation& station);
@@ -15,24 +15,25 @@ public:
     HelpRecorder(const HelpRecorder&) = delete;
     HelpRecorder& operator=(const HelpRecorder&) = delete;
 
-    /// The topic that was asked for, as decimal text; "contents" for the table of contents. Waits some
-    /// seconds for a viewer that runs beside the program; "" when it was not called.
+    /// The requested topic as decimal text; "contents" for the table of contents; "" if the viewer was not
+    /// called. Waits some seconds, because a viewer may run in a process of its own.
     std::string Shown() const;
 
 #ifndef NESK_PORTABLE_STATION
-    /// What each call asked for, as Shown tells it. On the portable station a call ends the viewer of the one
-    /// before, which may not have come to note anything.
+    /// What each call requested, in the format of Shown. On the portable station a call ends the viewer of
+    /// the previous call, which may not have recorded its request yet.
     std::vector<std::string> Calls() const;
 #endif
 
-    /// Whether the viewer was called, without waiting.
+    /// Returns whether the viewer was called, without waiting.
     bool WasCalled() const;
 
 private:
     std::filesystem::path m_log;
 };
 
-/// Takes the place of the operator interface's part-information editor. Until it is installed there is none.
+/// Replaces the operator interface's part-information editor. Until Install is called, no editor is
+/// available.
 class PartInfoRecorder {
 public:
     explicit PartInfoRecorder(const TempStation& station);
@@ -40,14 +41,14 @@ public:
     PartInfoRecorder(const PartInfoRecorder&) = delete;
     PartInfoRecorder& operator=(const PartInfoRecorder&) = delete;
 
-    /// An editor that notes its arguments and gives the part the name "Renamed".
-    /// @param iniPath  Windows path of the partinfo.ini that it writes
+    /// Installs an editor that records its arguments and renames the part to "Renamed".
+    /// @param iniPath  Windows path of the partinfo.ini that the editor writes
     void Install(const std::string& iniPath);
 
-    /// An editor that fails.
+    /// Installs an editor that fails.
     void InstallFailing();
 
-    /// The three arguments of the last call, a "|" after each; "" when there was none.
+    /// The three arguments of the last call, each followed by "|"; "" if there was no call.
     std::string Log() const;
 
 private:

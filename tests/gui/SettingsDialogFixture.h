@@ -18,8 +18,8 @@
 
 namespace nesk::testing {
 
-/// A fresh station in English with empty settings, a recorder of messages, and keys typed into the dialog
-/// that is shown. A message that a test did not announce fails it.
+/// A fresh station in English with empty settings, a message recorder, and functions that type keys into the
+/// dialog that is shown. A message that was not announced fails the test.
 class SettingsDialogTest : public CoreTest {
 protected:
     SettingsDialogTest() {
@@ -28,7 +28,7 @@ protected:
     }
     ~SettingsDialogTest() override { NeskRegistry::Instance() = NeskRegistry(); }
 
-    /// Lets the dialog handle what has arrived.
+    /// Processes the pending events of the dialog.
     static void Settle() {
         for (int i = 0; i < 10; ++i) {
             while (wxEventLoop::GetActive()->Pending())
@@ -38,7 +38,7 @@ protected:
         }
     }
 
-    /// Waits until a condition holds; false when it did not in that time.
+    /// Waits until a condition holds. Returns false if it does not hold within the given time.
     static bool WaitUntil(const std::function<bool()>& condition, long milliseconds = 3000) {
         const wxStopWatch watch;
         while (!condition()) {

@@ -9,11 +9,11 @@ class wxWindow;
 
 namespace nesk::testing {
 
-/// What a control draws, with its children.
+/// A picture of a control and its children as they are drawn.
 wxImage Drawn(wxWindow& window);
 
-/// Whether the picture of this key (FormIcons.h) is drawn in the row of a node, which must be in view and not
-/// selected.
+/// Returns whether the picture with this key (FormIcons.h) is drawn in the row of a node. The row must be
+/// visible and not selected.
 bool HasIcon(platform::TreeView& tree, const platform::TreeNode& node, std::string_view key);
 
 } // namespace nesk::testing

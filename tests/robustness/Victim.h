@@ -6,11 +6,11 @@
 
 namespace nesk::testing {
 
-/// This program in a second process, which saves again and again, tells so and is killed.
+/// This program in a second process, which saves repeatedly, reports each save and is killed.
 class Victim {
 public:
-    /// Starts it.
-    /// @param arguments  what its main gets; behind them comes the number of the descriptor for SaveProgress
+    /// Starts the process.
+    /// @param arguments  arguments of its main; the number of the descriptor for SaveProgress is appended
     explicit Victim(std::vector<std::string> arguments);
     ~Victim();
     Victim(const Victim&) = delete;
@@ -19,13 +19,14 @@ public:
     /// Waits until the first save begins.
     void WaitForSave();
 
-    /// Waits until a number of saves has ended.
+    /// Waits until a number of saves have ended.
     void WaitForEnds(int saves);
 
-    /// Ends it by SIGKILL. False when it had ended by itself, which it never should.
+    /// Kills the process by SIGKILL. Returns false if it had already ended by itself, which must never
+    /// happen.
     bool Kill();
 
-    /// Known after Kill.
+    /// Valid after Kill.
     int Begun() const { return m_begun; }
     int Ended() const { return m_ended; }
 
@@ -38,7 +39,7 @@ private:
     int m_ended = 0;
 };
 
-/// The victim's side: tells that a save begins or has ended.
+/// The victim's side: reports the begin and the end of each save.
 class SaveProgress {
 public:
     explicit SaveProgress(const std::string& descriptor);

@@ -20,8 +20,8 @@ struct ShownMessage {
     std::string title;
 };
 
-/// A fresh station in English, and a recorder in place of the message box. A test that gets a message which
-/// it did not announce fails.
+/// A fresh station in English, with a recorder instead of the message box. A message that was not announced
+/// fails the test.
 class CoreTest : public ::testing::Test {
 protected:
     CoreTest() {
@@ -46,7 +46,7 @@ protected:
         platform::SelectCodePage(1033);
     }
 
-    /// Announces a message and its answer.
+    /// Announces a message and the answer to it.
     void Expect(std::int16_t answer = modMessageBox::Result::Ok) { m_answers.push_back(answer); }
 
     std::vector<ShownMessage> messages;

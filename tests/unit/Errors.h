@@ -7,7 +7,7 @@
 
 namespace nesk::testing {
 
-/// The error that a call raises; fails the test when it raises none.
+/// Returns the error that a call throws; fails the test if it throws none.
 template <typename Call>
 NeskError ErrorOf(Call call) {
     try {

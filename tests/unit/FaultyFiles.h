@@ -15,21 +15,21 @@ namespace nesk::testing {
 
 /// Which operations fail, and how.
 struct Fault {
-    int first = 0; ///< 1-based number of the first operation that fails; 0 for none
+    int first = 0; ///< 1-based number of the first operation that fails; 0 for no failure
     int code = platform::ErrorCode::DiskFull;
     bool lasting = false; ///< every later operation fails as well
-    bool done = false;    ///< the operation is carried out and fails all the same, as when an answer is lost
+    bool done = false;    ///< the operation is carried out but reports a failure, as when a reply is lost
 };
 
-/// The station's files, some operations of which fail. Writes down what is asked of them.
+/// The station's files with injected failures. Records the operations that are requested.
 class FaultyFiles final : public platform::FileSystem {
 public:
     explicit FaultyFiles(Fault fault = {}) : m_fault(fault) {}
 
-    /// From now on everything works.
+    /// Stops the failures: from now on every operation works.
     void Mend() { m_fault = {}; }
 
-    /// Forgets the operations so far, and has those fail from now on that `fault` tells.
+    /// Clears the recorded operations and uses `fault` for the following ones.
     void Restart(Fault fault = {}) {
         m_fault = fault;
         m_operations.clear();
@@ -39,10 +39,10 @@ public:
     /// Called before each operation with its 1-based number.
     std::function<void(int)> before;
 
-    /// The operations asked for, in their order.
+    /// The requested operations, in order.
     const std::vector<std::string>& Operations() const { return m_operations; }
 
-    /// Those that failed because they were to fail.
+    /// The operations that failed on purpose.
     const std::vector<std::string>& Failed() const { return m_failed; }
 
     int Attributes(const std::string& path, std::uint32_t& attributes) override {
@@ -95,7 +95,7 @@ public:
         return Run("replace", [&] { return m_files.Replace(path, replacement); });
     }
 
-    /// Searches that were destroyed before they had come to their end.
+    /// Searches that were destroyed before they reached their end.
     int searchesLeftOpen = 0;
 
 private:
@@ -139,7 +139,7 @@ private:
         Writer(FaultyFiles& owner, std::unique_ptr<platform::FileWriter> file)
             : m_owner(owner), m_file(std::move(file)) {}
         int Write(std::string_view bytes) override {
-            // A disk that is full takes a part of what it is given.
+            // A full disk writes a part of the bytes.
             return m_owner.Run(
                 "write", [&] { return m_file->Write(bytes); },
                 [&] { m_file->Write(bytes.substr(0, bytes.size() / 2)); });
@@ -148,7 +148,7 @@ private:
             return m_owner.Run("flush", [&] { return m_file->Flush(); });
         }
         int Close() override {
-            // A file is closed even when its last bytes cannot be written.
+            // A file is closed even if its last bytes cannot be written.
             return m_owner.Run(
                 "close", [&] { return m_file->Close(); }, [&] { m_file->Close(); });
         }
@@ -158,7 +158,7 @@ private:
         std::unique_ptr<platform::FileWriter> m_file;
     };
 
-    // Runs an operation, or fails in its place after `failing`.
+    // Runs an operation, or runs `failing` instead and returns the code of the fault.
     int Run(const char* name, const std::function<int()>& operation,
             const std::function<void()>& failing = {}) {
         m_operations.push_back(name);

@@ -10,7 +10,7 @@
 
 namespace nesk::testing {
 
-/// What a file of the station holds; "" when there is none.
+/// Contents of a file of the station; "" if it is missing.
 /// @param windowsPath  for example "C:\\Data\\file.txt"
 inline std::string FileBytes(const std::string& windowsPath) {
     std::ostringstream bytes;
@@ -18,7 +18,7 @@ inline std::string FileBytes(const std::string& windowsPath) {
     return bytes.str();
 }
 
-/// The names in a folder of the station, in their order, one blank between them.
+/// The names in a folder of the station, sorted and separated by spaces.
 inline std::string FilesIn(const std::string& windowsFolder) {
     std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(TempStation::Host(windowsFolder)))

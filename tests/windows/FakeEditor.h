@@ -5,19 +5,19 @@
 
 #include <oleauto.h>
 
-// COM's interfaces have no virtual destructor; objects delete themselves.
+// COM interfaces have no virtual destructor, because objects delete themselves.
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// Stands in for the operator interface's part-information editor: a COM object with the method "EditPIF",
-/// which writes its three arguments into the file that NESK_TEST_EDITPIF_LOG names, the number of its calls
-/// into the one that NESK_TEST_EDITPIF_CALLS names, and gives the part the name "Renamed". It takes its
+/// A stand-in for the operator interface's part-information editor: a COM object with the method "EditPIF".
+/// The method writes its three arguments into the file that NESK_TEST_EDITPIF_LOG names and the number of its
+/// calls into the file that NESK_TEST_EDITPIF_CALLS names, and renames the part to "Renamed". It accepts its
 /// arguments by reference only.
 ///
-/// While NESK_TEST_EDITPIF_FAIL is set the method fails. NESK_TEST_EDITPIF_GONE makes the object answer once
-/// as one whose process has ended: "find" when it is asked for its method, "call" when that is called.
+/// The method fails while NESK_TEST_EDITPIF_FAIL is set. NESK_TEST_EDITPIF_GONE makes the object respond once
+/// as if its process had ended: "find" when it is asked for its method, "call" when the method is called.
 namespace fakes {
 
-/// Class that is registered for the editor, and that of an object without the method.
+/// Class id of the editor, and class id of an object without the method.
 constexpr CLSID EditorClass = {0x6f0c6f7e, 0x9b52, 0x4c2c, {0x8f, 0x14, 0x3d, 0x6a, 0x35, 0xe0, 0xc5, 0xb1}};
 constexpr CLSID OtherClass = {0x6f0c6f7e, 0x9b52, 0x4c2c, {0x8f, 0x14, 0x3d, 0x6a, 0x35, 0xe0, 0xc5, 0xb2}};
 
@@ -37,7 +37,7 @@ inline void WriteWhole(const std::wstring& path, const std::wstring& text) {
     CloseHandle(file);
 }
 
-/// No text at all is an empty one, as COM has it.
+/// In COM a null string is an empty string.
 inline std::wstring TextOf(BSTR text) {
     return std::wstring(text != nullptr ? text : L"", SysStringLen(text));
 }
@@ -63,7 +63,7 @@ public:
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
         if (IsGone(L"find")) return RPC_E_DISCONNECTED;
-        // Names match without regard to case, as late binding asks for.
+        // Names match without regard to case, as late binding requires.
         if (!m_hasMethod || count != 1 || lstrcmpiW(names[0], L"EDITPIF") != 0) return DISP_E_UNKNOWNNAME;
         return *ids = EditPif, S_OK;
     }
@@ -71,7 +71,7 @@ public:
                                      EXCEPINFO*, UINT*) override {
         if (id != EditPif) return DISP_E_MEMBERNOTFOUND;
         if ((flags & DISPATCH_METHOD) == 0 || parameters->cArgs != 3) return DISP_E_BADPARAMCOUNT;
-        // The last argument stands first.
+        // Arguments are stored in reverse order: the last one comes first.
         const VARIANT& folder = parameters->rgvarg[2];
         const VARIANT& path = parameters->rgvarg[1];
         const VARIANT& language = parameters->rgvarg[0];

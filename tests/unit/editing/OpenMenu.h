@@ -4,8 +4,8 @@
 
 namespace nesk::testing {
 
-/// The open menu, to be changed past its editor: for a state that no edit leads to, a text that cannot be
-/// stored for example.
+/// Gives write access to the open menu and bypasses its editor. Used for states that no edit can reach, such
+/// as a text that cannot be stored.
 inline Menu& OpenMenuOf(MenuEditor& editor) {
     return const_cast<Menu&>(*editor.OpenMenu());
 }

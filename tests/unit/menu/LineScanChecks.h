@@ -10,8 +10,8 @@
 
 namespace nesk::testing {
 
-/// A text in a buffer of exactly the size that LineScan needs, so that the sanitizers see it read too far.
-/// Zeros follow the text, which end every search.
+/// A text in a buffer of exactly the size that LineScan needs, so that the sanitizers detect reads past it.
+/// The zeros after the text end every search.
 class PaddedText {
 public:
     explicit PaddedText(std::string_view text)
@@ -28,15 +28,15 @@ private:
     std::size_t m_size;
 };
 
-/// Compares the functions that the reader uses with the scalar ones, from one place of a text on.
-/// @return the name of the first function that answers otherwise; "" when all agree
+/// Compares the functions that the reader uses with the scalar ones, starting at one offset of a text.
+/// @return the name of the first function whose result differs; "" if all agree
 inline std::string LineScanDifference(const PaddedText& text, std::size_t from) {
     using namespace LineScan;
     const char* const first = text.At(from);
     const char* const last = text.End();
     if (LineScan::SkipBlanks(first) != Scalar::SkipBlanks(first)) return "SkipBlanks";
     if (LineScan::SkipPrintable(first) != Scalar::SkipPrintable(first)) return "SkipPrintable";
-    // With the end of the text and with one before it, after which there may be more to find.
+    // Search up to the end of the text, and up to an earlier end after which more matches may follow.
     for (const char* const end : {last, first + (last - first) / 2}) {
         if (LineScan::FindEquals(first, end) != Scalar::FindEquals(first, end)) return "FindEquals";
         if (LineScan::FindLineEnd(first, end) != Scalar::FindLineEnd(first, end)) return "FindLineEnd";
@@ -45,7 +45,7 @@ inline std::string LineScanDifference(const PaddedText& text, std::size_t from) 
     for (std::size_t length = 0; length <= most; ++length) {
         if (LineScan::HasLowerCase(first, length) != Scalar::HasLowerCase(first, length))
             return "HasLowerCase";
-        // The text at the place itself, and one that differs from it in its last character.
+        // Compare with the text at this offset, and with a copy whose last character differs.
         std::string start(first, length);
         for (int change = 0; change < 2; ++change) {
             const LineStart line(start, "");

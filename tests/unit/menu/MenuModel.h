@@ -17,17 +17,17 @@ struct TextRules;
 
 /// An entry of a menu and everything below it, as plain values.
 struct ModelEntry {
-    int key = 0; ///< stays when the entry moves and its id changes; 0 for the root
+    int key = 0; ///< unchanged when the entry moves and its id changes; 0 for the root
     std::string id;
     std::string caption;
     std::string menuType; ///< "" for the root
-    PartFields fields;    ///< of which the root has a graphic alone
+    PartFields fields;    ///< the root uses only the graphic
     std::vector<ModelEntry> children;
 
     bool IsPart() const { return !menuType.empty() && (menuType[0] == 'P' || menuType[0] == 'p'); }
 };
 
-/// What the open menu should be: the simplest program that could do the same edits.
+/// A reference model of the open menu: the simplest program that supports the same edits.
 class MenuModel {
 public:
     MenuModel() { Clear(); }
@@ -35,9 +35,9 @@ public:
     /// A menu without entries.
     void Clear();
 
-    /// An entry and where it stands.
+    /// An entry and its position.
     struct Place {
-        ModelEntry* entry = nullptr; ///< null when there is no such entry
+        ModelEntry* entry = nullptr; ///< null if there is no such entry
         ModelEntry* parent = nullptr;
         std::size_t index = 0; ///< among the children of `parent`
     };
@@ -48,7 +48,7 @@ public:
     /// Ids of all entries, in display order.
     std::vector<std::string> Ids() const;
 
-    /// Each answers whether it is possible; nothing has changed otherwise.
+    /// Each returns whether the edit is possible. An edit that is not possible changes nothing.
     bool Add(const std::string& parentId, const std::string& caption, std::string_view type);
     bool Remove(const std::string& id);
     bool Move(const std::string& id, bool up);
@@ -57,20 +57,21 @@ public:
     bool SetGraphic(const std::string& id, const std::string& graphic);
     bool SetPart(const std::string& id, const PartFields& fields);
 
-    /// Number of the message that refuses a move; 0 when it is possible or an entry is missing.
+    /// Number of the message that refuses a move; 0 if the move is possible or an entry is missing.
     int MoveRefusal(const std::string& id, const std::string& parentId);
 
-    /// Id that Add or MoveTo gave last.
+    /// Id that Add or MoveTo assigned last.
     const std::string& LastId() const { return m_lastId; }
 
-    /// Goes back or forward to a tree that this model had; ids that were given since stay used.
+    /// Restores an earlier or later tree of this model. Ids assigned since then stay used.
     void Restore(const ModelEntry& root) { m_root = root; }
 
-    /// The tree takes the way through a file: texts come back as the rules say, ids are counted anew.
-    /// @param histories  gets the history directories in the order in which the reader meets them
+    /// Changes the tree as saving and loading it does: texts are converted by the rules, ids are counted
+    /// anew.
+    /// @param histories  receives the history directories in the order in which the reader reads them
     void PassThroughFile(const TextRules& rules, std::vector<std::string>& histories);
 
-    /// True when no text changes on the way through a file.
+    /// Returns true if saving and loading changes no text.
     bool IsUnchangedByFile(const TextRules& rules) const;
 
 private:
@@ -79,14 +80,14 @@ private:
     void PassBelow(ModelEntry& entry, const TextRules& rules, std::vector<std::string>& histories);
 
     ModelEntry m_root;
-    // Ids are never given twice while a menu is open, so what was taken back still counts.
-    std::map<int, int> m_used; // by the key of the parent
+    // Ids are never reused while a menu is open, so entries whose addition was undone still count.
+    std::map<int, int> m_used; // indexed by the key of the parent
     int m_lastKey = 0;
     std::string m_lastId;
 };
 
-/// The first thing in which a menu is not what the model says, for a message; "" when they are the same. Also
-/// looks at what the model has not: parents, and that every entry is found by its id.
+/// Describes the first difference between a menu and the model, for a failure message; "" if they are equal.
+/// Also checks what the model does not store: parents, and that every entry is found by its id.
 std::string FirstDifference(const MenuEntry& menu, const ModelEntry& model);
 
 } // namespace nesk::testing

@@ -9,7 +9,7 @@
 
 namespace nesk::testing {
 
-/// Random numbers that are the same on every machine and with every compiler.
+/// A random number generator with the same sequence on every machine and with every compiler.
 class Random {
 public:
     explicit Random(unsigned seed) : m_engine(seed) {}
@@ -17,7 +17,7 @@ public:
     /// A number from 0 to `limit` - 1.
     std::size_t Below(std::size_t limit) { return static_cast<std::size_t>(m_engine()) % limit; }
 
-    /// True in one of `count` cases.
+    /// Returns true in one of `count` cases on average.
     bool OneIn(std::size_t count) { return Below(count) == 0; }
 
     template <typename T>
@@ -29,33 +29,33 @@ private:
     std::mt19937 m_engine;
 };
 
-/// What the texts of a menu are made of under one language, and what becomes of them.
+/// The pieces that menu texts are made of under one language, and how saving and loading changes them.
 struct TextRules {
     int languageId;
 
-    /// What a menu can hold.
+    /// Pieces that a menu can store.
     std::vector<std::string> pieces;
-    /// What makes a text one that is refused because it would break out of its line.
+    /// Pieces that make a text refused because it would break out of its line.
     std::vector<std::string> lineBreaks;
-    /// What makes a text one that is refused because the code page has no place for it.
+    /// Pieces that make a text refused because the code page cannot encode it.
     std::vector<std::string> notEncodable;
-    /// What a file gives back as something else. A byte that was typed in as one that cannot be decoded, but
-    /// can be, comes back as its character.
+    /// Pieces that a file returns as something else. A byte that was typed in as undecodable, but can be
+    /// decoded, is read back as its character.
     std::vector<std::pair<std::string, std::string>> readBack;
 
-    /// Number of the message of the refusal of a text; 0 for one that a menu can hold.
+    /// Number of the message that refuses a text; 0 for a text that a menu can store.
     int Refusal(std::string_view text) const;
 
-    /// How a text that a menu can hold comes back from a file: a tab is a blank there, and blanks around a
-    /// value are not part of it.
+    /// A storable text as it is read back from a file: tabs become spaces, and spaces around a value are
+    /// removed.
     std::string AfterFile(std::string text) const;
 
-    /// A text of a few pieces, now and then one that is refused.
+    /// Makes a text of a few pieces; now and then one that is refused.
     std::string Make(Random& random) const;
 };
 
-/// Western European, Greek, which has bytes that stand for nothing, and Japanese, which has characters of two
-/// bytes. Where the code page is the system's own there is no choosing: use Western alone.
+/// Western European; Greek, which has undefined bytes; and Japanese, which has two-byte characters. Use only
+/// Western where the code page is the system's own and cannot be chosen.
 TextRules WesternTexts();
 TextRules GreekTexts();
 TextRules JapaneseTexts();

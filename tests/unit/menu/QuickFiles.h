@@ -13,7 +13,7 @@
 
 namespace nesk::testing {
 
-/// The station's files, which never wait for the disk: thousands of saves take the time of some.
+/// The station's files without waiting for the disk, which makes thousands of saves fast.
 class QuickFiles final : public platform::FileSystem {
 public:
     int Attributes(const std::string& path, std::uint32_t& attributes) override {
@@ -38,7 +38,7 @@ public:
     int CopyAccessRights(const std::string& from, const std::string& to) override {
         return m_files.CopyAccessRights(from, to);
     }
-    // Some file systems write a file to the disk that takes the place of another, so the other goes first.
+    // Some file systems flush a file that replaces another one, so the other file is removed first.
     int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
         const std::filesystem::path target = TempStation::Host(copy);
         std::error_code error;

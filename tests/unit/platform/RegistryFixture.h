@@ -21,10 +21,10 @@ protected:
 
     static Registry& Reg() { return StationRegistry(); }
 
-    /// The key that paths begin at.
+    /// The key that paths are relative to.
     static RegKey Root() { return s_root; }
 
-    /// Opens a key, creating what is missing; 0 and a failure when that is not possible.
+    /// Opens a key and creates its missing parts; returns 0 and fails the test if that is not possible.
     static RegKey Create(const std::string& path, RegKey parent = Root(),
                          std::uint32_t access = RegAccess::ReadWrite) {
         RegKey key = 0;
@@ -33,7 +33,7 @@ protected:
         return key;
     }
 
-    /// The result of opening a key, which is closed again.
+    /// The result of opening a key. The key is closed again.
     static int OpenResult(const std::string& path, std::uint32_t access = RegAccess::ReadWrite) {
         RegKey key = 1;
         const int result = Reg().OpenKey(Root(), path, access, key);
@@ -51,7 +51,7 @@ protected:
         return Reg().SetValue(key, name, type, data);
     }
 
-    /// The data of a value; nothing when there is none.
+    /// The data of a value; nothing if the value is missing.
     static std::optional<std::string> Get(RegKey key, const std::string& name) {
         std::uint32_t size = 0;
         if (Reg().QueryValue(key, name, nullptr, nullptr, &size) != ErrorCode::Success) return std::nullopt;
@@ -85,8 +85,8 @@ protected:
     static inline RegKey s_root = LocalMachine;
 };
 
-/// The same for the tests of either kind of station. They begin at a key of their own: Windows lets nobody
-/// make any directly below the real root.
+/// The same fixture for tests that run on both kinds of station. They use a key of their own, because Windows
+/// does not allow creating keys directly below the real root.
 class RegistryKeyFixture : public RegistryFixture {
 protected:
     RegistryKeyFixture() { s_root = Create("SOFTWARE\\Quarndale\\Test"); }

@@ -8,8 +8,8 @@
 
 namespace nesk::testing {
 
-/// Writes a language library as this kind of station loads it.
-/// @param strings  what it holds, in UTF-8
+/// Writes a language library in the format that this kind of station loads.
+/// @param strings  the strings of the library, in UTF-8
 void WriteStringLibrary(TempStation& station, const std::string& windowsPath,
                         const std::map<std::uint16_t, std::string>& strings);
 

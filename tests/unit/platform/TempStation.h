@@ -5,11 +5,11 @@
 
 namespace nesk {
 
-/// A station of a test's own, in use for as long as the object lives: empty settings, an empty drive C:.
+/// A temporary station for one test, in use while the object lives: empty settings and an empty drive C:.
 ///
-/// On Windows that is the machine itself, so tests run there in a throw-away Wine prefix only: without the
-/// variable NESKMANAGER_TEST_PREFIX the constructor throws. Drive C: holds the system's folders as well; what
-/// lies beside them is removed at the end.
+/// On Windows the station is the machine itself, so tests run there only in a throw-away Wine prefix: without
+/// the variable NESKMANAGER_TEST_PREFIX the constructor throws. Drive C: also contains the system's folders.
+/// Everything else on it is removed at the end.
 class TempStation {
 public:
     TempStation();
@@ -17,20 +17,20 @@ public:
     TempStation(const TempStation&) = delete;
     TempStation& operator=(const TempStation&) = delete;
 
-    /// A scratch folder of the host, removed at the end. On a station that is a folder it is that folder.
+    /// A scratch folder of the host, removed at the end. If the station is a folder, it is that folder.
     const std::filesystem::path& Folder() const { return m_folder; }
 
-    /// Where the host has a file of the station.
+    /// Path of a station's file on the host.
     /// @param windowsPath  for example "C:\\Data\\file.txt"
     static std::filesystem::path Host(const std::string& windowsPath);
 
     /// Adds an empty drive.
     void AddDrive(char letter);
 
-    /// Writes a file, with the folders and the drive that it needs.
+    /// Writes a file and creates the folders and the drive that it needs.
     void Write(const std::string& windowsPath, const std::string& bytes);
 
-    /// Leaves the station before the end: what looks for its settings finds none.
+    /// Stops using the station before the end: its settings are no longer found.
     void Leave();
 
     /// Makes the settings unusable until the end.
@@ -38,7 +38,7 @@ public:
 
 private:
     std::filesystem::path m_folder;
-    std::string m_drives; // those added
+    std::string m_drives; // the added ones
 };
 
 } // namespace nesk

@@ -15,11 +15,12 @@
 
 namespace nesk::testing {
 
-/// How an action in a process of its own ended.
+/// How an action in a child process ended.
 enum class ChildEnd { Good, Failed, NotPossible };
 
-/// Runs `action` in a process of its own, in which nothing that it changes lasts. Its failures are told there
-/// and make the answer Failed; NotPossible when it answers false because the system does not let it go on.
+/// Runs `action` in a child process, so its changes do not last. The child prints its test failures, and the
+/// result is then Failed. The result is NotPossible if the action returns false because the system does not
+/// allow it to continue.
 inline ChildEnd InChildProcess(const std::function<bool()>& action) {
     constexpr int FailedCode = 1;
     constexpr int NotPossibleCode = 77;
@@ -36,8 +37,8 @@ inline ChildEnd InChildProcess(const std::function<bool()>& action) {
     return WEXITSTATUS(status) == 0 ? ChildEnd::Good : ChildEnd::Failed;
 }
 
-/// Lets this process, which ends soon, use so much more memory than it does now. The sanitizers end a program
-/// that asks for more: with them there is no limit.
+/// Limits this process, which must end soon, to `megabytes` more memory than it uses now. Sets no limit under
+/// the sanitizers, which end a program that exceeds it.
 inline void LimitMemory([[maybe_unused]] rlim_t megabytes) {
 #ifndef __SANITIZE_ADDRESS__
     rlim_t pages = 0;
@@ -47,7 +48,7 @@ inline void LimitMemory([[maybe_unused]] rlim_t megabytes) {
     ASSERT_EQ(0, ::getrlimit(RLIMIT_AS, &limit));
     limit.rlim_cur = pages * static_cast<rlim_t>(::sysconf(_SC_PAGESIZE));
     ASSERT_EQ(0, ::setrlimit(RLIMIT_AS, &limit));
-    // What was used before and given back would come on top.
+    // Fill memory that was freed but is still mapped; it would come on top of the limit.
     constexpr std::size_t Piece = std::size_t{1} << 20;
     static std::vector<std::unique_ptr<char[]>> taken;
     try {
@@ -60,7 +61,7 @@ inline void LimitMemory([[maybe_unused]] rlim_t megabytes) {
 #endif
 }
 
-/// Makes this process that of a user whom access rights bind; nothing to do where it is one already.
+/// Changes this process to a user whom access rights restrict. Does nothing if it already runs as one.
 inline void BecomePlainUser() {
     constexpr unsigned Nobody = 65534;
     if (::geteuid() != 0) return;

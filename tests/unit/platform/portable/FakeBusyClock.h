@@ -6,7 +6,7 @@
 
 namespace nesk::testing {
 
-/// As long as it lives, the registry waits by this clock: waiting for another program takes no real time.
+/// A fake clock for the registry's waits while it lives: waiting for another program takes no real time.
 class FakeBusyClock final : public platform::portable::BusyClock {
 public:
     FakeBusyClock() { platform::portable::UseBusyClock(this); }
@@ -22,17 +22,17 @@ public:
         if (whenSlept) whenSlept();
     }
 
-    /// Lets time pass in which the registry does not wait.
+    /// Advances the time without a wait of the registry.
     void Advance(std::chrono::milliseconds time) { m_now += time; }
 
-    /// How long the registry has waited in all.
+    /// Total time that the registry has waited.
     std::chrono::milliseconds Slept() const { return m_slept; }
 
-    /// Called after each wait: what other programs do meanwhile.
+    /// Called after each wait, to do what other programs do during it.
     std::function<void()> whenSlept;
 
 private:
-    // Like the system's clock, it does not begin at 0.
+    // Does not start at 0, like the system's clock.
     std::chrono::steady_clock::time_point m_now{std::chrono::hours(1)};
     std::chrono::milliseconds m_slept{0};
 };

@@ -4,8 +4,8 @@
 
 namespace nesk::testing {
 
-/// Registers the stand-ins for the part-information editor that lie beside the tests, under names of the
-/// tests' own, for as long as it lives.
+/// Registers the stand-ins for the part-information editor, which are next to the tests, under names of the
+/// tests' own while it lives.
 class ComRegistration {
 public:
     ComRegistration() = default;
@@ -13,17 +13,17 @@ public:
     ComRegistration(const ComRegistration&) = delete;
     ComRegistration& operator=(const ComRegistration&) = delete;
 
-    /// Registers both objects, in the place of what was registered before.
-    /// @param file  name of a module beside the tests
+    /// Registers both objects and replaces an earlier registration.
+    /// @param file  name of a module next to the tests
     void Add(const std::wstring& file);
 
-    /// Removes the classes; their names stay.
+    /// Removes the classes; their program ids stay registered.
     void RemoveClasses();
 
-    /// Name of the editor.
+    /// Program id of the editor.
     const wchar_t* ProgramId() const { return L"NeskTest.EditPIF"; }
 
-    /// Name of an object that does not have the editor's method.
+    /// Program id of an object that does not have the editor's method.
     const wchar_t* OtherProgramId() const { return L"NeskTest.Other"; }
 };
 

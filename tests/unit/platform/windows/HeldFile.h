@@ -6,11 +6,11 @@
 
 namespace nesk::testing {
 
-/// A file that another process has open for reading, for as long as the object lives.
+/// A file that another process keeps open for reading while the object lives.
 class HeldFile {
 public:
-    /// @param sharing  what others may do meanwhile: "read", "write", "delete", with blanks between; "" for
-    /// nothing
+    /// @param sharing  what other programs may do while it is open: "read", "write", "delete", separated by
+    /// spaces; "" for nothing
     explicit HeldFile(const std::string& windowsPath, const std::string& sharing = "");
     ~HeldFile();
     HeldFile(const HeldFile&) = delete;

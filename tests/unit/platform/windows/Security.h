@@ -2,14 +2,14 @@
 
 #include <string>
 
-/// Who may do what with a file or a registry key, in the system's own notation of access lists, as
+/// Access lists of files and registry keys in the system's own notation (SDDL), such as
 /// "D:P(A;;FA;;;BA)(A;;FR;;;WD)".
 namespace nesk::testing {
 
 std::string AccessListOf(const std::string& windowsPath);
 void SetAccessList(const std::string& windowsPath, const std::string& list);
 
-/// The same of a key below HKEY_LOCAL_MACHINE.
+/// Access list of a key below HKEY_LOCAL_MACHINE.
 std::string KeyAccessListOf(const std::string& key);
 void SetKeyAccessList(const std::string& key, const std::string& list);
 
