@@ -17,7 +17,7 @@ bool IsWordCharacter(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
-// The numbers of the blocks 32000 and 34000 that stand alone in a line of code.
+// Adds the numbers of the blocks 32000 and 34000 in a line of code. Digits inside a longer word do not count.
 void AddNumbers(const std::string& line, std::set<int>& numbers) {
     for (std::size_t at = 0; at < line.size();) {
         if (!IsWordCharacter(line[at])) {
@@ -35,7 +35,7 @@ void AddNumbers(const std::string& line, std::set<int>& numbers) {
     }
 }
 
-// Every number of a text that the sources name: the constants of Messages.h, and those of single windows.
+// Every text number that the sources use: the constants of Messages.h and those of single windows.
 std::set<int> NumbersInSources() {
     std::set<int> numbers;
     for (const char* folder : {"shell", "menu", "settings", "partedit"}) {
@@ -46,7 +46,7 @@ std::set<int> NumbersInSources() {
                 AddNumbers(line.substr(0, line.find("//")), numbers);
         }
     }
-    // The largest number of children is no text.
+    // The largest number of children is not a text number.
     numbers.erase(32767);
     numbers.erase(32768);
     return numbers;

@@ -102,7 +102,8 @@ TEST_F(SafeFileTest, AFailureAtAnyStep) {
         FaultyFiles files({static_cast<int>(step)});
         const NeskError error = ErrorOf([&] { Save("new version", {BackupPath, true}, files); });
         std::vector<std::string> asked(steps.begin(), steps.begin() + static_cast<int>(step));
-        // Whether it is the file that cannot be read decides which name the user hears.
+        // After a failed copy the file is opened to check whether it can be read, because that decides which
+        // name the message contains.
         if (name == "copy") asked.push_back("open");
         if (name == "write" || name == "flush") asked.push_back("close");
         if (name != "create") asked.push_back("remove");
@@ -113,7 +114,7 @@ TEST_F(SafeFileTest, AFailureAtAnyStep) {
         EXPECT_EQ(error.arguments.at(0), copying ? BackupPath : Path) << name;
         EXPECT_NE(modUtilities::MessageText(error).find(Path), std::string::npos) << name;
         EXPECT_EQ(FileBytes(Path), "old version") << name;
-        // The copy is made just before the last step and then holds the version that stays.
+        // The backup is made just before the last step and then contains the version that stays.
         EXPECT_EQ(FileBytes(BackupPath), name == "replace" ? "old version" : "older version") << name;
         EXPECT_EQ(FilesIn(Folder), "menu.cfg menu.cfg.bak") << name;
     }
@@ -174,7 +175,7 @@ TEST_F(SafeFileTest, WhatStandsThereAndCannotBeLookedAtIsNotReplaced) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// The operator interface may run as another user, who has to read a menu that was just made.
+// The operator interface may run as another user, who must be able to read a new menu.
 TEST_F(SafeFileTest, ANewFileHasTheUsualRightsOnceItIsWhole) {
     using fs::perms;
     constexpr perms own = perms::owner_read | perms::owner_write;
@@ -190,7 +191,7 @@ TEST_F(SafeFileTest, ANewFileHasTheUsualRightsOnceItIsWhole) {
     EXPECT_EQ(fs::status(Host(Path)).permissions(), own | perms::group_read);
 }
 
-// Those of Windows are tested in platform/windows/MenuOnWindowsTest.cpp.
+// The rights on Windows are tested in platform/windows/MenuOnWindowsTest.cpp.
 TEST_F(SafeFileTest, AccessRightsSurvive) {
     using fs::perms;
     const auto rights = perms::owner_read | perms::owner_write | perms::group_read;
@@ -277,7 +278,7 @@ TEST_F(SafeFileTest, WhatMayStillBeInUseIsLeftAlone) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows does not tell who made a file; what is an hour old is tested in
+// Windows does not report which process made a file. Removing files older than an hour is tested in
 // platform/windows/FileReplaceTest.cpp.
 TEST_F(SafeFileTest, WhatAKilledSaveLeftIsRemoved) {
     station.Write(Path, "old");

@@ -31,7 +31,7 @@ std::vector<std::string> IdsOf(const MenuEntry& entry) {
     return ids;
 }
 
-// All that an entry holds, on one line.
+// All fields of an entry on one line.
 std::string Describe(const MenuEntry& entry) {
     std::string text = entry.ID();
     const auto add = [&](std::string_view field) { text.append("|").append(field); };
@@ -66,19 +66,19 @@ protected:
             m_editor.AddPart("R.1", caption);
         m_editor.AddPart("R", "Housing");
         m_editor.AddSubmenu("R", "Covers");
-        // So that the history begins here.
+        // The history starts at this version.
         m_editor.Save(Path);
         m_editor.Open(Folder, Path);
     }
 
-    // How many changes can be taken back.
+    // Number of changes that can be undone.
     std::size_t Made() const { return m_editor.History().UndoNames().size(); }
 
     void OnMenuReplaced() override {}
     void OnMenuEvent(const MenuEvent& event) override { m_lastEvent = event; }
     void OnStateChanged() override {}
 
-    // Everything of the tree: ids, texts and order.
+    // The whole tree: ids, texts and order.
     std::string Snapshot() {
         std::string text;
         for (const std::string& id : IdsOf(*m_editor.OpenMenu()))
@@ -86,7 +86,7 @@ protected:
         return text;
     }
 
-    // The bytes of the tree's file.
+    // The bytes of the file that the tree is saved to.
     std::string SavedBytes() {
         const std::string copy = Folder + "\\copy.cfg";
         m_editor.OpenMenu()->SaveToFile(copy);
@@ -330,7 +330,7 @@ TEST_F(MenuChangeTest, AGroupIsOneChange) {
     EXPECT_EQ(Made(), 1u);
 }
 
-// A change that is made of others is made as a whole or not at all.
+// A compound change is made completely or not at all.
 TEST_F(MenuChangeTest, ACompoundThatFailsInItsMiddleChangesNothing) {
     const std::string before = Snapshot();
     Menu& menu = nesk::testing::OpenMenuOf(m_editor);
@@ -360,7 +360,7 @@ TEST_F(MenuChangeTest, TakingBackRegistersNothing) {
     EXPECT_FALSE(RegEntry().TestKey("Neskworks\\Historys"));
 }
 
-// The memory of texts that were replaced is freed by a save once it is large.
+// A save frees the memory of replaced texts once it is large.
 TEST_F(MenuChangeTest, ASaveFreesMuchDeadMemory) {
     constexpr std::size_t Limit = 1'000'000;
     MenuEditor editor(platform::StationFiles(), Limit);

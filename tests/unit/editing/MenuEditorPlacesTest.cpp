@@ -24,7 +24,7 @@ constexpr const char* Good = "BLOCK MENU\r\n\tCAPTION=good\r\n\tGRAPHIC=\r\nEND\
 constexpr const char* Theirs = "BLOCK MENU\r\n\tCAPTION=theirs\r\nEND\r\n";
 constexpr const char* Damaged = "BLOCK MENU\nCAPTION=damaged\nerror\nEND\n";
 
-// Where a menu is saved and what becomes of the version that was there.
+// Where a menu is saved, and what happens to the previous version.
 class MenuEditorPlacesTest : public nesk::testing::CoreTest {
 protected:
     MenuEditorPlacesTest() {
@@ -37,7 +37,7 @@ protected:
         m_editor.Open(Folder, Path);
     }
 
-    // Writes what another program saved, at 14:32:05 on 22 November 2026 of local time.
+    // Writes a file as another program would, at 14:32:05 on 22 November 2026 of local time.
     void WriteTheirs(const std::string& path, const std::string& bytes) {
         station.Write(path, bytes);
         std::tm local{};
@@ -52,7 +52,7 @@ protected:
         fs::last_write_time(TempStation::Host(path), std::chrono::file_clock::from_sys(time));
     }
 
-    // Saves as the main window does when the user agrees to everything.
+    // Saves as the main window does if the user agrees to everything.
     void SavePlanned(const std::string& path) { m_editor.Save(path, m_editor.PlanSave(path)); }
 
     MenuEditor m_editor;
@@ -138,7 +138,7 @@ TEST_F(MenuEditorPlacesTest, AVersionOfSomebodyElseIsKeptForGood) {
     EXPECT_EQ(FileBytes(Path + ".bak"), mine) << "as usual again";
     EXPECT_EQ(FileBytes(plan.backup.path), Theirs);
 
-    // The next one of the same second gets a number.
+    // A second copy made in the same second gets a number.
     WriteTheirs(Path, "another one of theirs");
     SavePlanned(Path);
     EXPECT_EQ(FileBytes(plan.backup.path), Theirs);
@@ -167,14 +167,14 @@ TEST_F(MenuEditorPlacesTest, EqualBytesKeepTheOlderBackup) {
     m_editor.Save(Path);
     EXPECT_EQ(FileBytes(Path + ".bak"), Good) << "two saves without a change";
     EXPECT_EQ(FileBytes(Path), first);
-    // A change that is taken back is none either, but the menu is clean afterwards.
+    // A change and its reversal write nothing either, but leave the menu clean.
     m_editor.SetCaption("R", "second");
     m_editor.SetCaption("R", "first");
     ASSERT_TRUE(m_editor.IsDirty());
     SavePlanned(Path);
     EXPECT_FALSE(m_editor.IsDirty());
     EXPECT_EQ(FileBytes(Path + ".bak"), Good);
-    // What is not on the disk any more has to be written all the same.
+    // A version that is no longer on the disk must be written nevertheless.
     WriteTheirs(Path, Theirs);
     m_editor.Save(Path);
     EXPECT_EQ(FileBytes(Path), first);

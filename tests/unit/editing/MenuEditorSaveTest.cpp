@@ -66,7 +66,7 @@ TEST_F(MenuEditorSaveTest, SavingToAnotherPlace) {
     EXPECT_NE(FileBytes(Folder + "\\other.cfg").find("CAPTION=other"), std::string::npos);
 }
 
-// A file without its last lines is read without an error, but it may be the front of a longer one.
+// A file without its last lines is read without an error, but it may be a truncated longer file.
 TEST_F(MenuEditorSaveTest, AFileThatMayHaveBeenCutOffIsKept) {
     const std::string item = "BLOCK SUBMENU\r\nCAPTION=A\r\n";
     for (const std::string& cut : {"BLOCK MENU\r\n" + item, "BLOCK MENU\r\n" + item + "END\r\n",
@@ -176,7 +176,7 @@ TEST_F(MenuEditorSaveTest, WithoutAMenuRoot) {
     EXPECT_TRUE(m_editor.IsDirty());
 }
 
-// Every way in which a save can fail here leaves the file, the menu and the flags as they were.
+// Every save that fails here leaves the file, the menu and the flags unchanged.
 TEST_F(MenuEditorSaveTest, AFailedSave) {
     const auto writeProtect = [] { fs::permissions(Host(Path), fs::perms::owner_read); };
     const auto blockBackup = [] { fs::create_directory(Host(Path + ".bak")); };
@@ -209,7 +209,7 @@ TEST_F(MenuEditorSaveTest, AFailedSave) {
         EXPECT_EQ(m_editor.CheckSave(Path), SaveHazard::None) << row.name;
         EXPECT_EQ(FileBytes(Path), Good) << row.name;
         EXPECT_EQ(FilesIn(Folder), files) << row.name;
-        // Windows would not let the protected file be removed for the next row.
+        // Windows refuses to remove the protected file before the next row.
         fs::permissions(Host(Path), fs::perms::owner_write, fs::perm_options::add);
     }
 }

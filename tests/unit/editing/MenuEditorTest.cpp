@@ -19,7 +19,7 @@ using Texts = std::vector<std::string>;
 const std::string Folder = "C:\\Neskroot";
 const std::string Path = Folder + "\\menu.cfg";
 
-// Writes down what it hears: "opened", "closed", "added R.1 in R at 1", "moved R.1 in R at 2", "removed R.1",
+// Records the events: "opened", "closed", "added R.1 in R at 1", "moved R.1 in R at 2", "removed R.1",
 // "edited R.1", and "dirty" or "clean" for a change of state.
 class Recorder : public MenuEditorListener {
 public:
@@ -40,7 +40,7 @@ public:
 
     void OnStateChanged() override { m_heard.push_back(m_editor.IsDirty() ? "dirty" : "clean"); }
 
-    // What was heard since the last call.
+    // The events since the last call.
     Texts Take() { return std::exchange(m_heard, {}); }
 
 private:
@@ -66,7 +66,7 @@ protected:
         m_recorder.Take();
     }
 
-    // Runs `call` and expects that nothing happens: nothing heard, nothing dirty.
+    // Runs `call` and expects that nothing happens: no event, no change.
     template <typename Call>
     void ExpectNoChange(Call call) {
         call();

@@ -98,7 +98,7 @@ TEST_F(SavePlaceTest, AFileThatCannotBeReadIsNoChangeByAnotherProgram) {
     const NeskError error = ErrorOf([&] { SavePlace::Question(m_editor, Old, m_editor.PlanSave(Old)); });
     EXPECT_EQ(error.number, RuntimeError::PermissionDenied);
     EXPECT_EQ(error.arguments, (std::vector<std::string>{Old}));
-    // It can be read again, and so the menu can be saved.
+    // The path can be read again, so the menu can be saved.
     fs::remove(TempStation::Host(Old));
     station.Write(Old, Good);
     EXPECT_EQ(SavePlace::Question(m_editor, Old, m_editor.PlanSave(Old)), std::nullopt);
@@ -129,7 +129,7 @@ TEST_F(SavePlaceTest, ARootFolderThatIsGone) {
     EXPECT_EQ(error.number, RuntimeError::PathNotFound);
     EXPECT_EQ(error.messageId, Message::RootGone);
     EXPECT_EQ(error.arguments, (std::vector<std::string>{"C:\\Gone"}));
-    // Whoever opens a menu has none to save.
+    // A user who opens a menu has nothing to save, so the message differs.
     const NeskError opening = ErrorOf([&] { SavePlace::Origin(m_settings); });
     EXPECT_EQ(opening.number, RuntimeError::PathNotFound);
     EXPECT_EQ(opening.messageId, Message::StartRootGoneText);
@@ -145,7 +145,7 @@ TEST_F(SavePlaceTest, AStationFolderThatIsGoneIsNamed) {
     EXPECT_EQ(error.messageId, Message::StationGone);
     EXPECT_EQ(error.arguments, (std::vector<std::string>{station.Folder().string()}));
     EXPECT_EQ(ErrorOf([&] { SavePlace::Origin(m_settings); }).messageId, Message::StartNoStationText);
-    // It is back, and so the menu can be saved.
+    // The station folder is back, so the menu can be saved.
     fs::rename(away, station.Folder());
     EXPECT_EQ(SavePlace::Target(m_settings), Old);
     m_editor.SetCaption("R", "still here");

@@ -5,7 +5,7 @@
 namespace nesk {
 namespace {
 
-// A change that does nothing and takes some room.
+// A change that does nothing and uses some memory.
 class Idle final : public MenuChange {
 public:
     explicit Idle(std::size_t bytes) : m_bytes(bytes) {}

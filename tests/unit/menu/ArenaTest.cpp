@@ -14,7 +14,7 @@ TEST(ArenaTest, TextsStayAsTheyWere) {
     Arena arena;
     std::vector<std::string_view> kept;
     std::vector<std::string> texts;
-    // Lengths around those at which blocks end and texts get blocks of their own.
+    // Lengths around the end of a block, and around the size from which a text gets a block of its own.
     for (const std::size_t length : std::initializer_list<std::size_t>{0, 1, 7, 100, 2047, 2048, 2049, 8191,
                                                                        8192, 8193, 300000, 3000000})
         for (char c = 'a'; c <= 'z'; ++c)

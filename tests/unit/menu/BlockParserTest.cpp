@@ -19,7 +19,7 @@ using Lines = std::vector<std::string>;
 const std::string Path = "C:\\block.cfg";
 constexpr std::size_t BufferSize = std::size_t{1} << 18;
 
-// A parser that can stand far behind the beginning of a file.
+// A parser that can continue at a high line number.
 class LateParser final : public BlockParser {
 public:
     using BlockParser::BlockParser;
@@ -28,8 +28,9 @@ public:
 
 class BlockParserTest : public nesk::testing::CoreTest {
 protected:
-    // What the parser tells of a file, each token behind its line number: "1 BLOCK TYPE/name", "2 KEY=value",
-    // "3 END", "4 ?" for a syntax error. It must be the same whether keys are expected or not.
+    // The tokens that the parser reads from a file, each after its line number: "1 BLOCK TYPE/name", "2
+    // KEY=value", "3 END", "4 ?" for a syntax error. The tokens must be the same with and without expected
+    // keys.
     Lines Read(const std::string& bytes) {
         station.Write(Path, bytes);
         BlockParser parser;
@@ -64,7 +65,7 @@ protected:
         }
     }
 
-    // Lines made of what the parser tells apart, as many as give at least `size` bytes.
+    // Random lines of the pieces that the parser distinguishes, at least `size` bytes in total.
     static std::string RandomLines(unsigned seed, std::size_t size) {
         static const std::array<std::string, 22> pieces{
             "A=",      "KEY=",   "CAPTION=", "a=",       "OTHER=",
@@ -77,7 +78,7 @@ protected:
         std::string bytes;
         while (bytes.size() < size) {
             bytes += pieces[random() % pieces.size()];
-            // What the program itself writes, so that expected keys are met one after the other.
+            // Lines as the program itself writes them, so that expected keys follow one another.
             if (random() % 8 == 0)
                 bytes += "\r\n\tA=1\r\n\tKEY=two words\r\n\tCAPTION=\r\nEND\r\nBLOCK MENU\r\n";
         }
@@ -103,7 +104,7 @@ TEST_F(BlockParserTest, Lines) {
         const char* line;
         const char* token;
     } table[] = {
-        // Key and value: the "=" decides before everything else.
+        // Key and value: "=" is recognised before everything else.
         {"CAPTION=Parts", "CAPTION=Parts"},
         {"caption = Parts", "CAPTION=Parts"},
         {"CAPTION=", "CAPTION="},
@@ -119,7 +120,7 @@ TEST_F(BlockParserTest, Lines) {
         {"BLOCK MENU=x", "BLOCK MENU=x"},
         {"END=", "END="},
         {"\tA\t=\tb\tc\t", "A=b c"},
-        // Blanks and tabs alone are trimmed.
+        // Only spaces and tabs are trimmed.
         {"A=\vx\f", "A=\vx\f"},
         {"\fA\v=x", "\fA\v=x"},
         {"A=\xA0x\xA0", "A=\xC2\xA0x\xC2\xA0"},
@@ -128,7 +129,7 @@ TEST_F(BlockParserTest, Lines) {
          "e=Gr\xFC\xDF"
          "e",
          "GRÜßE=Grüße"},
-        // End of a block: that word alone.
+        // End of a block: only this word.
         {"END", "END"},
         {"end", "END"},
         {"eNd", "END"},
@@ -212,10 +213,10 @@ TEST_F(BlockParserTest, ControlBytesAreData) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows has one code page, the system's own.
+// Windows has only one code page, the system's own.
 TEST_F(BlockParserTest, BytesThatCannotBeDecodedSurvive) {
     platform::SelectCodePage(1041);
-    // 82 A0 is a character of this code page; 82 alone, FD and A0 are none.
+    // 82 A0 is a character of this code page; a single 82, FD and A0 are not.
     const std::string bytes = "\x82\xA0-\xFD-\x82";
     station.Write(Path, "A\xFD=" + bytes + "\r\n");
     BlockParser parser;
@@ -311,7 +312,7 @@ TEST_F(BlockParserTest, AFileThatCannotBeOpened) {
 }
 
 TEST_F(BlockParserTest, LinesAreCountedUpToTheLargestNumber) {
-    // One line of each kind that is read in a way of its own.
+    // One line of each kind that is read differently.
     station.Write(Path, "BLOCK MENU\r\nA=1\r\nKEY=2\r\nEND\r\nBLOCK MENU\r\n\r\n");
     LateParser parser(Expected);
     parser.OpenFile(Path, false);
@@ -329,7 +330,7 @@ TEST_F(BlockParserTest, LinesAreCountedUpToTheLargestNumber) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows does not list what a program has open.
+// Windows does not list the files that a program has open.
 TEST_F(BlockParserTest, NoFileStaysOpen) {
     namespace fs = std::filesystem;
     const auto handles = [] {

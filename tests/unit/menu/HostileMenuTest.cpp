@@ -30,7 +30,7 @@ protected:
 TEST_F(HostileMenuTest, EveryByteInAValue) {
     std::string value;
     for (int byte = 0; byte < 256; ++byte) {
-        // A tab counts as a blank, and a line end ends the value.
+        // A tab counts as a space, and a line end ends the value.
         if (byte == '\t' || byte == '\r' || byte == '\n') continue;
         value += std::string("x") + static_cast<char>(byte) + "x";
     }
@@ -70,7 +70,7 @@ TEST_F(HostileMenuTest, AByteOrderMarkIsNoMenu) {
     }
 }
 
-// A file that was cut loads as far as it goes, or tells which line was cut.
+// A truncated file loads as far as it goes, or the error names the truncated line.
 TEST_F(HostileMenuTest, AFileThatIsCutAnywhere) {
     const std::string whole = "BLOCK MENU\r\n\tCAPTION=Main\r\n\tGRAPHIC=a.bmp\r\n"
                               "\tBLOCK SUBMENU\r\n\t\tCAPTION=A\r\n\t\tHELPTOPIC=12\r\n"
@@ -84,9 +84,9 @@ TEST_F(HostileMenuTest, AFileThatIsCutAnywhere) {
         const auto line = static_cast<int>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
         if (!failure) {
             ++good;
-            // The last line needs no end of its own.
+            // The last line needs no line end.
             EXPECT_EQ(m_editor.IsIncomplete(), size < whole.size() - 2) << size;
-            // What was read can be saved and read again.
+            // The part that was read can be saved and read again.
             m_editor.Save(Path);
             EXPECT_FALSE(m_editor.Open(Folder, Path).has_value()) << size;
             continue;

@@ -61,7 +61,7 @@ TEST_F(HugeMenuTest, AMillionLevelsAreEditedAndTakenBack) {
     ASSERT_NE(m_editor.Find(deepest + ".1"), nullptr);
     EXPECT_EQ(m_editor.Find(deepest)->Caption(), "deepest");
     EXPECT_TRUE(m_editor.Redo());
-    // The change owns half a million levels now.
+    // The undo history now owns half a million levels.
     m_editor.Close();
     EXPECT_FALSE(m_editor.IsOpen());
 }
@@ -105,13 +105,13 @@ TEST_F(HugeMenuTest, AValueOfAHundredMegabytes) {
     const std::string value(100'000'000, 'v');
     ASSERT_FALSE(OpenWith("BLOCK MENU\nCAPTION=" + value + "\nEND\n").has_value());
     EXPECT_TRUE(m_editor.Find("R")->Caption() == value);
-    const std::string other = Folder + "\\other.cfg"; // which needs no backup
+    const std::string other = Folder + "\\other.cfg"; // a new file, which needs no backup
     m_editor.Save(other);
     EXPECT_TRUE(FileBytes(other) == "BLOCK MENU\r\n\tCAPTION=" + value + "\r\n\tGRAPHIC=\r\nEND\r\n");
 }
 
 TEST_F(HugeMenuTest, AValueOfManyCharactersThatTheCodePageLacks) {
-    // Each byte takes four in memory.
+    // Each byte takes four bytes in memory.
     ASSERT_FALSE(OpenWith("BLOCK MENU\nGRAPHIC=" + std::string(3'000'000, '\x81') + "\nEND\n").has_value());
     m_editor.SetCaption("R", "x");
     ExpectSavedAndReadAlike();
@@ -126,7 +126,7 @@ TEST_F(HugeMenuTest, KeysAndBlocksOfMegabytes) {
     EXPECT_EQ(OpenWith(word + "\n")->messageId, Message::BlockSyntax);
 }
 
-// A message box with the whole of such a text could not be shown.
+// A message box with the whole text could not be shown.
 TEST_F(HugeMenuTest, ErrorsShowTheBeginningOfALongText) {
     const auto failure =
         OpenWith("BLOCK MENU\nBLOCK SUBMENU\nHELPTOPIC=" + std::string(10'000'000, 'x') + "\nEND\nEND\n");

@@ -15,7 +15,7 @@ const std::string Path = "C:\\lines.txt";
 
 class LineReaderTest : public nesk::testing::CoreTest {
 protected:
-    // All lines of a file of these bytes, "~" in front of one that is not plain.
+    // All lines of a file with these bytes, with "~" before a line that is not plain.
     std::vector<std::string> Lines(const std::string& bytes) {
         station.Write(Path, bytes);
         LineReader reader(std::make_unique<FileSource>(Path));
@@ -52,7 +52,7 @@ TEST_F(LineReaderTest, OnlyPrintableAsciiIsPlain) {
         const char c = static_cast<char>(byte);
         if (c == '\r' || c == '\n') continue;
         const bool plain = byte >= 0x20 && byte < 0x80;
-        // In each place of the sixteen that are looked at together, and behind them.
+        // In each position of the sixteen bytes that are examined together, and after them.
         std::string bytes;
         List expected;
         for (std::size_t place = 1; place < 34; ++place) {
@@ -66,7 +66,7 @@ TEST_F(LineReaderTest, OnlyPrintableAsciiIsPlain) {
 }
 
 TEST_F(LineReaderTest, LinesAcrossTheBlocksOfReading) {
-    // The end of the first line comes near the end of the first block, byte by byte.
+    // The end of the first line is moved past the end of the first block, byte by byte.
     constexpr std::size_t block = std::size_t{1} << 18;
     for (const std::string end : {"\r\n", "\r", "\n"}) {
         for (std::size_t length = block - 4; length <= block + 2; ++length) {

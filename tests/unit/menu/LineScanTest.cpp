@@ -12,14 +12,14 @@ namespace {
 using testing::LineScanDifference;
 using testing::PaddedText;
 
-// Builds for x86 are for processors with SSE2, 32 bits as well.
+// Builds for x86, 32 bits as well, require a processor with SSE2.
 #if defined(__x86_64__) || defined(__i386__)
 #ifndef __SSE2__
 #error "the reader would use the slow functions"
 #endif
 #endif
 
-// Every byte at every place of a text that is longer than the longest step.
+// Every byte at every position of a text that is longer than the longest step.
 TEST(LineScanTest, BothKindsAgreeOnEveryByte) {
     for (const char around : {'x', ' '})
         for (int byte = 0; byte < 256; ++byte)
@@ -34,7 +34,7 @@ TEST(LineScanTest, BothKindsAgreeOnEveryByte) {
 TEST(LineScanTest, BothKindsAgreeOnRandomTexts) {
     constexpr unsigned Seed = 20261122;
     std::mt19937 random(Seed);
-    // Of the characters that matter there are many.
+    // Contains many of the characters that matter.
     const std::string alphabet = std::string("  \t\t==\r\naz`{AZ[@~\x1f\x7f\x80\xff") + std::string(1, '\0');
     for (int round = 0; round < 20000; ++round) {
         std::string text(random() % 150, ' ');

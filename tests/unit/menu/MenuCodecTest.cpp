@@ -1,4 +1,4 @@
-// Menus and items from texts and into texts: no file, no registry, no message.
+// Menus and items to and from texts, without files, registry or messages.
 
 #include "base/ByteSink.h"
 #include "base/ByteSource.h"
@@ -45,7 +45,7 @@ class MenuCodecTest : public nesk::testing::CoreTest {
 protected:
     MenuCodecTest() { m_menu.Initialize("C:\\Neskroot"); }
 
-    // The parser of a text; a later call ends the parser before.
+    // The parser of a text. A later call invalidates the previous parser.
     BlockParser& ParserOf(const std::string& text) {
         m_text = text;
         m_parser = std::make_unique<BlockParser>(MenuKeys);

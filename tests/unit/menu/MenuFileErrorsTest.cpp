@@ -62,7 +62,7 @@ TEST_F(MenuFileErrorsTest, DamagedFiles) {
         int messageId;
         Texts arguments;
         int line;
-        const char* captions; // of the items that stay
+        const char* captions; // of the items that remain
     } table[] = {
         // The start.
         {"", 5000, "MenuLoad", 32009, {Path}, 0, ""},
@@ -78,16 +78,16 @@ TEST_F(MenuFileErrorsTest, DamagedFiles) {
         {itemA + "BLOCK MENU\nEND\nEND\n", 5000, "MenuLoad", 32010, {"5", "MENU"}, 5, "A"},
         {itemA + "BLOCK\n", 5000, "MenuLoad", 32010, {"5", ""}, 5, "A"},
         {openB + "BLOCK Menu\nEND\nEND\nEND\n", 5000, "MenuLoad", 32010, {"10", "MENU"}, 10, "A"},
-        // Something behind the end.
+        // Text after the end.
         {itemA + "END\n\n; remark\nA=1\n", 5000, "Menu", 32011, {"8"}, 8, "A"},
         {itemA + "END\nEND\n", 5000, "Menu", 32011, {"6"}, 6, "A"},
         {itemA + "END\nBLOCK MENU\nEND\n", 5000, "Menu", 32011, {"6"}, 6, "A"},
         {itemA + "END\ntext\n", 5000, parser, 32013, {"6"}, 6, "A"},
-        // A line that is nothing.
+        // A line of no known kind.
         {itemA + "text\nEND\n", 5000, parser, 32013, {"5"}, 5, "A"},
         {openB + "ENDE\nEND\n", 5000, parser, 32013, {"10"}, 10, "A"},
         {openB + "BLOCK SUBMENU\nENDE\n", 5000, parser, 32013, {"11"}, 11, "A"},
-        // A help topic that is no number.
+        // A help topic that is not a number.
         {openB + "HELPTOPIC=one\nEND\n", 13, "CLng", 34101, {"one"}, 10, "A"},
         {openB + "HELPTOPIC=9999999999\nEND\n", 6, "CLng", 34100, {}, 10, "A"},
         {"BLOCK MENU\nHELPTOPIC=one\nBLOCK SUBMENU\nHELPTOPIC=\nEND\nEND\n", 13, "CLng", 34101, {""}, 4, ""},
@@ -171,7 +171,7 @@ TEST_F(MenuFileErrorsTest, AHistoryThatCannotBeRegisteredEndsTheLoad) {
     EXPECT_EQ(Captions(m_menu), "A");
 }
 
-// Each row gives a text a value that cannot be written.
+// Each row sets a text to a value that cannot be written.
 TEST_F(MenuFileErrorsTest, ATextThatCannotBeWrittenLeavesTheFile) {
     const struct {
         const char* text;
@@ -222,7 +222,7 @@ TEST_F(MenuFileErrorsTest, PlacesWhereNothingCanBeSaved) {
     } table[] = {
         {"C:\\None\\menu.cfg", RuntimeError::PathNotFound, "C:\\None\\"},
 #ifdef NESK_PORTABLE_STATION
-        // Windows says so too, but for a missing drive Wine says that the file was not found.
+        // Windows reports the same error, but Wine reports a missing file for a missing drive.
         {"Q:\\menu.cfg", RuntimeError::PathNotFound, "Q:\\"},
 #endif
         {"C:\\Neskroot", RuntimeError::PermissionDenied, "C:\\Neskroot"},

@@ -112,7 +112,7 @@ TEST_F(MenuFileTest, WritesEveryField) {
     EXPECT_EQ(FileBytes(Path), FullFile);
 }
 
-// Blanks and tabs are lost when the file is read, but it is not the writer that takes them away.
+// Spaces and tabs are lost when the file is read; the writer does not remove them.
 TEST_F(MenuFileTest, WritesTextsAsTheyStand) {
     m_menu.SetCaption("  a\tb=c;\"d\" ");
     m_menu.SubMenus().Add("\t; END\t", "Menu").SetPreview("\x01 \x7F");
@@ -160,7 +160,7 @@ TEST_F(MenuFileTest, ALongMenuIsTheSameAfterReadingAndWriting) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows has one code page, the system's own.
+// Windows has only one code page, the system's own.
 TEST_F(MenuFileTest, AnotherCodePage) {
     platform::SelectCodePage(1041);
     m_menu.SubMenus().Add("日本語 表示 ｱ", "Menu").SetPreview(platform::FromAnsi("\x81\xFD"));
@@ -188,7 +188,7 @@ TEST_F(MenuFileTest, WhatTheReaderForgives) {
          "Main Menu: A"},
         {"BLOCK MENU\nCAPTION=one\nBLOCK SUBMENU\nEND\nCAPTION=two\nEND", "two: "},
         {"BLOCK MENU\nEND\n\n ; remark\n\t\n", "Main Menu: "},
-        // Ends that are missing.
+        // Missing ends.
         {"BLOCK MENU", "Main Menu: "},
         {"BLOCK MENU\nCAPTION=R\n", "R: "},
         {"BLOCK MENU\nBLOCK SUBMENU\nCAPTION=A\nEND\n", "Main Menu: A"},
@@ -287,7 +287,7 @@ TEST_F(MenuFileTest, OnlyClosedBlocksAreRegistered) {
     EXPECT_EQ(Histories(), "1 C:\\B|;2 C:\\C|") << "registered when its block ended, before the error";
 }
 
-// The item at the end of a chain of first children, and how long the chain is.
+// The item at the end of a chain of first children. `levels` receives the length of the chain.
 MenuEntry& Deepest(MenuEntry& root, int& levels) {
     MenuEntry* entry = &root;
     for (levels = 0; entry->ChildCount() > 0; ++levels)

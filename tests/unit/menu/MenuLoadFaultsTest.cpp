@@ -20,14 +20,14 @@ namespace fs = std::filesystem;
 const std::string Folder = "C:\\Neskroot";
 const std::string Path = Folder + "\\menu.cfg";
 
-// How many bytes are read at a time.
+// Number of bytes that are read at a time.
 constexpr std::size_t Block = std::size_t{1} << 18;
 
 constexpr int Entries = 2500;
 constexpr int HeadLines = 2;  // before the first entry
-constexpr int EntryLines = 3; // of each entry
+constexpr int EntryLines = 3; // per entry
 
-// A file that takes several blocks, whose borders lie within lines.
+// A file of several blocks whose boundaries are inside lines.
 std::string Contents() {
     std::string bytes = "BLOCK MENU\r\n\tCAPTION=root\r\n";
     for (int i = 0; i < Entries; ++i)
@@ -35,7 +35,7 @@ std::string Contents() {
     return bytes + "END\r\n";
 }
 
-// Whole lines that lie in the first blocks. What is begun of a line counts for the next block.
+// Number of whole lines in the first blocks. A line that is cut by a block's end belongs to the next block.
 int LinesIn(const std::string& bytes, int blocks) {
     std::size_t given = 0;
     for (int i = 0; i < blocks; ++i)
@@ -48,7 +48,7 @@ class MenuLoadFaultsTest : public nesk::testing::CoreTest {
 protected:
     MenuLoadFaultsTest() { station.Write(Path, m_bytes); }
 
-    // The operations of opening the menu when nothing disturbs it.
+    // The operations of opening the menu without a fault.
     std::vector<std::string> Operations() {
         FaultyFiles files;
         MenuEditor editor(files);
@@ -66,7 +66,7 @@ protected:
         EXPECT_NE(modUtilities::MessageText(*failure).find(Path), std::string::npos);
     }
 
-    // A menu of which only a part could be read keeps the file when it is saved.
+    // Saving a menu that was read only in part keeps the file.
     void ExpectNothingLost(MenuEditor& editor) {
         EXPECT_TRUE(editor.IsOpen());
         EXPECT_TRUE(editor.IsIncomplete());
@@ -81,7 +81,7 @@ protected:
 
 TEST_F(MenuLoadFaultsTest, EveryOperationThatFails) {
     const std::vector<std::string> operations = Operations();
-    // The file is read twice: to know it again, and to load it.
+    // The file is read twice: for its hash, and to load it.
     const auto load = std::find(operations.rbegin(), operations.rend(), "open").base() - operations.begin();
     ASSERT_GT(load, 3);
     ASSERT_GE(std::count(operations.begin() + load, operations.end(), "read"), 4);
@@ -100,8 +100,8 @@ TEST_F(MenuLoadFaultsTest, EveryOperationThatFails) {
             if (number < load) {
                 EXPECT_FALSE(failure.has_value()) << "it is read all the same";
                 EXPECT_EQ(editor.Find("R")->ChildCount(), Entries);
-                // Where the contents could not be read for their hash, a save asks a question too many. A
-                // look whether the path is a folder matters to nothing.
+                // If the contents could not be read for their hash, a save asks one question too many. A
+                // failed check whether the path is a folder has no effect.
                 const std::string& failed = operations[static_cast<std::size_t>(number) - 1];
                 const bool isLook = failed == "search" || failed == "attributes";
                 EXPECT_EQ(editor.CheckSave(Path), isLook ? SaveHazard::None : SaveHazard::ChangedByOther);
@@ -129,7 +129,7 @@ TEST_F(MenuLoadFaultsTest, AFileThatCannotBeReadAtAll) {
     ExpectNothingLost(editor);
 }
 
-// Whether it is another file cannot be told, so the user decides.
+// The program cannot determine whether the file was changed, so the user decides.
 TEST_F(MenuLoadFaultsTest, AFileThatCannotBeReadAgainBeforeASave) {
     for (const int number : {1, 2, 3}) {
         FaultyFiles files;

@@ -12,7 +12,7 @@ namespace nesk::testing {
 
 namespace {
 
-// The texts of an entry, those that a file holds as texts.
+// The fields of an entry that a file stores as texts.
 std::array<std::string*, 8> TextsOf(ModelEntry& entry) {
     PartFields& fields = entry.fields;
     return {&entry.caption,    &entry.menuType,  &fields.graphic,    &fields.preview,
@@ -193,7 +193,7 @@ void MenuModel::PassBelow(ModelEntry& entry, const TextRules& rules, std::vector
         child.id = entry.id + "." + std::to_string(++m_used[entry.key]);
         PassBelow(child, rules, histories);
     }
-    // An item is complete when its block ends, after those of its children.
+    // An item is complete when its block ends, which is after its children's blocks.
     if (!entry.fields.historyDir.empty()) histories.push_back(entry.fields.historyDir);
 }
 

@@ -1,5 +1,5 @@
-// Random edits of the open menu, each compared with what MenuModel says. A failure names the edit and the
-// number that its sequence began with; the same number gives the same sequence again.
+// Random edits of the open menu, each compared with MenuModel. A failure names the edit and the seed of its
+// sequence; the same seed gives the same sequence again.
 
 #include "unit/menu/MenuModel.h"
 #include "editing/MenuEditor.h"
@@ -29,7 +29,7 @@ const std::string Folder = "C:\\Neskroot";
 const std::string Path = Folder + "\\menu.cfg";
 const std::string HistoryKey = "Neskworks\\Historys";
 constexpr int EditsOfASequence = 200;
-// A tree that grows without end makes the sequences slow and tells nothing more.
+// A tree that grows without limit makes the sequences slow and finds nothing more.
 constexpr std::size_t ManyEntries = 25;
 
 class MenuModelTest : public nesk::testing::CoreTest, public MenuEditorListener {
@@ -40,8 +40,8 @@ protected:
     void OnMenuEvent(const MenuEvent& event) override { m_events.push_back(event); }
     void OnStateChanged() override {}
 
-    // Whether sequences load in between, after which nothing can be taken back; all of them save, and load at
-    // the end.
+    // Whether sequences load during the edits, after which no change can be undone. All sequences save, and
+    // load at the end.
     bool m_withLoads = true;
 
     // Runs sequences with the seeds from `first` on and stops at the first that fails.
@@ -55,12 +55,12 @@ protected:
         }
     }
 
-    // What the menu file holds when a sequence begins, and the model of it; without it there is no file.
+    // The menu file at the start of a sequence, and its model. If the text is empty, there is no file.
     std::string m_startFile;
     MenuModel m_startModel;
 
 private:
-    // One text that the model takes as stored, with the number of the message that refuses it otherwise.
+    // A text, with the number of the message that refuses it; 0 for a text that the model stores.
     struct Text {
         std::string text;
         int refusal;
@@ -82,7 +82,7 @@ private:
             station.Write(Path, m_startFile);
             m_onDisk = m_startModel;
         }
-        // Each save waits for the disk, so most of the many sequences do not.
+        // A real save waits for the disk, so most of the many sequences use QuickFiles.
         QuickFiles quick;
         platform::FileSystem* files = &quick;
         if (seed % 32 == 0) files = &platform::StationFiles();
@@ -111,7 +111,7 @@ private:
         ASSERT_EQ(m_editor->Path(), m_exists && m_pathKnown ? Path : "") << Where();
     }
 
-    // Mostly an entry that exists.
+    // The id of an entry; most of the time the entry exists.
     std::string SomeId() {
         static const std::vector<std::string> none = {"",     "X",      "R.",       "R.0",
                                                       "R.01", "R.9999", "R.1.9999", "r"};
@@ -149,7 +149,7 @@ private:
             Load();
     }
 
-    // Makes an edit of which the model says whether it is possible. A text that is refused comes first.
+    // Makes an edit and compares the result with the model. A text that is refused is tried first.
     template <typename Call, typename ModelCall>
     void Make(const std::string& action, const std::string& id, int refusal, Call call, ModelCall modelCall) {
         m_action = action + " " + id;
@@ -256,7 +256,7 @@ private:
         int refusal = 0;
         for (std::string* field : {&fields.graphic, &fields.preview, &fields.programId, &fields.helpFile,
                                    &fields.historyDir, &fields.historyTitle}) {
-            // Each history directory costs the reader a few values of the registry.
+            // Each history directory makes the reader access several registry values.
             if (field == &fields.historyDir && !m_random->OneIn(8)) continue;
             Text text = MakeText();
             if (refusal == 0) refusal = text.refusal;
@@ -309,7 +309,7 @@ private:
         CheckEvent(before);
     }
 
-    // There was one event, and it tells what became of the tree.
+    // Checks that there was one event and that it describes the change of the tree.
     void CheckEvent(const ModelEntry& before) {
         ASSERT_EQ(m_events.size(), 1u) << Where();
         const MenuEvent& event = m_events.back();
@@ -359,20 +359,20 @@ private:
         CheckHistories();
     }
 
-    // Whatever was read is in the list of the operator interface, in the order of reading.
+    // Every history directory that was read is in the list of the operator interface, in reading order.
     void CheckHistories() {
         if (m_histories.empty()) return;
         RegEntry list;
         list.OpenKey(HistoryKey);
         const std::string number = std::to_string(m_histories.size());
         ASSERT_EQ(list.GetString("NumberOfHistorys"), number) << Where();
-        // A longer text is not given back.
+        // A longer text is not returned.
         if (m_histories.back().size() <= 200) {
             ASSERT_EQ(list.GetString(number + "Directory"), m_histories.back()) << Where();
         }
     }
 
-    // Saves, and another editor loads what was edited.
+    // Saves, and loads the edited menu in another editor.
     void SaveForAnother() {
         Save();
         MenuEditor another;
@@ -383,12 +383,12 @@ private:
         read.PassThroughFile(*m_rules, m_histories);
         ASSERT_EQ(FirstDifference(*another.OpenMenu(), read.Root()), "") << Where();
         CheckHistories();
-        // It stays as it is where it was edited.
+        // Loading it there does not change it here.
         Compare();
     }
 
-    // Saves, loads and saves again, twice over: from the second file on not a byte changes, and none at all
-    // when a file holds all texts as they are.
+    // Saves, loads and saves again, twice. From the second file on no byte changes. If a file preserves all
+    // texts, the first file is the same too.
     void ThroughAFile() {
         Save();
         const std::string first = FileBytes(Path);
@@ -408,12 +408,13 @@ private:
     Random* m_random = nullptr;
     MenuEditor* m_editor = nullptr;
     MenuModel m_model;
-    MenuModel m_onDisk; // as it was saved
+    MenuModel m_onDisk; // as saved
     bool m_exists = false;
     bool m_pathKnown = false;
-    std::size_t m_made = 0;             // changes that are not taken back
-    std::optional<std::size_t> m_saved; // how many of them the file has; nothing when none lead there
-    std::vector<ModelEntry> m_states;   // the tree after so many changes
+    std::size_t m_made = 0;             // changes that are not undone
+    std::optional<std::size_t> m_saved; // how many of them the file contains; nothing if the saved state
+                                        // cannot be reached
+    std::vector<ModelEntry> m_states;   // the tree after each number of changes
     std::vector<MenuEvent> m_events;
     std::vector<std::string> m_histories;
     int m_step = 0;
@@ -438,7 +439,7 @@ TEST_F(MenuModelTest, MoreEditsWithLoads) {
     RunSequences(nesk::testing::WesternTexts(), 11000, 300);
 }
 
-// What other editors write: part buttons with children, types of their own.
+// Menus as other editors write them: part buttons with children, and other types.
 TEST_F(MenuModelTest, EditsOfAMenuFromElsewhere) {
     m_startFile = "; made by hand\n"
                   "block menu\n"

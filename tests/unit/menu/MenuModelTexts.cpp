@@ -10,7 +10,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-// What every code page has: the words and signs of the file itself among them.
+// Pieces that every code page can encode, including the words and signs of the file format.
 const Texts CommonPieces = {
     "a",    "Part 7",        " ",        "   ",     "\t",     "\t \t",       "=",    "==", "\"", "'",
     ";",    "END",           "end",      "BLOCK",   "MENU",   "CAPTION=",    "&",    "|",  "0",  "%0%",
@@ -72,8 +72,8 @@ TextRules GreekTexts() {
 }
 
 TextRules JapaneseTexts() {
-    // The second byte of two of these is a "\"; the byte that stands alone begins a character of two bytes,
-    // which the blank does not complete.
+    // The second byte of two of these is a "\". The single byte is the first byte of a two-byte character,
+    // which the space does not complete.
     return RulesOf(1041, {"日本", "ソ", "表示", "ｱ", "\U0010FE81 "}, {"ä", "한"}, {{"\U0010FEB1", "ｱ"}});
 }
 

@@ -1,5 +1,5 @@
-// Menu files as other programs and people may write them: random ones, read and compared with what they were
-// made from. A failure names the number that its file began with; the same number gives the same file again.
+// Random menu files as other programs and people may write them, read and compared with their source. A
+// failure names the seed of its file; the same seed gives the same file again.
 
 #include "editing/MenuEditor.h"
 #include "menu/MenuItem.h"
@@ -30,12 +30,12 @@ const std::string Copy = Folder + "\\copy.cfg";
 const std::string HistoryKey = "Neskworks\\Historys";
 constexpr int MostEntries = 30;
 
-// Writes a menu in every way that the format allows, and keeps what it has to be read as.
+// Writes a menu in every way that the format allows, and keeps the menu that must be read from it.
 class OddWriter {
 public:
     OddWriter(Random& random, const TextRules& rules) : m_random(random), m_rules(rules) {
         static const std::vector<std::string> ends = {"\r\n", "\n", "\r"};
-        // Some programs wrote a part of a file and others the rest.
+        // Line ends may be mixed, as when different programs wrote parts of a file.
         if (!m_random.OneIn(4)) m_end = m_random.Of(ends);
         Comments();
         StartBlock("menu");
@@ -43,21 +43,21 @@ public:
         m_root.caption = "Main Menu";
         WriteEntry(m_root, RootKeys(), 0);
         Comments();
-        // What comes last needs no end.
+        // The last line needs no line end.
         if (m_random.OneIn(3)) m_bytes.resize(m_bytes.find_last_not_of("\r\n") + 1);
     }
 
     const std::string& Bytes() const { return m_bytes; }
 
-    // Without ids, and with texts as they were written.
+    // The written menu, without ids and with the texts as written.
     const ModelEntry& Root() const { return m_root; }
 
 private:
-    // A key and what a value of it changes.
+    // A key and the field that its value sets.
     struct Key {
         const char* name;
         std::function<std::string(ModelEntry&)>
-            write; // makes a value, keeps it, and answers how it is written
+            write; // makes a value, stores it, and returns its text in the file
     };
 
     Key TextKey(const char* name, std::string PartFields::*field) {
@@ -77,7 +77,7 @@ private:
                                  {"MENUTYPE", [this](ModelEntry& entry) { return MakeType(entry); }},
                                  TextKey("PROGRAMID", &PartFields::programId),
                                  TextKey("HISTORY_TITLE", &PartFields::historyTitle)});
-        // Each history directory costs the reader a few values of the registry.
+        // Each history directory makes the reader access several registry values.
         if (m_random.OneIn(6)) keys.push_back(TextKey("HISTORY_DIR", &PartFields::historyDir));
         return keys;
     }
@@ -118,7 +118,8 @@ private:
         return entry.menuType = m_random.OneIn(5) ? MakeText() : m_random.Of(types);
     }
 
-    // The keys of an entry, whose block has begun, and the entries below it, in any order; and its end.
+    // Writes the keys of an entry whose block has begun and the entries below it, in any order, and the end
+    // of the block.
     void WriteEntry(ModelEntry& entry, const std::vector<Key>& keys, int depth) {
         std::size_t lines = m_random.OneIn(8) ? 0 : m_random.Below(3 * keys.size());
         std::size_t children = depth < 6 ? m_random.Below(5) : 0;
@@ -130,7 +131,7 @@ private:
                 if (++m_entries < MostEntries) WriteChild(entry, depth);
             } else {
                 --lines;
-                // Of a key that comes twice the later value holds.
+                // If a key appears twice, the later value counts.
                 const Key& key = m_random.Of(keys);
                 Line(AnyCase(key.name) + Blanks() + "=" + Blanks() + key.write(entry));
             }
@@ -151,20 +152,20 @@ private:
         Line(AnyCase("BLOCK") + " " + Blanks() + AnyCase(type) + m_random.Of(names));
     }
 
-    // What says nothing in any place.
+    // Lines that are ignored everywhere.
     void Comments() {
         while (m_random.OneIn(3)) {
             if (m_random.OneIn(2))
                 Line("");
             else if (m_random.OneIn(100))
-                // So long that what follows lies across the end of what is read at once.
+                // Long enough that the next line crosses the end of a read block.
                 Line(";" + std::string(250000 + m_random.Below(20000), 'x'));
             else
                 Line(";" + MakeText());
         }
     }
 
-    // What says nothing within a block: keys of other programs as well.
+    // Lines that are ignored inside a block, including keys of other programs.
     void Noise() {
         static const std::vector<std::string> unknown = {
             "NAME",      "END",  "BLOCK SUBMENU", "",
@@ -197,7 +198,7 @@ private:
 
     Random& m_random;
     const TextRules& m_rules;
-    std::string m_end; // of every line; "" for one here and another there
+    std::string m_end; // of every line; "" for mixed line ends
     std::string m_bytes;
     ModelEntry m_root;
     int m_entries = 0;
@@ -217,7 +218,7 @@ protected:
             const OddWriter writer(random, rules);
             MenuModel model;
             model.Restore(writer.Root());
-            // Some file systems write a file to the disk that takes the place of another.
+            // Some file systems flush a file that replaces another one.
             for (const std::string& path : {Path, Copy, Copy + ".bak"})
                 std::filesystem::remove(TempStation::Host(path));
             station.Write(Path, writer.Bytes());
@@ -252,12 +253,12 @@ private:
         model.PassThroughFile(rules, m_histories);
         ASSERT_EQ(FirstDifference(*editor.OpenMenu(), model.Root()), "");
         if (m_histories.empty()) return;
-        // Whatever was read is in the list of the operator interface, in the order of reading.
+        // Every history directory that was read is in the list of the operator interface, in reading order.
         RegEntry list;
         list.OpenKey(HistoryKey);
         ASSERT_EQ(list.GetString("NumberOfHistorys"), std::to_string(m_histories.size()));
         for (; known < m_histories.size(); ++known) {
-            // A longer text is not given back.
+            // A longer text is not returned.
             if (m_histories[known].size() > 200) continue;
             ASSERT_EQ(list.GetString(std::to_string(known + 1) + "Directory"), m_histories[known]);
         }

@@ -26,14 +26,14 @@ const std::string Folder = "C:\\Neskroot";
 const std::string Path = Folder + "\\menu.cfg";
 const std::string Kept = "BLOCK MENU\r\n\tCAPTION=older\r\nEND\r\n";
 
-// What stands on the disk before a save.
+// The files on the disk before a save.
 struct Before {
-    std::string menu;   // "" for none
-    std::string backup; // "" for none
-    const char* copy;   // the ending under which a save keeps the version before
+    std::string menu;   // "" for no file
+    std::string backup; // "" for no file
+    const char* copy;   // extension under which a save keeps the previous version
 };
 
-// A menu of many entries, so that it is written in several pieces.
+// A menu with many entries, so that it is written in several pieces.
 std::string LargeMenu(const std::string& caption) {
     std::string bytes = "BLOCK MENU\r\n\tCAPTION=" + caption + "\r\n";
     for (int i = 0; i < 1000; ++i)
@@ -41,7 +41,7 @@ std::string LargeMenu(const std::string& caption) {
     return bytes + "END\r\n";
 }
 
-// The error that tells of an operation which failed with a code.
+// The error that reports an operation which failed with a code.
 struct Told {
     int number;
     int message;
@@ -61,7 +61,7 @@ Told ToldOf(int code) {
 
 class MenuSaveFaultsTest : public nesk::testing::CoreTest {
 protected:
-    // Puts the station back to what it was before a save.
+    // Restores the files as they were before a save.
     void Prepare(const Before& before) {
         fs::remove_all(TempStation::Host(Folder));
         fs::create_directories(TempStation::Host(Folder));
@@ -69,7 +69,7 @@ protected:
         if (!before.backup.empty()) station.Write(Path + ".bak", before.backup);
     }
 
-    // Opens the menu and changes it so that every version differs in length from the one before.
+    // Opens the menu and changes it so that every version has a different length.
     static void OpenAndEdit(MenuEditor& editor) {
         editor.Open(Folder, Path);
         editor.SetCaption("R", "the new version");
@@ -78,7 +78,7 @@ protected:
         ASSERT_TRUE(editor.IsDirty());
     }
 
-    // What a save writes that nothing disturbs, and which operations it takes.
+    // The file that an undisturbed save writes, and the operations that it needs.
     std::string NewVersion(const Before& before, std::vector<std::string>& operations) {
         Prepare(before);
         FaultyFiles files;
@@ -110,15 +110,15 @@ void MenuSaveFaultsTest::SaveWith(const Before& before, const Fault& fault, cons
     m_faults += static_cast<int>(files.Failed().size());
     ASSERT_FALSE(files.Failed().empty());
 
-    // One of the two versions is there, and whole; only a replacement that was made and denied is the new
-    // one.
+    // The file is one of the two versions, and complete. It is the new one only if the replacement was made
+    // but reported as failed.
     const std::string& failed = files.Failed().front();
     const bool replaced = fault.done && failed == "replace";
     EXPECT_TRUE(FileBytes(Path) == (replaced ? newVersion : before.menu)) << FileBytes(Path).size();
     EXPECT_EQ(fs::exists(TempStation::Host(Path)), replaced || !before.menu.empty());
     const std::string kept = FileBytes(Path + ".bak");
     EXPECT_TRUE(kept == before.backup || kept == before.menu);
-    // The last version but one goes only when the last step is all that is left to do.
+    // The backup is overwritten only when nothing but the last step remains.
     const bool copied = failed == "replace" || (fault.done && failed == "copy");
     if (!copied) {
         EXPECT_TRUE(kept == before.backup);
@@ -131,7 +131,7 @@ void MenuSaveFaultsTest::SaveWith(const Before& before, const Fault& fault, cons
 
     EXPECT_EQ(error.file, Path);
     const Told told = ToldOf(fault.code);
-    // Of a copy that fails while the file itself can be read, the message names the copy and then the cause.
+    // If only the copy fails and the file itself can be read, the message names the copy and then the cause.
     const bool copyAlone = failed == "copy" && !fault.lasting;
     EXPECT_EQ(error.number, told.number);
     EXPECT_EQ(error.messageId, copyAlone ? Message::BackupFailed : told.message);
@@ -162,7 +162,7 @@ void MenuSaveFaultsTest::SaveWith(const Before& before, const Fault& fault, cons
     EXPECT_FALSE(editor.IsDirty());
     EXPECT_TRUE(FileBytes(Path) == newVersion);
 #ifdef NESK_PORTABLE_STATION
-    // Elsewhere what cannot be removed stays until it is old enough to be known for abandoned.
+    // On other systems a file that cannot be removed stays until it is old enough to count as abandoned.
     EXPECT_EQ(FilesIn(Folder).find('~'), std::string::npos) << FilesIn(Folder);
 #endif
     if (!before.menu.empty() && !replaced) {
@@ -170,7 +170,7 @@ void MenuSaveFaultsTest::SaveWith(const Before& before, const Fault& fault, cons
     }
 }
 
-// Lets every operation of a save fail in turn, in every way.
+// Makes every operation of a save fail in turn, in every way.
 void MenuSaveFaultsTest::SaveWithEveryFault(const Before& before) {
     const int codes[] = {ErrorCode::DiskFull,     ErrorCode::AccessDenied, ErrorCode::SharingViolation,
                          ErrorCode::PathNotFound, ErrorCode::WriteFault,   ErrorCode::NotReady};
@@ -187,7 +187,7 @@ void MenuSaveFaultsTest::SaveWithEveryFault(const Before& before) {
     for (int number = 1; number <= static_cast<int>(operations.size()); ++number) {
         const std::string& operation = operations[static_cast<std::size_t>(number) - 1];
         for (Fault fault : faults) {
-            // What was not created cannot be told from what was by whoever is told that it was not.
+            // If creating a file is reported as failed, the program cannot know that the file was created.
             if (fault.done && operation == "create") continue;
             fault.first = number;
             SCOPED_TRACE("operation " + std::to_string(number) + " " + operation + ", code " +

@@ -10,7 +10,7 @@ namespace {
 
 using nesk::testing::ErrorOf;
 
-// An entry that has one id left to hand out.
+// An entry with only one id left to assign.
 class LateEntry final : public MenuEntry {
 public:
     LateEntry() { m_nextCounter = 2147483646; }
@@ -33,7 +33,7 @@ protected:
         return parent.SubMenus().Add(caption, MenuItem::SubmenuType);
     }
 
-    // The ids of the children, one blank between them.
+    // The ids of the children, separated by spaces.
     static std::string Ids(MenuEntry& parent) {
         std::string ids;
         for (int i = 1; i <= parent.ChildCount(); ++i)
@@ -336,7 +336,7 @@ TEST_F(MenuTreeTest, AMillionLevels) {
     EXPECT_EQ(menu->Find(id + ".1"), nullptr);
     EXPECT_EQ(entry->RootDirectory(), "C:\\Neskroot");
     menu.reset();
-    // Releasing a part of such a tree must not overflow the machine stack either.
+    // Releasing part of such a tree must not overflow the stack either.
     entry = &m_menu;
     for (int i = 0; i < Levels; ++i)
         entry = &Add(*entry);

@@ -26,12 +26,12 @@ const std::string Folder = "C:\\Neskroot";
 const std::string Path = Folder + "\\menu.cfg";
 constexpr const char* Small = "BLOCK MENU\r\n\tCAPTION=good\r\n\tGRAPHIC=\r\nEND\r\n";
 
-// A menu file that is something else, or that changes while it is read.
+// Paths of the menu file that are not a regular file, and files that change while they are read.
 class MenuFileOnHostTest : public nesk::testing::CoreTest {
 protected:
     MenuFileOnHostTest() { fs::create_directories(m_folder); }
 
-    // What stands in place of the file must be told and must not be replaced.
+    // What is in place of the file must be reported and must not be replaced.
     void ExpectRefused(int messageId) {
         const auto failure = m_editor.Open(Folder, Path);
         ASSERT_TRUE(failure.has_value());
@@ -85,7 +85,7 @@ TEST_F(MenuFileOnHostTest, ALinkToAFolder) {
 
 TEST_F(MenuFileOnHostTest, AFolderThatMayNotBeSearched) {
     station.Write(Path, Small);
-    // The program that looks has to reach the station itself.
+    // The plain user must be able to reach the station's folder.
     fs::permissions(station.Folder(), fs::perms::others_exec, fs::perm_options::add);
     fs::permissions(m_folder, fs::perms::none);
     const auto look = [&] {
@@ -129,7 +129,7 @@ TEST_F(MenuFileOnHostTest, NothingButZeros) {
     EXPECT_TRUE(m_editor.IsIncomplete());
 }
 
-// The sanitizers end a program that asks for more than there is.
+// The sanitizers end a program that requests more memory than is available.
 #ifndef __SANITIZE_ADDRESS__
 TEST_F(MenuFileOnHostTest, MoreThanMemoryHolds) {
     station.Write(Path, Small);
@@ -178,7 +178,7 @@ TEST_F(MenuFileOnHostTest, MoreThanMemoryHoldsOfASave) {
 TEST_F(MenuFileOnHostTest, ClosingNeedsNoMemory) {
     station.Write(Path, Small);
     ASSERT_FALSE(m_editor.Open(Folder, Path).has_value());
-    // Leaves in front of each deeper submenu: all of them are still there when the deepest is released.
+    // Leaves before each deeper submenu: they all still exist when the deepest one is released.
     std::string parent = "R";
     for (int level = 0; level < 8; ++level) {
         for (int i = 0; i < 32'000; ++i)
@@ -195,7 +195,7 @@ TEST_F(MenuFileOnHostTest, ClosingNeedsNoMemory) {
 }
 #endif
 
-// A thread that goes on writing for as long as it lives.
+// A thread that keeps writing while the object lives.
 class Writer {
 public:
     template <typename Action>
@@ -230,7 +230,7 @@ TEST_F(MenuFileOnHostTest, AFileThatGrows) {
     });
     m_editor.Open(Folder, Path);
     EXPECT_TRUE(m_editor.IsOpen());
-    // The last line may be cut anywhere, also behind its "=".
+    // The last line may be cut anywhere, even after its "=".
     const std::string_view read = m_editor.Find("R")->Caption();
     EXPECT_EQ(read, caption.substr(0, read.size()));
     while (FileBytes(Path).size() <= 3 * block.size())
@@ -254,7 +254,7 @@ TEST_F(MenuFileOnHostTest, AFileThatShrinksAndGrows) {
         for (; loads < 50; ++loads) {
             const auto failure = m_editor.Open(Folder, Path);
             EXPECT_TRUE(m_editor.IsOpen());
-            // A file that was cut between two lines has no wrong one, but no end either.
+            // A file that was cut between two lines has no wrong line, but its end is missing.
             EXPECT_EQ(failure.has_value() || m_editor.OpenMenu()->EndIsMissing(), m_editor.IsIncomplete());
         }
     }

@@ -37,14 +37,14 @@ std::string MenuOf(int entries) {
     return bytes + "END\r\n";
 }
 
-// Saves on a host that really fails: its disk is full, its folder protected or gone.
+// Saves on a host that really fails: its disk is full, or its folder is protected or missing.
 class MenuSaveOnHostTest : public CoreTest {
 protected:
     MenuSaveOnHostTest() { Prepare(Folder, 100); }
 
     static fs::path Host(const std::string& path) { return TempStation::Host(path); }
 
-    // A menu file of `entries` entries and an older backup.
+    // Writes a menu file of `entries` entries and an older backup.
     void Prepare(const std::string& folder, int entries) {
         m_old = MenuOf(entries);
         station.Write(folder + "\\menu.cfg", m_old);
@@ -59,7 +59,8 @@ protected:
             editor.AddPart("R", std::string(200, 'n'));
     }
 
-    // A save that fails with `messageId`: the file stays, nothing else is left and the text tells where.
+    // Expects a save to fail with `messageId`: the file stays, no other file is left, and the text names the
+    // place.
     void ExpectFailure(MenuEditor& editor, int messageId, const std::string& folder = Folder) {
         const std::string path = folder + "\\menu.cfg";
         const NeskError error = ErrorOf([&] { editor.Save(path); });
@@ -95,10 +96,10 @@ protected:
     std::string m_old;
 };
 
-// No file may grow beyond a limit, which the system reports as a disk without space.
+// No file may grow beyond a limit, which the system reports like a full disk.
 TEST_F(MenuSaveOnHostTest, AFileMayGrowNoFurther) {
-    // The new version is longer than the old one, so that either its own writing or the backup of the old one
-    // fails first.
+    // If the new version is longer than the old one, its own writing fails first; otherwise the backup of the
+    // old one does.
     for (const bool longer : {true, false}) {
         Prepare(Folder, longer ? 100 : 3000);
         const auto action = [&] {
@@ -126,7 +127,7 @@ TEST_F(MenuSaveOnHostTest, AFileMayGrowNoFurther) {
     }
 }
 
-// A small disk of the test's own, where the system lets a process have one.
+// A small disk of the test's own, if the system allows a process to mount one.
 TEST_F(MenuSaveOnHostTest, ADiskWithoutSpace) {
     station.AddDrive('d');
     const fs::path disk = station.Folder() / "drives" / "d";
@@ -139,7 +140,7 @@ TEST_F(MenuSaveOnHostTest, ADiskWithoutSpace) {
         MenuEditor editor;
         OpenAndEdit(editor, 600, folder);
         int failures = 0;
-        // Less is left each time: too little for the backup, then for the new version, then nothing at all.
+        // Less space is left each time: too little for the backup, then for the new version, then none.
         constexpr int Fillers = 10;
         for (int filler = 0; filler < Fillers; ++filler) {
             struct statvfs space {};
@@ -164,7 +165,7 @@ TEST_F(MenuSaveOnHostTest, ADiskWithoutSpace) {
     EXPECT_EQ(end, ChildEnd::Good) << "see above";
 }
 
-// A folder that becomes read-only, unreadable or inaccessible at some moment of a save.
+// A folder that becomes read-only, unreadable or inaccessible during a save.
 TEST_F(MenuSaveOnHostTest, AProtectedFolder) {
     for (const fs::path& path : {station.Folder(), Host(Folder)})
         fs::permissions(path, fs::perms::all);
@@ -172,7 +173,7 @@ TEST_F(MenuSaveOnHostTest, AProtectedFolder) {
         fs::permissions(Host(Folder + name), static_cast<fs::perms>(0666));
     const auto action = [&] {
         BecomePlainUser();
-        // Only its owner may protect a folder.
+        // Only its owner may change the rights of a folder.
         const std::string own = "C:\\Neskroot\\own";
         fs::create_directory(Host(own));
         int failures = 0;
@@ -206,7 +207,7 @@ TEST_F(MenuSaveOnHostTest, AProtectedFolder) {
     EXPECT_EQ(InChildProcess(action), ChildEnd::Good) << "see above";
 }
 
-// Whoever may write in a folder need not be able to list it.
+// A user who may write in a folder may not be allowed to list it.
 TEST_F(MenuSaveOnHostTest, AFolderThatMayBeWrittenButNotRead) {
     fs::permissions(station.Folder(), fs::perms::all);
     fs::permissions(Host(Folder), fs::perms::all);
@@ -230,7 +231,7 @@ TEST_F(MenuSaveOnHostTest, AFolderThatMayBeWrittenButNotRead) {
         << "see above";
 }
 
-// The folder goes away at some moment, as that of a drive that is pulled out, and comes back.
+// The folder disappears during a save, as on a removed drive, and comes back.
 TEST_F(MenuSaveOnHostTest, AFolderThatGoesAwayAndComesBack) {
     const fs::path away = station.Folder() / "away";
     constexpr int Operations = 8;
@@ -274,7 +275,7 @@ TEST_F(MenuSaveOnHostTest, AFolderThatIsDeleted) {
     EXPECT_EQ(FilesIn(Folder), "menu.cfg");
 }
 
-// Nothing is held here against its replacement; whoever has a file open keeps the version that he opened.
+// An open file does not prevent its replacement; a program that has it open keeps the old version.
 TEST_F(MenuSaveOnHostTest, AFileThatAnotherProgramReads) {
     std::ifstream other(Host(Path), std::ios::binary);
     std::string first(1000, '\0');
@@ -287,7 +288,7 @@ TEST_F(MenuSaveOnHostTest, AFileThatAnotherProgramReads) {
     EXPECT_TRUE(first + rest.str() == m_old);
 }
 
-// Two programs save the same menu at once, again and again: no save fails and each leaves a whole menu.
+// Two programs save the same menu repeatedly at the same time: no save fails and each leaves a complete menu.
 TEST_F(MenuSaveOnHostTest, TwoEditorsSaveAtOnce) {
     int gate[2];
     ASSERT_EQ(0, ::pipe(gate));
