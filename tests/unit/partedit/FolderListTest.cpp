@@ -14,7 +14,7 @@ class FolderListTest : public nesk::testing::CoreTest {
 protected:
     FolderListTest() { station.AddDrive('D'); }
 
-    // On Windows the system has folders on drive C:.
+    // A separate drive, because on Windows the system has folders on drive C:.
     static fs::path Drive() { return TempStation::Host("D:\\"); }
 };
 
@@ -37,7 +37,7 @@ TEST_F(FolderListTest, ThePathMayLackItsSeparator) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows lets administrators alone make links, and Wine none.
+// On Windows only administrators can create links, and Wine cannot create any.
 TEST_F(FolderListTest, LinksToFoldersCountAndLinksThatLeadNowhereDoNot) {
     fs::create_directory_symlink(Drive(), Drive() / "loop");
     fs::create_directory_symlink("/nonexistent", Drive() / "broken");
@@ -57,7 +57,7 @@ TEST_F(FolderListTest, Order) {
     EXPECT_TRUE(Before("alpha", "Beta"));
     EXPECT_FALSE(Before("Beta", "alpha"));
     EXPECT_FALSE(Before("alpha", "alpha"));
-    // Names that differ by case alone have an order as well.
+    // Names that differ only in case have a fixed order too.
     EXPECT_NE(Before("alpha", "ALPHA"), Before("ALPHA", "alpha"));
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Notes the tree of what was found, a line an entry, indented by its level.
+// Records the tree of what was found: one line per entry, indented by level.
 class Recorder : public PartScanVisitor {
 public:
     Node OnFolder(Node parent, const std::string& path, const std::string& name) override {
@@ -45,7 +45,7 @@ public:
     std::vector<std::string> partNames;
     std::size_t calls = 0;
     std::size_t foldersRead = 0;
-    std::size_t mostFolders = 1000000; // with so many read it is called off
+    std::size_t mostFolders = 1000000; // the scan is cancelled after this many folders
     bool calledOff = false;
 
 private:
@@ -97,7 +97,7 @@ TEST_F(PartScannerTest, ARootThatIsNoFolderIsEmpty) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Elsewhere there is no second way to ask for the order.
+// On other systems there is no second way to query the order.
 TEST_F(PartScannerTest, FoldersAndPartsKeepTheOrderOfTheFileSystem) {
     for (const char* name : {"m", "c", "z", "a", "q", "f", "x", "b"}) {
         station.Write(std::string("D:\\Parts\\f") + name + "\\x", "");
@@ -169,13 +169,13 @@ TEST_F(PartScannerTest, AMissingRootGivesAnEmptyTree) {
 TEST_F(PartScannerTest, AScanThatIsCalledOffStopsAtOnce) {
     for (const char* name : {"a", "b", "c", "d"})
         station.Write(std::string("D:\\Parts\\") + name + "\\inner\\x", "");
-    recorder.mostFolders = 6; // the root, what is in it, and what is in the first folder
+    recorder.mostFolders = 6; // the root, its entries, and the entry of the first folder
     EXPECT_FALSE(ScanParts("D:\\Parts", nullptr, recorder));
     EXPECT_EQ(recorder.foldersRead, 6u);
     EXPECT_EQ(recorder.tree.size(), std::string("a/\n").size()) << recorder.tree;
 }
 
-// A listener that is asked only once a folder's parts are all read stands still meanwhile.
+// If progress were reported only after all parts of a folder are read, the window would freeze meanwhile.
 TEST_F(PartScannerTest, ManyPartsInOneFolderAreReadWithProgress) {
     for (int i = 0; i < 300; ++i)
         MakePart("D:\\Parts\\all\\" + std::to_string(i));
@@ -199,7 +199,7 @@ TEST_F(PartScannerTest, AScanThatIsCalledOffTellsOfNoPart) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows lets administrators alone make links, and Wine none.
+// On Windows only administrators can create links, and Wine cannot create any.
 TEST_F(PartScannerTest, LinksThatLoopAreNotFollowedForEver) {
     MakePart("D:\\Parts\\folder\\part");
     fs::create_directory_symlink(Host("D:\\Parts"), Host("D:\\Parts\\folder") / "back");

@@ -19,13 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// On a drive of its own: on Windows the system has folders on drive C:.
+// Uses a drive of its own, because on Windows the system has folders on drive C:.
 class FileSystemTest : public ::testing::Test {
 protected:
     FileSystemTest() { station.AddDrive('D'); }
 
-    // Attributes without the mark for archiving, which Windows gives a new file and a station that is a
-    // folder does not have.
+    // Attributes without the archive flag. Windows sets the flag on a new file; a station that is a folder
+    // does not support it.
     static std::uint32_t WithoutArchive(std::uint32_t attributes) {
         return attributes == FileAttribute::Archive ? FileAttribute::Normal
                                                     : attributes & ~FileAttribute::Archive;
@@ -100,7 +100,7 @@ TEST_F(FileSystemTest, MakingFolders) {
     EXPECT_EQ(files.MakeFolder("D:\\NEW"), ErrorCode::AlreadyExists);
     EXPECT_EQ(files.MakeFolder("D:\\none\\new"), ErrorCode::PathNotFound);
 #ifdef NESK_PORTABLE_STATION
-    // Windows says so too, but Wine says FileNotFound.
+    // Windows returns the same code, but Wine returns FileNotFound.
     EXPECT_EQ(files.MakeFolder("D:\\" + std::string(300, 'x')), ErrorCode::InvalidName);
 #endif
 }
@@ -121,14 +121,14 @@ TEST_F(FileSystemTest, Reading) {
     EXPECT_EQ(files.OpenForReading("D:\\none\\file", reader), ErrorCode::PathNotFound);
     EXPECT_EQ(files.OpenForReading("D:\\", reader), ErrorCode::AccessDenied);
 #ifdef NESK_PORTABLE_STATION
-    // The pipes of Windows lie in no folder.
+    // Windows pipes are not in a folder.
     ASSERT_EQ(::mkfifo(Host("pipe").c_str(), 0600), 0);
     EXPECT_EQ(files.OpenForReading("D:\\pipe", reader), ErrorCode::AccessDenied) << "and it does not wait";
 #endif
     EXPECT_EQ(reader, nullptr);
 }
 
-// Another program may add to a file faster than it is read.
+// Another program may append to a file faster than it is read.
 TEST_F(FileSystemTest, WhatIsAddedAfterOpeningIsNotRead) {
     for (const std::string begin : {"begin", ""}) {
         station.Write("D:\\file", begin);
@@ -148,13 +148,13 @@ TEST_F(FileSystemTest, CreatingIsExclusiveAndPrivate) {
     EXPECT_EQ(Create("D:\\file", "bytes"), ErrorCode::Success);
     EXPECT_EQ(Contents("file"), "bytes");
 #ifdef NESK_PORTABLE_STATION
-    // On Windows a file has the rights of its folder.
+    // On Windows a file inherits the rights of its folder.
     EXPECT_EQ(fs::status(Host("file")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 #endif
     std::unique_ptr<FileWriter> writer;
     EXPECT_EQ(files.CreateNew("D:\\FILE", writer), ErrorCode::AlreadyExists);
 #ifdef NESK_PORTABLE_STATION
-    // Windows lets administrators alone make links, and Wine none.
+    // On Windows only administrators can create links, and Wine cannot create any.
     fs::create_symlink("/tmp/elsewhere", Host("link"));
     EXPECT_EQ(files.CreateNew("D:\\link", writer), ErrorCode::AlreadyExists) << "links are not followed";
 #endif
@@ -162,11 +162,11 @@ TEST_F(FileSystemTest, CreatingIsExclusiveAndPrivate) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows has no limit that could stand in for the end of a disk.
+// Windows has no limit that can simulate a full disk.
 TEST_F(FileSystemTest, AFullDiskIsReported) {
     std::unique_ptr<FileWriter> writer;
     ASSERT_EQ(files.CreateNew("D:\\file", writer), ErrorCode::Success);
-    // A limit on the size of files stands in for the end of the disk.
+    // A limit on the file size simulates a full disk.
     struct rlimit before {};
     ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
     struct rlimit limit = before;
@@ -202,7 +202,7 @@ TEST_F(FileSystemTest, AProtectedFileIsNotReplaced) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows lets administrators alone make links, and Wine none.
+// On Windows only administrators can create links, and Wine cannot create any.
 TEST_F(FileSystemTest, ReplacingALinkedFileKeepsTheLink) {
     station.Write("D:\\real\\file", "old");
     fs::create_symlink(Host("real/file"), Host("link"));
@@ -243,7 +243,7 @@ TEST_F(FileSystemTest, TheCopyOfAProtectedFileIsNotProtected) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Those of Windows are tested in windows/FileReplaceTest.cpp.
+// The rights on Windows are tested in windows/FileReplaceTest.cpp.
 TEST_F(FileSystemTest, AccessRightsAreTakenOver) {
     station.Write("D:\\old", "");
     station.Write("D:\\new", "");

@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(Values, ProfileCase, ::testing::ValuesIn(Values),
                          [](const auto& tested) { return tested.param.name; });
 
 #ifdef NESK_PORTABLE_STATION
-// What Wine answers otherwise than Windows, and how.
+// Cases in which Wine differs from Windows, each with Wine's result.
 const std::vector<Case> UnlikeWine = {
     // Wine: "no"
     {"KeyBeforeAnySectionAskedWithoutSection", "Name=no\r\n[Part]\r\n", "default", ""},
@@ -183,7 +183,7 @@ TEST_F(ProfileFileTest, ReadsUtf16) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows has one code page, the system's own.
+// Windows has only one code page, the system's own.
 TEST_F(ProfileFileTest, AnswersAQuestionMarkForWhatTheCodePageLacks) {
     m_station.Write(File, Wide(u"[Part]\r\nName=\u90E8\u54C1 5\r\n"));
     EXPECT_EQ("?? 5", Read());
@@ -193,7 +193,7 @@ TEST_F(ProfileFileTest, AnswersAQuestionMarkForWhatTheCodePageLacks) {
 #endif
 
 #ifdef NESK_PORTABLE_STATION
-// Wine makes a character of the half and what stands behind it in memory: "Bracket?".
+// Wine makes a character of the half and the byte after it in memory: "Bracket?".
 TEST_F(ProfileFileTest, ReadsUtf16ThatEndsInHalfACharacter) {
     m_station.Write(File, Wide(u"[Part]\r\nName=Bracket") + "x");
     EXPECT_EQ("Bracket", Read());
@@ -201,7 +201,7 @@ TEST_F(ProfileFileTest, ReadsUtf16ThatEndsInHalfACharacter) {
 
 TEST_F(ProfileFileTest, TakesNoSecondByteForABracket) {
     SelectCodePage(1041);
-    // The last byte of the section's first character is that of "]".
+    // The last byte of the section's first character is the byte of "]".
     m_station.Write(File, "[\x83]]\r\nName=\x95\x5C\x95\x69\r\n");
     EXPECT_EQ("\u8868\u54C1", ReadProfileString(File, "\u30BE", "Name", "default", Capacity));
 }
@@ -229,14 +229,14 @@ TEST_F(ProfileFileTest, DropsQuotesBeforeItCuts) {
     m_station.Write(File, "[Part]\r\nName=  \"" + std::string(5000, 'x') + "\"  \r\n");
     EXPECT_EQ(std::string(4095, 'x'), Read(4096));
 #ifdef NESK_PORTABLE_STATION
-    // Wine cuts before it drops the quotes: two characters are missing.
+    // Wine cuts the value before it removes the quotes, so two characters are missing.
     EXPECT_EQ(std::string(5000, 'x'), Read(5001));
 #endif
     EXPECT_EQ(std::string(5000, 'x'), Read(5003));
     EXPECT_EQ(std::string(5000, 'x'), Read(5002));
 }
 
-// Windows itself reads none whose path has more than 260 characters.
+// Windows itself cannot read a file whose path is longer than 260 characters.
 TEST_F(ProfileFileTest, ReadsAFileInADeepFolder) {
     std::string file = "C:\\Parts";
     for (int i = 0; i < 30; ++i)
@@ -255,7 +255,7 @@ TEST_F(ProfileFileTest, CountsBytesOfTheCodePage) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows has one code page, the system's own.
+// Windows has only one code page, the system's own.
 TEST_F(ProfileFileTest, CutsNoCharacterOfTwoBytes) {
     SelectCodePage(1041);
     m_station.Write(File, "[Part]\r\nName=\x95\x5C\x95\x69\r\n");
@@ -270,7 +270,7 @@ TEST_F(ProfileFileTest, DropsTheBlanksBehindTheDefault) {
     EXPECT_EQ("  none", Read(Capacity, "  none   "));
     EXPECT_EQ("none\t", Read(Capacity, "none\t "));
 #ifdef NESK_PORTABLE_STATION
-    // Wine leaves one blank.
+    // Wine leaves one space.
     EXPECT_EQ("", Read(Capacity, "   "));
 #endif
     EXPECT_EQ("no", Read(3, "none"));
@@ -292,11 +292,11 @@ TEST_F(ProfileFileTest, AnswersTheDefaultForWhatIsNoFile) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// The pipes of Windows lie in no folder.
+// Windows pipes are not in a folder.
 TEST_F(ProfileFileTest, DoesNotWaitForAPipe) {
     std::filesystem::create_directories(TempStation::Host("C:\\Parts"));
     ASSERT_EQ(0, ::mkfifo(TempStation::Host(File).c_str(), 0600));
-    // Without a writer an open that waits would never return; with one, a read would.
+    // A blocking open never returns without a writer; with a writer, a read never returns.
     EXPECT_EQ("default", Read());
     const int both = ::open(TempStation::Host(File).c_str(), O_RDWR | O_CLOEXEC);
     ASSERT_GE(both, 0);
@@ -312,8 +312,8 @@ TEST_F(ProfileFileTest, FindsCharactersAcrossTheEndOfTheBuffer) {
     }
 }
 
-// Runs `action` in a process of its own, whose peak starts anew. True when the action answered true and the
-// peak of its memory grew by less than 8 MB.
+// Runs `action` in a child process, which has its own memory peak. Succeeds if the action returns true and
+// the peak grows by less than 8 MB.
 template <class Action>
 ::testing::AssertionResult NeedsLittleMemory(const Action& action) {
     const pid_t child = ::fork();
@@ -336,7 +336,7 @@ template <class Action>
 TEST_F(ProfileFileTest, ReadsAHugeFileWithLittleMemory) {
     m_station.Write(File, "[Part]\r\nName=Bracket\r\n");
     const std::filesystem::path host = TempStation::Host(File);
-    // A hole: zero bytes, which are a single line.
+    // A sparse file: zero bytes that form a single line.
     std::filesystem::resize_file(host, 2'000'000'000);
     EXPECT_TRUE(NeedsLittleMemory([] { return Read() == "Bracket"; }));
 
@@ -349,7 +349,7 @@ TEST_F(ProfileFileTest, ReadsAHugeFileWithLittleMemory) {
 TEST_F(ProfileFileTest, ReadsAHugeValueWithLittleMemory) {
     m_station.Write(File, "[Part]\r\nName=\"" + std::string(20'000'000, 'x') + "\"\r\n");
     EXPECT_TRUE(NeedsLittleMemory([] { return Read() == std::string(4095, 'x'); }));
-    // Windows never gives more, however large the buffer.
+    // Windows never returns more than this, however large the buffer is.
     EXPECT_TRUE(NeedsLittleMemory([] { return Read(1'000'000'000) == std::string(65535, 'x'); }));
 }
 #endif

@@ -64,7 +64,7 @@ TEST_F(RegistryTest, JudgesSeparators) {
     EXPECT_EQ(0U, key);
     Create("C\\\\D\\");
     EXPECT_EQ(ErrorCode::Success, OpenResult("C\\D"));
-    // A slash is a character like any other.
+    // A slash is an ordinary character.
     EXPECT_EQ(ErrorCode::FileNotFound, OpenResult("A/B"));
 }
 
@@ -81,7 +81,7 @@ TEST_F(RegistryTest, LimitsTheLengthOfAKeyName) {
     EXPECT_EQ(ErrorCode::Success, Set(Create("A\\" + longest), "x", "1"));
     EXPECT_EQ(Names{longest}, Subkeys(Create("A")));
 #ifdef NESK_PORTABLE_STATION
-    // Wine makes keys with longer names, which Windows does not.
+    // Wine creates keys with longer names, unlike Windows.
     RegKey key = 1;
     EXPECT_EQ(ErrorCode::InvalidParameter,
               Reg().CreateKey(Root(), "B\\" + longest + "x\\C", RegAccess::ReadWrite, key));
@@ -91,7 +91,7 @@ TEST_F(RegistryTest, LimitsTheLengthOfAKeyName) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows has one code page, the system's own.
+// Windows has only one code page, the system's own.
 TEST_F(RegistryTest, CountsCharactersOfTwoBytesOnce) {
     SelectCodePage(1041);
     std::string longest;
@@ -111,7 +111,7 @@ TEST_F(RegistryTest, RefusesAHandleThatIsNotOpen) {
     ASSERT_EQ(ErrorCode::Success, Reg().CloseKey(closed));
     std::vector<RegKey> notOpen{RegKey{0}, RegKey{12345}, closed};
 #ifdef NESK_PORTABLE_STATION
-    // On Windows the root of the user's own settings is always open as well.
+    // On Windows the root of the user's settings is always open too.
     notOpen.push_back(0x80000001);
 #endif
     for (const RegKey key : notOpen) {
@@ -150,7 +150,7 @@ TEST_F(RegistryTest, TellsThatTheKeyWasDeleted) {
     EXPECT_EQ(ErrorCode::KeyDeleted, Reg().EnumKey(key, 0, buffer.data(), 16));
     EXPECT_EQ(ErrorCode::KeyDeleted,
               Reg().EnumValue(key, 0, buffer.data(), &nameSize, nullptr, nullptr, nullptr));
-    // A new key of the same name is another one.
+    // A new key of the same name is a different key.
     ASSERT_EQ(ErrorCode::Success, Set(Create("A\\B"), "x", "1"));
     EXPECT_EQ(ErrorCode::KeyDeleted, Reg().QueryValue(key, "x", nullptr, buffer.data(), &size));
     EXPECT_EQ(ErrorCode::Success, Reg().CloseKey(key));
@@ -166,7 +166,7 @@ TEST_F(RegistryTest, KeepsTheRootOpen) {
     EXPECT_EQ("1", Get(Root(), "x"));
     EXPECT_EQ(ErrorCode::Success, Reg().CloseKey(key));
 #ifdef NESK_PORTABLE_STATION
-    // Nobody should write into the real root.
+    // On Windows a test must not write into the real root.
     ASSERT_EQ(ErrorCode::Success, Set(LocalMachine, "x", "1"));
     EXPECT_EQ("1", Get(LocalMachine, "x"));
     EXPECT_EQ(Names{"x"}, Values(LocalMachine));
@@ -180,8 +180,8 @@ TEST_F(RegistryTest, AsksForTheRightsOfAHandle) {
     EXPECT_EQ(ErrorCode::AccessDenied, Set(reading, "x", "1"));
     EXPECT_EQ(ErrorCode::AccessDenied, Reg().DeleteValue(reading, "x"));
 #ifdef NESK_PORTABLE_STATION
-    // Windows documents that it goes by the rights of the key itself when it makes a subkey, not by those of
-    // the handle.
+    // When Windows creates a subkey, it checks the rights of the key itself and not those of the handle, as
+    // documented.
     EXPECT_EQ(ErrorCode::AccessDenied, Reg().CreateKey(reading, "C", RegAccess::ReadWrite, key));
     EXPECT_EQ(0U, key);
 #endif
@@ -240,7 +240,7 @@ TEST_F(RegistryTest, EnumeratesSubkeysInTheOrderOfTheirUpperCasedNames) {
         Create(name);
     EXPECT_EQ((Names{"10", "9", "a", "b", "B2", "C", "Z", "\xE4", "\xC5"}), Subkeys(Root()));
 #ifdef NESK_PORTABLE_STATION
-    // Wine goes by the lower-cased names and has this one before all letters.
+    // Wine sorts by lower-case names, which puts this one before all letters.
     Create("_");
     EXPECT_EQ((Names{"10", "9", "a", "b", "B2", "C", "Z", "_", "\xE4", "\xC5"}), Subkeys(Root()));
 #endif

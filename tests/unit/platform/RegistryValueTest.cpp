@@ -36,7 +36,7 @@ TEST_F(RegistryValueTest, ReadsWhatWasWritten) {
         EXPECT_EQ(sample.data, data.substr(0, size));
         std::string rest(64 - size, '#');
 #ifndef NESK_PORTABLE_STATION
-        // Where there is room Windows ends a text that was stored without a zero.
+        // If there is room, Windows adds a zero to a text that was stored without one.
         if (sample.type == RegType::Text || sample.type == RegType::ExpandText)
             if (!sample.data.empty() && sample.data.back() != '\0') rest.front() = '\0';
 #endif
@@ -73,7 +73,7 @@ TEST_F(RegistryValueTest, GivesEveryByteOfATextBack) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows has one code page, the system's own.
+// Windows has only one code page, the system's own.
 TEST_F(RegistryValueTest, AnswersAQuestionMarkForWhatTheCodePageLacks) {
     SelectCodePage(1041);
     const RegKey key = Create("A\\\x95\x5C\x95\x69");
@@ -162,7 +162,7 @@ TEST_F(RegistryValueTest, DeletesValues) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows does so as well, but does not promise it; Wine has values in the order of their names.
+// Windows does this too but does not guarantee it; Wine sorts values by name.
 TEST_F(RegistryValueTest, EnumeratesValuesInTheOrderOfTheirFirstWriting) {
     const RegKey key = Create("A");
     for (const char* name : {"z", "m", "a", "", "b"})
@@ -198,7 +198,7 @@ TEST_F(RegistryValueTest, NeedsRoomForANameAndItsZero) {
         EXPECT_EQ(ErrorCode::MoreData,
                   Reg().EnumValue(key, 0, name.data(), &size, nullptr, nullptr, nullptr));
 #ifdef NESK_PORTABLE_STATION
-        // Wine writes as much of the name as there is room for.
+        // Wine writes the part of the name that fits.
         EXPECT_EQ("########", name);
 #else
         EXPECT_EQ(std::string(8 - capacity, '#'), name.substr(capacity));

@@ -5,7 +5,7 @@
 namespace nesk::platform {
 namespace {
 
-// Root with A (A1, A2) and B; what is expanded is up to the test.
+// A root with A (A1, A2) and B. The test decides which nodes are expanded.
 class TreeNodeTest : public ::testing::Test {
 protected:
     static TreeNode& Add(TreeNode& parent, const char* text) {
@@ -20,7 +20,7 @@ protected:
         return text;
     }
 
-    // The same from bottom to top.
+    // Texts of the rows from bottom to top.
     std::string RowsUpwards(const TreeNode& last) const {
         std::string text;
         for (const TreeNode* row = &last; row != nullptr; row = row->PreviousRow())

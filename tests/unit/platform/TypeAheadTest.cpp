@@ -19,8 +19,8 @@ protected:
         return root.Insert(root.ChildCount(), std::make_unique<TreeNode>(text, 0, ""));
     }
 
-    // Types characters one by one, each where the one before led to. Gives the text of the row reached at
-    // last.
+    // Types characters one by one, each starting at the row that the previous one selected. Returns the text
+    // of the last row.
     std::string Type(const std::vector<std::string>& characters, std::chrono::milliseconds between = 100ms) {
         for (const std::string& character : characters) {
             now += between;

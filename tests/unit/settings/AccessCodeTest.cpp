@@ -14,7 +14,7 @@ protected:
     AccessCodeTest() { NeskRegistry::Instance() = NeskRegistry(); }
     ~AccessCodeTest() override { NeskRegistry::Instance() = NeskRegistry(); }
 
-    // The stored code; "none" when there is no such value.
+    // The stored code; "none" if the value is missing.
     static std::string Stored() {
         RegEntry entry;
         if (!entry.TestKey("Neskworks")) return "none";
@@ -62,7 +62,7 @@ TEST_F(AccessCodeTest, TheLongestCodeIsReadBack) {
 }
 
 TEST_F(AccessCodeTest, AFailedSaveIsReportedOnce) {
-    // A folder where the registry's file belongs cannot be opened as one.
+    // A folder in place of the registry's file cannot be opened as a file.
     station.BreakSettings();
     Expect();
     EXPECT_TRUE(AccessCode::Store("1", "1"));

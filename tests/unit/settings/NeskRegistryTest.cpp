@@ -19,7 +19,8 @@ struct TextField {
     std::string NeskRegistry::*field;
 };
 
-// The texts in the order in which they are written; the two numbers stand behind the title of the history.
+// The texts in the order in which they are written. The two numbers are written after the title of the
+// history.
 constexpr TextField Texts[] = {
     {"NeskRoot", &NeskRegistry::NeskRoot},
     {"DefaultSlideDirectory", &NeskRegistry::DefaultSlideDirectory},
@@ -40,7 +41,7 @@ constexpr TextField Texts[] = {
 
 class NeskRegistryTest : public nesk::testing::CoreTest {
 protected:
-    // A record whose texts are all different, and in part beyond ASCII.
+    // A record in which all texts differ and some are not ASCII.
     static NeskRegistry FullRecord() {
         NeskRegistry record;
         for (const TextField& text : Texts)
@@ -50,7 +51,7 @@ protected:
         return record;
     }
 
-    // The names and texts of all values, in the order in which they were first written.
+    // The names and texts of all values, in the order of their first write.
     static std::vector<std::string> Stored() {
         RegEntry entry;
         entry.OpenKey("Neskworks");
@@ -112,7 +113,7 @@ TEST_F(NeskRegistryTest, SavingWritesEveryFieldInItsOrder) {
     }
     std::vector<std::string> stored = Stored();
 #ifndef NESK_PORTABLE_STATION
-    // Windows promises no order of values, and Wine has them in that of their names.
+    // Windows guarantees no order of values, and Wine sorts them by name.
     std::sort(stored.begin(), stored.end());
     std::sort(expected.begin(), expected.end());
 #endif
@@ -228,7 +229,7 @@ TEST_F(NeskRegistryTest, TheFirstFailureEndsASaveAndIsShown) {
     ASSERT_EQ(stored.size(), 8u) << "what was written before stays, nothing is written behind";
     EXPECT_EQ(1, std::count(stored.begin(), stored.end(), "NeskMachine=" + record.NeskMachine));
 #ifdef NESK_PORTABLE_STATION
-    // Windows promises no order of values.
+    // Windows guarantees no order of values.
     EXPECT_TRUE(stored.back().starts_with("NeskMachine="));
 #endif
     const NeskError error(5002, "RegEntry.SetValue", Message::RegNotEncodable, {"NeskUser", "日", "1252"});

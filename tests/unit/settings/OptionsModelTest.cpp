@@ -29,12 +29,12 @@ protected:
         fields.historyDirectory = "C:\\History";
     }
 
-    // The message about a box, with the text of its label as a user reads it.
+    // The message about a box, with its label as shown to the user.
     static std::string CheckText(const std::string& label) { return LoadResString(32067) + " " + label; }
 
     std::optional<Fault> Check() { return OptionsModel::Check(fields, numbers); }
 
-    // Checks the number of parts, and gives it as stored or the text that replaces it.
+    // Checks the number of parts. Returns the stored number, or the text that replaces a refused one.
     std::string MaxParts(const std::string& text) {
         fields.maxParts = text;
         fields.sampleSize = "0";
@@ -45,7 +45,7 @@ protected:
         return "refused: " + fault->replacement.value_or("no replacement");
     }
 
-    // The same for the sample size.
+    // Does the same for the sample size.
     std::string SampleSize(const std::string& text, const std::string& parts = "20") {
         fields.maxParts = parts;
         fields.sampleSize = text;
@@ -75,7 +75,7 @@ TEST_F(OptionsModelTest, CompleteFieldsPass) {
 TEST_F(OptionsModelTest, FaultsAreFoundInTheirOrder) {
     fields.root = "C:\\Gone";
     fields.slides = "";
-    fields.bitmap = "C:\\Root\\x.txt"; // a file is no folder
+    fields.bitmap = "C:\\Root\\x.txt"; // a file is not a folder
     fields.machine = "";
     fields.user = "";
     fields.maxParts = "1000";
@@ -146,12 +146,12 @@ TEST_F(OptionsModelTest, SampleSizes) {
     EXPECT_EQ(SampleSize("3.5"), "4");
     EXPECT_EQ(SampleSize("1"), "refused: 1");
     EXPECT_EQ(SampleSize("1.0"), "refused: 1");
-    // Compared before it is rounded.
+    // The value is compared before it is rounded.
     EXPECT_EQ(SampleSize("0.6"), "1");
     EXPECT_EQ(SampleSize("1.4"), "1");
     EXPECT_EQ(SampleSize("21"), "refused: 21");
     EXPECT_EQ(SampleSize("20.5"), "refused: 20.5");
-    // Compared with the number of parts as it is stored.
+    // The value is compared with the stored number of parts.
     EXPECT_EQ(SampleSize("2", "1.5"), "2");
     EXPECT_EQ(SampleSize("3", "2.5"), "refused: 3");
 }

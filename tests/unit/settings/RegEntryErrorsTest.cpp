@@ -19,12 +19,12 @@ using platform::RegKey;
 using Texts = std::vector<std::string>;
 namespace ErrorCode = platform::ErrorCode;
 
-// The station's registry, of which chosen calls fail. Knows which keys are open.
+// The station's registry with injected failures. Keeps a list of the open keys.
 class FailingRegistry final : public Registry {
 public:
     std::map<std::string, int> failures; // "operation name" and its result code
     std::function<int(std::uint32_t index, char* name, std::uint32_t capacity)>
-        enumKey; // in place of the real one
+        enumKey; // replaces the real one
     std::set<RegKey> open;
     std::set<std::uint32_t> accesses;
 
@@ -107,7 +107,7 @@ protected:
             EXPECT_NE(modUtilities::MessageText(error).find(argument), std::string::npos) << argument;
     }
 
-    // After a failed open or create no key is open: reads are empty and writes do nothing.
+    // After a failed open or create no key is open: reads return nothing and writes do nothing.
     void ExpectNoKey(RegEntry& entry) {
         EXPECT_TRUE(m_registry.open.empty());
         EXPECT_EQ(entry.GetString("name"), "");

@@ -16,7 +16,7 @@ const std::string Base = "SOFTWARE\\Quarndale\\";
 
 class RegEntryTest : public nesk::testing::CoreTest {
 protected:
-    // The bytes of a value as they lie in the registry; "none" when there is none.
+    // The bytes of a value as stored in the registry; "none" if the value is missing.
     static std::string Raw(const std::string& key, const std::string& name) {
         platform::Registry& registry = platform::StationRegistry();
         platform::RegKey handle = 0;
@@ -29,7 +29,7 @@ protected:
         return result == 0 ? std::to_string(type) + ":" + std::string(data, size) : "none";
     }
 
-    // Writes bytes of any type, below `Base` or, with a path of its own, elsewhere.
+    // Writes bytes of any type below `Base`, or at a full path of their own.
     static void SetRaw(const std::string& path, const std::string& name, std::uint32_t type,
                        const std::string& data) {
         platform::Registry& registry = platform::StationRegistry();
@@ -89,7 +89,7 @@ TEST_F(RegEntryTest, StringsAreWrittenWithoutAZero) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows has one code page, the system's own.
+// Windows has only one code page, the system's own.
 TEST_F(RegEntryTest, StringsAreWrittenInTheCodePage) {
     RegEntry entry;
     entry.CreateKey("T");
@@ -279,7 +279,7 @@ TEST_F(RegEntryTest, NamesOfKeysAtTheirLimits) {
     EXPECT_TRUE(entry.TestKey("T\\" + longest));
     const std::size_t tooLong = 256;
 #else
-    // Wine does not find the longest name, and makes keys of longer ones than Windows does.
+    // Wine does not find the longest name, and creates keys with longer names than Windows does.
     const std::size_t tooLong = 16384;
 #endif
     for (const std::size_t size : {tooLong, tooLong + 1, std::size_t{1'000'000}}) {
@@ -289,7 +289,7 @@ TEST_F(RegEntryTest, NamesOfKeysAtTheirLimits) {
         EXPECT_THROW(entry.CreateKey("T\\" + name), NeskError) << size;
         EXPECT_EQ(entry.GetString("A"), "") << "no key is open";
     }
-    // The last level is copied and deleted although it is too long to be listed.
+    // The last level can be copied and deleted although its name is too long to be listed.
     entry.OpenKey("");
     entry.DeleteKey("T\\" + longest);
     EXPECT_FALSE(entry.TestKey("T\\" + longest));
@@ -316,7 +316,7 @@ TEST_F(RegEntryTest, ValuesComeWithTheirTypes) {
     Texts expected{"text|1|Müller",   "Number|4|\x01\0\0\0"s, "|2|%x%",
                    "multi|7|a\0b\0"s, "nnnnnnnn|3|bbbbbbbb",  "empty|0|"};
 #ifndef NESK_PORTABLE_STATION
-    // Windows promises no order of values, and Wine has them in that of their names.
+    // Windows guarantees no order of values, and Wine sorts them by name.
     std::sort(found.begin(), found.end());
     std::sort(expected.begin(), expected.end());
 #endif
@@ -343,7 +343,7 @@ TEST_F(RegEntryTest, DeletingAKeyTakesEverythingBelow) {
     EXPECT_TRUE(Exists(Base + "T")) << "the open key itself stays";
 }
 
-// A key with values and two levels below, at `key`.
+// Creates a key at `key` with values and two levels below it.
 void MakeExample(RegEntry& entry, const std::string& key) {
     entry.CreateKey(key + "\\Below\\Deep");
     entry.SetString("deep", "3");

@@ -100,7 +100,7 @@ TEST_F(RegistryListTest, EntriesWhoseNamesCannotBeShown) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Here the list is made with this program, and one that was never made is no fault.
+// On this station the list is made with this program, so a list that was never made is not an error.
 TEST_F(RegistryListTest, AMissingKeyIsAnEmptyList) {
     EXPECT_TRUE(RegistryList("Machines").DisplayNames().empty()) << "without a store at all";
     Add("Users\\U1", "Smith");

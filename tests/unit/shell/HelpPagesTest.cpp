@@ -1,4 +1,4 @@
-// The pages from which the help file is made.
+// Tests of the pages that the help file is made from.
 
 #include <filesystem>
 #include <fstream>
@@ -22,7 +22,7 @@ std::string Contents(const fs::path& file) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-// What the first group of a pattern stands for, for each place where the pattern occurs.
+// The text of the pattern's first group at each match.
 std::set<std::string> Found(const std::string& text, const char* pattern) {
     const std::regex expression(pattern);
     std::set<std::string> found;

@@ -15,7 +15,8 @@
 namespace nesk {
 namespace {
 
-// Messages that requests for help give before any test chooses a help file, which cannot be taken back.
+// Number of messages shown by help requests before any test chooses a help file. Counted here because the
+// choice cannot be undone.
 const int MessagesWithoutAHelpFile = [] {
     int count = 0;
     const modMessageBox::Hook before =
@@ -29,7 +30,7 @@ const int MessagesWithoutAHelpFile = [] {
     return count;
 }();
 
-// A file beside the program for as long as the object lives.
+// A file next to the program while the object lives.
 class FileBesideTheProgram {
 public:
     explicit FileBesideTheProgram(const std::string& name)
@@ -47,8 +48,8 @@ private:
     std::filesystem::path m_file;
 };
 
-// The program's own folder holds OVENU.chm; base names of the test's own leave the choice to the
-// installation's.
+// The program's own folder contains OVENU.chm. The test uses base names of its own, so that the files in the
+// installation's folder are chosen.
 class HelpTest : public testing::CoreTest {
 protected:
     HelpTest() {
@@ -72,7 +73,7 @@ TEST_F(HelpTest, TheProgramFolderComesFirst) {
 TEST_F(HelpTest, CandidatesInTheirOrder) {
     EXPECT_FALSE(modHelp::SetHelpFile(1031, "T"));
     EXPECT_EQ(modHelp::HelpFile(), "C:\\Orvane\\Bin\\TENU.hlp") << "the last candidate is named all the same";
-    // Each file written beats the ones before.
+    // Each file takes precedence over the ones written before it.
     for (const char* name : {"TENU.hlp", "TDEU.hlp", "TENU.chm", "TDEU.chm"}) {
         WriteHelp(name);
         EXPECT_TRUE(modHelp::SetHelpFile(1031, "T"));
@@ -85,7 +86,7 @@ TEST_F(HelpTest, BothFoldersInTheirOrder) {
     const std::vector<std::string> endings{"ENU.hlp", "DEU.hlp", "ENU.chm", "DEU.chm"};
     for (const std::string& ending : endings)
         const FileBesideTheProgram leftByARunThatWasKilled(base + ending);
-    // From the last candidate to the first: each file beats the ones before.
+    // From the last candidate to the first: each file takes precedence over the ones before it.
     std::vector<std::unique_ptr<FileBesideTheProgram>> files;
     for (const std::string& ending : endings) {
         WriteHelp(base + ending);
@@ -132,7 +133,7 @@ TEST_F(HelpTest, AMissingFileIsSaid) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// windows/HelpViewerTest.cpp asks the same of the viewers of Windows.
+// windows/HelpViewerTest.cpp tests the same with the viewers of Windows.
 TEST_F(HelpTest, ContentsAndTopicsAreAskedForAsSuch) {
     WriteHelp("TENU.chm");
     modHelp::SetHelpFile(1033, "T");
@@ -158,8 +159,8 @@ TEST_F(HelpTest, ContentsAndTopicsAreAskedForAsSuch) {
     ::unsetenv("NESKMANAGER_HELPVIEWER");
 }
 
-// Windows shows both kinds of file, each by a viewer of the system's own; windows/HelpViewerTest.cpp tests
-// that one is missing.
+// Windows shows both kinds of file, each with a system viewer. A missing viewer is tested in
+// windows/HelpViewerTest.cpp.
 TEST_F(HelpTest, WhatCannotBeShownIsSaid) {
     modHelp::SetHelpFile(1033, "T");
     WriteHelp("TENU.hlp");

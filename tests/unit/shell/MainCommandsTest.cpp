@@ -13,7 +13,8 @@ const std::set<MainCommand> AlwaysEnabled = {FileExit,     SettingsAccess, Setti
 
 class MainCommandsTest : public nesk::testing::CoreTest {
 protected:
-    // The submenus R.1, with the parts R.1.1 to R.1.3, and R.2, and the part R.3.
+    // Opens a menu with the submenus R.1, which contains the parts R.1.1 to R.1.3, and R.2, and with the part
+    // R.3.
     void OpenExample() {
         m_editor.Open("C:\\", "C:\\none.cfg");
         m_editor.AddSubmenu("R", "first");
@@ -23,7 +24,7 @@ protected:
         m_editor.AddPart("R", "last");
     }
 
-    // The names of the commands that are enabled, less those that always are.
+    // The names of the enabled commands, without those that are always enabled.
     std::string Enabled(const std::string& id, bool menuRootExists = true) const {
         return Names(EnabledCommands(m_editor, id, menuRootExists), AlwaysEnabled);
     }
@@ -36,7 +37,7 @@ protected:
         return names;
     }
 
-    // The names of these commands.
+    // The names of the given commands.
     static std::string NamesOf(std::initializer_list<MainCommand> commands) {
         MainCommandSet set;
         for (const MainCommand command : commands)
@@ -124,7 +125,7 @@ TEST_F(MainCommandsTest, WhatIsAlwaysEnabled) {
     }
 }
 
-// The folder may lie on a drive that answers late, and every selection in the tree asks for the commands.
+// The folder may be on a slow drive, and every selection in the tree queries the commands.
 TEST_F(MainCommandsTest, TheRootFolderIsLookedUpOnlyWhileNothingIsOpen) {
     int lookUps = 0;
     const auto exists = [&] {

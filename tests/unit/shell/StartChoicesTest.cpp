@@ -17,7 +17,7 @@ using Root = StartState::Root;
 
 class StartChoicesTest : public testing::CoreTest {
 protected:
-    // A state with a menu that is there, of a station that is a folder or of this computer.
+    // A state whose menu exists, of a folder station or of this computer.
     static StartState StateOf(StationFolderState station, Root root, bool menu = true) {
         StartState state;
         state.station = station == StationFolderState::NotApplicable ? "" : "/home/me/station";
@@ -60,7 +60,7 @@ TEST_F(StartChoicesTest, TheNextStepOfEachState) {
          Message::StartStationClosed,
          {CreateStation, OpenStation}},
         {StationFolderState::Empty, Root::NotSet, Message::StartNoStation, {CreateStation, OpenStation}},
-        // A root folder of another drive is there without its station.
+        // A root folder on another drive exists without its station.
         {StationFolderState::Missing,
          Root::Exists,
          Message::StartNothingOpen,
@@ -71,7 +71,7 @@ TEST_F(StartChoicesTest, TheNextStepOfEachState) {
         const StartChoices choices = StartChoices::For(state);
         EXPECT_EQ(choices.heading, LoadResString(row.heading));
         EXPECT_EQ(choices.steps, row.steps) << choices.heading;
-        // What is missing is named, and so is the station where there are several.
+        // The text names what is missing, and the station if there can be several.
         if (!state.station.empty()) {
             EXPECT_NE(choices.text.find(state.station), std::string::npos) << choices.text;
         }

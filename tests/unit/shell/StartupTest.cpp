@@ -36,7 +36,7 @@ protected:
         settings.SetString("DefaultLanguage", value);
     }
 
-    // Starts the program and tells how often the main window was shown.
+    // Starts the program and returns how often the main window was shown.
     int Start() {
         int shown = 0;
         Startup::Main([&] {
@@ -138,7 +138,7 @@ TEST_F(StartupTest, SettingsAndHelpAreThereBeforeTheWindow) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// The registry of Windows is no file of the program's.
+// The registry of Windows is not a file of the program.
 TEST_F(StartupTest, ADamagedStore) {
     std::string bytes(8192, '\0');
     for (std::size_t i = 0; i < bytes.size(); ++i)

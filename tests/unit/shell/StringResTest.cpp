@@ -14,12 +14,12 @@ namespace {
 using modStringRes::FormatResString;
 using modStringRes::LoadResString;
 
-// Taken before any test selects a language, which cannot be taken back.
+// Evaluated before any test selects a language, because the selection cannot be undone.
 const std::string LoadedBeforeTheStart = LoadResString(32004);
 const std::string FormattedBeforeTheStart = FormatResString(32004, "x");
 
-// Libraries of a block that the program itself does not have, in the installation's folder, so that the test
-// decides what they hold.
+// Uses libraries of a block that the program itself does not have, in the installation's folder, so that the
+// test decides what they contain.
 class StringResTest : public testing::CoreTest {
 protected:
     StringResTest() {
@@ -28,7 +28,7 @@ protected:
         settings.SetString("InstallDirectory", " C:\\Orvane ");
     }
 
-    // A library that is loaded could not be removed with the station.
+    // A loaded library could not be removed with the station.
     ~StringResTest() override { modStringRes::FreeStringRes(); }
 
     void WriteLibrary(const std::string& name, const std::map<std::uint16_t, std::string>& strings) {
@@ -75,7 +75,7 @@ TEST_F(StringResTest, SmallNumbersHaveLeadingZeros) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// A resource of Windows has no such number.
+// A Windows resource cannot have this number.
 TEST_F(StringResTest, TheSignIsNotOneOfTheFiveDigits) {
     station.Write("C:\\Orvane\\Bin\\ENU-01000.DLL", "NeskManager string table 1\n4294966296\tno %0%\n");
     EXPECT_EQ(LoadResString(-1000), "no %0%");
@@ -93,7 +93,7 @@ TEST_F(StringResTest, ALibraryIsLoadedOnceForItsBlock) {
     WriteLibrary("ENU45000.DLL", {{45000, "none %0%"}, {45001, "one"}, {45999, "last"}});
     WriteLibrary("ENU46000.DLL", {{46000, "other block"}});
     EXPECT_EQ(LoadResString(45001), "one");
-    // Windows lets nobody remove a library that is loaded, but anybody rename it.
+    // On Windows a loaded library cannot be removed, but it can be renamed.
     for (const std::string block : {"45000", "46000"})
         std::filesystem::rename(TempStation::Host("C:\\Orvane\\Bin\\ENU" + block + ".DLL"),
                                 TempStation::Host("C:\\Orvane\\Bin\\" + block));

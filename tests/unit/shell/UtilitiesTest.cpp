@@ -109,7 +109,7 @@ TEST_F(UtilitiesTest, AShareIsNotAFolderToCreate) {
 }
 
 TEST_F(UtilitiesTest, MakePathBeginsBelowTheShare) {
-    // No test has a network, but the error names the first folder that was to be created.
+    // Tests have no network, but the error names the first folder that was to be created.
     const NeskError error = ErrorOf([] { MakePath("\\\\no-such-server\\share\\new\\deeper"); });
     EXPECT_EQ(error.arguments.at(0), "\\\\no-such-server\\share\\new");
 }

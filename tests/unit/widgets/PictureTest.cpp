@@ -100,14 +100,14 @@ TEST_F(PictureTest, AnIconOfManyPictures) {
     };
     EXPECT_EQ(SizeOf(icon(65535, Png)), "20000x20001");
     EXPECT_EQ(SizeOf(icon(65534, Png)), "") << "the last one lies behind the end";
-    // Rows of the picture and of its mask.
+    // The height counts the rows of the picture and of its mask.
     const std::string bitmap = Bmp.substr(14, 8);
     EXPECT_EQ(SizeOf(icon(65535, bitmap + std::string("\2\0\0\0", 4))), "160x2");
     EXPECT_EQ(SizeOf(icon(65535, bitmap + std::string("\1\0\0\0", 4))), "")
         << "no row is left for the picture";
 }
 
-// Whoever decodes these would find the frame elsewhere than behind the length that they do not have.
+// These markers have no length, so a decoder finds the frame at another offset than the one after a length.
 TEST_F(PictureTest, AJpegMarkerWithoutALengthBeforeTheFrame) {
     for (const char marker : {'\x00', '\x01', '\xD0', '\xD7', '\xD8', '\xD9'}) {
         const std::string front = std::string("\xFF\xD8\xFF") + marker;
@@ -117,7 +117,7 @@ TEST_F(PictureTest, AJpegMarkerWithoutALengthBeforeTheFrame) {
     EXPECT_EQ(SizeOf(std::string("\xFF\xD8\xFF\xE1\0\4ab", 8) + Jpeg.substr(9)), "48x32");
 }
 
-// A GIF file of a size with pictures of another.
+// A GIF file of one size that contains pictures of another size.
 std::string GifOf(const std::string& fileSize, const std::string& pictureSize, int count) {
     std::string bytes = "GIF89a" + fileSize + std::string("\x80\0\0\0\0\0\xFF\xFF\xFF", 9);
     bytes += std::string("\x21\xF9\4\0\0\0\0\0\x21\xFE\2ab\1c\0", 16);
@@ -143,8 +143,8 @@ TEST_F(PictureTest, TheFirstPictureOfAGifFile) {
     EXPECT_FALSE(FirstGifPicture(GifOf(one, std::string("\0\0\1\0", 4), 1)).has_value());
     EXPECT_FALSE(FirstGifPicture(GifOf(one, std::string("\1\0\0\0", 4), 1)).has_value());
     EXPECT_FALSE(FirstGifPicture("GIF89a" + one + std::string("\0\0\0?", 4)).has_value());
-    // The toolkit skips the first extension by its usual length, whatever it says: another picture could
-    // stand where that ends.
+    // wxWidgets skips the first extension by its usual length and ignores the length in the file, so another
+    // picture could be where the extension really ends.
     const std::size_t control = whole.find("\x21\xF9") + 2;
     for (const auto& [at, byte] :
          {std::pair(control, '\5'), {control, '\x80'}, {control, '\0'}, {control + 5, '\1'}}) {

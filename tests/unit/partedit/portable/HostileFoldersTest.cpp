@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 namespace ErrorCode = platform::ErrorCode;
 using nesk::testing::ChildEnd;
 
-// Counts what is found and writes down what cannot be read.
+// Counts the entries found and records those that cannot be read.
 class Counter : public PartScanVisitor {
 public:
     Node OnFolder(Node, const std::string&, const std::string& name) override {
@@ -50,7 +50,7 @@ protected:
 };
 
 TEST_F(HostileFoldersTest, EachFolderLinksToAllOthers) {
-    constexpr std::size_t Folders = 12; // hundreds of millions of ways lead through them
+    constexpr std::size_t Folders = 12; // hundreds of millions of paths lead through them
     const auto name = [](std::size_t number) { return "f" + std::to_string(number); };
     for (std::size_t i = 0; i < Folders; ++i)
         fs::create_directory(m_root / name(i));
@@ -59,7 +59,7 @@ TEST_F(HostileFoldersTest, EachFolderLinksToAllOthers) {
             fs::create_directory_symlink(m_root / name(k), m_root / name(i) / ("to" + name(k)));
     Scan();
     EXPECT_EQ(m_found.names.size(), 2 * Folders) << "everything is listed at least once";
-    // Each is entered by its own name and through ten links, and lists as many every time.
+    // Each folder is entered by its own name and through ten links, and lists the same number each time.
     EXPECT_LE(m_found.folders, Folders + 11 * Folders * Folders);
 }
 
@@ -106,7 +106,7 @@ TEST_F(HostileFoldersTest, NamesOfEveryKind) {
     for (const std::string& name : {longest, bytes, kanji, controls, windows})
         fs::create_directory(m_root / name);
     Scan();
-    // Folders whose names no drive can hold are listed, and told when they cannot be entered.
+    // Folders with names that no drive can hold are listed, and reported because they cannot be entered.
     EXPECT_TRUE(m_found.names.contains(longest));
     EXPECT_TRUE(m_found.names.contains(kanji));
     EXPECT_EQ(m_found.folders, 5u);
@@ -116,7 +116,7 @@ TEST_F(HostileFoldersTest, NamesOfEveryKind) {
 }
 
 TEST_F(HostileFoldersTest, FoldersDeeperThanAPathMayBe) {
-    // Made from within: a path to the last ones would be refused.
+    // Created from inside the folders, because the path to the last ones is too long.
     const ChildEnd end = nesk::testing::InChildProcess([this] {
         fs::current_path(m_root);
         const std::string name(250, 'd');

@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 const std::string Path = "C:\\Data\\menu.cfg";
 const std::string Copy = "C:\\Data\\menu.cfg.bak";
 
-// A file that one group may read and nobody else.
+// A file that only one group may read.
 class BackupRightsTest : public nesk::testing::CoreTest {
 protected:
     static constexpr uid_t Owner = 4321;
@@ -26,7 +26,7 @@ protected:
 
     BackupRightsTest() {
         station.Write(Path, "a menu");
-        // Other users get as far as the folder, and may write there.
+        // Other users can reach the folder and write in it.
         for (fs::path folder = TempStation::Host("C:\\Data"); folder != station.Folder().parent_path();
              folder = folder.parent_path())
             fs::permissions(folder, static_cast<fs::perms>(0777));
@@ -59,7 +59,7 @@ TEST_F(BackupRightsTest, ACopyHasTheOwnerTheGroupAndTheRightsOfTheFile) {
     EXPECT_EQ(status.st_mode & 0777U, 0640U);
 }
 
-// The user may read the file as everybody or as its owner; he is in none of its group.
+// The user may read the file as everybody or as its owner, and is not in its group.
 TEST_F(BackupRightsTest, AnotherGroupGetsNoMoreThanEverybody) {
     const struct {
         mode_t file;

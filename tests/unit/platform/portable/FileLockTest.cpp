@@ -46,7 +46,8 @@ TEST_F(FileLockTest, IsHeldAgainstOtherProcesses) {
     std::unique_ptr<FileWriter> writer;
     ASSERT_EQ(ErrorCode::Success, files.CreateNew(Path, writer));
     EXPECT_EQ(ChildEnd::Good, InChildProcess([&] {
-                  // What a process has inherited it holds as well; another one starts without it.
+                  // A child process inherits the lock, so it releases its copy to act like an unrelated
+                  // process.
                   writer.reset();
                   EXPECT_EQ(ErrorCode::SharingViolation, files.RemoveAbandoned(Path));
                   return true;

@@ -24,8 +24,8 @@ using namespace std::chrono_literals;
 
 constexpr const char* File = "C:\\Help\\OVENU.chm";
 
-// A viewer that writes down what it was started with, and stays until it is ended.
-// Which signals it blocks is read first: a shell blocks and unblocks all of them when it starts a program.
+// A viewer that records how it was started, and stays until it is ended. It reads its blocked signals first,
+// because a shell blocks and unblocks all signals when it starts a program.
 constexpr const char* Recorder = R"sh(#!/bin/sh
 while read -r name value; do [ "$name" = SigBlk: ] && blocked=$value; done </proc/$$/status
 input=$(readlink /proc/$$/fd/0)
@@ -56,7 +56,7 @@ protected:
     }
 
     ~HelpViewerTest() override {
-        // The viewer of this test must not meet the next one: one that ends at once takes its place.
+        // The viewer of this test must not affect the next test, so a viewer that ends at once replaces it.
         Script("done", "#!/bin/sh\nexit 0\n");
         ::setenv("NESKMANAGER_HELPVIEWER", "done", 1);
         Show();
@@ -73,7 +73,7 @@ protected:
 
     static HelpResult Show() { return ShowHtmlHelp(nullptr, File, HtmlHelpCommand::Contents, 0); }
 
-    // The values that the viewer recorded under a name, once it has written its record.
+    // The values that the viewer recorded under a name. Waits until the record is written.
     std::vector<std::string> Recorded(const std::string& name) const {
         for (int i = 0; i < 1000 && !fs::exists(m_record); ++i)
             std::this_thread::sleep_for(10ms);
@@ -117,7 +117,7 @@ TEST_F(HelpViewerTest, GivesTheViewerNoFileNameThatIsAnOption) {
     for (const char* file : {"-c", "--version", ";touch hit"}) {
         fs::remove(m_record);
         m_station.Write(std::string("C:\\") + file, "ITSF");
-        // Without a drive and a folder, as a setting may name it.
+        // Without a drive and a folder, as a setting may contain it.
         ASSERT_EQ(HelpResult::Shown, ShowHtmlHelp(nullptr, file, HtmlHelpCommand::Contents, 0)) << file;
         const std::vector<std::string> arguments = Recorded("argument");
         ASSERT_EQ(1U, arguments.size());
@@ -170,7 +170,7 @@ TEST_F(HelpViewerTest, EndsTheViewerBefore) {
         EXPECT_EQ(0, ::kill(first, 0)) << "it should still run";
         fs::remove(m_record);
         ASSERT_EQ(HelpResult::Shown, ShowHtmlHelp(nullptr, next, HtmlHelpCommand::Contents, 0));
-        // Ended and collected: not even a zombie is left.
+        // The process was ended and reaped: not even a zombie is left.
         EXPECT_EQ(-1, ::kill(first, 0));
         EXPECT_EQ(std::vector{portable::ToHostPath(next).string()}, Recorded("argument"));
         EXPECT_NE(first, RecordedProcess());
@@ -187,7 +187,7 @@ TEST_F(HelpViewerTest, EndsWhatAScriptStarted) {
         std::ifstream(file) >> child;
     ASSERT_GT(child, 0);
     ASSERT_EQ(HelpResult::Shown, Show());
-    // Whoever inherits an orphan may take its time to collect it; a zombie has no command line.
+    // The process that inherits an orphan may take some time to reap it; a zombie has no command line.
     std::string command = "x";
     for (int i = 0; i < 1000 && !command.empty(); ++i, std::this_thread::sleep_for(10ms)) {
         std::ifstream line("/proc/" + std::to_string(child) + "/cmdline");
@@ -212,7 +212,7 @@ TEST_F(HelpViewerTest, StartsAnewAfterTheUserClosedTheViewer) {
         ASSERT_EQ(HelpResult::Shown, Show());
         const pid_t process = RecordedProcess();
         ASSERT_GT(process, 0);
-        // Waits for its end without collecting it, which is up to the next request.
+        // Waits for its end without reaping it, which the next request must do.
         siginfo_t info{};
         ASSERT_EQ(0, ::waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOWAIT));
     }

@@ -32,7 +32,7 @@ TEST_F(HostPathTest, DrivesLieInTheStation) {
     EXPECT_EQ(ToHostPath("Z:\\etc\\passwd"), "/etc/passwd");
 }
 
-// A station may be named with a separator behind it or without; nobody makes a drive by naming it.
+// The path of a station may end with or without a separator. Naming a drive does not create it.
 TEST_F(HostPathTest, ADriveThatIsNotThere) {
     const fs::path drive = Drive("q");
     for (const fs::path& folder : {station.Folder(), station.Folder() / ""}) {
@@ -55,7 +55,7 @@ TEST_F(HostPathTest, NothingLeadsOutOfADrive) {
     EXPECT_EQ(ToHostPath("C:\\..\\..\\x"), Drive("c") / "x");
     EXPECT_EQ(ToHostPath("C:\\a\\..\\..\\b\\.\\c"), Drive("c") / "b" / "c");
     EXPECT_EQ(ToHostPath("C:\\\\a\\\\b\\"), Drive("c") / "a" / "b");
-    // An escaped "/" would be a way out; only bytes that are no ASCII are ever escaped.
+    // An escaped "/" would lead out of the drive, but only bytes that are not ASCII are ever escaped.
     EXPECT_EQ(ToHostPath("C:\\..\xF4\x8F\xB8\xAF..").filename(), "..\xF4\x8F\xB8\xAF");
 }
 
@@ -97,7 +97,7 @@ TEST_F(HostPathTest, Patterns) {
     EXPECT_FALSE(MatchesPattern("", "?"));
 }
 
-// Sets an environment variable, or takes it away, for as long as it lives.
+// Sets or removes an environment variable while the object lives.
 class Variable {
 public:
     Variable(const char* name, const char* value) : m_name(name) {

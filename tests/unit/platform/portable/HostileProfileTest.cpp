@@ -56,7 +56,7 @@ TEST_F(HostileProfileTest, LinksToDevicesToNothingAndToThemselves) {
     EXPECT_EQ(Read(), "other") << "a link to a file is that file";
 }
 
-// Nobody would wait for the end of such a file.
+// Reading such a file to its end would take too long.
 TEST_F(HostileProfileTest, OnlyTheBeginningOfTwoGigabytesIsSearched) {
     std::ofstream(m_host) << "[Tool]\nName=Drill\n";
     fs::resize_file(m_host, 2'000'000'000);

@@ -8,7 +8,7 @@
 namespace nesk::platform {
 namespace {
 
-// Mostly bytes that begin or end a character of two bytes, so that many stand alone.
+// Mostly bytes that begin or end a two-byte character, so that many of them are unpaired.
 std::string RandomBytes(std::mt19937& random) {
     std::string bytes;
     for (auto length = random() % 7; length > 0; --length) {

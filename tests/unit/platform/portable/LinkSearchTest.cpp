@@ -33,7 +33,7 @@ TEST(LinkSearchTest, ASearchTellsWhatIsALink) {
     EXPECT_EQ(found["dangling"], FileAttribute::Normal | FileAttribute::Link);
 }
 
-// Folders that were looked up are remembered; what became of them since counts.
+// The cache of folders notices changes on the host.
 TEST(KnownFoldersTest, FollowWhatHappensOnTheHost) {
     TempStation station;
     station.Write("C:\\Parts\\Bore\\partinfo.ini", "x");

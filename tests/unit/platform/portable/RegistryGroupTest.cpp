@@ -14,11 +14,11 @@ using nesk::testing::FakeBusyClock;
 
 class RegistryGroupTest : public testing::RegistryFixture {
 protected:
-    // No open database may be carried into another process.
+    // An open database must not be carried into a child process.
     RegistryGroupTest() { portable::UseStation("/nonexistent/station"); }
 
-    // Another program on the station, which ends as if it were killed. It knows nothing of the group that
-    // this one is in.
+    // Runs `action` as another program on the station, which ends as if it were killed and does not know
+    // about this program's group.
     void InProgram(const std::function<void()>& action, bool fromGroup = false) {
         EXPECT_EQ(nesk::testing::InChildProcess([&] {
                       portable::UseStation(station.Folder());
@@ -93,7 +93,7 @@ TEST_F(RegistryGroupTest, AStepThatFailsTakesNothingElseBack) {
     InProgram([&] { EXPECT_EQ(Get(Create("Key\\Below"), "a"), "1"); });
 }
 
-// Two programs that count the same list up must not both begin with the same number.
+// Two programs that increment the same counter must not both start from the same number.
 TEST_F(RegistryGroupTest, WhatIsReadInItStaysTrueUntilItsEnd) {
     const FakeBusyClock clock;
     InProgram([&] { Set(Create("Key"), "n", "5"); });

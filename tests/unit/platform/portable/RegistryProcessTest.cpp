@@ -18,10 +18,10 @@ using namespace std::chrono_literals;
 // Several programs on one station.
 class RegistryProcessTest : public testing::RegistryFixture {
 protected:
-    // No open database may be carried into another process.
+    // An open database must not be carried into a child process.
     RegistryProcessTest() { portable::UseStation("/nonexistent/station"); }
 
-    // Starts a process that runs `action` on the station and ends with 1 when something failed.
+    // Starts a process that runs `action` on the station and exits with 1 if something failed.
     pid_t Start(const std::function<void()>& action) const {
         const pid_t child = ::fork();
         if (child != 0) return child;
@@ -61,7 +61,8 @@ TEST_F(RegistryProcessTest, WriteAtOnce) {
         children.push_back(Start([&] {
             ::close(gate[1]);
             char byte = 0;
-            // All begin when the parent closes the pipe, so that they meet in making the store.
+            // All processes start when the parent closes the pipe, so that they create the store at the same
+            // time.
             EXPECT_EQ(0, ::read(gate[0], &byte, 1));
             const std::string name = "writer" + std::to_string(writer);
             for (int round = 0; round < Rounds; ++round) {
@@ -129,7 +130,7 @@ TEST_F(RegistryProcessTest, SeeWhatTheOtherWrote) {
     ::close(done[0]);
 }
 
-// A value that shows whether it is whole: a letter, thousands of times.
+// A value that shows whether it is complete: one letter, thousands of times.
 std::string Whole(int number) {
     return std::string(3000, static_cast<char>('a' + number % 26));
 }
@@ -140,7 +141,7 @@ TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
         int progress[2];
         ASSERT_EQ(0, ::pipe(progress));
         const pid_t child = Start([&] {
-            // With nobody left to read its reports, it ends too.
+            // When no process reads its reports any more, it ends too.
             ::close(progress[0]);
             for (int number = written + 1;; ++number) {
                 const RegKey key = Create("A\\B" + std::to_string(number % 7));
@@ -153,7 +154,7 @@ TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
         });
         ::close(progress[1]);
         int last = written;
-        // Once the first number is there, the end comes at another moment in each round.
+        // After the first number, the process is killed at a different moment in each round.
         ASSERT_EQ(static_cast<ssize_t>(sizeof last), ::read(progress[0], &last, sizeof last));
         std::this_thread::sleep_for(std::chrono::microseconds(700 * round));
         ::kill(child, SIGKILL);
@@ -168,13 +169,13 @@ TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
         portable::UseStation(station.Folder());
         const std::optional<std::string> stored = Get(LocalMachine, "last");
         ASSERT_TRUE(stored);
-        // What was reported as written is there; one more may be, of which the report did not come any more.
+        // Everything that was reported is stored. One more write may be stored whose report was not sent.
         EXPECT_GE(std::stoi(*stored), last);
         EXPECT_LE(std::stoi(*stored), last + 1);
         written = std::stoi(*stored);
         for (const std::string& name : Subkeys(Create("A"))) {
             const std::optional<std::string> value = Get(Create("A\\" + name), "x");
-            // A key whose value had not been written when the end came is no damage.
+            // A key without its value is no damage: the process was killed before it wrote the value.
             if (!value) continue;
             EXPECT_EQ(std::string(3000, value->front()), *value);
         }
@@ -183,7 +184,7 @@ TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
     EXPECT_GT(written, 20);
 }
 
-// Another program that has begun to write.
+// Another program that has started a write.
 class OtherWriter {
 public:
     explicit OtherWriter(const std::filesystem::path& store) {
@@ -228,7 +229,7 @@ TEST_F(RegistryBusyTest, IsBusyWhenAnotherProgramDoesNotEnd) {
     const nesk::testing::FakeBusyClock clock;
     EXPECT_EQ(ErrorCode::Busy, Set(key, "x", "2"));
     EXPECT_EQ(clock.Slept(), 5000ms);
-    // Reading waits for nobody.
+    // Reading does not wait.
     EXPECT_EQ("1", Get(key, "x"));
     EXPECT_EQ(clock.Slept(), 5000ms);
 }

@@ -22,7 +22,7 @@ class RegistryStoreTest : public testing::RegistryFixture {
 protected:
     fs::path Store() const { return station.Folder() / "registry.db"; }
 
-    // Lets go of the store, so that the file is all there is.
+    // Closes the store, so that all its data is in the file.
     void Close() const { portable::UseStation(station.Folder()); }
 
     void WriteStore(const std::string& bytes) const { std::ofstream(Store(), std::ios::binary) << bytes; }
@@ -32,7 +32,7 @@ protected:
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    // Runs SQL on the file, past the registry.
+    // Runs SQL on the file and bypasses the registry.
     void Execute(const char* sql) const {
         sqlite3* database = nullptr;
         ASSERT_EQ(SQLITE_OK, sqlite3_open(Store().c_str(), &database));
@@ -41,9 +41,10 @@ protected:
         sqlite3_close(database);
     }
 
-    // Runs `action` in a process of its own, after which the store is unused again. Its failures count here.
+    // Runs `action` in a child process; the store is unused again afterwards. Its failures count as failures
+    // of the test.
     void InOtherProcess(const std::function<void()>& action) const {
-        // No open database may be carried into another process.
+        // An open database must not be carried into a child process.
         portable::UseStation("/nonexistent/station");
         const nesk::testing::ChildEnd end = nesk::testing::InChildProcess([&] {
             portable::UseStation(station.Folder());
@@ -54,7 +55,7 @@ protected:
         portable::UseStation(station.Folder());
     }
 
-    // As InOtherProcess, as a user whom access rights bind.
+    // Like InOtherProcess, as a user whom access rights restrict.
     void AsPlainUser(const std::function<void()>& action) const {
         InOtherProcess([&] {
             nesk::testing::BecomePlainUser();
@@ -179,7 +180,7 @@ TEST_F(RegistryStoreTest, RefusesAStoreWithoutItsTables) {
 }
 
 TEST_F(RegistryStoreTest, TakesAnEmptyFileForANewStore) {
-    // What is left of a program that ended while it made the store.
+    // The remains of a program that ended while it created the store.
     WriteStore("");
     EXPECT_EQ(ErrorCode::FileNotFound, OpenResult("A"));
     Create("A");
@@ -211,7 +212,7 @@ TEST_F(RegistryStoreTest, TellsThatTheStoreIsDamaged) {
     }
 }
 
-// Does everything that can be done to the store, in whatever state it is, and adds the results.
+// Performs every operation on the store, whatever its state, and records the results.
 class StoreUser {
 public:
     std::set<int> results;
@@ -252,7 +253,7 @@ public:
     }
 
 private:
-    // More than the sound store has.
+    // More entries than the undamaged store has.
     static constexpr std::uint32_t MostEntries = 60;
 
     static Registry& Reg() { return StationRegistry(); }
@@ -263,7 +264,7 @@ private:
     }
 };
 
-// A copy of bytes with some of them changed, a page full of others, or the end cut off.
+// A copy of the bytes with some bytes changed, with one page overwritten, or truncated.
 std::string Spoiled(std::string bytes, std::mt19937& random) {
     constexpr std::size_t PageSize = 4096;
     const auto below = [&random](std::size_t end) { return random() % end; };
@@ -387,7 +388,7 @@ TEST_F(RegistryStoreTest, TranslatesTheCodesOfTheDatabase) {
 TEST_F(RegistryStoreTest, TellsThatItCannotBeWritten) {
     ASSERT_EQ(ErrorCode::Success, Set(Create("A"), "x", "before"));
     InOtherProcess([] {
-        // As on a disk that fails: no file may grow beyond this size.
+        // Simulates a failing disk: no file may grow beyond this size.
         ::signal(SIGXFSZ, SIG_IGN);
         const rlimit limit{65536, 65536};
         ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &limit));
@@ -398,7 +399,7 @@ TEST_F(RegistryStoreTest, TellsThatItCannotBeWritten) {
     EXPECT_EQ(ErrorCode::Success, Set(Create("A"), "x", std::string(200000, 'y')));
 }
 
-// Of a group so much is written before its end that the disk is asked for room in the middle of it.
+// The group writes so much before its end that the disk needs room in the middle of it.
 TEST_F(RegistryStoreTest, NothingOfAGroupIsStoredThatFailedInItsMiddle) {
     ASSERT_EQ(ErrorCode::Success, Set(Create("A"), "x", "before"));
     InOtherProcess([] {
@@ -417,7 +418,7 @@ TEST_F(RegistryStoreTest, NothingOfAGroupIsStoredThatFailedInItsMiddle) {
         EXPECT_LT(written, 100) << "all of it was kept in memory";
         const rlimit none{RLIM_INFINITY, RLIM_INFINITY};
         ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &none));
-        // There is room again, but without what came before these say something else.
+        // There is room again, but without the lost changes these would have another meaning.
         EXPECT_EQ(ErrorCode::WriteFault, Set(key, "last", "new"));
         EXPECT_EQ(ErrorCode::WriteFault, Reg().DeleteValue(key, "x"));
         EXPECT_EQ(ErrorCode::WriteFault, Reg().DeleteKey(LocalMachine, "A"));
@@ -490,7 +491,7 @@ TEST_F(ProtectedStoreTest, ShowsWhatAnotherProgramHasWrittenLast) {
     const RegKey key = Create("A\\B");
     ASSERT_EQ(ErrorCode::Success, Set(key, "x", "2"));
     Close();
-    // A program that is open keeps its last changes beside the store.
+    // A program that has the store open keeps its latest changes in a separate file.
     sqlite3* other = nullptr;
     ASSERT_EQ(SQLITE_OK, sqlite3_open(Store().c_str(), &other));
     ASSERT_EQ(SQLITE_OK, sqlite3_exec(other, "UPDATE vals SET data = '3'", nullptr, nullptr, nullptr));

@@ -25,7 +25,7 @@ protected:
         SelectCodePage(1033);
     }
 
-    // Loads a library with these lines after the first one.
+    // Loads a library with these lines after its first line.
     ModuleHandle Load(const std::string& lines) { return LoadFile(formatLine + lines); }
 
     ModuleHandle LoadFile(const std::string& content) {
@@ -35,7 +35,7 @@ protected:
         return m_module;
     }
 
-    // String `id` read through a buffer of `capacity` bytes, and the check that nothing lies beyond it.
+    // Reads string `id` through a buffer of `capacity` bytes and checks that nothing is written after it.
     std::string Read(std::uint32_t id, int capacity = 1024) {
         std::array<char, 1200> buffer;
         buffer.fill('#');
@@ -85,7 +85,7 @@ TEST_F(ResourceLibraryTest, EncodesForTheCodePage) {
 }
 
 TEST_F(ResourceLibraryTest, EachCharacterOutsideTheCodePageIsAQuestionMark) {
-    // Two kanji, a character beyond the first plane, and letters around them.
+    // Two kanji and a character beyond the basic plane, with letters around them.
     ASSERT_NE(0U, Load("35001\ta\xE6\x97\xA5\xE6\x9C\xAC"
                        "b\xF0\x9F\x94\xA7\xC3\xA4\n"));
     EXPECT_EQ("a??b?\xE4", Read(35001));
@@ -173,7 +173,7 @@ TEST_F(ResourceLibraryTest, AHundredThousandStrings) {
     EXPECT_EQ("", Read(100'001));
 }
 
-// A library that was cut is none, unless it was cut between two lines.
+// A truncated library is refused, unless it was cut between two lines.
 TEST_F(ResourceLibraryTest, CutAnywhere) {
     const std::string whole =
         formatLine + std::string("35001\tGeh\xC3\xA4use\n35002\tOne\\nTwo\n35003\tThree\n");

@@ -39,7 +39,7 @@ void TempStation::Write(const std::string& windowsPath, const std::string& bytes
 }
 
 void TempStation::Leave() {
-    // Whatever still looks for a station must not find the user's own.
+    // Code that still looks for a station must not find the user's own.
     platform::portable::UseStation("/nonexistent/station");
 }
 

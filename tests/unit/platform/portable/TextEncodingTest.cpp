@@ -23,7 +23,7 @@ void PrintTo(const Language& language, std::ostream* out) {
     *out << language.id << " " << language.codePage;
 }
 
-// One language for every code page.
+// One language for each code page.
 const std::vector<Language> EveryCodePage = {
     {1054, 874},  {1041, 932},  {2052, 936},  {1042, 949},  {1028, 950},  {1045, 1250}, {1049, 1251},
     {1033, 1252}, {1032, 1253}, {1055, 1254}, {1037, 1255}, {1025, 1256}, {1061, 1257}, {1066, 1258},
@@ -58,7 +58,7 @@ TEST_P(CodePageTest, GivesEveryByteBack) {
     }
 }
 
-// Two bytes come back as they were, unless they are a second code of a character that has another one.
+// Two bytes are written as they were read, unless they are a duplicate code of a character.
 TEST_P(CodePageTest, GivesEveryPairOfBytesBack) {
     int duplicates = 0;
     for (unsigned pair = 0; pair < 0x10000; ++pair) {
@@ -70,12 +70,12 @@ TEST_P(CodePageTest, GivesEveryPairOfBytesBack) {
         ++duplicates;
         ASSERT_EQ(text, FromAnsi(*again)) << std::hex << pair;
     }
-    // Japanese and traditional Chinese code pages hold some characters of several makers' sets twice.
+    // The Japanese and traditional Chinese code pages contain some characters of several vendors' sets twice.
     EXPECT_EQ(CodePage() == 932 ? 398 : CodePage() == 950 ? 10 : 0, duplicates);
 }
 
 TEST_P(CodePageTest, DecodesTextInPiecesAsInOne) {
-    // An ASCII character begins anew whatever stands before it, so that a line end is never swallowed.
+    // An ASCII character is always decoded by itself, so a line end is never swallowed.
     for (unsigned first = 0; first < 0x100; ++first)
         for (const char second : {'\n', '\r', '"', '=', ' ', ';'}) {
             const std::string before(1, static_cast<char>(first));
@@ -146,7 +146,7 @@ TEST_F(TextEncodingTest, ConvertsTextOfOtherLanguages) {
 TEST_F(TextEncodingTest, DecodesUnassignedBytesAsWindowsDoes) {
     EXPECT_EQ("\u0081\u008D\u008F\u0090\u009D", FromAnsi("\x81\x8D\x8F\x90\x9D"));
     EXPECT_EQ("\x81\x8D\x8F\x90\x9D", ToAnsi("\u0081\u008D\u008F\u0090\u009D"));
-    // 0x80 is the euro, so that U+0080 has no byte.
+    // 0x80 is the euro sign, so U+0080 has no byte.
     EXPECT_EQ(std::nullopt, ToAnsi("\u0080"));
 }
 
@@ -187,7 +187,7 @@ TEST_F(TextEncodingTest, TakesNoEscapedAscii) {
 TEST_F(TextEncodingTest, WritesTheCodeThatWindowsWritesWhereThereAreSeveral) {
     SelectCodePage(1041);
     const std::vector<std::pair<const char*, const char*>> codes = {
-        {"\xFA\x4A", "\x87\x54"}, // Roman one
+        {"\xFA\x4A", "\x87\x54"}, // Roman numeral one
         {"\xED\x40", "\xFA\x5C"}, {"\xFA\x5B", "\x81\xE6"}, {"\x87\x9A", "\x81\xE6"},
         {"\xEE\xF9", "\x81\xCA"}, {"\xFA\x58", "\x87\x8A"},
     };
@@ -249,7 +249,7 @@ TEST(ToUpperTest, RaisesEachCharacter) {
     EXPECT_EQ("\u00C4\u00D6\u00DC\u00C9\u0178", ToUpper("\u00E4\u00F6\u00FC\u00E9\u00FF"));
     EXPECT_EQ("\u0414\u0415\u0422\u0410\u041B\u042C", ToUpper("\u0434\u0435\u0442\u0430\u043B\u044C"));
     EXPECT_EQ("\uFF21", ToUpper("\uFF41"));
-    // Windows raises no character that it would not lower back, and none beyond the basic plane.
+    // Windows converts only characters of the basic plane whose upper case converts back.
     EXPECT_EQ("\u03A3\u03C2", ToUpper("\u03C3\u03C2"));
     EXPECT_EQ("\u0131\u00B5", ToUpper("\u0131\u00B5"));
     EXPECT_EQ("\U00010428", ToUpper("\U00010428"));

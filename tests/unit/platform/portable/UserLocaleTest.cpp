@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::array<const char*, 3> Variables{"LC_ALL", "LC_CTYPE", "LANG"};
 
-// The environment without regional settings; afterwards it is as it was.
+// Clears the regional settings in the environment and restores them afterwards.
 class UserLocaleTest : public ::testing::Test {
 protected:
     UserLocaleTest() {
@@ -76,7 +76,7 @@ TEST_F(UserLocaleTest, TakesTheFirstVariableThatIsSet) {
     EXPECT_EQ(1042U, UserDefaultLocale());
     ::setenv("LC_ALL", "de_DE.UTF-8", 1);
     EXPECT_EQ(1031U, UserDefaultLocale());
-    // A variable that is set to nothing counts as not set.
+    // An empty variable counts as not set.
     ::setenv("LC_ALL", "", 1);
     EXPECT_EQ(1042U, UserDefaultLocale());
     ::setenv("LC_CTYPE", "C", 1);

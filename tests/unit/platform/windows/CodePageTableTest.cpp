@@ -39,8 +39,7 @@ TEST(CodePageTable, HoldsTheCharactersOfEveryCodePage) {
     }
 }
 
-// What is read is written as the same bytes, unless they are a second code of a character that has another
-// one.
+// Bytes are written as they were read, unless they are a duplicate code of a character.
 TEST(CodePageTable, WritesWhatItReads) {
     for (const int codePage :
          {874, 932, 936, 949, 950, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258}) {
@@ -69,7 +68,7 @@ TEST(CodePageTable, DecodesUnassignedBytesAsTheSystemDoes) {
         EXPECT_EQ(code, Decode(1252, {&byte, 1}));
         EXPECT_EQ(code, CodePageTable::Get(1252).Encode(code));
     }
-    // These mean nothing outside the system's own tables.
+    // These bytes have a meaning only in the system's own tables.
     for (const auto& [codePage, bytes] :
          {std::pair(874, "\xDB"), std::pair(932, "\xFD"), std::pair(1253, "\xD2"), std::pair(1257, "\xA1"),
           std::pair(932, "\x83")})

@@ -10,7 +10,7 @@
 namespace nesk::platform {
 namespace {
 
-// A drive of the test's own lies in a folder.
+// A drive that the test adds is a folder.
 class DrivesTest : public ::testing::Test {
 protected:
     static bool Has(char letter) {

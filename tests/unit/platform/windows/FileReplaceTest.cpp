@@ -20,7 +20,7 @@ const std::string Path = Folder + "\\file";
 const std::string New = Folder + "\\file.new";
 const std::string Copy = Folder + "\\file.bak";
 
-// Wine keeps access lists as the host's access rights: of a list, whether everybody may write survives.
+// Wine stores access lists as the host's access rights, so only whether everybody may write is preserved.
 constexpr const char* Readable = "D:P(A;;FA;;;BA)(A;;FA;;;SY)(A;;FR;;;WD)";
 constexpr const char* Writable = "D:P(A;;FA;;;BA)(A;;FA;;;SY)(A;;FA;;;WD)";
 
@@ -31,7 +31,7 @@ protected:
         station.Write(New, "new");
     }
 
-    // Made and written an hour and a minute ago.
+    // Sets the times of creation and writing to 61 minutes ago.
     static void MakeOld(const std::string& path) {
         const windows::Handle file(::CreateFileW(TempStation::Host(path).c_str(), FILE_WRITE_ATTRIBUTES, 0,
                                                  nullptr, OPEN_EXISTING, 0, nullptr));
@@ -73,7 +73,8 @@ TEST_F(FileReplaceTest, ABackupHasTheAccessRightsOfItsFile) {
     }
 }
 
-// A backup is made under a name of its own first. What somebody put there is neither written nor used.
+// A backup is first made under a temporary name. A file that someone placed there is neither written nor
+// used.
 TEST_F(FileReplaceTest, ABackupIsMadeInANewFile) {
     const std::string planted = Copy + "." + std::to_string(::GetCurrentProcessId());
     station.Write(planted + "~", "planted");
@@ -99,7 +100,7 @@ TEST_F(FileReplaceTest, WithoutItsReplacementAFileStays) {
     EXPECT_EQ("file file.new", FilesIn(Folder));
 }
 
-// Whatever it lets others do but delete it, a file that another process has open cannot be replaced.
+// A file that another process has open without sharing deletion cannot be replaced.
 TEST_F(FileReplaceTest, AFileThatIsHeldIsNotReplaced) {
     for (const char* sharing : {"", "read", "read write"}) {
         const HeldFile held(Path, sharing);
@@ -141,7 +142,7 @@ TEST_F(FileReplaceTest, AHeldFileIsNotReadOrRemoved) {
     EXPECT_EQ(ErrorCode::Success, files.Attributes(Path, attributes)) << "which anybody may ask for";
 }
 
-// What nobody has written to for an hour, and nobody has open, was left by a program that is gone.
+// A file that was not written for an hour and is not open was left by a program that has ended.
 TEST_F(FileReplaceTest, OnlyWhatIsOldAndFreeIsAbandoned) {
     EXPECT_EQ(ErrorCode::SharingViolation, files.RemoveAbandoned(New)) << "it has just been written";
     EXPECT_EQ("new", FileBytes(New));
@@ -171,8 +172,7 @@ TEST_F(FileReplaceTest, WhatKilledProgramsLeftIsRemovedWithTheNextSave) {
     EXPECT_EQ("new", FileBytes(Path));
 }
 
-// The system gives the old file another name, and then the new one its own: a program may be killed in
-// between.
+// The system renames the old file and then gives its name to the new one. A program may be killed in between.
 TEST_F(FileReplaceTest, AFileThatIsMissingSinceItsReplacementIsPutBack) {
     station.Write(Path + ".old.1~", "older");
     MakeOld(Path + ".old.1~");
@@ -190,7 +190,7 @@ TEST_F(FileReplaceTest, AFileThatIsMissingSinceItsReplacementIsPutBack) {
     EXPECT_EQ("file file.new file.old.1~ file.old.mine~", FilesIn(Folder));
 }
 
-// A copy of an old file has that file's time of writing.
+// A copy of an old file keeps that file's time of writing.
 TEST_F(FileReplaceTest, AFreshCopyIsNotAbandoned) {
     MakeOld(Path);
     ASSERT_EQ(ErrorCode::Success, files.KeepCopy(Path, Copy, true));

@@ -27,7 +27,7 @@ Pipe MakePipe() {
     return {Handle(read), Handle(write)};
 }
 
-// The other process must not get the ends that are this one's, or neither would ever see the end of a pipe.
+// The other process must not inherit this process's ends, or neither process would see the pipe close.
 void KeepHere(const Handle& end) {
     ::SetHandleInformation(end.Get(), HANDLE_FLAG_INHERIT, 0);
 }

@@ -20,7 +20,7 @@ std::wstring BesideTheTests(const std::string& name) {
     return windows::ToWide(ProgramFolder() + "\\" + name);
 }
 
-// The stand-in for the viewer, which records "command|topic|file|" and "owner" when there is one.
+// Uses the viewer's stand-in, which records "command|topic|file|", followed by "owner" if it has an owner.
 class HelpViewerTest : public ::testing::Test {
 protected:
     HelpViewerTest() {
@@ -64,7 +64,8 @@ TEST_F(HelpViewerTest, FindsAViewerThatIsInstalledMeanwhile) {
         ASSERT_NE(0, ::CopyFileW(BesideTheTests("FakeHelpViewer.dll").c_str(), path.c_str(), FALSE));
         EXPECT_EQ(HelpResult::Shown, later.Show(nullptr, File, HtmlHelpCommand::Contents, 0));
     }
-    // It stays loaded; the test alone knows that no window of it is open and the file is to be removed.
+    // The library stays loaded in the program. Only the test knows that none of its windows is open and that
+    // the file must be removed.
     ::FreeLibrary(::GetModuleHandleW(path.c_str()));
 }
 
@@ -78,7 +79,8 @@ TEST_F(HelpViewerTest, TellsThatTheFileIsMissing) {
 }
 
 TEST_F(HelpViewerTest, AFileWhoseNameTheCodePageLacksCannotBeShown) {
-    // The viewers take names in the code page alone; another file's name must not be made of it.
+    // The viewers accept names only in the code page, and the name must not be converted to another file's
+    // name.
     station.Write("C:\\Help\\部品.chm", "ITSF");
     EXPECT_EQ(HelpResult::Failed, ShowHtmlHelp(nullptr, "C:\\Help\\部品.chm", HtmlHelpCommand::Contents, 0));
     EXPECT_EQ(HelpResult::Failed,

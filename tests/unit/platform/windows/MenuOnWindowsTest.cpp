@@ -35,7 +35,7 @@ protected:
         m_editor.SetCaption("R", "new");
     }
 
-    // Saves, which must fail, and checks that nothing is lost by it.
+    // Makes a save that must fail, and checks that nothing is lost.
     NeskError FailedSave() {
         const std::string files = FilesIn(Folder);
         const NeskError error = ErrorOf([&] { m_editor.Save(Path); });
@@ -69,7 +69,7 @@ TEST_F(MenuOnWindowsTest, EveryByteOfTheCodePageSurvives) {
     EXPECT_TRUE(m_editor.Find("R")->Caption().starts_with("Gehäuse € "));
     m_editor.Save(Path);
     EXPECT_EQ(MenuOf("Geh\xE4use \x80 " + all), FileBytes(Path));
-    // What is typed goes into the file in the code page as well.
+    // Typed text is written to the file in the code page too.
     m_editor.SetCaption("R", "Prüfling „5“");
     m_editor.Save(Path);
     EXPECT_EQ(MenuOf("Pr\xFC"
@@ -150,7 +150,7 @@ TEST_F(MenuOnWindowsTest, AFileThatIsHeldCannotBeOpened) {
 
 TEST_F(MenuOnWindowsTest, AccessRightsStay) {
     Open();
-    // Wine keeps of an access list whether everybody may write.
+    // Of an access list, Wine preserves only whether everybody may write.
     nesk::testing::SetAccessList(Path, "D:P(A;;FA;;;BA)(A;;FA;;;SY)(A;;FA;;;WD)");
     const std::string rights = nesk::testing::AccessListOf(Path);
     station.Write(Folder + "\\other", "");

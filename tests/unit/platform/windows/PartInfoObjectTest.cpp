@@ -43,7 +43,7 @@ protected:
     PartInfoObject object{registration.ProgramId()};
 };
 
-// The stand-in refuses any argument that does not come by reference, and any number of them but three.
+// The stand-in refuses arguments that are not passed by reference, and any number of arguments except three.
 TEST_F(PartInfoObjectTest, HandsOverFolderFileAndLanguage) {
     EXPECT_EQ(PartInfoResult::Done, Edit());
     EXPECT_EQ(Folder + "|" + Ini + "|1031|", FileBytes(Log));
@@ -96,8 +96,8 @@ TEST_F(PartInfoObjectTest, AnObjectThatIsNotRegisteredIsMissing) {
 
 TEST_F(PartInfoObjectTest, AnObjectWhoseFileIsGoneCannotBeMade) {
     registration.Add(L"NoSuchModule.dll");
-    // Windows reports the missing file, so that the answer is Failed; for Wine the class is not registered
-    // then.
+    // Windows reports the missing file, so the result is Failed. On Wine the class then counts as not
+    // registered.
     EXPECT_NE(PartInfoResult::Done, Edit());
     EXPECT_EQ("", FileBytes(Log));
     EXPECT_EQ("[Part]\r\nName=Bracket\r\n", FileBytes(Ini));

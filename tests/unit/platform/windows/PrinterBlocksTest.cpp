@@ -22,10 +22,10 @@ std::string_view BytesOf(const Content& content) {
     return {reinterpret_cast<const char*>(&content), sizeof content};
 }
 
-// A printer that is set to A4 and portrait, and knows no other of the numbers.
+// A printer that is set to A4 and portrait, and supports none of the other numbers.
 DEVMODEA ModeOfAPrinter() {
     DEVMODEA mode{};
-    // Windows cuts a name that is too long for the field; a zero follows it.
+    // Windows truncates a name that is too long for the field and adds a zero.
     const std::string_view name = "Printer of the hall, on the left of";
     name.copy(reinterpret_cast<char*>(mode.dmDeviceName), sizeof mode.dmDeviceName - 1);
     mode.dmSize = sizeof mode;
@@ -36,7 +36,7 @@ DEVMODEA ModeOfAPrinter() {
     return mode;
 }
 
-// Driver, device and port, each with its zero.
+// Driver, device and port, each with a zero at its end.
 HGLOBAL NamesBlock(std::string_view driver, std::string_view device) {
     DEVNAMES names{};
     names.wDriverOffset = sizeof names;
@@ -113,16 +113,16 @@ TEST(PrinterBlocks, WithoutBlocksNothingChanges) {
     EXPECT_EQ(Chosen, blocks.Read(Chosen));
 }
 
-// The dialog's stand-in: what it is asked, and what it answers.
+// A stand-in for the dialog: the requests that it gets, and its answers.
 struct Dialog {
     std::vector<PRINTDLGA> requests;
     bool hasPrinter = true;
     bool confirms = true;
     std::string title;
-    std::string note;          // what was added
-    int grown = 0;             // by how much the dialog became higher
-    int moved = 0;             // by how much its control went down
-    bool choosesOther = false; // another printer: new blocks take the place of those given
+    std::string note;          // the added text
+    int grown = 0;             // by how much the dialog's height grew
+    int moved = 0;             // by how much its control moved down
+    bool choosesOther = false; // another printer: new blocks replace the given ones
 };
 Dialog theDialog;
 
@@ -146,7 +146,7 @@ BOOL WINAPI Answer(PRINTDLGA* request) {
         request->hDevNames = NamesBlock("winspool", "Default");
         return TRUE;
     }
-    // What the dialog does as soon as its window is there.
+    // The dialog's actions once its window exists.
     const HWND window = ::CreateWindowA("STATIC", "Print Setup", WS_POPUP, 0, 0, 200, 100, nullptr, nullptr,
                                         nullptr, nullptr);
     const HWND button =
@@ -157,7 +157,7 @@ BOOL WINAPI Answer(PRINTDLGA* request) {
     theDialog.moved = PlaceOf(button).top - 30;
     if (const HWND first = ::GetWindow(window, GW_CHILD); first != button) theDialog.note = TextOf(first);
     ::DestroyWindow(window);
-    // The dialog knows what was set before it is confirmed or cancelled.
+    // The dialog receives the current values before it is confirmed or cancelled.
     if (theDialog.hasPrinter) {
         auto* const mode = static_cast<DEVMODEA*>(::GlobalLock(request->hDevMode));
         EXPECT_EQ(2, mode->dmOrientation);

@@ -20,7 +20,8 @@ TEST(RegistryKeyTest, KeysHaveNoClassAndStay) {
     EXPECT_EQ(ERROR_SUCCESS, ::RegQueryInfoKeyA(handle, name, &size, nullptr, nullptr, nullptr, nullptr,
                                                 nullptr, nullptr, nullptr, nullptr, nullptr));
     EXPECT_EQ(0U, size);
-    // The system tells of no key whether it stays, but lets none that stays be made below one that does not.
+    // The system does not report whether a key is volatile, but refuses to create a permanent key below a
+    // volatile one.
     HKEY child = nullptr;
     EXPECT_EQ(ERROR_SUCCESS, ::RegCreateKeyExA(handle, "Child", 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_READ,
                                                nullptr, &child, nullptr));

@@ -24,7 +24,7 @@ class ResourceLibraryTest : public ::testing::Test {
 protected:
     ~ResourceLibraryTest() override { Unload(); }
 
-    // The file of a module that is loaded can be neither written nor removed.
+    // The file of a loaded module can be neither written nor removed.
     void Unload() { FreeModule(std::exchange(module, 0)); }
 
     ModuleHandle Load(const std::string& path = Path) {
@@ -39,7 +39,7 @@ protected:
         return Load();
     }
 
-    // String `id` read through a buffer of `capacity` bytes, and the check that nothing lies beyond it.
+    // Reads string `id` through a buffer of `capacity` bytes and checks that nothing is written after it.
     std::string Read(std::uint32_t id, int capacity = 1024) const {
         std::array<char, 1200> buffer;
         buffer.fill('#');
@@ -148,7 +148,7 @@ TEST_F(ResourceLibraryTest, WhatIsLeftOfADamagedModuleDoesNoHarm) {
     WriteStringLibrary(station, Path, {{45001, "One"}});
     const std::string whole = FileBytes(Path);
     ASSERT_GT(whole.size(), 1024U);
-    // A copy that was broken off: refused, or without the string, or with it; never anything else.
+    // A truncated copy is refused or loads with or without the string; nothing else may happen.
     int refused = 0;
     for (std::size_t size = 0; size < whole.size(); size += 64) {
         station.Write(Path, whole.substr(0, size));

@@ -20,7 +20,7 @@ constexpr const char* FullAccess = "D:P(A;;KA;;;WD)";
 constexpr const char* ReadAccess = "D:P(A;;KR;;;WD)";
 constexpr const char* NoAccess = "D:P";
 
-// The key of the settings, which holds one, with the rights of a test's own.
+// The settings key, with one setting in it and with access rights that the test sets.
 class SettingsAccessTest : public nesk::testing::CoreTest {
 protected:
     SettingsAccessTest() {
@@ -30,7 +30,7 @@ protected:
     }
     ~SettingsAccessTest() override { NeskRegistry::Instance() = {}; }
 
-    // The setting as it is stored, whatever the rights were.
+    // The stored setting, read regardless of the access rights.
     static std::string Stored() {
         nesk::testing::SetKeyAccessList(Key, FullAccess);
         RegEntry entry;

@@ -10,7 +10,7 @@ namespace nesk::testing {
 
 namespace {
 
-// A string table consists of blocks of 16 strings, each with its length before it.
+// A string table consists of blocks of 16 strings, each preceded by its length.
 constexpr std::uint16_t BlockSize = 16;
 
 std::map<std::uint16_t, std::wstring> Blocks(const std::map<std::uint16_t, std::string>& strings) {
@@ -33,7 +33,7 @@ std::map<std::uint16_t, std::wstring> Blocks(const std::map<std::uint16_t, std::
 
 void WriteStringLibrary(TempStation& station, const std::string& windowsPath,
                         const std::map<std::uint16_t, std::string>& strings) {
-    // One of the program's own libraries, with others in the place of its strings.
+    // A copy of one of the program's own libraries with its strings replaced.
     station.Write(windowsPath, "");
     const std::wstring library = platform::windows::ToWide(windowsPath);
     const std::wstring own = platform::windows::ToWide(platform::ProgramFolder() + "\\ENU32000.DLL");

@@ -21,15 +21,15 @@ namespace {
 
 using platform::windows::FilePath;
 
-// The program's settings, and those of its own that it asks for at its start.
+// The key of all settings, and below it the key that the program reads at its start.
 constexpr const wchar_t* SettingsKey = L"SOFTWARE\\Quarndale";
 constexpr const wchar_t* OwnSettingsKey = L"SOFTWARE\\Quarndale\\Neskworks";
 
-// Gives everyone full access to the settings, or nobody any.
+// Gives everyone or no one full access to the settings.
 void LetUseSettings(bool allowed) {
     ACL everyone{};
     ::InitializeAcl(&everyone, sizeof everyone, ACL_REVISION);
-    // A list without entries denies everything, no list at all denies nothing.
+    // An empty list denies everything; a missing list denies nothing.
     for (const wchar_t* key : {SettingsKey, OwnSettingsKey}) {
         std::wstring path = std::wstring(L"MACHINE\\") + key;
         ::SetNamedSecurityInfoW(path.data(), SE_REGISTRY_KEY, DACL_SECURITY_INFORMATION, nullptr, nullptr,
@@ -42,7 +42,7 @@ void RemoveSettings() {
     ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, SettingsKey);
 }
 
-// The entries of a folder; a file has none.
+// The entries of a folder; empty for a file.
 std::vector<WIN32_FIND_DATAW> EntriesOf(const std::wstring& folder) {
     std::vector<WIN32_FIND_DATAW> entries;
     WIN32_FIND_DATAW entry{};
@@ -56,7 +56,7 @@ std::vector<WIN32_FIND_DATAW> EntriesOf(const std::wstring& folder) {
     return entries;
 }
 
-// Removes a folder or a file of any depth, write-protected or not, which the standard library does not.
+// Removes a file, or a folder of any depth, even if write-protected, which the standard library cannot do.
 void RemoveTree(const std::wstring& path) {
     const std::wstring prefix = L"\\\\?\\";
     std::vector<std::wstring> folders{prefix + path};
@@ -72,7 +72,7 @@ void RemoveTree(const std::wstring& path) {
                 ::DeleteFileW(inside.c_str());
         }
     }
-    // The deepest ones stand last.
+    // The deepest folders are last.
     for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder)
         ::RemoveDirectoryW(folder->c_str());
 }
@@ -84,14 +84,14 @@ std::set<std::wstring> NamesOnC() {
     return names;
 }
 
-// What stood on drive C: before the first test.
+// The names on drive C: before the first test.
 const std::set<std::wstring>& SystemNames() {
     static const std::set<std::wstring> names = NamesOnC();
     return names;
 }
 
-// Wine has its drives in a folder of links, which only its own mount manager changes: DefineDosDevice makes a
-// drive there that no file can be opened on. These are the manager's request and what it takes.
+// Wine keeps its drives in a folder of links, which only its own mount manager changes. A drive made there by
+// DefineDosDevice cannot be used to open files. This is the manager's request and its input.
 constexpr DWORD DefineDriveRequest = CTL_CODE('m', 32, METHOD_BUFFERED, FILE_READ_ACCESS | FILE_WRITE_ACCESS);
 
 struct DriveRequest {
@@ -108,13 +108,13 @@ struct DriveRequest {
 
 using HostNameFunction = char*(CDECL*)(const WCHAR* path);
 
-// Wine's function that tells the host's name of a file; null on Windows.
+// Wine's function that returns the host's name of a file; null on Windows.
 HostNameFunction WineHostName() {
     return reinterpret_cast<HostNameFunction>(reinterpret_cast<void (*)()>(
         ::GetProcAddress(::GetModuleHandleW(L"kernel32"), "wine_get_unix_file_name")));
 }
 
-// Adds a drive whose root is a folder; without a folder removes it.
+// Adds a drive whose root is a folder; removes the drive if `folder` is empty.
 bool DefineDrive(char letter, const fs::path& folder) {
     const auto wideLetter = static_cast<wchar_t>(letter);
     const HostNameFunction hostName = WineHostName();

@@ -9,7 +9,7 @@ namespace nesk::platform {
 namespace {
 
 TEST(UserLocale, IsTheOneOfTheRegionalSettings) {
-    // Where the system keeps it: eight hexadecimal digits.
+    // The system stores it as eight hexadecimal digits.
     std::array<wchar_t, 20> stored{};
     DWORD size = sizeof stored;
     ASSERT_EQ(ERROR_SUCCESS, ::RegGetValueW(HKEY_CURRENT_USER, L"Control Panel\\International", L"Locale",

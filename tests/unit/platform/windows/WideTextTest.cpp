@@ -27,8 +27,8 @@ TEST(WideText, ConvertsEveryCharacter) {
 }
 
 TEST(WideText, ReplacesWhatIsNoCharacter) {
-    // Behind the first byte of a longer character Windows keeps the letter as well, which Wine takes for a
-    // part of it.
+    // After the first byte of a longer character Windows keeps the letter, but Wine treats it as part of that
+    // character.
     EXPECT_EQ(L"a\uFFFDb", ToWide("a\xFF"
                                   "b"));
     EXPECT_EQ(L"\uFFFD", ToWide("\xFF"));
@@ -53,13 +53,14 @@ TEST(WideText, RefusesWhatIsNoPath) {
 }
 
 TEST(WideText, LiftsTheLimitOfLongPathsOnly) {
-    // The last plain one has room for a name of the old form, eight characters and three, below it.
+    // The longest path without the prefix leaves room below it for a short name of eight and three
+    // characters.
     const std::string plain = "C:\\" + std::string(244, 'x');
     EXPECT_EQ(ToWide(plain), FilePath(plain));
     EXPECT_EQ(L"\\\\?\\" + ToWide(plain) + L"x", FilePath(plain + "x"));
     const std::string far = "\\\\server\\share\\" + std::string(300, 'x');
     EXPECT_EQ(L"\\\\?\\UNC" + ToWide(far).substr(1), FilePath(far));
-    // The prefix turns off all that the system would do to a path, so that it must be done before.
+    // The prefix turns off the system's path normalisation, so the path must be normalised first.
     EXPECT_EQ(L"\\\\?\\C:\\" + std::wstring(300, L'x') + L"\\a",
               FilePath("C:/" + std::string(300, 'x') + "/b/..//a"));
     EXPECT_EQ(ToWide(plain), FilePath("C:\\" + std::string(300, 'y') + "\\..\\" + std::string(244, 'x')));

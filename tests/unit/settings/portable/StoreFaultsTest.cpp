@@ -30,7 +30,7 @@ using modStringRes::FormatResString;
 namespace ErrorCode = platform::ErrorCode;
 namespace fs = std::filesystem;
 
-// What the user hears and keeps when the settings store cannot be used.
+// What the user is told, and what is preserved, if the settings store cannot be used.
 class StoreFaultsTest : public CoreTest {
 protected:
     StoreFaultsTest() {
@@ -50,7 +50,7 @@ protected:
 
     fs::path Store() const { return station.Folder() / "registry.db"; }
 
-    // Lets go of the store, so that the file is all there is.
+    // Closes the store, so that all its data is in the file.
     void Close() const { platform::portable::UseStation(station.Folder()); }
 
     static std::string StoredRoot() {
@@ -59,7 +59,7 @@ protected:
         return entry.GetString("NeskRoot");
     }
 
-    // A save that fails: one message says which setting, what is wrong and where.
+    // Makes a save that fails and expects one message with the setting, the cause and the place.
     void ExpectNotSaved(const std::string& reason, const std::string& text = "C:\\New",
                         const std::string& ending = "Not all settings have been saved.") {
         NeskRegistry record;
@@ -75,7 +75,7 @@ protected:
         EXPECT_EQ(messages.back().options, modMessageBox::Option::Critical);
     }
 
-    // The program starts with one message.
+    // Starts the program and expects one message.
     void ExpectStart(int message, int code) {
         int shown = 0;
         Expect();
@@ -91,7 +91,7 @@ protected:
     }
 };
 
-// Another program that has the store to itself.
+// Another program that locks the store.
 class Owner {
 public:
     Owner(const fs::path& store, const char* sql) {
@@ -110,7 +110,7 @@ private:
 TEST_F(StoreFaultsTest, AMessageKeepsNoOtherProgramWaiting) {
     NeskRegistry record;
     record.NeskRoot = "C:\\New";
-    record.DefaultSlideDirectory = "日"; // which the code page cannot hold
+    record.DefaultSlideDirectory = "日"; // cannot be encoded in the code page
     int shown = 0;
     const modMessageBox::Hook before =
         modMessageBox::SetHook([&](const std::string&, std::int16_t, const std::string&) {
@@ -149,10 +149,10 @@ TEST_F(StoreFaultsTest, AStoreThatAnotherProgramHasToItself) {
         EXPECT_EQ(NeskRegistry::Instance().NeskRoot, "");
         ExpectNotSaved(Reason(Message::FileInUse));
     }
-    // Without anybody closing it, the store is tried again.
+    // The store is tried again although nothing closed it.
     clock.Advance(std::chrono::milliseconds(2100));
     EXPECT_EQ(StoredRoot(), "C:\\Old");
-    // What could not be read then is not taken for empty now.
+    // A value that could not be read at the start is not treated as empty now.
     NeskRegistry& settings = NeskRegistry::Instance();
     settings.ExitKey = "5678";
     settings.Save();
@@ -163,7 +163,7 @@ TEST_F(StoreFaultsTest, AStoreThatAnotherProgramHasToItself) {
         EXPECT_EQ(record->SampleSize, 7);
         EXPECT_EQ(record->ExitKey, "5678");
     }
-    // From then on an empty field means that the user emptied it.
+    // From now on an empty field means that the user cleared it.
     settings.NeskRoot = "";
     settings.Save();
     stored.Load();
@@ -207,7 +207,7 @@ TEST_F(StoreFaultsTest, ADamagedStore) {
     }
 }
 
-// The store can be read but for the page on which one value lies.
+// The store can be read except for the page with one of the values.
 TEST_F(StoreFaultsTest, AValueThatCannotBeRead) {
     constexpr std::size_t pageSize = 4096;
     const std::string path = platform::StationRegistry().Location();
@@ -218,7 +218,7 @@ TEST_F(StoreFaultsTest, AValueThatCannotBeRead) {
         ASSERT_EQ(ErrorCode::Success, platform::StationRegistry().OpenKey(
                                           platform::LocalMachine, "SOFTWARE\\Quarndale\\Neskworks",
                                           platform::RegAccess::ReadWrite, key));
-        // Values lie one behind the other: with these between them two are on different pages.
+        // Values are stored one after another, so these two fillers put the tested values on different pages.
         for (const char* name : {"Filler1", "Filler2"})
             ASSERT_EQ(ErrorCode::Success, platform::StationRegistry().SetValue(
                                               key, name, platform::RegType::Text, std::string(3000, 'f')));
@@ -257,7 +257,7 @@ TEST_F(StoreFaultsTest, AValueThatCannotBeRead) {
     Close();
     EXPECT_TRUE(FileBytes(path) == spoiled) << "it was changed";
 
-    // Where the store comes back, so does the value.
+    // When the store is readable again, the value is too.
     write(sound);
     record.Save();
     NeskRegistry stored;
@@ -272,7 +272,7 @@ TEST_F(StoreFaultsTest, AStoreThatMayOnlyBeRead) {
     const std::string bytes = FileBytes(platform::StationRegistry().Location());
     fs::permissions(Store(), static_cast<fs::perms>(0444));
     fs::permissions(station.Folder(), static_cast<fs::perms>(0555));
-    // No open store may be carried into another process.
+    // An open store must not be carried into a child process.
     platform::portable::UseStation("/nonexistent/station");
     EXPECT_EQ(InChildProcess([&] {
                   BecomePlainUser();
@@ -321,13 +321,13 @@ struct SavedTexts {
     std::string zoom;
 };
 
-// Reads what other programs write, as one of them does that sees the store at one moment alone.
+// Reads what other programs write, and sees the store at one moment, like a program that loads the settings.
 class Watcher {
 public:
     explicit Watcher(const fs::path& store) {
         EXPECT_EQ(SQLITE_OK, sqlite3_open(store.c_str(), &m_database));
         sqlite3_busy_timeout(m_database, 5000);
-        // One statement, so that nothing is saved between its values.
+        // A single statement, so that no save can happen between the values.
         const char* sql = "SELECT MAX(CASE name WHEN 'NeskRoot' THEN data END),"
                           " MAX(CASE name WHEN 'NeskMachine' THEN data END),"
                           " MAX(CASE name WHEN 'PrinterZoom' THEN data END) FROM vals";
@@ -359,7 +359,7 @@ private:
     sqlite3_stmt* m_statement = nullptr;
 };
 
-// A save that no other program makes.
+// A text that no other save writes.
 std::string TextOfSave(char program, int save) {
     const std::string name = program + std::to_string(save) + " ";
     std::string text;
@@ -368,13 +368,13 @@ std::string TextOfSave(char program, int save) {
     return text;
 }
 
-// Two programs save settings at once, again and again: every save comes through, and whoever looks meanwhile
-// finds the values of one save.
+// Two programs save settings repeatedly at the same time. Every save succeeds, and a reader always finds the
+// values of a single save.
 TEST_F(StoreFaultsTest, TwoProgramsSaveAtOnce) {
     constexpr int fewestSaves = 100;
-    constexpr int mostSaves = 20000; // which ends the test where the watcher never gets its turn
+    constexpr int mostSaves = 20000; // ends the test if the watcher never gets its turn
     constexpr std::size_t enoughSeen = 4;
-    int stop[2]; // they go on saving until this pipe is closed
+    int stop[2]; // the programs save until this pipe is closed
     ASSERT_EQ(0, ::pipe(stop));
     NeskRegistry first;
     first.NeskRoot = first.NeskMachine = first.PrinterZoom = TextOfSave('-', 0);
@@ -387,7 +387,7 @@ TEST_F(StoreFaultsTest, TwoProgramsSaveAtOnce) {
         if (child == 0) {
             ::close(stop[1]);
             Close();
-            // A message that was not announced is a failure.
+            // A message that was not announced fails the test.
             const auto save = [&](int number) {
                 NeskRegistry record;
                 record.NeskRoot = record.NeskMachine = record.PrinterZoom = TextOfSave(letter, number);

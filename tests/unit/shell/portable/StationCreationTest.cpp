@@ -38,7 +38,7 @@ protected:
         return {example, (m_place / name).string(), " Bridge ", "Gear shop"};
     }
 
-    // Names in the folder where stations are made.
+    // Names in the folder in which stations are created.
     std::string Left() const {
         std::string names;
         for (const auto& entry : fs::directory_iterator(m_place))
@@ -63,7 +63,7 @@ TEST_F(StationCreationTest, AnEmptyStationCanBeWorkedWithAtOnce) {
     const NeskRegistry& settings = NeskRegistry::Instance();
     EXPECT_EQ(settings.MenuFile(), "C:\\Neskroot\\menu.cfg");
     EXPECT_FALSE(modUtilities::FileExists(settings.MenuFile()));
-    // Nothing is missing that the options demand.
+    // Everything that the options require is set.
     const OptionsFields fields = OptionsModel::Load(settings);
     EXPECT_EQ(fields.machine, "Bridge");
     EXPECT_EQ(fields.user, "Gear shop");
@@ -192,7 +192,7 @@ TEST_F(StationCreationTest, AFolderInItsDrivesStandsForAStation) {
         StationCreation::Open(created + inner);
         EXPECT_EQ(platform::StationFolderName(), created) << inner;
     }
-    // Not every folder of that name is one of a station.
+    // Not every folder with that name belongs to a station.
     fs::create_directories(m_place / "drives" / "other");
     EXPECT_EQ(ErrorOf([&] { StationCreation::Open((m_place / "drives" / "other").string()); }).messageId,
               Message::NotAStation);
@@ -211,10 +211,10 @@ TEST_F(StationCreationTest, AnotherStationBringsItsLanguageAndSettings) {
     StationCreation::Open(station.Folder().string());
 }
 
-// The example is built beside the tests.
+// The example is built next to the tests.
 TEST_F(StationCreationTest, TheExampleIsCopiedWithMachineAndUser) {
     ASSERT_TRUE(platform::HasExampleStation());
-    // What is installed may be write-protected.
+    // Installed files may be write-protected.
     const fs::path original =
         fs::read_symlink("/proc/self/exe").parent_path() / "example-station/registry.db";
     const fs::perms writable = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
@@ -228,7 +228,7 @@ TEST_F(StationCreationTest, TheExampleIsCopiedWithMachineAndUser) {
     EXPECT_EQ(Value("Users\\U1", "Name"), "Gear shop");
     EXPECT_FALSE(modUtilities::FileExists(Value("Common", "RepositoryRoot")));
     EXPECT_TRUE(modUtilities::DirectoryExists(Value("Common", "RepositoryRoot")));
-    // The copy is its user's own.
+    // The user can write to all files of the copy.
     for (const auto& entry : fs::recursive_directory_iterator(m_place / "new"))
         EXPECT_NE(entry.status().permissions() & fs::perms::owner_write, fs::perms::none) << entry.path();
 }

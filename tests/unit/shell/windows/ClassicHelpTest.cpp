@@ -6,7 +6,7 @@
 namespace nesk {
 namespace {
 
-// "command|data|file|" and "owner" when there is one, a line a call.
+// "command|data|file|" of each call, followed by "owner" if there is one; one call per line.
 std::string asked;
 BOOL answer = TRUE;
 
@@ -16,7 +16,7 @@ BOOL WINAPI Note(HWND owner, LPCSTR file, UINT command, ULONG_PTR data) {
     return answer;
 }
 
-// The system's viewer of classic help is another program; the calls to it are noted instead.
+// The system's viewer of classic help is another program, so the calls to it are recorded instead.
 class ClassicHelpTest : public testing::CoreTest {
 protected:
     ClassicHelpTest() {
