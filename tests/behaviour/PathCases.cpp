@@ -15,7 +15,7 @@ platform::FileSystem& Files() {
     return platform::StationFiles();
 }
 
-// What a search finds, in the order of the names: the order of the file system is each file system's own.
+// The results of a search, sorted by name because every file system has its own order.
 std::string Found(const std::string& pattern) {
     std::unique_ptr<platform::DirectorySearch> search;
     platform::DirectoryEntry entry;
@@ -49,7 +49,7 @@ int CreateResult(const std::string& path) {
     return Files().CreateNew(path, writer);
 }
 
-// What Wine answers otherwise than Windows.
+// Cases in which Wine differs from Windows.
 void AddDocumented(Table& table) {
     const auto missingDrive = [&](const char* what, const std::string& answer) {
         table.AddDocumented(std::string("path ") + what + " Q:\\x", answer, "3",

@@ -56,7 +56,7 @@ std::string Read(const std::string& section, const std::string& key, std::size_t
     return platform::ReadProfileString(Path, section, key, "default", capacity);
 }
 
-// What Wine answers otherwise than Windows.
+// Adds a case in which Wine differs from Windows.
 void AddDocumented(Table& table, std::string_view name, const std::string& content, const std::string& answer,
                    std::string_view why) {
     TempStation station;

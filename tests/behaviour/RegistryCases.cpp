@@ -25,7 +25,7 @@ std::string Number(std::int64_t number) {
     return std::to_string(number);
 }
 
-// A key below which the cases work.
+// The key that the cases work below.
 class Root {
 public:
     Root() {
@@ -35,7 +35,7 @@ public:
     Root(const Root&) = delete;
     Root& operator=(const Root&) = delete;
 
-    operator RegKey() const { return m_key; } // NOLINT: stands for its key wherever one is asked for
+    operator RegKey() const { return m_key; } // converts to its key wherever one is expected
 
 private:
     RegKey m_key = 0;
@@ -54,7 +54,7 @@ int Open(RegKey parent, const std::string& path) {
     return result;
 }
 
-// Result, type, size and data of a value, read into a buffer of a size.
+// Result, type, size and data of a value that is read into a buffer of `capacity` bytes.
 std::string Query(RegKey key, const std::string& name, std::uint32_t capacity) {
     std::string data(capacity, '#');
     std::uint32_t size = capacity;
@@ -149,7 +149,7 @@ void AddValues(Table& table, RegKey root) {
     table.Add("registry replaced", Query(key, "Text", 300));
     table.Add("registry delete value", Reg().DeleteValue(key, "tEXT"));
     table.Add("registry deleted value", Query(key, "Text", 300));
-    // Every character of the code page comes back; those without one are left out.
+    // Every character of the code page is read back; undefined bytes are left out.
     std::string text;
     for (int byte = 0x20; byte < 256; ++byte)
         if (byte != 0x7F && byte != 0x81 && byte != 0x8D && byte != 0x8F && byte != 0x90 && byte != 0x9D)
@@ -167,7 +167,7 @@ std::string Try(const std::function<std::string()>& act) {
     }
 }
 
-// The settings as the program uses them.
+// The settings as the program accesses them.
 void AddSettings(Table& table) {
     RegEntry entry;
     table.Add("settings open missing", Try([&] { return entry.OpenKey("Missing"), "opened"s; }));

@@ -35,9 +35,9 @@ void AddStringCases(Table& table) {
     }
     for (unsigned code = 0x80; code < 0x2200; code += code < 0x530 ? 1 : 13)
         table.Add("string encode U+" + std::to_string(code), Encoded(Character(code)));
-    // Latin, Greek, Cyrillic and what has no case of its own length.
+    // Latin, Greek, Cyrillic, and characters without an upper case of the same length.
     for (unsigned code = 0x20; code < 0x530; ++code) {
-        // Added to the standard long after the tables that stations of this age go by.
+        // These were added to Unicode long after the tables of such old stations.
         if (code >= 0x220 && code < 0x250) continue;
         if ((code >= 0x370 && code < 0x386) || (code >= 0x3CF && code < 0x400) || code >= 0x460) continue;
         table.Add("string upper U+" + std::to_string(code), platform::ToUpper(Character(code)));
