@@ -1,6 +1,6 @@
-// A menu file of any content. What loads without an error is the same menu after saving and loading, and from
-// the first save on not a byte of its file changes. What does not load is left alone. Either comes out the
-// same wherever the reader's blocks begin.
+// Loads an arbitrary menu file. A file that loads without an error gives the same menu after saving and
+// loading, and its bytes do not change after the first save. A file that does not load is left unchanged. The
+// result does not depend on where the reader's blocks begin.
 
 #include "editing/MenuEditor.h"
 #include "fuzz/Fuzz.h"
@@ -26,11 +26,11 @@ const std::string Folder = "C:\\Neskroot";
 const std::string Path = Folder + "\\menu.cfg";
 const std::string Copy = Folder + "\\copy.cfg";
 const std::string Shifted = Folder + "\\shifted.cfg";
-// What a reader of the file holds of it at a time: several times what the largest input has.
+// Block size of the reader, several times the largest input.
 constexpr std::size_t BlockSize = std::size_t{1} << 18;
 static_assert(BlockSize > LargestInput + 8, "a comment that ends in front of an input fits into a block");
 
-// One entry of a tree with its place, without what lies below.
+// An entry of a tree and its depth, without its children.
 struct Entry {
     int depth;
     std::string caption;
@@ -65,7 +65,7 @@ std::vector<Entry> EntriesOf(const Menu& menu) {
 
 void CheckIds(const Menu& menu) {
     const MenuEntry* entry = &menu;
-    // The last entry of each level is as good as any and keeps deep menus fast.
+    // Following only the last entry of each level is sufficient and keeps deep menus fast.
     for (int level = 0; level < 50 && entry->ChildCount() > 0; ++level) {
         entry = &entry->Children()->Item(entry->ChildCount());
         Require(menu.Find(entry->ID()) == entry, "an entry is found by its id");
@@ -87,8 +87,8 @@ void SaveTwice(MenuEditor& editor) {
     Require(FileBytes(Copy + ".bak") == bytes, "the version before is kept");
 }
 
-// Places of an input at which a block of the reader may end: in lines, on both sides of the ends of some, and
-// between CR and LF. 0 is in front of the input.
+// Offsets of an input at which a block of the reader may end: inside lines, on both sides of some line ends,
+// and between CR and LF. 0 is before the input.
 std::set<std::size_t> Borders(const std::string& bytes) {
     if (bytes.empty()) return {0};
     std::set<std::size_t> borders{0, bytes.size() / 3, bytes.size() / 2, bytes.size() - 1};
@@ -99,12 +99,12 @@ std::set<std::size_t> Borders(const std::string& bytes) {
     return borders;
 }
 
-// Where the blocks in which the file is read begin must not matter. `error` is what loading it gave.
+// Checks that the block boundaries do not affect the result. `error` is the result of loading the file.
 void CheckBlocks(Surroundings& surroundings, const std::string& bytes, const Menu& menu,
                  const std::optional<NeskError>& error) {
     const std::vector<Entry> entries = EntriesOf(menu);
     const auto check = [&](std::size_t length) {
-        // With its end a line of that length.
+        // A line of that length, including its line end.
         const std::string comment = ";" + std::string(length - 3, 'x') + "\r\n";
         surroundings.station.Write(Shifted, comment + bytes);
         MenuEditor editor;
@@ -119,7 +119,8 @@ void CheckBlocks(Surroundings& surroundings, const std::string& bytes, const Men
     };
     for (const std::size_t before : Borders(bytes))
         check(BlockSize - before);
-    // The end of the comment itself is cut; and a line that takes more than a block.
+    // The first length puts a block boundary inside the comment's line end; the second makes a line longer
+    // than a block.
     check(BlockSize + 1);
     check(BlockSize * 2 + 3);
 }
@@ -133,7 +134,7 @@ void LoadMenu(Surroundings& surroundings, const std::string& bytes) {
             "an error and a missing end leave the menu incomplete");
     Require(FileBytes(Path) == bytes, "opening changes no file");
     CheckIds(*editor.OpenMenu());
-    // Lines are found before any of them is decoded.
+    // Lines are separated before they are decoded, so one code page is enough.
     if (platform::CodePage() == 1252) CheckBlocks(surroundings, bytes, *editor.OpenMenu(), error);
     if (!error) return SaveTwice(editor);
     Require(error->file == Path, "an error names the file");
@@ -143,7 +144,7 @@ void LoadMenu(Surroundings& surroundings, const std::string& bytes) {
     Require(editor.CheckSave(Path) == SaveHazard::Incomplete, "saving half a menu is a hazard");
 }
 
-// Reading goes on behind an error, and every call takes at least a line.
+// The parser continues after an error, and every call consumes at least one line.
 void ReadTokens(const std::string& bytes) {
     BlockParser parser;
     parser.OpenFile(Path, false);

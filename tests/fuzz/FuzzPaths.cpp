@@ -1,5 +1,5 @@
-// Paths of any content. The input's first line is a folder, the second a relative path, the third a pattern.
-// Wherever a path leads, it stays within its drive of the station.
+// Tests arbitrary paths. The input's first line is a folder, the second a relative path, the third a pattern.
+// Every path must stay within its drive of the station.
 
 #include "base/NeskError.h"
 #include "fuzz/Fuzz.h"
@@ -82,9 +82,9 @@ void CheckJoin(const std::string& base, const std::string& relative) {
     CheckHostPath(joined);
 }
 
-// Makes a folder where the path leads into the station, and a file in it.
+// Creates the folder of a path in the station and a file in it.
 void CheckFiles(const std::string& path) {
-    // A longer one is none on Windows, and every level of a path is looked up from the drive on.
+    // A longer path is not valid on Windows, and looking up every level from the drive takes too long.
     if (path.size() > 260 || IsHostDrive(path)) return;
     platform::FileSystem& files = platform::StationFiles();
     try {
@@ -118,12 +118,12 @@ void CheckPattern(const std::string& name, const std::string& pattern) {
             "every name matches the widest pattern");
     Require(MatchesPattern(name, name), "a name matches itself");
     Require(MatchesPattern(name, name + "*") && MatchesPattern(name, "*" + name), "a star may be nothing");
-    // This one means every name, with or without a dot.
+    // "*.*" matches every name, with or without a dot.
     if (pattern != "*.*" && MatchesPattern(name, pattern))
         Require(MatchesPattern(name + "x", pattern + "*"), "a star takes what follows");
 }
 
-// Nothing but the drives lies in the station, and in those only what Windows could have made.
+// Checks that the station contains only its drives, and the drives only names that Windows allows.
 void CheckStation(const fs::path& station) {
     for (const fs::directory_entry& entry : fs::directory_iterator(station))
         Require(entry.path().filename() == "drives", "the station's folder holds its drives");
@@ -140,7 +140,7 @@ void CheckStation(const fs::path& station) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace nesk::fuzz;
-    // A pattern with stars is compared in time that grows with the square of the name.
+    // The time to match a pattern with stars grows with the square of the name's length.
     if (size > 4096) return 0;
     std::string input = TextOf(data, size);
     const std::string folder = TakeLine(input);

@@ -1,5 +1,5 @@
-// A profile file of any content and a question about it. The input's first four lines are the section, the
-// key, the default and the capacity; the file is what follows.
+// Queries an arbitrary profile file. The input's first four lines are the section, the key, the default and
+// the capacity; the rest is the file.
 
 #include "fuzz/Fuzz.h"
 #include "platform/ProfileFile.h"
@@ -12,7 +12,7 @@ namespace {
 
 const std::string Path = "C:\\Parts\\partinfo.ini";
 const std::string Missing = "C:\\Parts\\missing.ini";
-// What a reader of the file holds of it at a time.
+// Block size of the reader.
 constexpr std::size_t BlockSize = 16384;
 
 struct Question {
@@ -43,7 +43,7 @@ std::string WithOtherCase(std::string text) {
 
 void CheckAnswer(const Question& question, const std::string& answer) {
     Require(answer == Ask(question, question.capacity), "the same question has the same answer");
-    // A default may hold what the code page does not.
+    // A default may contain characters that the code page cannot encode.
     const std::size_t size = platform::ToAnsi(answer).value_or("").size();
     Require(size < std::max<std::size_t>(question.capacity, 1), "the answer and its end fit the capacity");
     Question otherCase = question;
@@ -60,13 +60,13 @@ void CheckAnswer(const Question& question, const std::string& answer) {
     Question otherDefault = question;
     otherDefault.defaultValue += "\x01";
     if (Ask(otherDefault, BlockSize * 8) != Ask(question, BlockSize * 8)) return;
-    // The default took no part, so the answer comes from the file.
+    // The answer does not depend on the default, so it comes from the file.
     Require(answer.find_first_of(std::string("\r\n\x1A\0", 4)) == std::string::npos,
             "a value is on one line");
     Require(platform::ToAnsi(answer).has_value(), "a value can be encoded");
 }
 
-// Where the blocks in which the file is read begin must not matter.
+// Checks that the block boundaries do not affect the answer.
 void CheckBlocks(Surroundings& surroundings, const Question& question, const std::string& bytes,
                  const std::string& answer) {
     const bool wide = bytes.starts_with("\xFF\xFE") || bytes.starts_with('\xFF');

@@ -1,5 +1,5 @@
-// A language library of any content. Whatever loads answers within the room that it is given, and a library
-// made of its answers gives the same ones.
+// Loads an arbitrary language library. Every library that loads answers within the given buffer, and a
+// library made from its answers gives the same answers.
 
 #include "fuzz/Fuzz.h"
 #include "platform/ResourceLibrary.h"
@@ -17,11 +17,11 @@ namespace {
 
 const std::string Path = "C:\\Orvane\\ENU32000.DLL";
 constexpr char Guard = '\x5A';
-// More than any input has, and what the program uses.
+// Buffer sizes: larger than any string of an input, and the size that the program uses.
 constexpr int Large = static_cast<int>(LargestInput) * 4;
 constexpr int Usual = 1024;
 
-// Copies a string through a buffer that ends with guards.
+// Reads a string into a buffer that is followed by guard bytes.
 std::string Read(platform::ModuleHandle module, std::uint32_t id, int capacity) {
     std::vector<char> buffer(static_cast<std::size_t>(capacity) + 8, Guard);
     const int length = platform::ReadModuleString(module, id, buffer.data(), capacity);
@@ -32,7 +32,7 @@ std::string Read(platform::ModuleHandle module, std::uint32_t id, int capacity) 
     return {buffer.data(), static_cast<std::size_t>(length)};
 }
 
-// Numbers that stand before a tab at the front of a line, and some that probably do not.
+// The numbers before a tab at the start of a line, and some that are probably not in the library.
 std::set<std::uint32_t> NumbersIn(const std::string& bytes) {
     std::set<std::uint32_t> numbers = {0, 1, 32000, 0xFFFFFFFF};
     for (std::size_t at = 0; at < bytes.size() && numbers.size() < 300;) {
@@ -50,7 +50,7 @@ void CheckString(platform::ModuleHandle module, std::uint32_t id, const std::str
     for (const int capacity : {0, 1, 2, 3, Usual}) {
         const std::string part = Read(module, id, capacity);
         Require(whole.starts_with(part), "a short buffer holds the beginning");
-        // A character of the code page has two bytes at the most, which are not torn apart.
+        // A character of the code page has at most two bytes, which must not be split.
         const std::size_t expected =
             std::min(whole.size(), static_cast<std::size_t>(std::max(capacity, 1)) - 1);
         Require(part.size() + 1 >= expected, "a short buffer is filled");

@@ -1,4 +1,4 @@
-// Runs a fuzz target over files, where no fuzzer does: Replay... FOLDER-OR-FILE ...
+// Runs a fuzz target over files, where no fuzzer is available: Replay... FOLDER-OR-FILE ...
 
 #include "fuzz/Fuzz.h"
 
@@ -28,13 +28,13 @@ int main(int argc, char** argv) {
         for (const fs::path& file : FilesAt(argv[i])) {
             std::ifstream in(file, std::ios::binary);
             std::ostringstream bytes;
-            // An empty file has nothing to copy, which a stream takes for a failure.
+            // A stream reports a failure when it copies an empty file.
             if (fs::file_size(file) > 0) bytes << in.rdbuf();
             if (!in || !bytes) {
                 std::fprintf(stderr, "cannot read %s\n", file.c_str());
                 return 2;
             }
-            // A target that finds a fault aborts: the last name printed is its input.
+            // A target aborts on a fault, so the last name printed is the failing input.
             std::printf("%s\n", file.c_str());
             std::fflush(stdout);
             const std::string input = bytes.str();
