@@ -1,6 +1,6 @@
-// Kills a program that saves a menu, at random moments, and looks at what it leaves: menu.cfg is always one
-// of the versions that were saved, or missing where the first save was not through, and nothing that is left
-// over piles up or stops the next save.
+// Kills a program at random moments while it saves a menu, and checks the files that it leaves: menu.cfg is
+// always one of the saved versions, or missing if the first save did not finish. Leftover files do not pile
+// up and do not prevent the next save.
 
 #include "editing/MenuEditor.h"
 #include "platform/portable/Station.h"
@@ -30,21 +30,21 @@ using testing::FileBytes;
 
 const std::string Folder = "C:\\Neskroot";
 const std::string Path = Folder + "\\menu.cfg";
-// The entries of each version: less than a block of the disk, one piece of writing, several pieces.
+// Number of entries in each version: smaller than a disk block, a single write, several writes.
 constexpr std::array<int, 3> Entries = {2, 300, 2500};
 
-// A first save, of a menu that has no file yet, is tried in one of so many rounds.
+// A first save, of a menu without a file, is tried in one of this many rounds.
 constexpr int FirstSaveEvery = 8;
 
 using Editors = std::vector<std::unique_ptr<MenuEditor>>;
 
-// The bytes of a file; nothing when there is none.
+// The bytes of a file; nothing if the file is missing.
 std::optional<std::string> BytesIfAny(const std::string& path) {
     if (!std::filesystem::exists(TempStation::Host(path))) return std::nullopt;
     return FileBytes(path);
 }
 
-// An editor for each version.
+// Creates an editor for each version.
 Editors MakeEditors() {
     Editors editors;
     for (const int entries : Entries) {
@@ -57,7 +57,7 @@ Editors MakeEditors() {
     return editors;
 }
 
-// The versions in the order in which a process saves them, never the same twice in a row.
+// The order in which a process saves the versions, never the same version twice in a row.
 class Order {
 public:
     explicit Order(unsigned seed) : m_random(seed), m_version(m_random() % Entries.size()) {}
@@ -69,7 +69,7 @@ private:
     std::size_t m_version;
 };
 
-// The process that is killed: saves another version each time.
+// The process that is killed. Saves a different version each time.
 int SaveForEver(const std::string& station, unsigned seed, const std::string& descriptor) {
     platform::portable::UseStation(station);
     const testing::SaveProgress progress(descriptor);
@@ -96,13 +96,13 @@ public:
             m_longest = std::max(m_longest, Clock::now() - start);
             m_versions.push_back(FileBytes(Path));
         }
-        // One that has a version before it, as all that follow.
+        // Saves once more over an existing version, like all later saves.
         m_editors.back()->Save(Path);
         m_before = FileBytes(Path);
     }
 
     bool Round(std::mt19937& random);
-    // Whether `kills` of them hit enough steps of a save to have tried it.
+    // Returns whether `kills` kills hit enough steps of a save to be a valid test.
     bool HitEnough(int kills) const {
         return m_hits >= kills / 10 && m_firstHits > 0 && m_leftMenus >= kills / 20 && m_leftBackups > 0 &&
                m_saves > 0;
@@ -127,7 +127,7 @@ private:
     std::optional<std::string> m_before; // the menu before a round
     Clock::duration m_longest{};
     int m_rounds = 0;
-    int m_versionsKept = 2; // at least: of the menu and its backup
+    int m_versionsKept = 2; // lower bound, for the menu and its backup together
     int m_saves = 0;
     int m_hits = 0;
     int m_firstHits = 0;
@@ -140,7 +140,7 @@ bool Killer::Round(std::mt19937& random) {
     const auto seed = static_cast<unsigned>(random());
     testing::Victim victim({"save", m_station.Folder().string(), std::to_string(seed)});
     victim.WaitForSave();
-    // Up to two saves later, so that each step of a save has its chance.
+    // Waits up to the time of two saves, so that each step of a save can be hit.
     const auto longest = std::chrono::duration_cast<microseconds>(2 * m_longest).count();
     std::this_thread::sleep_for(microseconds(random() % static_cast<std::uint64_t>(longest)));
     if (!victim.Kill()) return Fail("the program that saves ended by itself");
@@ -149,7 +149,7 @@ bool Killer::Round(std::mt19937& random) {
     const bool isHit = victim.Begun() > victim.Ended();
     m_hits += isHit ? 1 : 0;
     m_firstHits += isHit && !m_before && victim.Ended() == 0 ? 1 : 0;
-    // What the last save that ended wrote, or the one that began after it.
+    // The version of the last finished save, and the version of the save that began after it.
     Order order(seed);
     std::vector<std::optional<std::string>> known = {m_before};
     for (int save = 1; save <= victim.Begun(); ++save, order.Next()) {
@@ -188,7 +188,8 @@ bool Killer::CheckFolder() {
         ++left;
         ++(name.starts_with("menu.cfg.bak") ? m_leftBackups : m_leftMenus);
     }
-    // A save makes one file for the menu and one for the backup; both are gone before the next makes its own.
+    // A save creates one temporary file for the menu and one for the backup. Both are removed before the next
+    // save creates its own.
     return left <= 2 || Fail("what is left over piles up");
 }
 
@@ -196,7 +197,7 @@ bool Killer::Finish(int kills) {
     std::cout << kills << " kills, " << m_hits << " in the middle of a save, " << m_firstHits
               << " of a first one; left were a new menu " << m_leftMenus << " times, a new backup "
               << m_leftBackups << " times; " << m_saves << " saves ended\n";
-    // The first may be the very first.
+    // This may be the very first save.
     m_editors.back()->Save(Path);
     m_editors.front()->Save(Path);
     if (FileBytes(Path) != m_versions.front()) return Fail("the last save wrote something else");
@@ -218,7 +219,7 @@ int main(int count, char** values) {
     std::cout << "seed " << seed << std::endl;
     std::mt19937 random(seed);
     nesk::Killer killer;
-    // How long a step takes differs from machine to machine: the short ones may need more kills to be hit.
+    // The duration of a step varies between machines, so short steps may need more kills to be hit.
     int kill = 0;
     while (kill < kills || (!killer.HitEnough(kill) && kill < 10 * kills)) {
         ++kill;

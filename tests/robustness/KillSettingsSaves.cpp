@@ -1,6 +1,6 @@
-// Kills a program that saves the settings, at random moments. The values of a save are stored together: those
-// of the last save are there, or those of the one before, also for a program that loads them meanwhile, and
-// the store itself is always sound.
+// Kills a program at random moments while it saves the settings. The values of a save are stored together:
+// the store contains those of the last save or those of the previous one, also for a program that loads them
+// during a save. The store itself is never damaged.
 
 #include "base/NeskError.h"
 #include "platform/ErrorCode.h"
@@ -33,7 +33,7 @@ struct TextField {
     std::string NeskRegistry::*field; // null for a number
 };
 
-// In the order in which they are written.
+// Fields in the order in which they are written.
 constexpr TextField Fields[] = {
     {"NeskRoot", &NeskRegistry::NeskRoot},
     {"DefaultSlideDirectory", &NeskRegistry::DefaultSlideDirectory},
@@ -56,7 +56,7 @@ constexpr TextField Fields[] = {
 
 constexpr int LoadsMeanwhile = 5;
 
-// Short texts in the first version, long ones and some that are empty in the second.
+// The first version has short texts; the second has long texts and some empty ones.
 NeskRegistry Record(bool second) {
     NeskRegistry record;
     for (const TextField& text : Fields)
@@ -96,7 +96,7 @@ int SaveForEver(const std::string& station, const std::string& descriptor) {
 class Killer {
 public:
     bool Round(int number, std::mt19937& random);
-    // Whether `kills` of them hit enough saves to have tried them.
+    // Returns whether `kills` kills hit enough saves to be a valid test.
     bool HitEnough(int kills) const {
         return m_hits >= kills / 10 && m_takenBack >= kills / 20 && m_saves > 0;
     }
@@ -118,7 +118,7 @@ private:
     bool CheckFolder() const;
 
     TempStation m_station;
-    // What stood in the store before the round, and what each save of the round writes in turn.
+    // The values in the store before the round, and the values that odd and even saves of the round write.
     Values m_before = Values(std::size(Fields));
     const Values m_odd = ValuesOf(Record(false));
     const Values m_even = ValuesOf(Record(true));
@@ -129,7 +129,7 @@ private:
 };
 
 bool Killer::Round(int number, std::mt19937& random) {
-    // Now and then the store is made anew, and killed while it is.
+    // In some rounds the store is created anew, and the process is killed during that.
     if (number % 10 == 1) {
         for (const char* end : {"", "-wal", "-shm"})
             fs::remove(Store().string() + end);
@@ -151,13 +151,13 @@ bool Killer::Round(int number, std::mt19937& random) {
     return CheckFolder() && CheckValues(victim.Begun(), victim.Ended()) && IsSound();
 }
 
-// While the other process saves.
+// Loads the settings while the other process saves.
 bool Killer::LoadMeanwhile() const {
     platform::portable::UseStation(m_station.Folder());
     for (int i = 0; i < LoadsMeanwhile; ++i) {
         NeskRegistry loaded;
         loaded.Load();
-        // Which is never read, on purpose.
+        // HistoryMaxParts is never loaded, on purpose.
         const auto isOf = [&loaded](bool second) {
             const NeskRegistry saved = Record(second);
             loaded.HistoryMaxParts = saved.HistoryMaxParts;
@@ -182,14 +182,14 @@ bool Killer::CheckFolder() const {
 }
 
 bool Killer::CheckValues(int begun, int ended) {
-    // Opened anew, and let go afterwards so that the next process finds nobody.
+    // The store is opened anew and closed afterwards, so that the next process has it to itself.
     platform::portable::UseStation(m_station.Folder());
     Values stored;
     RegEntry entry;
     try {
         entry.OpenKey("Neskworks");
     } catch (const NeskError&) {
-        // There is none as long as nothing was written; a store that cannot be used answers otherwise.
+        // The key is missing until something is written; an unusable store returns a different code.
         if (entry.LastResult() != platform::ErrorCode::FileNotFound)
             return Fail("the settings cannot be opened: " + std::to_string(entry.LastResult()));
     }
@@ -216,7 +216,7 @@ bool Killer::IsSound() const {
     sqlite3* database = nullptr;
     sqlite3_stmt* statement = nullptr;
     std::string answer = "cannot be opened";
-    // A store that was killed before its first byte is not there yet.
+    // If the process was killed before it wrote the first byte, the store does not exist yet.
     if (!fs::exists(Store())) return true;
     if (sqlite3_open(Store().c_str(), &database) == SQLITE_OK &&
         sqlite3_prepare_v2(database, "PRAGMA integrity_check", -1, &statement, nullptr) == SQLITE_OK &&
@@ -247,7 +247,7 @@ int main(int count, char** values) {
     std::cout << "seed " << seed << std::endl;
     std::mt19937 random(seed);
     nesk::Killer killer;
-    // How long a save takes differs from machine to machine: more kills may be needed to hit enough of them.
+    // The duration of a save varies between machines, so more kills may be needed to hit enough saves.
     int kill = 0;
     while (kill < kills || (!killer.HitEnough(kill) && kill < 10 * kills)) {
         ++kill;

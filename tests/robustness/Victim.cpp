@@ -13,7 +13,7 @@ namespace nesk::testing {
 
 Victim::Victim(std::vector<std::string> arguments) {
     std::array<int, 2> ends{};
-    // The reading end stays here; the other one is what the program is told of.
+    // The reading end stays in this process; the program gets the number of the other end.
     if (::pipe(ends.data()) != 0 || ::fcntl(ends[0], F_SETFD, FD_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
     arguments.push_back(std::to_string(ends[1]));
@@ -70,7 +70,7 @@ bool Victim::Kill() {
 SaveProgress::SaveProgress(const std::string& descriptor) : m_descriptor(std::atoi(descriptor.c_str())) {}
 
 void SaveProgress::Tell(char what) const {
-    // Without anybody to tell it to there is nobody to kill this process either.
+    // If no process reads the reports, no process will kill this one either.
     if (::write(m_descriptor, &what, 1) != 1) ::_exit(0);
 }
 
