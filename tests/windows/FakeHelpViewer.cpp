@@ -1,4 +1,4 @@
-// Stands in for hhctrl.ocx: writes what it is asked to show into the file that NESK_TEST_HELP_LOG names.
+// A stand-in for hhctrl.ocx. Writes what it is asked to show into the file that NESK_TEST_HELP_LOG names.
 #include <string>
 #include <windows.h>
 
@@ -11,6 +11,6 @@ extern "C" HWND WINAPI HtmlHelpA(HWND caller, LPCSTR file, UINT command, DWORD_P
     DWORD written = 0;
     WriteFile(output, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
     CloseHandle(output);
-    // A file of this name is one that the viewer cannot open.
+    // Simulates a file that the viewer cannot open.
     return line.find("broken") == std::string::npos ? GetDesktopWindow() : nullptr;
 }

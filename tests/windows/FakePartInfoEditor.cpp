@@ -1,4 +1,4 @@
-// The part-information editor's stand-in as a module that is loaded into the program.
+// The part-information editor's stand-in as an in-process COM server: a module that the program loads.
 #include "windows/FakeEditor.h"
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID id, void** object) {

@@ -1,6 +1,6 @@
-// Another program that has a file open: opens the file that its first argument names, without letting anybody
-// else use it, or letting others do what its second argument says: "read", "write" or "delete". Writes a line
-// when the file is open and holds it until its input ends.
+// A second program that has a file open. It opens the file that its first argument names and shares nothing,
+// or only what its second argument lists: "read", "write" or "delete". It writes a line when the file is open
+// and keeps it open until its input ends.
 #include <iostream>
 #include <string>
 #include <windows.h>
