@@ -1,4 +1,4 @@
-// What holds of every dialog: its help topic, its access keys, its default button.
+// Checks of every dialog: its help topic, its access keys, its default button.
 
 #include "gui/Recorders.h"
 #include "unit/CoreFixture.h"
@@ -47,7 +47,7 @@ struct DialogCase {
     const char* variant = "";
 };
 
-// What the test framework calls a case.
+// Name of a case in the output of the test framework.
 void PrintTo(const DialogCase& dialog, std::ostream* text) {
     *text << dialog.name;
 }
@@ -61,7 +61,7 @@ class AllDialogsTest : public CoreTest, public ::testing::WithParamInterface<Dia
 protected:
     AllDialogsTest() {
         Startup::InitLanguage();
-        // The lists that two of the dialogs show; an installation has both.
+        // The lists that two of the dialogs show; every installation has both.
         RegEntry lists;
         lists.CreateKey("Machines\\M1");
         lists.CreateKey("Users\\U1");
@@ -71,7 +71,7 @@ protected:
     HelpRecorder help{station};
 };
 
-// The access keys of a dialog's visible controls, with the names of the controls that have them.
+// Collects the access keys of a dialog's visible controls, with the names of the controls.
 void CollectAccessKeys(const wxWindow& window, std::multimap<char, std::string>& keys) {
     for (const wxWindow* child : window.GetChildren()) {
         if (!child->IsShown()) continue;

@@ -21,7 +21,7 @@ class FormAccessTest : public SettingsDialogTest {
 protected:
     FormAccessTest() { NeskRegistry::Instance().ExitKey = "77"; }
 
-    // Shows the dialog, does something with it, and closes it if that did not.
+    // Shows the dialog, runs an action on it, and closes it if the action did not.
     void Show(const std::function<void(FormAccess&)>& act) {
         FormAccess dialog(nullptr);
         const ModalDriver driver(dialog, [&] {
@@ -129,7 +129,7 @@ TEST_F(FormAccessTest, DifferentCodesAreRefusedAndKept) {
         dialog.txtCode2->GetSelection(&from, &to);
         EXPECT_EQ(from, 0);
         EXPECT_EQ(to, 5);
-        // So the next entry replaces the wrong one.
+        // The next entry therefore replaces the wrong one.
         Type("1234");
         EXPECT_EQ(dialog.txtCode2->GetValue(), "1234");
     });
@@ -175,7 +175,7 @@ TEST_F(FormAccessTest, TheCodeIsShownOnRequestAndHiddenAgain) {
         EXPECT_EQ(dialog.txtCode1->GetValue(), "12");
         EXPECT_EQ(dialog.txtCode2->GetValue(), "34");
         EXPECT_EQ(dialog.txtCode1->GetRect(), place);
-        // The box made anew is reached by its key and filters as the first one did.
+        // The recreated box can be reached by its access key and filters like the first one.
         Press('A', wxMOD_ALT);
         EXPECT_TRUE(dialog.txtCode1->HasFocus());
         Press(WXK_END);

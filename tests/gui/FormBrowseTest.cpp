@@ -29,7 +29,7 @@ protected:
         fs::create_directories(TempStation::Host("D:\\Other"));
     }
 
-    // Takes the medium out of drive D:.
+    // Makes drive D: not ready, as if its medium were removed.
     void EmptyDriveD() {
 #ifdef NESK_PORTABLE_STATION
         station.Write("D:\\.notready", "");
@@ -163,7 +163,7 @@ TEST_F(FormBrowseTest, ADriveThatIsNotReadyIsReportedAndCIsShown) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// On Windows C: is the system's own drive, which is always ready.
+// On Windows C: is the system drive, which is always ready.
 TEST_F(FormBrowseTest, TheFallbackThatIsNotReadyIsReportedOnce) {
     Expect();
     Show(

@@ -55,7 +55,7 @@ protected:
         entry.SetString("Name", displayName);
     }
 
-    // Shows the dialog, does something with it, closes it if that did not, and returns its answer.
+    // Shows the dialog, runs an action on it, closes it if the action did not, and returns its answer.
     bool Show(const std::function<void(FormDirectories&)>& act, bool mayMakeRoot = false) {
         WhenShown<FormDirectories>("FormDirectories", [act](FormDirectories& form) {
             act(form);
@@ -64,7 +64,7 @@ protected:
         return FormDirectories(nullptr).Invoke(mayMakeRoot);
     }
 
-    // Confirms and expects a message about a box, which has the focus then.
+    // Confirms and expects a message about a box, which then gets the focus.
     void Refused(FormDirectories& form, wxTextCtrl* box, const std::string& text) {
         form.cmdOK->SetFocus();
         Expect();
@@ -79,7 +79,7 @@ protected:
 
     static std::string Selected(wxTextCtrl* box) { return FromWx(box->GetStringSelection()); }
 
-    // A setting as it lies in the registry; "" when there is none.
+    // A setting as stored in the registry; "" if it is missing.
     static std::string Saved(const std::string& name) {
         RegEntry entry;
         if (!entry.TestKey("Neskworks")) return "";
@@ -135,7 +135,7 @@ TEST_F(FormDirectoriesTest, AClickIntoANumberSelectsIt) {
         EXPECT_EQ(Selected(form.txtMaxParts), "20");
         Type("7");
         EXPECT_EQ(form.txtMaxParts->GetValue(), "7");
-        // A click into a box that has the focus already puts the caret where it was made.
+        // A click into a box that already has the focus sets the caret to the clicked position.
         Type("5");
         constexpr int longerThanADoubleClick = 700;
         wxMilliSleep(longerThanADoubleClick);
@@ -236,7 +236,7 @@ TEST_F(FormDirectoriesTest, FaultsKeepTheDialogOpen) {
         Refused(form, form.txtSampleSize, check + "Sample size");
         EXPECT_EQ(form.txtSampleSize->GetValue(), "21");
         EXPECT_EQ(Selected(form.txtSampleSize), "21");
-        // A fault found while its own box has the focus selects the number too.
+        // A fault found while its own box has the focus also selects the number.
         form.txtSampleSize->SetValue("1");
         form.txtSampleSize->SetInsertionPointEnd();
         Expect();
@@ -288,7 +288,7 @@ TEST_F(FormDirectoriesTest, WithoutAHistoryTheNumbersAreNotUsed) {
 TEST_F(FormDirectoriesTest, TheHistoryDialogSwitchesTheNumbers) {
     const bool confirmed = Show([this](FormDirectories& form) {
         form.txtMaxParts->SetValue("44");
-        // Confirmed unchanged: what was typed stays.
+        // Confirmed without a change: the typed text stays.
         WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& history) {
             EXPECT_EQ(history.txtHistoryDir->GetValue(), "C:\\History");
             EXPECT_EQ(history.txtHistoryTitle->GetValue(), "Bolts");
@@ -304,7 +304,7 @@ TEST_F(FormDirectoriesTest, TheHistoryDialogSwitchesTheNumbers) {
         EXPECT_FALSE(form.txtMaxParts->IsEnabled());
         EXPECT_FALSE(form.txtSampleSize->IsEnabled());
         EXPECT_EQ(form.txtMaxParts->GetValue(), "0");
-        // Another one; the numbers have to be given again.
+        // Another history: the numbers must be entered again.
         WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& history) {
             EXPECT_EQ(history.txtHistoryDir->GetValue(), "");
             history.txtHistoryDir->SetValue("C:\\Other");
@@ -390,7 +390,7 @@ TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
     EXPECT_EQ(NeskRegistry::Instance().NeskUser, "Users\\U1");
     EXPECT_TRUE(Show([&](FormDirectories& form) {
         choose(form);
-        // A choice that is called off changes nothing.
+        // A cancelled choice changes nothing.
         WhenShown<FormSelectMachine>("FormSelectMachine",
                                      [](FormSelectMachine& list) { Click(list.cmdCancel); });
         Click(form.cmdMachine);
@@ -404,7 +404,8 @@ TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// The choice is called off with the options, and the stored ones come back.
+// Cancelling the options also cancels the choice and restores the stored user and machine, so these cannot be
+// removed.
 TEST_F(FormDirectoriesTest, WhatIsStoredCannotBeRemovedAfterAnotherChoice) {
     EXPECT_FALSE(Show([this](FormDirectories& form) {
         WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) {
@@ -440,7 +441,7 @@ TEST_F(FormDirectoriesTest, WhatIsStoredCannotBeRemovedAfterAnotherChoice) {
 }
 #endif
 
-// Chooses landscape A3 in the printer dialog, or calls it off.
+// Chooses landscape A3 in the printer dialog, or cancels it.
 class PrinterDialogScript {
 public:
     PrinterDialogScript()
@@ -463,9 +464,9 @@ public:
     PrinterDialogScript& operator=(const PrinterDialogScript&) = delete;
 
     bool confirmed = true;
-    std::string standIn; // printer that it offers in place of one that is not on the machine
+    std::string standIn; // printer that replaces one that is not on the machine
     int shown = 0;
-    platform::PrinterValues begun; // with which the dialog began
+    platform::PrinterValues begun; // values that the dialog started with
     platform::PrinterSetupTexts asked;
 
 private:

@@ -24,12 +24,12 @@ using modStringRes::FormatResString;
 using modStringRes::LoadResString;
 using modUtilities::FromWx;
 
-// The dialogs that the part editor opens in its turn.
+// The dialogs that the part editor opens.
 class FormEditPartDialogsTest : public PartDialogTest {
 protected:
     ~FormEditPartDialogsTest() override { NeskRegistry::Instance() = NeskRegistry(); }
 
-    // Shows the editor, does something with it, and returns its answer.
+    // Shows the editor, runs an action on it, and returns its answer.
     bool Edit(const std::function<void(FormEditPart&)>& act, int screenWidth = 1024) {
         WhenShown<FormEditPart>("FormEditPart", act);
         return FormEditPart(nullptr, screenWidth).Edit("Angle", fields);
@@ -108,7 +108,7 @@ TEST_F(FormEditPartDialogsTest, PicturesAreChosenInTheSystemsDialog) {
     }));
     EXPECT_EQ(fields.graphic, "C:\\new.bmp");
     EXPECT_EQ(fields.preview, "C:\\other.bmp");
-    // The folder of the settings where that of the picture has gone.
+    // The folder of the settings replaces a picture's folder that no longer exists.
     const std::string title = LoadResString(32026);
     const std::string picture = title + "|C:\\Pictures|C:\\Gone\\a.bmp|";
     const std::string preview = title + "|C:\\Slides\\|C:\\Slides\\b.bmp|";

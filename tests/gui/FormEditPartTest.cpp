@@ -114,7 +114,7 @@ TEST_F(FormEditPartTest, EveryControlHasItsText) {
     };
     for (const auto& [control, text] : texts)
         EXPECT_EQ(FromWx(control->GetLabel()), LoadResString(text)) << text;
-    // These texts stand twice, so that their access keys are chosen for the dialog.
+    // These texts appear twice, so their access keys are chosen for this dialog.
     const std::pair<const wxButton*, int> pictureTexts[] = {{dialog.cmdPreviewSelect, 32066},
                                                             {dialog.cmdPreviewDelete, 32065},
                                                             {dialog.cmdMenuSelect, 32066},
@@ -131,7 +131,7 @@ TEST_F(FormEditPartTest, AccessKeysPressTheButtonsOfThePictures) {
         PressKey('E', wxMOD_ALT);
         EXPECT_TRUE(WaitUntil([&] { return dialog.picItemHost->Path().empty(); }));
         EXPECT_FALSE(dialog.picPreviewHost->Path().empty());
-        // While the focus is in one group, Wine does not find the access keys of another.
+        // Wine does not find the access keys of a group while the focus is in another group.
         dialog.txtPartName->SetFocus();
         PressKey('O', wxMOD_ALT);
         EXPECT_TRUE(WaitUntil([&] { return dialog.picPreviewHost->Path().empty(); }));
@@ -207,7 +207,7 @@ TEST_F(FormEditPartTest, TheLayoutFollowsTheScreen) {
     EXPECT_TRUE(compact.cmdMenuPicture->IsShown());
     EXPECT_TRUE(compact.picCompact->IsShown());
     EXPECT_FALSE(wide.picCompact->IsShown());
-    // Title bar and panels need the rest of the screen.
+    // The title bar and panels need the rest of the screen.
     EXPECT_LE(compact.GetSize().x, 640);
     EXPECT_LE(compact.GetSize().y, 420);
     EXPECT_LE(wide.GetSize().x, 800);
@@ -329,7 +329,7 @@ TEST_F(FormEditPartTest, AReferenceWithoutAFolderStartsNoEditor) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// On Windows the paths go to an object and never stand in a command line.
+// On Windows the paths are passed to an object and are never part of a command line.
 TEST_F(FormEditPartTest, TheInformationEditorGetsAReferenceAsItIs) {
     editor.Install("D:\\Parts\\Bracket\\partinfo.ini");
     const std::string folder = "D:\\$(touch hit) `touch hit`;touch hit & 'x' \"y\" %s * ~";
@@ -378,7 +378,7 @@ TEST_F(FormEditPartTest, ATextThatCannotBeStoredKeepsTheDialogOpen) {
 }
 
 TEST_F(FormEditPartTest, WhatWasNotEditedIsStoredAsItWas) {
-    // No text box holds either of these whole.
+    // A text box cannot hold either of these completely.
     for (const std::string& program : {std::string("BRACKET\0 7", 10), std::string(70'000, 'p')}) {
         item->SetProgramID(program);
         FormEditPart dialog(nullptr, WideScreen);

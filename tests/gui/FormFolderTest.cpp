@@ -26,7 +26,7 @@ protected:
         return FormFolder(nullptr).Invoke(base);
     }
 
-    // Confirms a name with OK.
+    // Enters a name and confirms it with OK.
     std::string Make(const std::string& name, const std::string& base = "C:\\Data") {
         return Show(
             [&](FormFolder& form) {
@@ -102,7 +102,7 @@ TEST_F(FormFolderTest, TheColonIsDroppedSilently) {
         typeColon();
         Type("b");
         EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "ab");
-        // A refused key replaces no selection.
+        // A refused key does not replace the selection.
         form.txtFolder->SelectAll();
         typeColon();
         EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "ab");

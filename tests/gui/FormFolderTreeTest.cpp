@@ -17,7 +17,7 @@ protected:
         frame = new wxFrame(nullptr, wxID_ANY, "Tree");
         tree = std::make_unique<FormFolderTree>(frame, "Dir1");
         frame->Show();
-        // On Windows the system has folders on drive C:.
+        // A separate drive, because on Windows the system has folders on drive C:.
         station.AddDrive('D');
         for (const char* folder : {"Data/beta/Deep", "Data/Alpha", "data2"})
             fs::create_directories(Drive() / folder);
@@ -30,7 +30,7 @@ protected:
 
     static fs::path Drive() { return TempStation::Host("D:\\"); }
 
-    // What lies below the selected node, one space between the names.
+    // The children of the selected node, separated by spaces.
     std::string Children() const {
         std::string text;
         const platform::TreeNode& node = *tree->View().Selected();

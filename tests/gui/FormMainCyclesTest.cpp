@@ -19,7 +19,7 @@ constexpr int PartsEach = 8;
 constexpr int WarmUp = 10;
 constexpr int Cycles = 50;
 
-// A menu as stations have them: several submenus full of parts.
+// A menu like those on stations: several submenus full of parts.
 std::string StationMenu() {
     std::string text = "BLOCK MENU\r\n\tCAPTION=Cell 4\r\n\tGRAPHIC=\r\n";
     const auto item = [&text](const std::string& caption, const std::string& type) {
@@ -46,13 +46,13 @@ protected:
         OpenWindow();
     }
 
-    // Opens the menu, changes it in every way there is, takes half of that back, and closes it without
+    // Opens the menu, makes every kind of change, undoes half of the changes, and closes the menu without
     // saving.
     void Cycle() {
         MenuEditor& editor = window->Editor();
         ASSERT_TRUE(Click(window->mnuFileOpen));
         EXPECT_EQ(Entries(), std::size_t{Submenus + Submenus * PartsEach});
-        // What stays: one change of each kind.
+        // The changes that stay: one of each kind.
         ASSERT_TRUE(editor.Remove("R.6.1"));
         ASSERT_NE(editor.AddSubmenu("R", "A new submenu with a long caption"), "");
         ASSERT_TRUE(editor.SetCaption("R.1", "Another caption, long enough to need memory of its own"));
@@ -60,7 +60,7 @@ protected:
         fields.programId = "@D:\\Parts\\Another part altogether\\partinfo.ini@";
         ASSERT_TRUE(editor.SetPart("R.1.1", fields));
         ASSERT_TRUE(editor.MoveDown("R.1"));
-        // What is taken back: as many again, one of them by a command of the window.
+        // The changes that are undone: the same number again, one of them by a command of the window.
         Select("R.4");
         dialogs.Answer(wxID_YES);
         ASSERT_TRUE(Click(window->mnuMenuRemove));
@@ -89,8 +89,8 @@ TEST_F(FormMainCyclesTest, NothingStaysAliveOfAMenuThatWasClosed) {
     EXPECT_EQ(before > 0, CountsLiveBlocks());
     for (int i = 0; i < Cycles; ++i)
         ASSERT_NO_FATAL_FAILURE(Cycle());
-    // Less than one object each time: the toolkit may keep some for later, but nothing that belongs to a
-    // menu.
+    // Less than one object per cycle: wxWidgets may keep some objects for later use, but objects of a menu
+    // must not stay alive.
     EXPECT_LT(LiveBlocks(), before + Cycles);
     RecordProperty("growth", static_cast<int>(LiveBlocks() - before));
     EXPECT_EQ(TreeText(), "");

@@ -1,4 +1,4 @@
-// The main window's file commands, and what it shows while nothing is open.
+// The main window's file commands, and the page that it shows while nothing is open.
 
 #include "gui/GuiFixture.h"
 #include "unit/FileBytes.h"
@@ -42,7 +42,7 @@ protected:
 
     std::string StatusPath() const { return FromWx(window->sbMain->GetStatusText(0)); }
 
-    // The text of the page without the breaks that its width makes.
+    // The text of the page without the line breaks of its wrapping.
     std::string PageText() const {
         std::string text = FromWx(window->pgStart->lblText->GetLabelText());
         for (char& c : text)
@@ -50,7 +50,7 @@ protected:
         return text;
     }
 
-    // Names of the buttons that the page offers.
+    // Names of the visible buttons of the page.
     std::string Steps() const {
         std::string names;
         const FormStartPage& page = *window->pgStart;
@@ -67,7 +67,7 @@ protected:
         Settle();
     }
 
-    // What the dialog for a file name answers, and what it was asked for.
+    // Sets the answer of the dialog for a file name; the dialog's request is recorded.
     void NameFile(const std::string& path) {
         platform::SetSaveFileDialog([this, path](wxWindow*, const platform::OpenFileRequest& request) {
             m_request = request;
@@ -86,8 +86,8 @@ protected:
 TEST_F(FormMainFileTest, TheWindowOpensInTheMiddleOfTheScreen) {
     OpenWindow();
     const wxRect screen = wxDisplay(window).GetClientArea();
-    // Where the system says that it is: the toolkit may only believe that its window is where it was put. The
-    // page is not as high as the window, by menu bar and status bar.
+    // Uses the position that the system reports, because wxWidgets may only assume that its window is where
+    // it was placed. The menu bar and the status bar make the page lower than the window.
     constexpr int tolerance = 60;
     const auto isCentred = [&] {
         const wxPoint corner = window->pgStart->ClientToScreen(wxPoint(0, 0));
@@ -132,7 +132,7 @@ TEST_F(FormMainFileTest, ARootFolderThatIsGoneIsNamedAndFoundAgain) {
     EXPECT_EQ(Steps(), "cmdChooseRoot " + m_stationSteps);
     EXPECT_NE(PageText().find("C:\\Elsewhere"), std::string::npos) << PageText();
     station.Write("C:\\Elsewhere\\x", "");
-    // The user comes back from another program.
+    // Simulates the user's return from another program.
     wxActivateEvent event(wxEVT_ACTIVATE, true, window->GetId());
     window->ProcessWindowEvent(event);
     EXPECT_EQ(Steps(), "cmdOpenMenu " + m_stationSteps);
@@ -220,7 +220,7 @@ TEST_F(FormMainFileTest, TheRootFolderVanishesWhileTheMenuIsOpen) {
     EXPECT_TRUE(window->Editor().IsDirty());
     EXPECT_EQ(TreeText(), "Main Menu\n Changed\n Brackets\n  Angle\n Last\n");
 
-    // To another place meanwhile.
+    // Meanwhile the menu can be saved to another place.
     NameFile("C:\\copy.cfg");
     ASSERT_TRUE(Click(window->mnuFileSaveAs));
     EXPECT_NE(FileBytes("C:\\copy.cfg").find("CAPTION=Changed"), std::string::npos);

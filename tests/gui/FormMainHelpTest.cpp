@@ -12,7 +12,7 @@
 namespace nesk::testing {
 namespace {
 
-// Help is installed with the measuring application; beside the program lies OVENU.chm.
+// Help is installed with the measuring application; OVENU.chm is next to the program.
 class FormMainHelpTest : public MainWindowTest {
 protected:
     FormMainHelpTest() {

@@ -6,7 +6,7 @@
 namespace nesk::testing {
 namespace {
 
-// Menus that are much larger than any station has, in the main window.
+// Menus in the main window that are much larger than any station's menu.
 class FormMainHugeTest : public MainWindowTest {
 protected:
     static std::string Repeat(const std::string& text, int times) {
@@ -30,7 +30,7 @@ TEST_F(FormMainHugeTest, AMillionLevels) {
     EXPECT_EQ(window->Editor().Find("R" + Repeat(".1", Levels))->ChildCount(), 0);
     FormMenuTree& tree = *window->tvMain;
     Tree().Collapse(*Tree().Root());
-    Press(WXK_NUMPAD_MULTIPLY); // expands all below
+    Press(WXK_NUMPAD_MULTIPLY); // expands all nodes below
     EXPECT_TRUE(tree.NodeOf("R" + Repeat(".1", 100))->IsExpanded());
     EXPECT_FALSE(tree.NodeOf("R" + Repeat(".1", 1000))->IsExpanded()) << "what nobody could look at";
     Press(WXK_END);

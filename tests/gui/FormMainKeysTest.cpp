@@ -12,7 +12,7 @@
 namespace nesk::testing {
 namespace {
 
-// The main window used with the keyboard alone, through real key events.
+// Uses the main window with the keyboard alone, through real key events.
 class FormMainKeysTest : public MainWindowTest {
 protected:
     FormMainKeysTest() {
@@ -89,7 +89,7 @@ TEST_F(FormMainKeysTest, ALineBreakCannotBePasted) {
     EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "one two three four");
 }
 
-// The message comes after what ended the edit, which therefore must not go on.
+// The message appears after the command that ended the edit, so that command must not continue.
 TEST_F(FormMainKeysTest, ARefusedCaptionStopsWhatEndedItsEdit) {
     const std::function<void()> ends[] = {[&] { window->Close(); }, [&] { Click(window->mnuFileClose); },
                                           [&] { Click(window->mnuFileSave); }};
@@ -131,7 +131,7 @@ TEST_F(FormMainKeysTest, ACharacterOutsideTheCodePageIsRefusedAndComesBack) {
     EXPECT_EQ(Row("R.1").Text(), "Gehäuse");
 }
 
-// A file of the menu that a search by typing must not change, whatever is typed.
+// Typing text searches the tree and must never change the menu file.
 TEST_F(FormMainKeysTest, TypingInTheTreeSearchesAndChangesNothing) {
     ASSERT_TRUE(window->Editor().SetCaption("R.3", "Daily check of the machine"));
     ASSERT_TRUE(window->Editor().SetCaption("R.1", "Daily report"));
@@ -169,7 +169,7 @@ TEST_F(FormMainKeysTest, ADisabledKeyDoesNothing) {
             Press(key, wxMOD_CONTROL);
         EXPECT_EQ(window->tvMain->SelectedKey(), id) << key;
         EXPECT_EQ(TreeText(), before) << id << " " << key;
-        // Nor does the control go anywhere without a sign: from here, Down is one step.
+        // The control does not move its position unseen either: from here, Down is one step.
         const platform::TreeNode* next = Row(id).NextRow();
         Press(WXK_DOWN);
         EXPECT_EQ(Tree().Selected(), next != nullptr ? next : &Row(id)) << id << " " << key;
@@ -218,7 +218,7 @@ TEST_F(FormMainKeysTest, TheQuestionNamesWhatIsRemoved) {
 }
 
 TEST_F(FormMainKeysTest, TheContextMenuHasTheCommandsOfTheMenu) {
-    // While the menu is open nothing returns from the click, so a timer chooses its second command.
+    // The click returns only after the menu is closed, so a timer chooses the menu's second command.
     std::deque<int> keys{WXK_DOWN, WXK_DOWN, WXK_RETURN};
     wxTimer timer;
     timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {

@@ -9,7 +9,7 @@ namespace {
 
 class FormMainQuestionsTest : public MainWindowTest {
 protected:
-    // The buttons of the last dialog.
+    // The buttons of the last dialog that was shown.
     long Buttons() const {
         return dialogs.shown.back().style & (wxOK | wxCANCEL | wxYES | wxNO | wxHELP | wxCLOSE);
     }

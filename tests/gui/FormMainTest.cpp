@@ -21,7 +21,7 @@ using modUtilities::FromWx;
 
 class FormMainTest : public MainWindowTest {
 protected:
-    // A window with the small menu open.
+    // Opens a window with the small menu.
     void OpenSmallMenu() {
         WriteMenu(SmallMenu);
         OpenWindow();
@@ -31,7 +31,7 @@ protected:
     std::string Title() const { return FromWx(window->GetTitle()); }
     std::string StatusPath() const { return FromWx(window->sbMain->GetStatusText(0)); }
 
-    // Names of the Menu commands that are enabled, in short.
+    // Short names of the enabled commands of the Menu menu.
     std::string Enabled() const {
         std::string names;
         const auto add = [&](const wxMenuItem* item, const char* name) {
@@ -166,7 +166,7 @@ TEST_F(FormMainTest, MovingKeepsTheSubtreeAndTheSelection) {
 TEST_F(FormMainTest, AMoveToAnotherSubmenuIsFollowed) {
     OpenSmallMenu();
     MenuEditor& editor = window->Editor();
-    // Into a submenu whose entries were never shown, and one whose entries were.
+    // Moves into a submenu whose rows were never created, and into one whose rows were.
     for (const bool shown : {false, true}) {
         SCOPED_TRACE(shown);
         if (shown) Row("R.2.1");
@@ -310,7 +310,7 @@ TEST_F(FormMainTest, NoSettingsAreStoredByEditingAMenu) {
 TEST_F(FormMainTest, AFailedSaveKeepsTheWindowOpen) {
     OpenSmallMenu();
     ASSERT_TRUE(window->Editor().SetCaption("R.1", "Changed"));
-    // A folder of this name cannot be replaced by a backup.
+    // A backup cannot replace a folder of this name.
     std::filesystem::create_directories(TempStation::Host("C:\\Neskroot\\menu.cfg.bak\\x"));
     dialogs.Answer(wxID_OK);
     ASSERT_TRUE(Click(window->mnuFileSave));
@@ -424,7 +424,8 @@ TEST_F(FormMainTest, ConfirmedOptionsDecideWhetherThereIsAMenuToOpen) {
     NeskRegistry::Instance().NeskRoot = "C:\\Gone";
     OpenWindow();
     EXPECT_FALSE(window->mnuFileOpen->IsEnabled());
-    // The dialog is answered without being shown; another root folder is what it would have stored.
+    // The dialog is answered without being shown, so the test sets the root folder that the dialog would have
+    // stored.
     NeskRegistry::Instance().NeskRoot = "C:\\Neskroot";
     dialogs.Answer(wxID_CANCEL);
     ASSERT_TRUE(Click(window->mnuSettingsOptions));
@@ -443,7 +444,7 @@ TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
     ASSERT_TRUE(WaitUntil([&] { return window->GetClientSize() == wxSize(400, 300); }));
     EXPECT_EQ(Tree().Window().GetPosition(), wxPoint(0, 0));
     EXPECT_EQ(Tree().Window().GetSize(), wxSize(400, 300));
-    // 2,000 twips in pixels of a screen at normal resolution.
+    // 2,000 twips in pixels at normal screen resolution.
     EXPECT_GE(window->GetMinSize().x, 2000 / 15);
     EXPECT_GE(window->GetMinSize().y, 2000 / 15);
     EXPECT_GE(Tree().Window().GetMinSize().x, 2000 / 15);

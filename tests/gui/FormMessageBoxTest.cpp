@@ -30,7 +30,7 @@ namespace {
 
 using modUtilities::FromWx;
 
-// Shows a message box and does something with it as soon as it is there.
+// Shows a message box and runs an action on it as soon as it is shown.
 class FormMessageBoxTest : public ::testing::Test {
 protected:
     std::int16_t Show(const std::string& text, std::int16_t options,
@@ -66,7 +66,7 @@ protected:
         }
     }
 
-    // Whether the end of the text is inside its box without scrolling.
+    // Returns whether the end of the text is visible in its box without scrolling.
     static bool ShowsItsEnd(const FormMessageBox& box) {
         const wxPoint end = box.lblMsg->PositionToCoords(box.lblMsg->GetLastPosition());
         return end.x >= 0 && end.y >= 0 &&
@@ -91,7 +91,7 @@ TEST_F(FormMessageBoxTest, ShowsTextTitleIconAndButtons) {
         EXPECT_EQ(FromWx(box.cmdButton[1]->GetLabel()), "No");
         EXPECT_EQ(FromWx(box.cmdButton[2]->GetLabel()), "Cancel");
         EXPECT_EQ(box.FindWindowByName("cmdButton2", &box), box.cmdButton[1]);
-        // In one row, and inside the window.
+        // The buttons are in one row and inside the window.
         EXPECT_EQ(box.cmdButton[0]->GetPosition().y, box.cmdButton[2]->GetPosition().y);
         EXPECT_LT(box.cmdButton[0]->GetRect().GetRight(), box.cmdButton[1]->GetPosition().x);
         EXPECT_LE(box.cmdButton[2]->GetRect().GetRight(), box.GetClientSize().x);
@@ -130,7 +130,7 @@ TEST_F(FormMessageBoxTest, EscapeCancels) {
 TEST_F(FormMessageBoxTest, EscapeAnswersNoQuestionWithoutACancelButton) {
     const std::int16_t result = Show("Question", 4, [](FormMessageBox& box) {
         Press(WXK_ESCAPE);
-        // Were Escape an answer, the box would be gone before this letter arrives.
+        // If Escape were an answer, the box would be closed before this letter arrives.
         box.CallAfter([] { Press('N'); });
     });
     EXPECT_EQ(result, modMessageBox::Result::No);
@@ -225,7 +225,7 @@ TEST_F(FormMessageBoxTest, TheTextIsCopied) {
         Settle();
         EXPECT_EQ(Clipboard(), "C:\\menu.cfg") << "what is selected";
         EXPECT_EQ(FromWx(box.lblMsg->GetValue()), text);
-        Press(WXK_RETURN); // in the text it is the default button all the same
+        Press(WXK_RETURN); // presses the default button although the text has the focus
     });
 }
 
@@ -267,7 +267,7 @@ TEST_F(FormMessageBoxTest, HasTheCommonFont) {
     FormMessageBox box(nullptr);
     wxFont small = box.GetFont();
     small.SetPointSize(6);
-    box.SetFont(small); // its controls would take it over
+    box.SetFont(small); // the controls would inherit this font
     ShowIn(box, "Something happened", 0, [](FormMessageBox& form) {
         EXPECT_GE(form.lblMsg->GetFont().GetPointSize(), 8);
         EXPECT_GE(form.cmdButton[0]->GetFont().GetPointSize(), 8);
@@ -275,7 +275,7 @@ TEST_F(FormMessageBoxTest, HasTheCommonFont) {
     });
 }
 
-// Answers the message box instead of showing it, and remembers what owns it.
+// Answers the message box instead of showing it, and records its owner.
 class OwnerRecorder : public wxModalDialogHook {
 public:
     OwnerRecorder() { Register(); }

@@ -26,7 +26,7 @@ protected:
         entry.SetString("Name", displayName);
     }
 
-    // Shows the dialog, does something with it, closes it if that did not, and returns its answer.
+    // Shows the dialog, runs an action on it, closes it if the action did not, and returns its answer.
     static std::string Machine(const std::function<void(FormSelectMachine&)>& act) {
         FormSelectMachine dialog(nullptr);
         const ModalDriver driver(dialog, [&] {
@@ -36,9 +36,9 @@ protected:
         return dialog.SelectMachine();
     }
 
-    // Clicks into the line of an entry.
+    // Clicks on the line of an entry.
     static void ClickLine(wxListBox& list, int line, bool twice = false) {
-        // The first line's middle, and the height of a line, from the list's own measure.
+        // Finds the line by the list's own hit test.
         const int height = list.GetCharHeight();
         int y = height / 2;
         while (list.HitTest(wxPoint(20, y)) != line && y < list.GetClientSize().y)
@@ -49,8 +49,8 @@ protected:
             event.Skip();
         };
         list.Bind(wxEVT_LEFT_DOWN, note);
-        // Now and then a click under Wine does not reach the list, for a reason not found yet: one that it
-        // never saw is made again.
+        // Under Wine a click occasionally does not reach the list, for an unknown reason, so a click that did
+        // not arrive is repeated.
         for (int tries = 0; tries < 3 && !arrived; ++tries) {
             wxUIActionSimulator simulator;
             simulator.MouseMove(list.ClientToScreen(wxPoint(20, y + height / 3)));
@@ -132,7 +132,7 @@ TEST_F(FormSelectFromListTest, EnterWithoutASelectionDoesNothing) {
         wxMilliSleep(300);
         Settle();
         EXPECT_TRUE(IsOpen(dialog));
-        // Neither does a double click beside the lines, nor OK if it could be pressed.
+        // Neither a double click outside the lines nor OK, if it were enabled, closes the dialog.
         wxCommandEvent twice(wxEVT_LISTBOX_DCLICK, dialog.lstMain->GetId());
         dialog.lstMain->ProcessWindowEvent(twice);
         ASSERT_TRUE(IsOpen(dialog));
@@ -155,7 +155,7 @@ TEST_F(FormSelectFromListTest, EscapeForgetsTheSelection) {
         });
         EXPECT_EQ(dialog.SelectMachine(), "");
     }
-    // The same when it is asked once more.
+    // The dialog is empty again when it is shown a second time.
     const ModalDriver driver(dialog, [&] {
         EXPECT_EQ(dialog.lstMain->GetSelection(), wxNOT_FOUND);
         EXPECT_FALSE(dialog.cmdOK->IsEnabled());

@@ -220,7 +220,7 @@ TEST_F(FormSelectHistoryTest, BrowseReplacesTheDirectory) {
     EXPECT_TRUE(Show([&](FormSelectHistory& form) {
         WhenShown<FormBrowse>("FormBrowse", [](FormBrowse& browse) {
             std::string prompt = FromWx(browse.lblPrompt->GetLabelText());
-            std::replace(prompt.begin(), prompt.end(), '\n', ' '); // where it was wrapped
+            std::replace(prompt.begin(), prompt.end(), '\n', ' '); // line breaks of the wrapping
             EXPECT_EQ(prompt, LoadResString(32022));
             EXPECT_EQ(browse.Dir1->Path(), "C:\\History");
             browse.Dir1->SetPath("C:\\History\\Old");

@@ -28,7 +28,7 @@ namespace {
 using modStringRes::LoadResString;
 using modUtilities::FromWx;
 
-// The file dialog, answered with a file or called off.
+// A stand-in for the file dialog that returns a file or is cancelled.
 struct FileDialogScript {
     FileDialogScript() {
         platform::SetOpenFileDialog([this](wxWindow*, const platform::OpenFileRequest& asked) {
@@ -40,7 +40,7 @@ struct FileDialogScript {
     FileDialogScript(const FileDialogScript&) = delete;
     FileDialogScript& operator=(const FileDialogScript&) = delete;
 
-    std::string choice; // Windows path; "" calls the dialog off
+    std::string choice; // Windows path; "" to cancel the dialog
     std::vector<platform::OpenFileRequest> requests;
 };
 
@@ -51,7 +51,7 @@ protected:
         Startup::InitLanguage();
         NeskRegistry::Instance() = NeskRegistry();
         NeskRegistry::Instance().DefaultBitmapDirectory = "C:\\Pictures";
-        // Half of the test's pictures are made by the toolkit.
+        // Half of the test's pictures are made with wxWidgets.
         if (wxImage::FindHandler(wxBITMAP_TYPE_PNG) == nullptr) wxImage::AddHandler(new wxPNGHandler);
     }
 
@@ -73,7 +73,7 @@ TEST_F(PictureDialogTest, AnEmptyPathStaysEmptyOnOk) {
     ModalDriver driver(dialog, [&] {
         EXPECT_EQ(FromWx(dialog.GetTitle()), LoadResString(32081));
         EXPECT_FALSE(dialog.picItemHost->ShowsPicture());
-        // The search for a file begins in the folder of the settings.
+        // The file dialog starts in the folder of the settings.
         PressButton(dialog.cmdMenuSelect);
         ASSERT_EQ(files.requests.size(), 1u);
         EXPECT_EQ(files.requests[0].folder, "C:\\Pictures");
@@ -104,7 +104,7 @@ TEST_F(PictureDialogTest, AChosenFileIsShownAndReturned) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows allows no such names.
+// Windows does not allow such names.
 TEST_F(PictureDialogTest, TheNameOfAPictureIsNothingButAName) {
     FormSelectMenuPicture dialog(nullptr);
     for (const char* name : {"$(touch hit).png", "|touch hit", ";touch hit;.png", "-o hit.png", "%s%n.png",
@@ -187,7 +187,7 @@ TEST_F(PictureDialogTest, PicturesOfEveryFormatAreShown) {
         EXPECT_TRUE(dialog.picItemHost->ShowsPicture()) << format.path;
         EXPECT_EQ(dialog.picItemHost->PictureRect().GetSize(), wxSize(32, 24)) << format.path;
     }
-    // One red pixel.
+    // A single red pixel.
     station.Write("C:\\Pictures\\a.gif",
                   std::string("GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2D\1\0;", 35));
     dialog.picItemHost->SetPath("C:\\Pictures\\a.gif");
@@ -208,7 +208,7 @@ TEST_F(PictureDialogTest, LargePicturesAreSqueezedInThatDirectionAlone) {
 }
 
 TEST_F(PictureDialogTest, DamagedAndHugePicturesDoNoHarm) {
-    // A header that claims 20,000 x 20,000 pixels, random bytes, and a picture that breaks off.
+    // A header that claims 20,000 x 20,000 pixels, random bytes, and a truncated picture.
     station.Write("C:\\Pictures\\huge.png",
                   std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x4E\x20\0\0\x4E\x20\x08\2\0\0\0", 29));
     std::string noise = "BM";

@@ -35,7 +35,7 @@ protected:
         common.SetString("RepositoryRoot", "D:\\Parts\\");
     }
 
-    // The node at the end of a path of texts below the root; null when there is none.
+    // The node at the end of a path of texts below the root; null if it is missing.
     static platform::TreeNode* Node(const FormSelectPart& form, const std::vector<std::string>& path) {
         platform::TreeNode* node = form.tvMain->Root();
         for (const std::string& text : path) {
@@ -72,17 +72,18 @@ protected:
         form.cmdOK->ProcessWindowEvent(press);
     }
 
-    // Chooses an option of the dialog for drives.
+    // Chooses an option of the drive dialog.
     static void Choose(FormSelectDrive& form, std::size_t option) {
         form.optDrive[option]->SetValue(true);
         wxCommandEvent choose(wxEVT_RADIOBUTTON, form.optDrive[option]->GetId());
         form.optDrive[option]->ProcessWindowEvent(choose);
     }
 
-    // Folders that take longer to scan than anything takes that a test waits for.
+    // Creates folders that take longer to scan than any wait of a test.
     void MakeManyFolders() {
 #ifdef NESK_PORTABLE_STATION
-        // Each holds links to all others, of which the scan follows ten to each: some forty thousand.
+        // Each folder links to all others, and the scan follows ten links to each: about forty thousand
+        // folders.
         constexpr int folders = 60;
 #else
         constexpr int folders = 3000;
@@ -99,8 +100,8 @@ protected:
 #endif
     }
 
-    // Announces what is done with the dialog after its scan, which cannot go on to its end below a test that
-    // waits for it.
+    // Announces the action that runs when the dialog's scan is finished. A test that waits for the scan
+    // inside an action would prevent the scan from finishing.
     void WhenScanned(std::function<void(FormSelectPart&)> act) {
         WhenShown<FormSelectPart>("FormSelectPart", std::move(act), IsScanned);
     }
@@ -254,7 +255,7 @@ TEST_F(FormSelectPartTest, ADoubleClickOnAPartConfirms) {
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
 }
 
-// The tree says nothing of a click on the node that it has selected by itself.
+// The tree sends no event for a click on the node that it selected by itself.
 TEST_F(FormSelectPartTest, AClickOnTheRootForgetsTheResult) {
     WhenScanned([](FormSelectPart& form) {
         form.tvMain->Select(Node(form, {"Shaft"}));
@@ -309,7 +310,7 @@ TEST_F(FormSelectPartTest, ALongScanShowsItsProgress) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// Windows lets administrators alone make links, and Wine none.
+// On Windows only administrators can create links, and Wine cannot create any.
 TEST_F(FormSelectPartTest, AnEntryThatCannotBeReadIsToldAndTheScanGoesOn) {
     std::filesystem::create_symlink("/nonexistent/file", TempStation::Host("D:\\Parts") / "dangling");
     ExpectSystemBox();
@@ -397,7 +398,7 @@ TEST_F(FormSelectPartTest, ReadingTheRepositoryAgainKeepsTheResult) {
         form.tvMain->Select(Node(form, {"Shaft"}));
         station.Write("D:\\Parts\\New\\partinfo.ini", "[Part]\r\nName=x\r\n");
         Click(form.cmdSelectDrive);
-        // Here the tree looks after what it has put off.
+        // The tree does its deferred work here.
         wxEventLoopBase::GetActive()->ProcessIdle();
         EXPECT_EQ(form.tvMain->Root()->Text(), LoadResString(32069));
         EXPECT_TRUE(form.tvMain->Root()->IsExpanded());
@@ -452,7 +453,7 @@ TEST_F(FormSelectPartTest, TheDriveDialogOffersTheDriveThatIsShown) {
         });
         FormSelectDrive(nullptr).SelectDrive(current);
     }
-    // The part tree tells it.
+    // The part tree passes the current drive to the dialog.
     WhenScanned([](FormSelectPart& form) {
         Click(form.cmdSelectDrive);
         Click(form.cmdCancel);

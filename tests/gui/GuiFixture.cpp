@@ -165,7 +165,7 @@ bool MainWindowTest::IsShown(const FormMain::InfoBar& bar) {
 }
 
 wxPoint MainWindowTest::MiddleOf(const std::string& id) const {
-    // A row has its place after the layout of the window.
+    // A row has a position only after the layout of the window.
     if (!WaitUntil([&] { return !Tree().RowRect(Row(id)).IsEmpty(); }))
         throw std::runtime_error("the row of " + id + " cannot be seen");
     const wxRect row = Tree().RowRect(Row(id));

@@ -35,7 +35,7 @@ void Release(void* block) {
 
 } // namespace
 
-// The other forms of these operators, but for those of aligned memory, end here too.
+// The other forms of these operators call these, except the forms for aligned memory.
 void* operator new(std::size_t size) {
     return Take(size);
 }

@@ -11,7 +11,7 @@
 namespace nesk::testing {
 namespace {
 
-// Looks at the system's dialog before it is shown, and calls it off.
+// Records the properties of the system's dialog before it is shown, and cancels it.
 class FileDialogWatch : public wxModalDialogHook {
 public:
     FileDialogWatch() { Register(); }

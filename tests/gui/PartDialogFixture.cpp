@@ -26,7 +26,7 @@ namespace {
 constexpr int TickMilliseconds = 20;
 constexpr int MostIdleTicks = 400;
 
-// The modal dialog on top, once it can be worked with.
+// The topmost modal dialog if it is active; null otherwise.
 wxDialog* ActiveDialog() {
     for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
         auto* dialog = dynamic_cast<wxDialog*>(node->GetData());
@@ -55,7 +55,7 @@ PartDialogTest::~PartDialogTest() {
 }
 
 void PartDialogTest::Watch() {
-    // Started anew before anything is done, so that it also ticks while a dialog opened from here is up.
+    // Restarted before any action, so that it also ticks while a dialog opened by the action is shown.
     m_timer.StartOnce(TickMilliseconds);
     wxDialog* dialog = ActiveDialog();
     if (dialog != nullptr && !m_steps.empty() && FromWx(dialog->GetName()) == m_steps.front().name &&

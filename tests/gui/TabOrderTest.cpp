@@ -1,5 +1,5 @@
-// The order in which Tab visits the controls of the dialogs whose own tests do not ask for it: as they are
-// read.
+// The order in which Tab visits the controls of the dialogs whose own tests do not check it: the reading
+// order.
 
 #include "gui/PartDialogFixture.h"
 
@@ -23,7 +23,7 @@ namespace {
 
 class TabOrderTest : public PartDialogTest {
 protected:
-    // Shows a dialog, readies it, and gives the order that starts at one of its controls.
+    // Shows a dialog, prepares it, and returns the order that starts at one of its controls.
     std::string OrderOf(
         FormDialog& dialog, const char* first, std::function<void()> ready = [] {}) {
         std::string order;
@@ -42,10 +42,10 @@ protected:
 TEST_F(TabOrderTest, OfThePartEditor) {
     FormEditPart wide(nullptr, 1024);
     const auto makeReady = [](FormEditPart& form) {
-        // A part program has its information edited.
+        // The information of a part program can be edited, which enables a button.
         return [&form] {
             form.txtPartName->SetValue("@C:\\p\\partinfo.ini@");
-            // A picture that is there can be removed.
+            // An existing picture can be removed, which enables a button.
             form.picItemHost->SetPath("C:\\a.bmp");
             form.picPreviewHost->SetPath("C:\\b.bmp");
         };

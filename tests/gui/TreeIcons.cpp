@@ -14,15 +14,15 @@ namespace nesk::testing {
 
 namespace {
 
-// Whether the opaque pixels of a picture are in a larger one at a point, as nearly as different ways to draw
-// give them.
+// Returns whether the opaque pixels of a picture are at a point of a larger one. The tolerance allows for
+// different ways of drawing.
 bool IsAt(const wxImage& picture, const wxImage& in, int left, int top) {
     constexpr int Tolerance = 24;
     int compared = 0;
     for (int y = 0; y < picture.GetHeight(); ++y)
         for (int x = 0; x < picture.GetWidth(); ++x) {
             if (picture.HasAlpha() && picture.GetAlpha(x, y) != 255) continue;
-            // Of the first row, the upper edge of the picture may be outside.
+            // The upper edge of the picture may be above the first row.
             if (top + y < 0) continue;
             ++compared;
             if (std::abs(picture.GetRed(x, y) - in.GetRed(left + x, top + y)) > Tolerance ||
@@ -33,9 +33,10 @@ bool IsAt(const wxImage& picture, const wxImage& in, int left, int top) {
     return compared > 20;
 }
 
-// Whether a picture is in the row of a drawn tree.
+// Returns whether a picture is in the row of a drawn tree.
 bool IsIn(const wxImage& picture, const wxImage& drawn, const wxRect& row) {
-    // A few pixels around: rows may be drawn beside a border that their rectangle leaves out.
+    // Searches a few pixels more, because rows may be drawn next to a border that their rectangle does not
+    // include.
     constexpr int Margin = 4;
     const int bottom = std::min(row.GetBottom() + Margin, drawn.GetHeight());
     for (int top = row.y - Margin; top + picture.GetHeight() <= bottom; ++top)
@@ -49,7 +50,7 @@ bool IsIn(const wxImage& picture, const wxImage& drawn, const wxRect& row) {
 bool HasIcon(platform::TreeView& tree, const platform::TreeNode& node, std::string_view key) {
     const wxSize size = tree.ImageSize();
     const wxImage picture = IconBundle(key, size).GetBitmap(size).ConvertToImage();
-    // A window gets its layout, and is painted, at a tick of its clock, 60 a second. What is drawn before is
+    // A window is laid out and painted at a tick of its clock, 60 times a second. Before that, it is drawn
     // empty.
     for (int i = 0; i < 20; ++i) {
         wxMilliSleep(20);

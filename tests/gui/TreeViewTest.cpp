@@ -81,11 +81,12 @@ protected:
     std::string Current() const { return view->Selected() != nullptr ? view->Selected()->Text() : ""; }
     bool IsSeen(const TreeNode& node) const { return !view->RowRect(node).IsEmpty(); }
 
-    // A point in a row, from 0 at its upper edge to 1 at its lower one, in client coordinates.
+    // A point in a row, in client coordinates. `part` is 0 at the upper edge of the row and 1 at the lower
+    // edge.
     wxPoint PointIn(const TreeNode& node, double part = 0.5) const {
         const wxRect row = view->RowRect(node);
         EXPECT_FALSE(row.IsEmpty()) << node.Text();
-        // The rectangle of a short text may be no wider than that.
+        // The rectangle of a short text may be no wider than this.
         return {row.x + 8, row.y + static_cast<int>(part * row.height)};
     }
     wxPoint OnScreen(wxPoint point) const { return view->Window().ClientToScreen(point); }
@@ -101,10 +102,10 @@ protected:
         Settle();
     }
 
-    // Drags a row to a point of another. `held` runs before the button is let go.
+    // Drags a row to a point. `held` runs before the button is released.
     void Drag(const TreeNode& from, wxPoint to, const std::function<void()>& held = nullptr,
               int modifier = 0) {
-        // On Windows nothing returns from a drag before it ends, so that a timer has to make it.
+        // On Windows the drag blocks until it ends, so a timer makes its steps.
         std::vector<std::function<void()>> steps;
         wxUIActionSimulator simulator;
         const wxPoint begin = OnScreen(PointIn(from)), end = OnScreen(to);
@@ -451,7 +452,7 @@ TEST_F(TreeViewTest, AClickElsewhereKeepsWhatWasTyped) {
     ClickAt(*tools);
     EXPECT_EQ(text, "Typed");
 #ifdef NESK_PORTABLE_STATION
-    // Wine's control takes the click for the end of the edit alone.
+    // Wine's control uses the click only to end the edit.
     EXPECT_EQ(Selected(), "Tools ");
 #endif
 }
@@ -549,7 +550,7 @@ TEST_F(TreeViewTest, ARowIsDraggedIntoAnother) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// While something is dragged, Wine does not see that a key is simulated.
+// During a drag Wine does not notice a simulated key.
 TEST_F(TreeViewTest, ControlCopies) {
     Show();
     view->Expand(*games);

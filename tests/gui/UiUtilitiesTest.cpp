@@ -20,7 +20,7 @@
 namespace nesk::testing {
 namespace {
 
-// A font with everything that the set-up may and may not change.
+// A font with every attribute that the set-up may or must not change.
 wxFont Typewriter(double points) {
     return wxFont(wxFontInfo(points).Family(wxFONTFAMILY_TELETYPE).Bold().Italic());
 }
@@ -59,7 +59,7 @@ TEST(FormUtilities, TheFontSetupLeavesPartsOfAPoint) {
 }
 
 #ifdef NESK_PORTABLE_STATION
-// The environment names the user's locale there, and a test can name another.
+// On this station the environment names the user's locale, so a test can change it.
 TEST(FormUtilities, TheSmallestSizeIsThatOfTheLocale) {
     const char* value = std::getenv("LC_ALL");
     const std::optional<std::string> before =

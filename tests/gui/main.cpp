@@ -8,7 +8,7 @@
 
 namespace {
 
-// Runs the tests inside a real event loop, so that windows behave as they do in the program.
+// Runs the tests inside a real event loop, so that windows behave as in the program.
 class TestApp : public wxApp {
 public:
     bool OnInit() override {

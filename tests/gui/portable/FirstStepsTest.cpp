@@ -1,4 +1,4 @@
-// The steps of the start page that put another station in place of the one in use.
+// The steps of the start page that replace the station in use with another.
 
 #include "gui/GuiFixture.h"
 
@@ -25,7 +25,7 @@ protected:
         NeskRegistry::Instance() = NeskRegistry();
     }
 
-    // The dialog for a folder answers with the one that it begins with, or is called off.
+    // Makes the folder dialog return the folder that it starts with, or cancels it.
     static void AnswerFolder(bool confirm) {
         SetStationFolderChooser([confirm](wxWindow*, int, const std::string& folder) {
             return confirm ? folder : std::string();
@@ -47,20 +47,20 @@ TEST_F(FirstStepsTest, AStationThatIsOpenedBringsItsSettings) {
     RegEntry entry;
     entry.CreateKey("Neskworks");
     entry.SetString("NeskRoot", "C:\\Neskroot");
-    // It begins with the station in use.
+    // The dialog starts with the station in use.
     AnswerFolder(true);
     Take(window->pgStart->cmdOpenStation);
     EXPECT_EQ(NeskRegistry::Instance().NeskRoot, "C:\\Neskroot");
     EXPECT_TRUE(window->pgStart->cmdOpenMenu->IsShown());
     EXPECT_FALSE(window->pgStart->cmdChooseRoot->IsShown());
-    // The menu bar was made anew and works.
+    // The menu bar was recreated and works.
     ASSERT_TRUE(Click(window->mnuFileOpen));
     EXPECT_TRUE(window->Editor().IsOpen());
     EXPECT_EQ(window->GetMenuBar()->GetMenuCount(), 4u);
     ASSERT_TRUE(Click(window->mnuFileClose));
 }
 
-// What the button draws, not what it was told.
+// The text that the button draws, not the text that was set.
 std::string DrawnText(const wxButton& button) {
     GtkWidget* const label = gtk_bin_get_child(GTK_BIN(button.GetHandle()));
     if (!GTK_IS_LABEL(label) || gtk_widget_get_mapped(label) == FALSE) return "";

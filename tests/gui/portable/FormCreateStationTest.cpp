@@ -28,7 +28,7 @@ protected:
     FormCreateStationTest() { ::setenv("NESKMANAGER_STATION", m_folder.c_str(), 1); }
     ~FormCreateStationTest() override { ::unsetenv("NESKMANAGER_STATION"); }
 
-    // Shows the dialog, does something with it, and cancels it if that did not end it.
+    // Shows the dialog, runs an action on it, and cancels it if the action did not end it.
     static bool Show(const std::function<void(FormCreateStation&)>& act) {
         FormCreateStation dialog(nullptr);
         const ModalDriver driver(dialog, [&] {
@@ -96,7 +96,7 @@ TEST_F(FormCreateStationTest, WhatIsWrongIsToldAndGetsTheFocus) {
         EXPECT_EQ(messages.back().text, LoadResString(Message::NameNeeded));
         EXPECT_TRUE(dialog.txtUser->HasFocus());
         dialog.txtUser->SetValue("Smith");
-        // A folder that cannot be made.
+        // A folder that cannot be created.
         dialog.txtFolder->SetValue(ToWx("/proc/none/station"));
         Expect();
         PressButton(dialog.cmdOK);

@@ -7,7 +7,7 @@
 namespace nesk::testing {
 namespace {
 
-// The font that the user has chosen for all programs.
+// Sets the font that the user chose for all programs, and restores it afterwards.
 class SystemFont {
 public:
     explicit SystemFont(const char* font) {

@@ -14,7 +14,7 @@ class FormReadOnlyTextTest : public SettingsDialogTest {
 protected:
     ~FormReadOnlyTextTest() override { m_frame->Destroy(); }
 
-    // Pixels of the text that lie to the left of the box, and so are not seen.
+    // Number of pixels of the text that are hidden to the left of the box.
     int HiddenAtLeft(const wxString& text, bool keepEnd) {
         auto* box = new FormReadOnlyText(m_panel, "txtPath", 100);
         if (keepEnd) box->KeepEndInView();

@@ -45,7 +45,7 @@ protected:
         return LoadPicture(Path);
     }
 
-    // A picture in which no two pixels are equal.
+    // A picture in which every pixel is different.
     template <typename Handler>
     static std::string Picture() {
         wxImage image(7, 8);
@@ -77,7 +77,7 @@ protected:
         return text;
     }
 
-    // A GIF file of pictures of which only the first pixel is given.
+    // A GIF file whose pictures contain only their first pixel.
     static std::string Gif(int width, int height, int count) {
         const std::string size =
             Little(static_cast<std::uint64_t>(width), 2) + Little(static_cast<std::uint64_t>(height), 2);
@@ -105,7 +105,7 @@ protected:
         return bytes + data;
     }
 
-    // Runs an action in a process that may use so much more memory.
+    // Runs an action in a child process that may use only this much more memory.
     template <typename Action>
     static void WithinMegabytes(rlim_t megabytes, Action action) {
         const ChildEnd end = InChildProcess([&] {

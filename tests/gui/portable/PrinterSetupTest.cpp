@@ -21,7 +21,7 @@ using platform::portable::ReadPrinterValues;
 
 const PrinterValues Nothing;
 
-// What is read when `chosen` was chosen in a dialog that showed the values of `before`.
+// The values that are read if `chosen` is chosen in a dialog that showed the values of `before`.
 PrinterValues Choose(const PrinterValues& chosen, const PrinterValues& before = Nothing) {
     return ReadPrinterValues(ApplyPrinterValues(chosen), before, ApplyPrinterValues(before));
 }
@@ -121,7 +121,7 @@ TEST(PrinterValues, AnotherPrinterLosesTheDriver) {
     EXPECT_EQ(ReadPrinterValues(data, {"Plotter", "plotdrv", "", "", "", "", ""}, data).driver, "");
 }
 
-// The toolkit's own dialog on a machine that need not have a printer: it can always print to a file.
+// The dialog of GTK on a machine that needs no printer, because the dialog can always print to a file.
 class PrintDialogTest : public SettingsDialogTest {
 protected:
     PrintDialogTest() {
@@ -140,13 +140,13 @@ protected:
         return dialog;
     }
 
-    // The button that confirms can be pressed once a printer is selected.
+    // The confirming button is enabled once a printer is selected.
     static bool CanConfirm(GtkPrintUnixDialog* dialog) {
         GtkWidget* const confirm = gtk_dialog_get_widget_for_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
         return gtk_widget_is_sensitive(confirm);
     }
 
-    // Shows the dialog, and does something with it as soon as it can be confirmed.
+    // Shows the dialog and runs an action on it as soon as it can be confirmed.
     PrinterSetupResult Show(PrinterValues& values, std::function<void(GtkPrintUnixDialog*)> act) {
         int ticks = 0;
         wxTimer timer;
@@ -169,13 +169,13 @@ protected:
         return result;
     }
 
-    bool busy = false; ///< how the pointer was while the dialog was shown
+    bool busy = false; ///< whether the busy cursor was set while the dialog was shown
 
 private:
     wxFrame* m_parent = new wxFrame(nullptr, wxID_ANY, "Parent");
 };
 
-// A part of the dialog that is seen, by the name that its author or this program gave it.
+// A visible part of the dialog, found by the name that GTK or this program gave it.
 GtkWidget* SeenPart(GtkWidget* whole, const std::string& name) {
     if (!gtk_widget_is_visible(whole)) return nullptr;
     const char* const own = GTK_IS_BUILDABLE(whole) ? gtk_buildable_get_name(GTK_BUILDABLE(whole)) : nullptr;
@@ -195,7 +195,7 @@ TEST_F(PrintDialogTest, ShowsTheValues) {
         GtkPageSetup* const page = gtk_print_unix_dialog_get_page_setup(dialog);
         EXPECT_STREQ(gtk_paper_size_get_name(gtk_page_setup_get_paper_size(page)), "iso_a3");
         EXPECT_EQ(gtk_page_setup_get_orientation(page), GTK_PAGE_ORIENTATION_LANDSCAPE);
-        // It is on a page of the dialog that is not in front, but seen there.
+        // The list is on a page of the dialog that is not in front, but still counts as visible.
         GtkWidget* const list = SeenPart(GTK_WIDGET(dialog), "orientation_combo");
         EXPECT_NE(list, nullptr);
         if (list != nullptr) {
@@ -209,7 +209,7 @@ TEST_F(PrintDialogTest, ShowsTheValues) {
     EXPECT_TRUE(busy);
 }
 
-// The paper of the row that the dialog's list shows; "" for none.
+// The paper of the row that the dialog's list shows; "" if it shows no row.
 std::string ShownPaper(GtkPrintUnixDialog* dialog) {
     GtkWidget* const part = SeenPart(GTK_WIDGET(dialog), "paper_size_combo");
     EXPECT_NE(part, nullptr);
@@ -304,7 +304,7 @@ TEST_F(PrintDialogTest, SaysWhichPrinterIsMissingAndThatAnotherStandsIn) {
                        gtk_dialog_response(GTK_DIALOG(dialog), GTK_RESPONSE_OK);
                    }),
               PrinterSetupResult::StandIn);
-    // One that is here is confirmed as it is.
+    // An existing printer is confirmed unchanged.
     EXPECT_EQ(Show(values,
                    [](GtkPrintUnixDialog* dialog) {
                        EXPECT_EQ(SeenPart(GTK_WIDGET(dialog), "lblMissing"), nullptr);

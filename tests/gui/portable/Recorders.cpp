@@ -27,7 +27,7 @@ void WriteScript(const fs::path& path, const std::string& commands) {
 
 HelpRecorder::HelpRecorder(const TempStation& station) : m_log(station.Folder() / "shown") {
     const fs::path script = station.Folder() / "viewer";
-    // The line appears whole, so that no half of it is ever read.
+    // The file is renamed into place, so that a half-written line is never read.
     const std::string log = m_log.string();
     WriteScript(script, "if [ \"$1\" = -c ]; then echo \"$2\"; else echo contents; fi > '" + log +
                             "~'\nmv '" + log + "~' '" + log + "'\n");

@@ -8,7 +8,7 @@ namespace {
 
 class SystemQuestionTest : public SettingsDialogTest {
 protected:
-    // Asks, and does something with the box.
+    // Asks the question and runs an action on the message box.
     static std::optional<bool> Ask(const std::function<void(wxDialog&)>& act) {
         const NextDialog<wxDialog> next([&](wxDialog& box) {
             act(box);

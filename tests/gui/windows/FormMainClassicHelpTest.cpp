@@ -7,7 +7,7 @@
 namespace nesk::testing {
 namespace {
 
-std::string asked; // "command|data" of each call, a line each
+std::string asked; // "command|data" of each call, one per line
 
 BOOL WINAPI Note(HWND, LPCSTR, UINT command, ULONG_PTR data) {
     asked += std::to_string(command) + "|" + std::to_string(data) + "\n";

@@ -8,7 +8,7 @@
 #include <stdexcept>
 #include <windows.h>
 
-// Both stand-ins are modules that lie beside the tests.
+// Both stand-ins are modules next to the tests.
 
 namespace nesk::testing {
 
@@ -54,7 +54,7 @@ bool InstallHelpViewer() {
 } // namespace
 
 HelpRecorder::HelpRecorder(const TempStation& station) : m_log(station.Folder() / "shown") {
-    // Once the program has loaded the viewer its file cannot be replaced any more; it is the right one then.
+    // Once the program has loaded the viewer, its file cannot be replaced; it is then already the right one.
     [[maybe_unused]] static const bool installed = InstallHelpViewer();
     ::SetEnvironmentVariableW(L"NESK_TEST_HELP_LOG", m_log.c_str());
 }
@@ -89,7 +89,7 @@ bool HelpRecorder::WasCalled() const {
 
 PartInfoRecorder::PartInfoRecorder(const TempStation& station) : m_folder(station.Folder()) {
     ::RegDeleteTreeW(HKEY_LOCAL_MACHINE, ProgramIdKey);
-    // The program keeps the object from an earlier test.
+    // The program still holds the object from an earlier test.
     platform::ReleasePartInfoEditor();
 }
 
