@@ -23,7 +23,7 @@ bool IsWine() {
 
 int main(int argc, char** argv) {
     std::ofstream file;
-    // In binary, so that line ends are the same everywhere.
+    // Binary mode, so that line ends are the same everywhere.
     if (argc > 1) file.open(argv[1], std::ios::binary);
     if (argc > 1 && !file) {
         std::cerr << "behaviour_table: cannot write " << argv[1] << '\n';

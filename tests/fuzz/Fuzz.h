@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <string>
 
-/// The entry point of a fuzz target: runs one input. The fuzzer or Replay.cpp calls it.
+/// Entry point of a fuzz target, called by the fuzzer or by Replay.cpp. Runs one input.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 namespace nesk::fuzz {

@@ -297,7 +297,7 @@ TEST_F(FormDirectoriesTest, TheHistoryDialogSwitchesTheNumbers) {
         });
         Click(form.cmdHistory);
         EXPECT_EQ(form.txtMaxParts->GetValue(), "44");
-        // No history.
+        // The history is removed.
         WhenShown<FormSelectHistory>("FormSelectHistory",
                                      [](FormSelectHistory& history) { Click(history.cmdDefault); });
         Click(form.cmdHistory);

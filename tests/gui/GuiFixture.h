@@ -53,7 +53,7 @@ protected:
     /// Writes the menu file.
     void WriteMenu(const std::string& bytes) { station.Write("C:\\Neskroot\\menu.cfg", bytes); }
 
-    /// The menu file as it is on disk; "" when it is missing.
+    /// Contents of the menu file on disk; "" if it is missing.
     std::string MenuOnDisk() const;
 
     /// Opens the main window.
@@ -78,7 +78,7 @@ protected:
     /// The captions in the tree view, one per line, indented by level. Queries the view for each of them.
     std::string TreeText() const;
 
-    /// The view of the tree.
+    /// The tree view.
     platform::TreeView& Tree() const { return window->tvMain->View(); }
 
     /// The row of an entry, by its id.

@@ -55,7 +55,7 @@ protected:
     /// Announces a system message box and the answer to it.
     void ExpectSystemBox(int answer = wxID_OK) { m_boxAnswers.push_back(answer); }
 
-    /// Announces a file dialog and the Windows path chosen in it; "" when it is cancelled.
+    /// Announces a file dialog and the Windows path chosen in it; "" to cancel it.
     void ChooseFile(const std::string& path) { m_files.push_back(path); }
 
     /// Presses a button as a click does. A missing, hidden or disabled button fails the test.

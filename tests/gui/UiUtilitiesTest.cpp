@@ -85,7 +85,7 @@ TEST(FormUtilities, TheSmallestSizeIsThatOfTheLocale) {
 }
 #endif
 
-// A dialog with a control that has a font of its own.
+// A dialog with a control that has its own font.
 class FontDialog final : public FormDialog {
 public:
     FontDialog() : FormDialog(nullptr, "FontDialog", 34001, 0) {

@@ -30,7 +30,7 @@ namespace fs = std::filesystem;
 
 struct TextField {
     const char* name;
-    std::string NeskRegistry::*field; // null for a number
+    std::string NeskRegistry::*field; // null for a numeric field
 };
 
 // Fields in the order in which they are written.

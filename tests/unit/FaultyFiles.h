@@ -13,7 +13,7 @@
 
 namespace nesk::testing {
 
-/// Which operations fail, and how.
+/// Describes which operations fail, and how.
 struct Fault {
     int first = 0; ///< 1-based number of the first operation that fails; 0 for no failure
     int code = platform::ErrorCode::DiskFull;

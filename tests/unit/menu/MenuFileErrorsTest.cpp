@@ -218,7 +218,7 @@ TEST_F(MenuFileErrorsTest, PlacesWhereNothingCanBeSaved) {
     const struct {
         const char* path;
         int number;
-        const char* named; // in the message
+        const char* named; // part of the message
     } table[] = {
         {"C:\\None\\menu.cfg", RuntimeError::PathNotFound, "C:\\None\\"},
 #ifdef NESK_PORTABLE_STATION

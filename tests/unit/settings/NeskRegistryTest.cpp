@@ -148,7 +148,7 @@ TEST_F(NeskRegistryTest, EmptyFieldsLeaveNoValue) {
 TEST_F(NeskRegistryTest, SampleSizes) {
     const struct {
         const char* stored;
-        int loaded; // 7 before
+        int loaded; // the field is 7 before loading
     } table[] = {
         {"", 7},          {"abc", 7},         {"12 x", 7},        {"40000", 7}, {"-32769", 7}, {"1e99", 7},
         {"12", 12},       {" 12 ", 12},       {"-5", -5},         {"0", 0},     {"2.5", 2},    {"3.5", 4},
@@ -177,7 +177,7 @@ TEST_F(NeskRegistryTest, TheNumberOfPartsIsReadWhereASubkeyHasItsName) {
     RegEntry().CreateKey("Neskworks\\HistoryMaxParts");
     const struct {
         const char* stored;
-        int loaded; // 7 before
+        int loaded; // the field is 7 before loading
     } table[] = {{"35", 35}, {"", 0}, {"abc", 0}, {"35 parts", 0}, {" 999 ", 999}, {"-1", -1}, {"40000", 7}};
     for (const auto& row : table) {
         Store("HistoryMaxParts", row.stored);

@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <utility>
 #include <windows.h>
-// The system defines this name as a macro.
+// The Windows headers define this name as a macro.
 #undef FreeModule
 
 namespace nesk::platform {
