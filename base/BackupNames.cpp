@@ -11,13 +11,13 @@ namespace nesk {
 
 namespace {
 
-// Anything of that name, a folder too.
+// True when a file or a folder has that name.
 bool IsTaken(const std::string& path) {
     std::uint32_t attributes = 0;
     return platform::StationFiles().Attributes(path, attributes) == platform::ErrorCode::Success;
 }
 
-// The first free one of "stem + ending", "stem.2 + ending", ...
+// The first of "stem + ending", "stem.2 + ending", ... that is not taken.
 Backup FirstFree(const std::string& stem, const std::string& ending) {
     std::string copy = stem + ending;
     for (int number = 2; IsTaken(copy); ++number)
@@ -34,7 +34,7 @@ Backup BackupOf(const std::string& path) {
 Backup DatedBackupOf(const std::string& path) {
     std::tm time{};
     if (!platform::LastWriteTime(path, time)) time = platform::LocalTime();
-    // No ":", which no name on Windows may hold.
+    // Without ":", which Windows does not allow in names.
     std::array<char, 32> date{};
     const std::size_t length = std::strftime(date.data(), date.size(), "%Y-%m-%d %H.%M.%S", &time);
     return FirstFree(path + "." + std::string(date.data(), length), ".bak");

@@ -5,7 +5,7 @@
 
 namespace nesk {
 
-/// Takes bytes in the order in which they are written: a file, a text in memory, a hash.
+/// Receives bytes in the order in which they are written: a file, a string in memory, or a hash.
 class ByteSink {
 public:
     virtual ~ByteSink() = default;
@@ -14,7 +14,7 @@ public:
     virtual void Write(std::string_view bytes) = 0;
 };
 
-/// Appends what is written to a text.
+/// Appends the bytes to a string.
 class TextSink final : public ByteSink {
 public:
     /// @param text  must outlive the sink

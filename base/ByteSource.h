@@ -9,7 +9,7 @@
 
 namespace nesk {
 
-/// Bytes that are read from front to back: a file, or a text in memory.
+/// Bytes that are read sequentially: a file, or a string in memory.
 class ByteSource {
 public:
     virtual ~ByteSource() = default;
@@ -18,14 +18,14 @@ public:
     /// @return the number of bytes read; 0 only at the end
     virtual std::size_t Read(char* buffer, std::size_t capacity) = 0;
 
-    /// What a message calls the source: the path of a file.
+    /// The name of the source in messages: the path of a file.
     virtual const std::string& Name() const = 0;
 };
 
 /// A file of the station.
 class FileSource final : public ByteSource {
 public:
-    /// Opens the file. Raises the run-time error of the failure, FileNotFound among them.
+    /// Opens the file. Raises the run-time error of the failure, for example FileNotFound.
     explicit FileSource(std::string path, platform::FileSystem& files = platform::StationFiles());
 
     std::size_t Read(char* buffer, std::size_t capacity) override;
@@ -36,11 +36,11 @@ private:
     std::unique_ptr<platform::FileReader> m_reader;
 };
 
-/// A text in memory.
+/// A string in memory.
 class TextSource final : public ByteSource {
 public:
     /// @param text  must outlive the source
-    /// @param name  what a message calls it
+    /// @param name  name of the source in messages
     TextSource(std::string_view text, std::string name) : m_rest(text), m_name(std::move(name)) {}
 
     std::size_t Read(char* buffer, std::size_t capacity) override;

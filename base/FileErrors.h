@@ -6,10 +6,10 @@
 
 namespace nesk {
 
-/// The run-time error that belongs to a result code of the file system (platform/ErrorCode.h).
-/// @param code    result code, not Success
+/// The run-time error for a result code of the file system (platform/ErrorCode.h).
+/// @param code    result code other than Success
 /// @param source  class and operation that failed
-/// @param path    Windows path of the file or folder concerned; becomes "%0%" of the message
+/// @param path    Windows path of the file or folder concerned; fills "%0%" in the message
 NeskError FileError(int code, const std::string& source, const std::string& path);
 
 } // namespace nesk

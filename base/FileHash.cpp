@@ -30,14 +30,15 @@ FileHash FileHash::Of(const std::string& path, platform::FileSystem& files) {
     }
 }
 
-// In the manner of FNV-1a, eight bytes at a time: every byte counts. It guards against accidents, not against
-// forgery.
+// Similar to FNV-1a, but eight bytes at a time: every byte affects the hash. It detects accidental changes,
+// not forgery.
 void FileHash::AddWords(const char* words) {
     for (std::uint64_t& hash : m_hash) {
         std::uint64_t word = 0;
         std::memcpy(&word, words, sizeof word);
         words += sizeof word;
-        // A product's upper half depends on all that went into it, its lower half does not.
+        // The upper half of a product depends on all input bits, the lower half does not. The rotation swaps
+        // them.
         hash = std::rotl((hash ^ word) * 0x9E3779B97F4A7C15, 32);
     }
 }

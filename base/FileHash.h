@@ -10,21 +10,21 @@
 
 namespace nesk {
 
-/// Tells whether a file still holds what it held before.
+/// A hash of a file's contents, used to detect changes by other programs.
 class FileHash {
 public:
-    /// The hash of a file's contents as they are now. A missing file has one of its own; so has one
-    /// that cannot be read.
+    /// The hash of a file's current contents. A missing file and a file that cannot be read each have their
+    /// own value.
     static FileHash Of(const std::string& path, platform::FileSystem& files = platform::StationFiles());
 
-    /// Adds bytes that the file holds.
+    /// Adds bytes of the file's contents.
     void Add(std::string_view bytes);
 
     /// False for the hash of a missing file.
     bool Exists() const { return m_state != State::Missing; }
 
-    /// Result code (platform/ErrorCode.h) of what kept the file from being read; Success for a file that was
-    /// read, and for a missing one.
+    /// The result code (platform/ErrorCode.h) of the failed open or read. Success for a file that was read
+    /// and for a missing file.
     int Error() const { return m_error; }
 
     bool operator==(const FileHash&) const = default;
@@ -37,10 +37,10 @@ private:
     void AddWords(const char* words);
 
     std::uint64_t m_size = 0;
-    // Four sums side by side, which a processor can work on at the same time.
+    // Four independent sums, which a processor can compute in parallel.
     std::array<std::uint64_t, 4> m_hash{14695981039346656037u, 9650029242287828579u, 0x2545F4914F6CDD1D,
                                         0xD6E8FEB86659FD93};
-    // Bytes that are not in the sums yet; zeros behind them.
+    // Bytes that are not in the sums yet, padded with zeros.
     std::array<char, 32> m_rest{};
 };
 

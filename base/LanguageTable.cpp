@@ -12,7 +12,7 @@ struct Language {
     const char* code;
 };
 
-// Sorted by identifier. Polish (1045) is left out on purpose: its stations run in English.
+// Sorted by identifier. Polish (1045) is omitted on purpose: Polish stations run in English.
 constexpr std::array<Language, 30> Languages{{
     {-1, "PIG"},   {1028, "CHT"}, {1030, "DAN"}, {1031, "DEU"}, {1033, "ENU"}, {1034, "ESP"},
     {1036, "FRA"}, {1040, "ITA"}, {1041, "JPN"}, {1042, "KOR"}, {1043, "NLD"}, {1044, "NOR"},

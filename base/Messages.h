@@ -1,6 +1,6 @@
 #pragma once
 
-/// Numbers of the strings that the program uses, by name. The texts lie in languages/.
+/// Names for the numbers of the strings that the program uses. The texts are in languages/.
 namespace nesk::Message {
 
 // Shared by several windows.
@@ -19,7 +19,7 @@ constexpr int RootStays = 34492;
 constexpr int MoveIntoItself = 34493; // %0% caption
 constexpr int MoveIntoPart = 34494;   // %0% caption
 
-// Names of changes, as Undo and Redo show them. %0% caption
+// Names of changes, shown by Undo and Redo. %0% caption
 constexpr int ChangeAdd = 34500;
 constexpr int ChangeRemove = 34501;
 constexpr int ChangeMove = 34502;
@@ -60,7 +60,7 @@ constexpr int SettingsOptions = 34032;
 constexpr int MenuHelp = 34040;
 constexpr int HelpContents = 34041;
 constexpr int HelpWindow = 34042;
-/// Added to a command's number: the line that explains it in the status bar.
+/// Offset from a command's number to the number of its explanation in the status bar.
 constexpr int StatusHelpOffset = 40;
 
 // Run-time errors.
@@ -68,7 +68,7 @@ constexpr int Overflow = 34100;
 constexpr int TypeMismatch = 34101; // %0% text
 constexpr int DivisionByZero = 34102;
 constexpr int SubscriptOutOfRange = 34103; // %0% index
-constexpr int FileNotFound = 34104;        // %0% path, as for the others of a file
+constexpr int FileNotFound = 34104;        // %0% path, also in the other file errors
 constexpr int PathNotFound = 34105;
 constexpr int PermissionDenied = 34106;
 constexpr int DiskFull = 34107;
@@ -117,32 +117,32 @@ constexpr int RemovedBelow = 34310; // %0% number of entries
 constexpr int TreeName = 34311;
 
 // Start-up.
-constexpr int StoreNotOpened = 34150; // %0% place, %1% code, as for the next three
+constexpr int StoreNotOpened = 34150; // %0% place, %1% code, also in the next three
 constexpr int StoreDamaged = 34151;
 constexpr int StoreInUse = 34152;
 constexpr int StoreDenied = 34153;
 constexpr int LanguageNotANumber = 34154; // %0% text
 
 // Help.
-constexpr int HelpFileMissing = 34160; // %0% file, as for the next three
+constexpr int HelpFileMissing = 34160; // %0% file, also in the next three
 constexpr int HelpViewerMissing = 34161;
 constexpr int HelpFormat = 34162;
 constexpr int HelpFailed = 34163;
 constexpr int HelpTitle = 34164;
 
-// Menu bar: further commands; the lines that explain them are 34390 and 34391.
+// Menu bar: further commands. Their explanations are 34390 and 34391.
 constexpr int FileSaveAs = 34350;
 constexpr int HelpAbout = 34351;
 
 // Where a menu is saved.
-constexpr int SaveElsewhere = 34352;         // %0% where it came from, %1% where it will be saved
+constexpr int SaveElsewhere = 34352;         // %0% original location, %1% where it will be saved
 constexpr int SaveElsewhereReplaces = 34353; // %2% name of the copy
 constexpr int SaveIncompleteElsewhere = 34354;
-constexpr int FromAndTo = 34355;   // %0% where it came from, %1% where it will be saved
-constexpr int WillBeSaved = 34356; // %0% where
+constexpr int FromAndTo = 34355;   // %0% original location, %1% where it will be saved
+constexpr int WillBeSaved = 34356; // %0% location
 constexpr int NewMenuBar = 34357;  // %0% file
 constexpr int NewMenuNowhere = 34358;
-constexpr int RootGone = 34359; // %0% folder, as for the next three
+constexpr int RootGone = 34359; // %0% folder, also in the next three
 constexpr int RootClosed = 34360;
 constexpr int StationGone = 34361;
 constexpr int StationClosed = 34362;
@@ -151,7 +151,7 @@ constexpr int MenuFileFilter = 34364;
 constexpr int SaveAsFailed = 34365;    // %0% error
 constexpr int OpenNotPossible = 34366; // %0% error
 
-// While no menu is open.
+// Shown while no menu is open.
 constexpr int StartNothingOpen = 34370;
 constexpr int StartMenuText = 34371;   // %0% file
 constexpr int StartNoMenuText = 34372; // %0% file
@@ -176,7 +176,7 @@ constexpr int StepOpenStation = 34388;
 constexpr int ProposedMachine = 34400;
 constexpr int ProposedUser = 34401;
 constexpr int StationFolderNeeded = 34402;
-constexpr int StationExists = 34403; // %0% folder, as for the next two
+constexpr int StationExists = 34403; // %0% folder, also in the next two
 constexpr int StationFolderNotEmpty = 34404;
 constexpr int NotAStation = 34405;
 constexpr int OpenStationPrompt = 34406;
@@ -192,7 +192,7 @@ constexpr int NameTooLong = 34422;
 constexpr int NoFolderNamed = 34450;
 constexpr int FolderMissing = 34451; // %0% folder
 constexpr int NotAFolder = 34452;    // %0% path
-constexpr int DriveMissing = 34507;  // %0% drive, as "Q:"
+constexpr int DriveMissing = 34507;  // %0% drive, for example "Q:"
 
 // About.
 constexpr int AboutTitle = 34440;

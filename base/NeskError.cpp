@@ -6,7 +6,7 @@ namespace nesk {
 
 namespace {
 
-// For logs and debuggers only; what the user reads comes from the string tables.
+// For logs and debuggers only; the texts shown to the user come from the string tables.
 std::string Describe(int number, const std::string& source, int messageId,
                      const std::vector<std::string>& arguments) {
     std::string text =

@@ -7,14 +7,14 @@
 
 namespace nesk {
 
-/// The one error of the program. It carries what happened as numbers; the text is made where it is shown, so
-/// that code below the string tables can raise it.
+/// The exception type of the program. It stores message numbers and arguments; the text is made where it is
+/// shown. Code below the string tables can therefore raise it.
 struct NeskError : std::runtime_error {
-    /// @param number     error number: 5000 to 5002 of this program, or a usual run-time error number
-    /// (RuntimeError)
-    /// @param source     class and operation that failed, as "RegEntry.OpenInternal"
+    /// @param number     error number: 5000 to 5002 of this program, or a common run-time error number
+    ///                   (RuntimeError)
+    /// @param source     class and operation that failed, for example "RegEntry.OpenInternal"
     /// @param messageId  number of the message in the string tables
-    /// @param arguments  what fills "%0%", "%1%", ... of that message
+    /// @param arguments  values for "%0%", "%1%", ... of that message
     NeskError(int number, std::string source, int messageId, std::vector<std::string> arguments = {});
 
     int number;
@@ -22,16 +22,16 @@ struct NeskError : std::runtime_error {
     int messageId;
     std::vector<std::string> arguments;
 
-    /// The error behind this one. Its text fills the placeholder after those of `arguments`.
+    /// The error that caused this one. Its text fills the placeholder after those of `arguments`.
     std::shared_ptr<const NeskError> cause;
 
-    /// The file being read when the error occurred, as a Windows path; empty when it was none.
+    /// The file being read when the error occurred, as a Windows path; empty when no file was being read.
     std::string file;
-    /// The 1-based line of `file`; 0 when unknown.
+    /// The 1-based line in `file`; 0 when unknown.
     int line = 0;
 };
 
-/// Run-time error numbers in common use.
+/// Common run-time error numbers.
 namespace RuntimeError {
 constexpr int Overflow = 6;
 constexpr int OutOfMemory = 7;

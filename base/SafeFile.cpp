@@ -13,16 +13,16 @@ namespace {
 
 namespace ErrorCode = platform::ErrorCode;
 
-// Names tried for the new file: others belong to editors that save at the same time.
+// Number of names tried for the new file; other editors that save at the same time may use some of them.
 constexpr int TemporaryNames = 100;
 
-// The error of a step. Where the path is not found it is the folder that is missing.
+// The error of a failed step. PathNotFound means that the folder is missing, so the message names the folder.
 NeskError Failure(int result, const std::string& path) {
     const bool folder = result == ErrorCode::PathNotFound;
     return FileError(result, "SafeFile", folder ? Paths::ParentFolder(path) : path);
 }
 
-// The error of a backup that could not be made, and why.
+// The error of a failed backup, with its cause.
 NeskError BackupFailure(const std::shared_ptr<const NeskError>& cause, const std::string& path) {
     NeskError error(cause->number, cause->source, Message::BackupFailed, {path});
     error.cause = cause;
@@ -37,7 +37,8 @@ SafeFile::SafeFile(std::string path, platform::FileSystem& files) : m_files(file
 
 SafeFile::~SafeFile() {
     if (m_temporary.empty()) return;
-    // While the writer lives nobody else takes the file for abandoned and its name for a file of his own.
+    // The writer object stays alive until the file is removed, so that no other program takes the file for
+    // abandoned and reuses its name.
     if (!m_closed) m_writer->Close();
     m_files.RemoveFile(m_temporary);
 }
@@ -46,14 +47,13 @@ void SafeFile::CreateTemporary() {
     int result = ErrorCode::AlreadyExists;
     std::string name;
     for (int i = 1; i <= TemporaryNames && result == ErrorCode::AlreadyExists; ++i) {
-        // The name is one that nobody gives to a file of his own: what an editor left behind that was killed
-        // is removed.
+        // Users do not give their own files such names, so a file left by a killed editor can be removed.
         name = m_path + ".nesk" + (i > 1 ? std::to_string(i) : "") + "~";
         result = m_files.CreateNew(name, m_writer);
         if (result == ErrorCode::AlreadyExists && m_files.RemoveAbandoned(name) == ErrorCode::Success)
             result = m_files.CreateNew(name, m_writer);
     }
-    // What the user asked to be written is the file itself; the name beside it would only confuse.
+    // The message names the user's file; the name of the temporary file would only confuse.
     Check(result, m_path);
     m_temporary = name;
 }
@@ -78,10 +78,10 @@ void SafeFile::Commit(const Backup& backup) {
         Check(m_files.CopyAccessRights(m_path, m_temporary), m_path);
         KeepBackup(backup);
     } else if (found == ErrorCode::FileNotFound) {
-        // Others may have to read it: the operator interface may run as another user.
+        // Other users may need to read it: the operator interface may run as another user.
         m_files.GiveUsualRights(m_temporary);
     } else {
-        // Whatever stands there and cannot be looked at must not be replaced unseen.
+        // An existing file whose attributes cannot be read must not be replaced.
         throw Failure(found, m_path);
     }
     Check(m_files.Replace(m_path, m_temporary), m_path);
@@ -93,7 +93,7 @@ void SafeFile::KeepBackup(const Backup& backup) {
     if (backup.path.empty()) return;
     const int result = m_files.KeepCopy(m_path, backup.path, backup.mayReplace);
     if (result == ErrorCode::Success) return;
-    // When it is the file itself that cannot be read, the user must hear its name and not the copy's.
+    // If the file itself cannot be read, the message must name the file and not the copy.
     std::unique_ptr<platform::FileReader> reader;
     Check(m_files.OpenForReading(m_path, reader), m_path);
     throw BackupFailure(std::make_shared<NeskError>(Failure(result, backup.path)), backup.path);

@@ -9,18 +9,18 @@
 
 namespace nesk {
 
-/// What becomes of the version that is replaced.
+/// How the replaced version of a file is kept.
 struct Backup {
-    std::string path;        ///< Windows path of the copy; "" keeps none
-    bool mayReplace = false; ///< false: an older copy of that name makes the save fail
+    std::string path;        ///< Windows path of the copy; "" for no copy
+    bool mayReplace = false; ///< if false, an existing copy of that name makes the save fail
 };
 
-/// A file being replaced: what is written goes to a new file beside the old one, which takes its place in one
-/// step when everything has reached the disk. Until Commit has returned, the old file is untouched; without
-/// Commit the new one is removed.
+/// Replaces a file atomically. Data is written to a temporary file in the same folder, which takes the place
+/// of the old file when everything has reached the disk. Until Commit returns, the old file is untouched;
+/// without Commit, the destructor removes the temporary file.
 class SafeFile final : public ByteSink {
 public:
-    /// Creates the new file. Raises the run-time error of the failure.
+    /// Creates the temporary file. Raises the run-time error of the failure.
     /// @param path  Windows path of the file to replace, which may be missing
     explicit SafeFile(std::string path, platform::FileSystem& files = platform::StationFiles());
     ~SafeFile() override;
@@ -29,8 +29,9 @@ public:
 
     void Write(std::string_view bytes) override;
 
-    /// Flushes, closes, takes over the access rights of the file before or those usual for a new one, keeps
-    /// the backup and replaces the file. Raises the run-time error of the step that failed.
+    /// Flushes and closes the temporary file, copies the access rights of the old file (or sets the usual
+    /// ones for a new file), makes the backup and replaces the file. Raises the run-time error of the step
+    /// that failed.
     void Commit(const Backup& backup);
 
 private:

@@ -41,7 +41,7 @@ std::string_view Trimmed(std::string_view text) {
     throw NeskError(RuntimeError::TypeMismatch, source, Message::TypeMismatch, {std::string(text)});
 }
 
-// Length of the decimal number at the front of `text`; 0 when there is none.
+// Length of the decimal number at the start of `text`; 0 when `text` does not start with a number.
 std::size_t DecimalLength(std::string_view text) {
     std::size_t at = 0;
     const auto peek = [&](std::size_t i) { return i < text.size() ? text[i] : '\0'; };
@@ -67,7 +67,7 @@ std::size_t DecimalLength(std::string_view text) {
     return at;
 }
 
-// Value of a text that DecimalLength has accepted as a whole.
+// Value of a text that is, as DecimalLength has confirmed, a decimal number as a whole.
 double DecimalValue(std::string_view text, const char* source) {
     if (text.front() == '+') text.remove_prefix(1);
     std::string plain(text);
@@ -76,7 +76,7 @@ double DecimalValue(std::string_view text, const char* source) {
     double value = 0;
     const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
     if (error == std::errc::result_out_of_range) {
-        // Too small is zero, too large is an error; from_chars does not tell them apart.
+        // Underflow gives zero, overflow is an error; from_chars reports both the same way.
         const std::size_t exponent = plain.find('e');
         const bool tiny = exponent != std::string::npos ? plain[exponent + 1] == '-' : plain.find('.') < 300;
         if (!tiny) RaiseOverflow(source);
@@ -87,11 +87,12 @@ double DecimalValue(std::string_view text, const char* source) {
 
 struct RadixNumber {
     std::uint64_t value = 0;
-    std::size_t length = 0; // characters used, the prefix included
-    bool isLong = false;    // a closing "&" asks for 32 bits
+    std::size_t length = 0; // characters used, including the prefix
+    bool isLong = false;    // a trailing "&" asks for 32 bits
 };
 
-// The "&H..." or "&O..." number at the front of `text`; nothing when there is none or it has over 32 bits.
+// The "&H..." or "&O..." number at the start of `text`; nothing when there is no such number. Raises Overflow
+// above 32 bits.
 std::optional<RadixNumber> ParseRadix(std::string_view text, const char* source) {
     if (text.size() < 2 || text[0] != '&') return std::nullopt;
     const bool hex = text[1] == 'H' || text[1] == 'h';
@@ -117,7 +118,7 @@ Integer ConvertWhole(std::string_view text, const char* source) {
     if (const auto radix = ParseRadix(plain, source)) {
         if (radix->length != plain.size()) RaiseTypeMismatch(source, text);
         if (radix->value > std::numeric_limits<Unsigned>::max()) RaiseOverflow(source);
-        // The digits give the bits: &HFFFF is -1 in 16 bits.
+        // The digits are the bit pattern: &HFFFF is -1 in 16 bits.
         return static_cast<Integer>(static_cast<Unsigned>(radix->value));
     }
     if (plain.empty() || DecimalLength(plain) != plain.size()) RaiseTypeMismatch(source, text);
@@ -134,7 +135,7 @@ std::int16_t CInt(std::string_view text) {
 }
 
 std::int32_t CLng(std::string_view text) {
-    // A menu file has a number an entry, nearly always a few digits alone.
+    // Fast path: a menu file has one number per entry, nearly always a few plain digits.
     std::int32_t value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc() && end == text.data() + text.size()) return value;
