@@ -6,9 +6,9 @@ class wxWindow;
 
 namespace nesk::platform {
 
-/// Gives a control the name by which a screen reader calls it. Only a control needs it that has no label of
-/// its own before it.
-/// @param name  UTF-8, without the mark of an access key
+/// Sets the accessible name of a control, which screen readers announce. Needed only for controls without a
+/// label directly before them.
+/// @param name  UTF-8, without the access-key marker
 void SetAccessibleName(wxWindow& control, const std::string& name);
 
 } // namespace nesk::platform

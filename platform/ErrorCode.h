@@ -1,6 +1,6 @@
 #pragma once
 
-/// Result codes of platform services, with the numbers that Windows gives them. 0 is success.
+/// Result codes of platform services, with the numbers of Windows. 0 is success.
 namespace nesk::platform::ErrorCode {
 
 constexpr int Success = 0;

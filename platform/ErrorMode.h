@@ -2,8 +2,8 @@
 
 namespace nesk::platform {
 
-/// Keeps the system from showing a box of its own when a drive has no medium or is faulty; the call that met
-/// the fault fails instead. Holds for the whole program from then on.
+/// Disables the system's error boxes for drives that have no medium or are faulty; the failing call returns
+/// an error instead. Applies to the whole program from then on.
 void SuppressSystemBoxes();
 
 } // namespace nesk::platform

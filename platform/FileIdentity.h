@@ -4,8 +4,8 @@
 
 namespace nesk::platform {
 
-/// A text that is the same for two paths exactly when they lead to the same file or folder, through links or
-/// not; "" when the path leads nowhere.
+/// A text that identifies a file or folder: equal for two paths exactly when both lead to the same one,
+/// directly or through links; "" when nothing exists at the path.
 std::string FileIdentity(const std::string& path);
 
 } // namespace nesk::platform

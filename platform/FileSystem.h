@@ -9,7 +9,7 @@
 
 namespace nesk::platform {
 
-/// File attribute bits, as Windows numbers them.
+/// File attribute bits, with the numbers of Windows.
 namespace FileAttribute {
 constexpr std::uint32_t ReadOnly = 1;
 constexpr std::uint32_t Hidden = 2;
@@ -17,23 +17,23 @@ constexpr std::uint32_t System = 4;
 constexpr std::uint32_t Directory = 16;
 constexpr std::uint32_t Archive = 32;
 constexpr std::uint32_t Normal = 128;
-/// Of the entries of a search alone: it leads to another place.
+/// Set only in search results: the entry is a link to another place.
 constexpr std::uint32_t Link = 1024;
 } // namespace FileAttribute
 
-/// One entry that a directory search found.
+/// One entry found by a directory search.
 struct DirectoryEntry {
     std::string name;
     std::uint32_t attributes = 0;
 };
 
-/// A directory search that is under way; destroying it ends the search.
+/// A directory search in progress; destroying it ends the search.
 class DirectorySearch {
 public:
     virtual ~DirectorySearch() = default;
 
-    /// Moves to the next entry, in the order of the file system. NoMoreItems past the end. "." and ".." are
-    /// reported by wildcard searches as Windows does.
+    /// Moves to the next entry, in the order of the file system. NoMoreItems after the last entry. Wildcard
+    /// searches report "." and "..", as on Windows.
     virtual int Next(DirectoryEntry& entry) = 0;
 };
 
@@ -46,8 +46,8 @@ public:
     virtual int Read(char* buffer, std::size_t capacity, std::size_t& count) = 0;
 };
 
-/// A new file open for writing. Destroying it closes the file; the result of that close is lost. As long as
-/// the object lives, its file is no abandoned one.
+/// A new file open for writing. Destroying it closes the file and discards the result of closing. As long as
+/// the object exists, RemoveAbandoned does not delete its file.
 class FileWriter {
 public:
     virtual ~FileWriter() = default;
@@ -55,15 +55,15 @@ public:
     /// Writes all of `bytes`, or fails.
     virtual int Write(std::string_view bytes) = 0;
 
-    /// Forces what was written to the disk.
+    /// Flushes the written data to the disk.
     virtual int Flush() = 0;
 
-    /// Closes the file. Nothing but the destructor may be called afterwards.
+    /// Closes the file. Afterwards only the destructor may be called.
     virtual int Close() = 0;
 };
 
-/// The station's files. Paths are Windows paths in UTF-8, names match without regard to case. Every operation
-/// answers with a result code (ErrorCode.h) and never throws.
+/// The station's files. Paths are Windows paths in UTF-8; names are compared without regard to case. Every
+/// operation returns a result code (ErrorCode.h) and never throws.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
@@ -71,44 +71,45 @@ public:
     /// Attributes of a file or directory.
     virtual int Attributes(const std::string& path, std::uint32_t& attributes) = 0;
 
-    /// Starts a search for a path whose last name may hold the wildcards "*" and "?" ("*.*" is every name).
-    /// FileNotFound when nothing matches, PathNotFound when the directory is missing.
+    /// Starts a search for a path whose last name may contain the wildcards "*" and "?" ("*.*" matches every
+    /// name). FileNotFound when nothing matches, PathNotFound when the directory is missing.
     virtual int Search(const std::string& pattern, std::unique_ptr<DirectorySearch>& search,
                        DirectoryEntry& first) = 0;
 
-    /// Creates one directory level. AlreadyExists, PathNotFound, AccessDenied, InvalidName.
+    /// Creates one directory level. Fails with AlreadyExists, PathNotFound, AccessDenied or InvalidName.
     virtual int MakeFolder(const std::string& path) = 0;
 
-    /// Opens a regular file for reading. A directory, a pipe or a device is AccessDenied and never blocks.
-    /// What is added to the file from now on is not read: another program might never stop adding.
+    /// Opens a regular file for reading. Returns AccessDenied for a directory, a pipe or a device, and never
+    /// blocks. Reads only up to the length that the file has now: another program might append to it without
+    /// end.
     virtual int OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) = 0;
 
-    /// Creates a file that must not exist yet, readable and writable by its owner alone.
+    /// Creates a file that must not exist yet. Only its owner can read and write it.
     virtual int CreateNew(const std::string& path, std::unique_ptr<FileWriter>& writer) = 0;
 
     /// Deletes a file.
     virtual int RemoveFile(const std::string& path) = 0;
 
-    /// Deletes a file that CreateNew made and that nobody works on any more, because the program that did was
-    /// killed. SharingViolation when it may still be in use; the file stays then.
+    /// Deletes a file that CreateNew made and that a killed program left behind. SharingViolation when the
+    /// file may still be in use; it is not deleted then.
     virtual int RemoveAbandoned(const std::string& path) = 0;
 
-    /// Gives `to` the access rights and the owner of `from`, as far as the user may.
+    /// Copies the access rights and the owner of `from` to `to`, as far as the user's privileges allow.
     virtual int CopyAccessRights(const std::string& from, const std::string& to) = 0;
 
-    /// Gives a file that CreateNew made the access rights that a new file of the user's usually has. Where
-    /// that cannot be done, it stays the user's alone.
+    /// Gives a file made by CreateNew the access rights that the user's new files usually have. If that is
+    /// not possible, the file remains accessible to the user alone.
     virtual void GiveUsualRights(const std::string& /*path*/) {}
 
-    /// Makes `copy` hold the contents of `path` in one step: afterwards `copy` is the whole file or what it
-    /// was before. With `mayReplace` false an existing `copy` is AlreadyExists.
+    /// Copies the contents of `path` to `copy` atomically: afterwards `copy` is either the whole file or
+    /// unchanged. If `mayReplace` is false and `copy` exists, returns AlreadyExists.
     virtual int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) = 0;
 
-    /// Puts a file back that is missing because a program was killed while it replaced it.
+    /// Restores a file that is missing because a program was killed while replacing it.
     virtual void RestoreInterrupted(const std::string& /*path*/) {}
 
-    /// Puts `replacement` in the place of `path`, which may be missing, in one step, and makes the change
-    /// durable. AccessDenied when `path` is read-only.
+    /// Atomically replaces `path`, which may be missing, with `replacement` and makes the change durable.
+    /// AccessDenied when `path` is read-only.
     virtual int Replace(const std::string& path, const std::string& replacement) = 0;
 };
 

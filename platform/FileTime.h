@@ -5,13 +5,13 @@
 
 namespace nesk::platform {
 
-/// When a file was last written.
+/// Gets the time of the last write to a file.
 /// @param path   Windows path
-/// @param local  receives the local time; unchanged when the answer is false
-/// @return false when the file is missing or cannot be asked
+/// @param local  receives the local time; unchanged on failure
+/// @return false when the file is missing or its time cannot be read
 bool LastWriteTime(const std::string& path, std::tm& local);
 
-/// The local time now.
+/// The current local time.
 std::tm LocalTime();
 
 } // namespace nesk::platform

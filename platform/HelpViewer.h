@@ -27,13 +27,14 @@ constexpr unsigned Index = 3;
 } // namespace ClassicHelpCommand
 
 /// Shows compiled HTML help.
-/// @param owner    native handle of the window that asks; may be null
+/// @param owner    native handle of the calling window; may be null
 /// @param file     Windows path of the ".chm" file
 /// @param command  one of HtmlHelpCommand
 /// @param data     topic number for HtmlHelpCommand::Topic, otherwise 0
 HelpResult ShowHtmlHelp(void* owner, const std::string& file, unsigned command, std::uint32_t data);
 
-/// Shows a classic ".hlp" file; `command` is one of ClassicHelpCommand. Otherwise as ShowHtmlHelp.
+/// Shows a classic ".hlp" file; `command` is one of ClassicHelpCommand. The other parameters are those of
+/// ShowHtmlHelp.
 HelpResult ShowClassicHelp(void* owner, const std::string& file, unsigned command, std::uint32_t data);
 
 } // namespace nesk::platform

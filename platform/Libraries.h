@@ -5,15 +5,15 @@
 
 namespace nesk::platform {
 
-/// A library that the program uses.
+/// A library used by the program.
 struct Library {
     std::string name;
     std::string version;
     std::string licence;
 };
 
-/// The libraries that the platform services use, with the versions that run; none where the system itself
-/// provides all.
+/// The libraries used by the platform services, with the versions at run time; empty where the system itself
+/// provides everything.
 std::vector<Library> LinkedLibraries();
 
 } // namespace nesk::platform

@@ -7,11 +7,11 @@ class wxWindow;
 
 namespace nesk::platform {
 
-/// What the system's open-file dialog is asked to show. Paths are Windows paths.
+/// Parameters of the system's open-file dialog. Paths are Windows paths.
 struct OpenFileRequest {
     std::string title;
-    std::string folder; ///< where it begins
-    std::string file;   ///< file that is chosen at first; its name alone counts; "" for none
+    std::string folder; ///< folder shown first
+    std::string file;   ///< file selected at first; only its name is used; "" for none
     std::string filter; ///< pairs of description and patterns, separated by "|"; "" for all files
 };
 
@@ -19,11 +19,11 @@ struct OpenFileRequest {
 /// @return the Windows path of the file chosen; "" when the dialog was cancelled
 std::string ShowOpenFileDialog(wxWindow* parent, const OpenFileRequest& request);
 
-/// What ShowOpenFileDialog calls.
+/// Signature of ShowOpenFileDialog.
 using OpenFileDialogFunction = std::function<std::string(wxWindow* parent, const OpenFileRequest& request)>;
 
-/// Puts something else in the place of the system's dialog; an empty function brings that back. A test needs
-/// it where the system's dialog can be given a file only by hand. Returns what was there before.
+/// Replaces the system's dialog with another function; an empty function restores the dialog. For tests on
+/// systems where only a user can choose a file in the dialog. Returns the previous function.
 OpenFileDialogFunction SetOpenFileDialog(OpenFileDialogFunction dialog);
 
 } // namespace nesk::platform

@@ -7,22 +7,22 @@ namespace nesk::platform {
 
 enum class PartInfoResult {
     Done,
-    Missing, ///< there is no such editor
-    Failed   ///< it did not start, or ended with an error
+    Missing, ///< no such editor is installed
+    Failed   ///< the editor did not start, or ended with an error
 };
 
-/// Lets the operator interface's own editor edit the information of a part, and waits until it has ended. The
-/// windows of this program are shown but take no input meanwhile.
+/// Opens a part's information in the operator interface's editor and waits until the editor has ended. The
+/// windows of this program stay visible but accept no input until then.
 /// @param partFolder  folder of the part, without a trailing "\"
 /// @param iniPath     full path of its partinfo.ini
 /// @param languageId  language identifier of this program
 PartInfoResult EditPartInfo(const std::string& partFolder, const std::string& iniPath,
                             std::int32_t languageId);
 
-/// Lets go of the editor at the end of the program, where the station keeps one ready.
+/// Releases the editor at the end of the program, on stations that keep one ready.
 void ReleasePartInfoEditor();
 
-/// Name of that editor, for messages.
+/// Name of the editor, for messages.
 std::string PartInfoEditorName();
 
 } // namespace nesk::platform

@@ -5,14 +5,15 @@
 
 namespace nesk::platform {
 
-/// Reads a value of a profile (.ini) file, answering as GetPrivateProfileStringA does.
+/// Reads a value of a profile (.ini) file, with the results of GetPrivateProfileStringA.
 ///
-/// Section and key match without regard to case; the first section of the name and the first key in it count.
-/// Blanks around the value and one pair of matching quotes around it are dropped. A missing or unreadable
-/// file, a missing section or key gives `defaultValue`, whose trailing blanks are dropped.
-/// @param file      Windows path with its folder
-/// @param capacity  size of the answer in bytes of the code page, the terminating zero included; a longer
-/// value is cut
+/// Section and key are compared without regard to case; the first section of that name and the first such key
+/// in it count. Spaces around the value and one pair of matching quotes around it are removed. If the file,
+/// the section or the key is missing, or the file cannot be read, the result is `defaultValue` without its
+/// trailing spaces.
+/// @param file      Windows path including the folder
+/// @param capacity  maximum size of the result in bytes of the code page, including the terminating zero; a
+///                  longer value is truncated
 std::string ReadProfileString(const std::string& file, const std::string& section, const std::string& key,
                               const std::string& defaultValue, std::size_t capacity);
 

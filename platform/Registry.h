@@ -7,7 +7,7 @@
 
 namespace nesk::platform {
 
-/// Handle of an open registry key; 0 is none.
+/// Handle of an open registry key; 0 is no key.
 using RegKey = std::uint64_t;
 
 /// The predefined root of the machine's settings. It is always open and never closed.
@@ -31,73 +31,75 @@ constexpr std::uint32_t Write = 0x20006;
 constexpr std::uint32_t ReadWrite = 0x2001F;
 } // namespace RegAccess
 
-/// The station's registry. Every operation answers with a result code (ErrorCode.h) and never throws.
+/// The station's registry. Every operation returns a result code (ErrorCode.h) and never throws.
 ///
-/// Names and text data are bytes of the station's code page and sizes count those bytes, as in the ANSI
-/// registry functions. Key and value names match without regard to case and keep the spelling they were
-/// created with.
+/// Names and text data are bytes of the station's code page, and sizes count those bytes, as in the ANSI
+/// registry functions. Key and value names are compared without regard to case and keep the spelling with
+/// which they were created.
 class Registry {
 public:
     virtual ~Registry() = default;
 
-    /// Opens `path` (levels separated by "\"; "" is `parent` itself) below `parent`. FileNotFound when a
-    /// level is missing; BadPathName when the path begins with "\". On failure `key` is 0.
+    /// Opens the key at `path` below `parent`. Levels are separated by "\"; "" is `parent` itself.
+    /// FileNotFound when a level is missing; BadPathName when the path begins with "\". On failure `key` is
+    /// 0.
     virtual int OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) = 0;
 
-    /// As OpenKey, creating every missing level.
+    /// Like OpenKey, but creates missing levels.
     virtual int CreateKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) = 0;
 
     /// Closes a key. InvalidHandle when it is not open; closing LocalMachine does nothing.
     virtual int CloseKey(RegKey key) = 0;
 
-    /// Reads a value. On entry `size` is the capacity of `data`, afterwards the size of the value. A null
-    /// `data` asks for the size alone. MoreData, with `size` set and `data` untouched, when the value is
-    /// larger than the buffer; FileNotFound when there is none. Text is returned as it was stored: a
-    /// terminating zero counts.
+    /// Reads a value. `size` is the capacity of `data` on entry and the size of the value afterwards. With a
+    /// null `data` only the size is queried. MoreData, with `size` set and `data` untouched, when the value
+    /// is larger than the buffer; FileNotFound when the value does not exist. Text is returned as it was
+    /// stored, including any terminating zero.
     virtual int QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
                            std::uint32_t* size) = 0;
 
-    /// Writes a value, replacing one of the same name. InvalidParameter for a name over 16,383 characters.
+    /// Writes a value, replacing any value of the same name. InvalidParameter for a name over 16,383
+    /// characters.
     virtual int SetValue(RegKey key, const std::string& name, std::uint32_t type, std::string_view data) = 0;
 
-    /// Deletes a value; FileNotFound when there is none.
+    /// Deletes a value; FileNotFound when it does not exist.
     virtual int DeleteValue(RegKey key, const std::string& name) = 0;
 
-    /// Deletes the subkey `subKey` with its values. AccessDenied when it has subkeys, FileNotFound when
+    /// Deletes the subkey `subKey` with its values. AccessDenied when it has subkeys, FileNotFound when it is
     /// missing.
     virtual int DeleteKey(RegKey parent, const std::string& subKey) = 0;
 
-    /// Name of the subkey at 0-based `index`, in the order of the upper-cased names, zero-terminated in
-    /// `name` of `capacity` bytes. NoMoreItems past the end; MoreData when the name with its zero does not
-    /// fit.
+    /// Gets the name of the subkey at 0-based `index`, in the order of the upper-cased names, as a
+    /// zero-terminated string in `name` of `capacity` bytes. NoMoreItems past the end; MoreData when the name
+    /// with its zero does not fit.
     virtual int EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) = 0;
 
-    /// Name, type and data of the value at 0-based `index`, in the order in which the values were first
-    /// written. `nameSize` is the capacity on entry and the length without the zero afterwards; `data` and
-    /// `size` are as in QueryValue. NoMoreItems past the end; MoreData when the name with its zero or the
+    /// Gets the name, type and data of the value at 0-based `index`, in the order in which the values were
+    /// first written. `nameSize` is the capacity on entry and the length without the zero afterwards; `data`
+    /// and `size` are as in QueryValue. NoMoreItems past the end; MoreData when the name with its zero or the
     /// data does not fit.
     virtual int EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
                           std::uint32_t* type, char* data, std::uint32_t* size) = 0;
 
-    /// Begins a group of writes, which are stored together where the registry can do that: all of them or,
-    /// when the program is killed before the group has ended, none. Other programs wait until then with
-    /// writing. Groups may be nested; the outermost counts.
+    /// Begins a group of writes. Where the registry supports it, a group is a transaction: all its writes are
+    /// stored, or none if the program is killed before the end of the group. Other programs must wait until
+    /// then to write. Groups may be nested; only the outermost takes effect.
     virtual void BeginGroup() {}
 
-    /// Ends a group. What was written in it may be found here not to be stored after all.
+    /// Ends a group. May report that the writes of the group could not be stored.
     virtual int EndGroup() { return 0; }
 
-    /// Until EndReading, what other programs write is not seen, where the registry can do that: values that
-    /// belong together are read together. Nothing is to be written in between.
+    /// Begins a consistent read: where the registry supports it, writes of other programs are not visible
+    /// until EndReading, so that related values are read together. Write nothing before EndReading.
     virtual void BeginReading() {}
     virtual void EndReading() {}
 
-    /// Where the registry lies, for messages: a folder or file of the station, or the name of the system's
-    /// own.
+    /// Where the registry is stored, for messages: a folder or file of the station, or the name of the
+    /// system's own registry.
     virtual std::string Location() const = 0;
 };
 
-/// A group of writes from its construction to its End, or to its destruction.
+/// A group of writes, from construction to End or destruction.
 class RegistryGroup {
 public:
     explicit RegistryGroup(Registry& registry) : m_registry(registry) { m_registry.BeginGroup(); }
@@ -105,7 +107,7 @@ public:
     RegistryGroup(const RegistryGroup&) = delete;
     RegistryGroup& operator=(const RegistryGroup&) = delete;
 
-    /// Stores what was written. Afterwards it does nothing.
+    /// Stores the writes. Further calls do nothing.
     int End() {
         if (m_ended) return 0;
         m_ended = true;
@@ -117,7 +119,7 @@ private:
     bool m_ended = false;
 };
 
-/// Reads at one moment, from its construction to its destruction.
+/// A consistent read, from construction to destruction.
 class RegistryReading {
 public:
     explicit RegistryReading(Registry& registry) : m_registry(registry) { m_registry.BeginReading(); }
@@ -129,7 +131,7 @@ private:
     Registry& m_registry;
 };
 
-/// The registry of the station. Lives until the process ends.
+/// The registry of the station. Exists until the process ends.
 Registry& StationRegistry();
 
 } // namespace nesk::platform

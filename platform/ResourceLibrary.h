@@ -3,17 +3,18 @@
 #include <cstdint>
 #include <string>
 
-/// Language resource libraries: modules that hold a table of numbered strings.
+/// Language resource libraries: modules with a table of numbered strings.
 namespace nesk::platform {
 
-/// Handle of a loaded library; 0 is none.
+/// Handle of a loaded library; 0 is no library.
 using ModuleHandle = std::uintptr_t;
 
-/// Loads the library in the file `path` (a Windows path). 0 when it is missing or is no resource library.
+/// Loads the library at `path` (a Windows path). 0 when the file is missing or is not a resource library.
 ModuleHandle LoadModule(const std::string& path);
 
-/// Copies string `id` into `buffer` as zero-terminated bytes of the code page, cut to `capacity` - 1 bytes at
-/// a character boundary. Returns the number of bytes without the zero; 0 when there is no such string.
+/// Copies string `id` into `buffer` as zero-terminated bytes of the code page, truncated to `capacity` - 1
+/// bytes at a character boundary. Returns the number of bytes without the zero; 0 when the string does not
+/// exist.
 int ReadModuleString(ModuleHandle module, std::uint32_t id, char* buffer, int capacity);
 
 /// Releases a library. 0 is ignored.

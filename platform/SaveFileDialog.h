@@ -9,13 +9,13 @@ class wxWindow;
 
 namespace nesk::platform {
 
-/// Shows the system's dialog for naming a file to be written, which asks before an existing file is chosen.
-/// @param request  as for ShowOpenFileDialog; `file` is the name that is proposed
+/// Shows the system's save-file dialog, which asks for confirmation before an existing file is chosen.
+/// @param request  as for ShowOpenFileDialog; `file` is the proposed name
 /// @return the Windows path of the file; "" when the dialog was cancelled
 std::string ShowSaveFileDialog(wxWindow* parent, const OpenFileRequest& request);
 
-/// Puts something else in the place of the system's dialog; an empty function brings that back. Returns what
-/// was there before.
+/// Replaces the system's dialog with another function; an empty function restores the dialog. Returns the
+/// previous function.
 OpenFileDialogFunction SetSaveFileDialog(OpenFileDialogFunction dialog);
 
 } // namespace nesk::platform

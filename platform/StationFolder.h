@@ -3,54 +3,56 @@
 #include <memory>
 #include <string>
 
-/// The folder that stands for the station, off Windows. On Windows the station is the computer itself: there
-/// is no folder to choose, and nothing here does anything. Folders are named as the system names them, in
-/// UTF-8.
+/// The folder that represents the station on systems other than Windows. On Windows the station is the
+/// computer itself, so there is no folder to choose and these functions do nothing. Folders are native paths
+/// in UTF-8.
 namespace nesk::platform {
 
 enum class StationFolderState {
     NotApplicable, ///< the station is the computer
     Usable,
-    Empty,   ///< an existing folder that holds no station
-    Missing, ///< there is no such folder
-    Denied   ///< a folder that may not be read or searched
+    Empty,   ///< an existing folder that does not contain a station
+    Missing, ///< the folder does not exist
+    Denied   ///< the folder may not be read or searched
 };
 
-/// Whether stations are folders here.
+/// True when stations are folders on this system.
 bool StationIsFolder();
 
-/// Folder of the station in use; "" where stations are none.
+/// Folder of the station in use; "" where stations are not folders.
 std::string StationFolderName();
 
-/// Folder of the station with which the program begins: NESKMANAGER_STATION, or the default; "" where
-/// stations are none. Nothing else is remembered.
+/// Folder of the station with which the program starts: NESKMANAGER_STATION, or the default; "" where
+/// stations are not folders. The last station used is not remembered.
 std::string UsualStationFolder();
 
-/// What there is at a folder.
+/// Checks what is at a folder path.
 StationFolderState LookUpStationFolder(const std::string& folder);
 
-/// Puts another station in place of the one in use. A folder in the drives of a station stands for the
-/// station. Open registry keys become invalid; settings, language and help file are the caller's to read
-/// anew. PathNotFound, AccessDenied, or InvalidName for a folder that holds no station; the station in use
-/// stays then.
+/// Switches to another station. A folder inside a station's drives selects that station. Open registry keys
+/// become invalid; the caller must reload settings, language and help file. On failure (PathNotFound,
+/// AccessDenied, or InvalidName for a folder that does not contain a station) the current station stays in
+/// use.
 int UseStationFolder(const std::string& chosen);
 
-/// Whether an example station was installed with the program.
+/// True when an example station was installed with the program.
 bool HasExampleStation();
 
-/// A new station on its way. Until Finish has succeeded it lies beside its folder and is the one in use, so
-/// that its settings can be written; without Finish it is removed and the former one is back in use.
+/// A new station under construction. Until Finish succeeds, it is in a temporary folder beside its final one
+/// and is the station in use, so that its settings can be written. Without Finish, the destructor removes it
+/// and the previous station is in use again.
 class NewStationFolder {
 public:
     virtual ~NewStationFolder() = default;
 
-    /// Moves the station to its folder and uses it there. AlreadyExists when something came there meanwhile.
+    /// Moves the station to its final folder and keeps it in use. AlreadyExists when something was created
+    /// there in between.
     virtual int Finish() = 0;
 };
 
-/// Makes a new station: an empty drive C:, or a copy of the example.
-/// @param folder  absolute; must not exist or be an empty folder, else AlreadyExists. InvalidName for one
-///                that is not absolute
+/// Creates a new station: an empty drive C:, or a copy of the example.
+/// @param folder  absolute path; must not exist or must be an empty folder, else AlreadyExists. InvalidName
+///                for a relative path
 int BeginStationFolder(const std::string& folder, bool example, std::unique_ptr<NewStationFolder>& station);
 
 } // namespace nesk::platform

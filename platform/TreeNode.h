@@ -7,15 +7,15 @@
 
 namespace nesk::platform {
 
-/// One entry of a tree view: what it shows, where it is, and whether it is expanded. It knows no window, so
-/// that all views and the search share it. A view owns its root; a node owns its children. Only views change
-/// nodes.
+/// One entry of a tree view: what it shows, its position, and whether it is expanded. It does not depend on
+/// any window, so all views and the type-ahead search share it. A view owns its root; a node owns its
+/// children. Only views change nodes.
 class TreeNode {
 public:
-    /// @param text      what is shown, in UTF-8
-    /// @param image     0-based index of its picture in those of the view
-    /// @param key       what the owner of the view knows the node by
-    /// @param fillLater the node has children, which are asked for when they are needed
+    /// @param text      the shown text, in UTF-8
+    /// @param image     0-based index into the pictures of the view
+    /// @param key       identifies the node for the owner of the view
+    /// @param fillLater the node has children, which are requested when they are needed
     TreeNode(std::string text, int image, std::string key, bool fillLater = false);
     ~TreeNode();
     TreeNode(const TreeNode&) = delete;
@@ -23,8 +23,7 @@ public:
 
     const std::string& Text() const { return m_text; }
 
-    /// What is shown after the text, less prominent; "" for nothing. The search by typing does not look at
-    /// it.
+    /// Shown after the text, less prominently; "" for nothing. The type-ahead search ignores it.
     const std::string& Detail() const { return m_detail; }
     void SetDetail(std::string detail) { m_detail = std::move(detail); }
 
@@ -38,40 +37,40 @@ public:
     /// 0-based position among its siblings; takes constant time.
     std::size_t Index() const { return m_index; }
 
-    /// The children that are there; none before they were asked for.
+    /// Number of children added so far; 0 before they were requested.
     std::size_t ChildCount() const { return m_children.size(); }
     TreeNode& Child(std::size_t index) const { return *m_children[index]; }
 
-    /// False while the children have yet to be asked for.
+    /// False until the children have been requested.
     bool IsFilled() const { return m_filled; }
 
-    /// True when there are children, or may be some.
+    /// True when the node has children or has not been filled yet.
     bool MayHaveChildren() const { return !m_filled || !m_children.empty(); }
 
     bool IsExpanded() const { return m_expanded; }
 
-    /// True for the node itself and all below it.
+    /// True when `node` is this node or one of its ancestors.
     bool IsWithin(const TreeNode& node) const;
 
-    /// True when all nodes above are expanded, so that it has a row.
+    /// True when all ancestors are expanded, so that the node has a row.
     bool HasRow() const;
 
-    /// The row below and above, by what is expanded; null at the end and at the beginning.
+    /// The row below or above, depending on which nodes are expanded; null at the end or the beginning.
     TreeNode* NextRow() const;
     TreeNode* PreviousRow() const;
 
-    // For views.
+    // For use by views only.
     void SetText(std::string text) { m_text = std::move(text); }
     void SetExpanded(bool expanded) { m_expanded = expanded; }
     void SetFilled(bool filled) { m_filled = filled; }
 
-    /// Takes a node as child. `index` is at most ChildCount().
+    /// Inserts a child and takes ownership. `index` is at most ChildCount().
     TreeNode& Insert(std::size_t index, std::unique_ptr<TreeNode> child);
 
-    /// Gives a child away.
+    /// Removes a child and passes ownership to the caller.
     std::unique_ptr<TreeNode> Take(std::size_t index);
 
-    /// What the native control knows the node by.
+    /// Identifies the node for the native control.
     void* native = nullptr;
 
 private:

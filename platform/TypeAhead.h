@@ -8,26 +8,26 @@ namespace nesk::platform {
 
 class TreeNode;
 
-/// The search that begins when a text is typed in a tree: it finds the next row whose text begins with what
-/// was typed, spaces included, without regard to case. A pause begins a new search. It knows no window.
+/// Type-ahead search in a tree: it finds the next row whose text begins with the typed characters, including
+/// spaces, without regard to case. A pause starts a new search. It does not depend on any window.
 class TypeAhead {
 public:
     using Clock = std::chrono::steady_clock;
 
-    /// A longer pause between two characters begins a new search.
+    /// A longer pause between two characters starts a new search.
     static constexpr std::chrono::milliseconds Pause{1000};
 
-    /// Whether a search is being typed, so that a space belongs to it.
+    /// True while a search is being typed; a space then belongs to it.
     bool IsTyping(Clock::time_point now) const { return !m_typed.empty() && now - m_last <= Pause; }
 
-    /// Adds what was typed and looks for it. The first character of a search goes to the next row after
-    /// `current`; the following ones stay where they still fit. The same character typed again goes on to the
-    /// next row that begins with it, unless a row begins with both. The search goes round at the end. Takes
-    /// time in proportion to the number of rows.
-    /// @param characters  one or more characters in UTF-8; a space that begins a search is ignored
+    /// Adds typed characters and searches for the text so far. The first character of a search selects a row
+    /// after `current`; further characters keep the row while it still matches. Typing the same character
+    /// again moves to the next row that begins with it, unless a row begins with both characters. At the end
+    /// the search wraps around. Takes time proportional to the number of rows.
+    /// @param characters  one or more characters in UTF-8; a space at the start of a search is ignored
     /// @param root        root of the tree
-    /// @param current     row at which the search begins; null for the first
-    /// @return the row found; null when there is none
+    /// @param current     row at which the search starts; null for the first
+    /// @return the row found; null when no row matches
     TreeNode* Type(std::string_view characters, TreeNode& root, TreeNode* current, Clock::time_point now);
 
     /// Ends the search.
@@ -36,10 +36,10 @@ public:
         m_missed = false;
     }
 
-    /// Whether what was typed last was not found. Holds until Reset or the next search.
+    /// True when the last typed text was not found, until Reset or the next search.
     bool HasMissed() const { return m_missed; }
 
-    /// What was typed so far.
+    /// The characters typed so far.
     const std::string& Typed() const { return m_typed; }
 
 private:

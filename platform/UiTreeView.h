@@ -17,54 +17,55 @@ class wxWindow;
 
 namespace nesk::platform {
 
-/// Where something that is dragged would be dropped: beside a row, or into what it stands for.
+/// The drop position of a drag: before or after a row, or inside the entry that the row shows (On).
 struct TreeDrop {
     enum class Where { Before, On, After };
 
     TreeNode* node = nullptr;
     Where where = Where::On;
-    bool copies = false; ///< Ctrl is held: the nodes stay, and copies are made
+    bool copies = false; ///< Ctrl is held: copies are made and the dragged nodes stay
 
     bool operator==(const TreeDrop&) const = default;
 };
 
-/// What a tree view asks and reports. A function that is not set is not needed.
+/// The events of a tree view. A function may be left empty when the owner does not need it.
 struct TreeEvents {
-    /// The children of a node are needed: Append them now.
+    /// The children of a node are needed: call Append for each now.
     std::function<void(TreeNode&)> fill;
 
-    /// Other rows are selected.
+    /// The selection has changed.
     std::function<void()> selectionChanged;
 
-    /// A row was clicked, also one that is selected already.
+    /// A row was clicked, even if it was selected already.
     std::function<void(TreeNode&)> clicked;
 
-    /// A double click or Enter on a row. False leaves it to the view, which expands or collapses the row.
+    /// A row was double-clicked, or Enter was pressed on it. If this returns false, the view expands or
+    /// collapses the row.
     std::function<bool(TreeNode&)> activated;
 
-    /// The context menu is asked for.
-    /// @param node  row that it is about; null when there is none
+    /// The user has requested the context menu.
+    /// @param node  row to which the menu applies; null for none
     /// @param at    where it should open, in client coordinates of the window
     std::function<void(TreeNode* node, wxPoint at)> contextMenu;
 
-    /// The label of a row is about to be edited.
+    /// Editing of a row's label is about to begin.
     std::function<void(TreeNode&)> renameBegins;
 
-    /// What becomes of a text that is being typed into a label.
+    /// Corrects the text while it is typed into a label.
     std::function<std::string(const std::string&)> correctLabel;
 
-    /// The edit of a label has ended. Called once an edit, before the view leaves it.
-    /// @param text  what was typed; null when the edit was called off
+    /// Editing of a label has ended. Called once per edit, before the view leaves it.
+    /// @param text  the typed text; null when the edit was cancelled
     std::function<void(TreeNode&, const std::string* text)> renameEnds;
 
-    /// Whether rows may be dropped at a place. The root cannot be dragged.
+    /// Returns whether rows may be dropped at a position. The root cannot be dragged.
     std::function<bool(const std::vector<TreeNode*>&, const TreeDrop&)> mayDrop;
 
-    /// Rows were dropped where they may be.
+    /// Rows were dropped at an allowed position.
     std::function<void(const std::vector<TreeNode*>&, const TreeDrop&)> dropped;
 };
 
-/// What a tree view can do besides showing a tree.
+/// Options of a tree view.
 struct TreeStyle {
     bool multiple = false; ///< several rows can be selected
     bool drag = false;     ///< rows can be dragged within the view
@@ -72,91 +73,90 @@ struct TreeStyle {
     wxSize size = wxDefaultSize;
 };
 
-/// A tree control of the system: the native control on Windows, the toolkit's own on GTK. It shows nodes and
-/// reports what the user does with them; it decides nothing. The control belongs to its parent window.
+/// A tree control: the native control on Windows, GTK's own tree view on GTK. It shows nodes and reports user
+/// actions; it makes no decisions. The control belongs to its parent window.
 class TreeView {
 public:
-    /// Makes the control.
-    /// @param name  control name, as "tvMain"
+    /// Creates the control.
+    /// @param name  control name, for example "tvMain"
     static TreeView* Create(wxWindow* parent, const char* name, const TreeStyle& style);
 
     virtual ~TreeView();
     TreeView(const TreeView&) = delete;
     TreeView& operator=(const TreeView&) = delete;
 
-    /// The control as a window.
+    /// The control's window.
     virtual wxWindow& Window() = 0;
 
-    /// What the owner wants to know. Set it before nodes are added.
+    /// The owner's event handlers. Set them before nodes are added.
     TreeEvents on;
 
-    /// Height and width of pictures that go with the font of the control, in device-independent pixels.
+    /// Size of pictures that suits the control's font, in device-independent pixels.
     wxSize ImageSize();
 
-    /// Pictures of the rows, of ImageSize().
+    /// Sets the pictures of the rows. Their size must be ImageSize().
     virtual void SetImages(const std::vector<wxBitmapBundle>& images) = 0;
 
-    /// What assistive technology calls the control.
+    /// Sets the control's name for assistive technology.
     virtual void SetAccessibleName(const std::string& name) = 0;
 
     // --- nodes ---
 
-    /// The topmost node; null while the tree is empty.
+    /// The topmost node; null when the tree is empty.
     TreeNode* Root() const { return m_root.get(); }
 
     /// Removes all nodes.
     void Clear();
 
-    /// Puts another tree in place, of one node.
+    /// Replaces the tree with a new one that consists of one node.
     TreeNode& SetRoot(std::unique_ptr<TreeNode> root);
 
     /// Adds a node below another.
     TreeNode& Insert(TreeNode& parent, std::size_t index, std::unique_ptr<TreeNode> node);
     TreeNode& Append(TreeNode& parent, std::unique_ptr<TreeNode> node);
 
-    /// Removes a node with all below it. A selection that lay in it falls on the next sibling, else on the
-    /// one before, else on the parent.
+    /// Removes a node and all nodes below it. If the selection was there, it moves to the next sibling, else
+    /// to the previous one, else to the parent.
     void Remove(TreeNode& node);
 
-    /// Moves a node, not the root, with all below it to another place. What is selected and expanded stays
-    /// so.
+    /// Moves a node (not the root) with all nodes below it. Selection and expansion are kept.
     /// @param parent  not within the node
-    /// @param index   0-based, among the children without the node
+    /// @param index   0-based position among the children, not counting the moved node
     void Move(TreeNode& node, TreeNode& parent, std::size_t index);
 
-    /// Asks for the children of a node, unless they are there. False when there are none.
+    /// Requests the children of a node unless it is filled. Returns false when it has no children.
     bool Fill(TreeNode& node);
 
-    /// Forgets that a node was filled: its children are asked for again. It must have none.
+    /// Marks a node as not filled, so that its children are requested again. It must not have children.
     void Unfill(TreeNode& node);
 
     void SetText(TreeNode& node, const std::string& text);
 
     // --- state ---
 
-    /// Selects one row alone and makes it the current one; null for none.
+    /// Selects only this row and makes it the current one; null clears the selection.
     void Select(TreeNode* node);
 
-    /// Selects rows; `current` is the one at which keys go on. Only the current one in a view without
-    /// several.
+    /// Selects rows; `current` becomes the row with the keyboard focus. A view without multiple selection
+    /// selects only `current`.
     void SelectAll(const std::vector<TreeNode*>& nodes, TreeNode* current);
 
     /// The selected rows, from top to bottom.
     virtual std::vector<TreeNode*> Selection() const = 0;
 
-    /// The selected row at which keys go on; null when none is selected.
+    /// The selected row with the keyboard focus; null when no row is selected.
     virtual TreeNode* Selected() const = 0;
 
     void Expand(TreeNode& node);
     void Collapse(TreeNode& node);
 
-    /// Expands a node and what is below it, as deep as anybody could look at.
+    /// Expands a node and the levels below it, up to a fixed number of levels.
     void ExpandBelow(TreeNode& node);
 
-    /// Scrolls to a row, and expands what is above it.
+    /// Scrolls to a row and expands all its ancestors.
     void EnsureVisible(TreeNode& node);
 
-    /// The row at the upper edge, and how many pixels of it are above that.
+    /// The row at the upper edge, and how many of its pixels are above the edge.
     struct Scroll {
         TreeNode* top = nullptr;
         int offset = 0;
@@ -164,39 +164,40 @@ public:
     virtual Scroll ScrollPosition() const = 0;
     virtual void SetScrollPosition(const Scroll& scroll) = 0;
 
-    /// Where a row is, in client coordinates of the window; empty when it cannot be seen.
+    /// The rectangle of a row in client coordinates of the window; empty when the row is not visible.
     virtual wxRect RowRect(const TreeNode& node) const = 0;
 
-    /// The row at a point, in client coordinates; null when there is none.
+    /// The row at a point in client coordinates; null when there is no row.
     virtual TreeNode* RowAt(wxPoint point) const = 0;
 
     // --- renaming in place ---
 
-    /// Begins to edit the label of a row.
+    /// Begins editing the label of a row.
     virtual void EditLabel(TreeNode& node) = 0;
 
-    /// Ends the edit and takes what was typed, or calls it off.
+    /// Ends the edit.
+    /// @param keep  false discards the typed text
     virtual void EndLabelEdit(bool keep) = 0;
 
-    /// The node whose label is being edited; null when none is.
+    /// The node whose label is being edited; null when no edit is in progress.
     TreeNode* Edited() const { return m_edited; }
 
-    /// What is typed so far.
+    /// The text typed so far.
     virtual std::string EditText() const = 0;
     virtual void SetEditText(const std::string& text) = 0;
 
     // --- dragging ---
 
-    /// What is being dragged in this view.
+    /// The nodes being dragged in this view.
     const std::vector<TreeNode*>& Dragged() const { return m_dragged; }
 
-    /// Where rows would be dropped at a point, in client coordinates; no node where they may not be.
+    /// The drop position at a point in client coordinates; its node is null where a drop is not allowed.
     TreeDrop DropAt(wxPoint point, bool copies) const;
 
-    /// The place that is marked as the target of a drag.
+    /// The position marked as the drop target.
     const TreeDrop& Marked() const { return m_marked; }
 
-    /// While one lives, changes of the selection are not reported.
+    /// Suppresses selection events while it exists.
     class Quiet {
     public:
         explicit Quiet(TreeView& view) : m_view(view) { ++m_view.m_quiet; }
@@ -211,14 +212,15 @@ public:
 protected:
     TreeView();
 
-    /// Handles the keys that all views have in common. To be called when the window is there.
+    /// Handles the keys that all views have in common. Call it after the window was created.
     void BindKeys();
 
-    // What a view does with its control. Nodes are in the tree already, or still.
+    // Updates of the native control. Inserted nodes are already in the tree, and nodes to be removed are
+    // still in it.
     virtual void DoReset() = 0;
     virtual void DoInserted(TreeNode& node) = 0;
-    virtual void DoRemove(TreeNode& node) = 0;                       ///< before it is taken out
-    virtual void DoRemoved(TreeNode& parent, std::size_t index) = 0; ///< after it was taken out
+    virtual void DoRemove(TreeNode& node) = 0;                       ///< called before the node is removed
+    virtual void DoRemoved(TreeNode& parent, std::size_t index) = 0; ///< called after the node was removed
     virtual void DoChanged(TreeNode& node) = 0;
     virtual void DoSelect(const std::vector<TreeNode*>& nodes, TreeNode* current) = 0;
     virtual void DoExpand(TreeNode& node) = 0;
@@ -227,7 +229,7 @@ protected:
     virtual void DoMark(const TreeDrop& drop) = 0;
     virtual void DoScrollRows(int rows) = 0;
 
-    // What a view reports.
+    // Reports of the native control.
     void ReportSelection();
     void ReportClick(TreeNode& node);
     void ReportActivated(TreeNode& node);
@@ -236,17 +238,17 @@ protected:
     void EndRename(const std::string* text);
     std::string Corrected(const std::string& text) const;
 
-    /// Goes on with the search by typing, or carries out the command of a character.
+    /// Continues the type-ahead search, or runs the command of a character.
     void TypeText(const std::string& characters);
 
-    // Dragging, as the view's control sees it.
+    // Drag events of the native control.
     bool BeginDrag(const std::vector<TreeNode*>& nodes);
     bool DragTo(wxPoint point, bool copies);
     bool Drop(wxPoint point, bool copies);
     void LeaveDrag();
     void EndDrag();
 
-    /// Expands again what was expanded below a node whose rows were made anew.
+    /// Restores the expansion below a node whose rows were created again.
     void RestoreExpansion(TreeNode& node);
 
     bool IsQuiet() const { return m_quiet > 0; }
