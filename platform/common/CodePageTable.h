@@ -8,21 +8,22 @@
 
 namespace nesk::platform::common {
 
-/// An ANSI code page as Windows defines it: bytes below 0x80 are ASCII, every other character has one byte or
-/// two. A table never changes once it is made, so any thread may use it.
+/// An ANSI code page as Windows defines it: bytes below 0x80 are ASCII, every other character takes one or
+/// two bytes. Tables are immutable, so any thread may use them.
 class CodePageTable {
 public:
-    /// Number of the code page that is UTF-8, which a Windows PC may be set to. Its table is empty.
+    /// Code page number of UTF-8, which a Windows PC may be set to. Its table is empty.
     static constexpr int Utf8 = 65001;
 
-    /// The table of a code page number: 874, 932, 936, 949, 950 or 1250 to 1258. Any other number gives 1252.
-    /// Made on first use, it lives until the process ends.
+    /// The table of a code page: 874, 932, 936, 949, 950 or 1250 to 1258. Any other number gives 1252. A
+    /// table is created on first use and exists until the process ends.
     static const CodePageTable& Get(int codePage);
 
     int CodePage() const { return m_codePage; }
 
-    /// Decodes the character at the front of `bytes`, which must not be empty, and sets `length` to its
-    /// number of bytes. 0, with `length` 1, when the byte there is 0x80 or above and begins no character.
+    /// Decodes the first character of `bytes`, which must not be empty, and sets `length` to its number of
+    /// bytes. Returns 0, with `length` 1, when the first byte is 0x80 or above and does not begin a
+    /// character.
     char16_t Decode(std::string_view bytes, std::size_t& length) const {
         length = 1;
         const auto first = static_cast<unsigned char>(bytes[0]);
@@ -34,9 +35,9 @@ public:
         return character;
     }
 
-    /// The bytes of a character, those of a two-byte one as first * 256 + second. 0 when the code page lacks
-    /// the character, and for U+0000 to U+007F. A character with several codes has the one that Windows
-    /// writes, and whatever Decode answers can be encoded.
+    /// The bytes of a character; a two-byte character is first * 256 + second. 0 when the code page lacks the
+    /// character, and for U+0000 to U+007F. For a character with several codes this is the code that Windows
+    /// writes. Every character returned by Decode can be encoded.
     std::uint16_t Encode(char32_t character) const {
         return character < m_codes.size() ? m_codes[character] : std::uint16_t{0};
     }

@@ -4,8 +4,8 @@
 
 namespace nesk::platform::common {
 
-/// A filter of the open-file dialog as the system's dialog takes it, so that it offers what Windows would:
-/// names match without regard to case, and "*.*" is every name.
+/// Converts a filter of the open-file dialog to the form of the system's dialog, with the matching rules of
+/// Windows: names are compared without regard to case, and "*.*" matches every name.
 /// @param filter  pairs of description and patterns, separated by "|"; patterns are separated by ";"
 std::string NativeFilter(const std::string& filter);
 

@@ -5,8 +5,8 @@
 
 namespace nesk::platform::common {
 
-/// The path by which the system's own functions and dialogs know a file of the station; empty when `path`
-/// leads nowhere on it.
+/// The native path of a file of the station, for the system's functions and dialogs; empty when `path` has no
+/// counterpart there.
 /// @param path  Windows path in UTF-8
 std::filesystem::path ToNativePath(const std::string& path);
 

@@ -14,10 +14,10 @@ namespace nesk::platform::common {
 
 namespace {
 
-// No value is ever longer on Windows, however large the buffer.
+// Windows never returns a longer value, however large the buffer is.
 constexpr std::size_t LongestAnswer = 65535;
 
-// The names that are asked for lose their blanks, but not other white space as those in the file do.
+// Spaces around the requested names are removed. Other white space stays, unlike in the names in the file.
 std::string_view WithoutBlanks(std::string_view text) {
     while (!text.empty() && text.front() == ' ')
         text.remove_prefix(1);
@@ -44,7 +44,7 @@ std::optional<std::string> Find(const std::string& file, std::string_view sectio
     return std::nullopt;
 }
 
-// The default, treated as the buffer treats it: without the blanks at its end, and cut.
+// The default value without its trailing spaces, truncated to the buffer.
 std::string Default(std::string_view text, std::size_t longest) {
     while (!text.empty() && text.back() == ' ')
         text.remove_suffix(1);

@@ -5,7 +5,7 @@
 
 namespace nesk::platform::common {
 
-/// What ReadProfileString (ProfileFile.h) answers, found without the system's own function.
+/// Implements ReadProfileString (ProfileFile.h) without the system's function.
 std::string SearchProfile(const std::string& file, const std::string& section, const std::string& key,
                           const std::string& defaultValue, std::size_t capacity);
 

@@ -10,7 +10,7 @@ namespace nesk::platform::common {
 
 namespace {
 
-// The byte with which old editors end a file.
+// The byte that old editors write at the end of a file.
 constexpr char32_t EndMark = 0x1A;
 
 bool IsBlank(char32_t character) {
@@ -60,7 +60,7 @@ std::string ProfileLine::Value(std::size_t longest) const {
         if (content.size() == value.Length()) content.remove_suffix(1);
         content.remove_prefix(1);
     }
-    // A caller in C would see the value up to here.
+    // A zero ends the value for callers in C.
     content = content.substr(0, content.find(U'\0'));
 
     const common::CodePageTable& codePage = common::CodePageTable::Get(CodePage());
@@ -86,7 +86,7 @@ ProfileReader::ProfileReader(FileReader& file, std::size_t longestName, std::siz
     if (m_wide) m_at = 2;
 }
 
-// Makes `count` bytes available in the buffer. False when the file ends before.
+// Makes `count` bytes available in the buffer. Returns false when the file ends before that.
 bool ProfileReader::Require(std::size_t count) {
     while (m_end - m_at < count) {
         std::copy(m_buffer.begin() + static_cast<std::ptrdiff_t>(m_at),
@@ -109,7 +109,7 @@ bool ProfileReader::NextCharacter(char32_t& character) {
         const auto low = static_cast<unsigned char>(m_buffer[m_at]);
         const auto high = static_cast<unsigned char>(m_buffer[m_at + 1]);
         character = high * 256U + low;
-        // No code page holds a character that takes two units.
+        // Every character of the code pages takes only one UTF-16 unit, so surrogates cannot be encoded.
         if (character >= 0xD800 && character < 0xE000) character = 0xFFFD;
         m_at += 2;
         return true;
@@ -119,8 +119,8 @@ bool ProfileReader::NextCharacter(char32_t& character) {
     character = byte;
     std::size_t length = 1;
     if (byte >= 0x80) {
-        // A character of two bytes may lie across the end of the buffer; at the end of the file one byte has
-        // to do.
+        // A two-byte character may cross the end of the buffer. At the end of the file a single byte is
+        // decoded.
         Require(2);
         character = m_codePage.Decode({m_buffer.data() + m_at, m_end - m_at}, length);
         if (character == 0) character = common::EscapeBase + byte;
@@ -132,7 +132,7 @@ bool ProfileReader::NextCharacter(char32_t& character) {
 bool ProfileReader::Next(ProfileLine& line) {
     line.kind = ProfileLine::Kind::Other;
     line.name.Clear(m_longestName + 1);
-    // One more than the value, for the quote before it.
+    // One more character than the value, for its opening quote.
     line.value.Clear(m_longestValue + 1);
     enum class Part { Start, Header, Name, Value, Ignored } part = Part::Start;
     bool any = false;

@@ -8,19 +8,20 @@
 #include <string>
 #include <string_view>
 
-/// The lines of a profile (.ini) file. However large the file and its lines are, the memory used is bounded.
+/// A reader for the lines of profile (.ini) files. Its memory use is bounded, regardless of the size of the
+/// file and its lines.
 namespace nesk::platform::common {
 
-/// Text without the white space around it, of which only a beginning is kept.
+/// A text without surrounding white space; only its first characters, up to a limit, are kept.
 class ProfileField {
 public:
-    /// Empties the field; it keeps up to `limit` characters from now on.
+    /// Empties the field and sets the number of characters to keep.
     void Clear(std::size_t limit);
     void Add(char32_t character);
 
-    /// Number of characters, those that were not kept included.
+    /// Number of characters, including those not kept.
     std::size_t Length() const { return m_length; }
-    /// The characters that were kept, without white space at the end.
+    /// The kept characters without trailing white space.
     std::u32string_view Kept() const;
     /// The last character; 0 when the field is empty.
     char32_t Last() const { return m_last; }
@@ -36,37 +37,37 @@ private:
 /// One line of a profile file.
 struct ProfileLine {
     enum class Kind {
-        Other,  ///< blank, a comment, or a line without "="
-        Header, ///< of the section `name`
+        Other,  ///< empty, a comment, or a line without "="
+        Header, ///< header of the section `name`
         Entry   ///< `name` = `value`
     };
     Kind kind = Kind::Other;
     ProfileField name;
     ProfileField value;
 
-    /// True when the name equals a text in UTF-8 apart from case.
+    /// True when the name equals a UTF-8 text, compared without regard to case.
     bool NameIs(std::string_view text) const;
 
-    /// The value in UTF-8 without a pair of quotes around it, cut at a character boundary to `longest` bytes
-    /// of the code page. What the code page cannot hold is "?", as the ANSI functions answer.
+    /// The value in UTF-8 without its surrounding pair of quotes, truncated at a character boundary to
+    /// `longest` bytes of the code page. Characters that the code page lacks become "?", as in the ANSI
+    /// functions.
     std::string Value(std::size_t longest) const;
 };
 
-/// Reads a profile file line by line, up to LargestText of it: in the code page, or in UTF-16 when it begins
-/// with the bytes FF FE. No other byte order mark is known: it belongs to the first line, which then is no
-/// header.
+/// Reads a profile file line by line, up to LargestText bytes. The text is in the code page, or in UTF-16
+/// when the file begins with the bytes FF FE. Other byte order marks are not recognised: they become part of
+/// the first line, which then is not a header.
 class ProfileReader {
 public:
-    /// What is read of a file, in bytes: whoever waits for an answer would take a longer search for a program
-    /// that hangs.
+    /// The maximum number of bytes read from a file. With a longer search the program would seem to hang.
     static constexpr std::size_t LargestText = std::size_t{64} << 20;
 
-    /// @param longestName   length of the longest name that will be compared
-    /// @param longestValue  length of the longest value that will be asked for
+    /// @param longestName   length of the longest name to be compared
+    /// @param longestValue  length of the longest value to be read
     ProfileReader(FileReader& file, std::size_t longestName, std::size_t longestValue);
 
-    /// Reads the next line. False at the end of the text, which is the end of the file, a byte 26 (the end
-    /// mark of old editors), a place that cannot be read, or the largest text.
+    /// Reads the next line. Returns false at the end of the text: the end of the file, a byte 26 (the end
+    /// mark of old editors), a read error, or LargestText.
     bool Next(ProfileLine& line);
 
 private:

@@ -2,13 +2,13 @@
 
 #include "platform/common/CodePageTable.h"
 
-/// What the text services of the two kinds of station do not have in common.
+/// The text services that differ between Windows and the other systems.
 namespace nesk::platform::common {
 
 /// The code page in use.
 const CodePageTable& SelectedCodePage();
 
-/// Upper-case form of one character from U+0080 up; the character itself when it has none.
+/// Upper-case form of a character from U+0080 up; the character itself when it has no upper-case form.
 char32_t UpperCase(char32_t character);
 
 } // namespace nesk::platform::common

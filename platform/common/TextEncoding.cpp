@@ -29,7 +29,7 @@ constexpr std::array<LanguageCodePage, 25> Languages{{
     {1061, 1257}, {1062, 1257}, {1063, 1257}, {1066, 1258},
 }};
 
-// The bytes of one character as CodePageTable numbers them.
+// The bytes of one character in the form of CodePageTable::Encode.
 std::uint16_t CodeOf(std::string_view bytes) {
     unsigned code = 0;
     for (const char c : bytes)
@@ -37,7 +37,8 @@ std::uint16_t CodeOf(std::string_view bytes) {
     return static_cast<std::uint16_t>(code);
 }
 
-// Called for every text that is loaded or saved, nearly all of which is ASCII: eight bytes at a time.
+// Checks eight bytes at a time: the function is called for every text that is loaded or saved, and nearly all
+// of them are ASCII.
 bool IsAscii(std::string_view text) {
     constexpr std::uint64_t HighBits = 0x8080808080808080;
     while (text.size() >= sizeof(std::uint64_t)) {
@@ -77,11 +78,11 @@ std::string FromAnsi(std::string_view bytes) {
             text += bytes.front();
         } else {
             const char16_t character = codePage.Decode(bytes, length);
-            // A character with several codes is not always written as it was read, and with its other code
-            // it could make a character with a kept byte before it.
+            // A character with several codes may be written with another code than the one read. That code
+            // could combine with an escaped byte before it to form another character.
             keep = character == 0 ||
                    (afterKept && codePage.Encode(character) != CodeOf(bytes.substr(0, length)));
-            // Only the offending byte is passed through: what follows it may well be a character.
+            // Only the offending byte is escaped; the next byte may begin a valid character.
             if (keep) length = 1;
             common::Utf8Append(text, keep ? EscapeBase + byte : char32_t{character});
         }
@@ -105,7 +106,8 @@ std::optional<std::string> ToAnsi(std::string_view text) {
         if (character < 0x80) {
             bytes += static_cast<char>(character);
         } else if (character >= EscapeBase + 0x80 && character <= EscapeBase + 0xFF) {
-            // Lower bytes are never escaped; an escaped line end that was typed in would break the file.
+            // Bytes below 0x80 are never escaped. Decoding them would let a typed escape for a line end
+            // corrupt the file.
             bytes += static_cast<char>(character - EscapeBase);
         } else if (isUtf8) {
             common::Utf8Append(bytes, character);

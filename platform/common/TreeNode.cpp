@@ -7,7 +7,7 @@ namespace nesk::platform {
 TreeNode::TreeNode(std::string text, int image, std::string key, bool fillLater)
     : m_text(std::move(text)), m_key(std::move(key)), m_image(image), m_filled(!fillLater) {}
 
-// In a loop: a tree may be deeper than the machine stack.
+// Iterative: recursion could overflow the stack in a deep tree.
 TreeNode::~TreeNode() {
     std::vector<std::unique_ptr<TreeNode>> nodes = std::move(m_children);
     while (!nodes.empty()) {

@@ -15,18 +15,20 @@ char AsciiUpper(char byte) {
     return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
 }
 
-// Whether a text begins with one that is in capitals already.
+// True when a text begins with `capitals`, which is upper-case already.
 bool BeginsWith(std::string_view text, std::string_view capitals) {
-    // Most rows differ in their first character, which costs no conversion where both are ASCII.
+    // Most rows differ in the first character. If both characters are ASCII, they are compared without
+    // conversion.
     if (text.empty()) return false;
     if (IsAscii(text.front()) && IsAscii(capitals.front()) && AsciiUpper(text.front()) != capitals.front())
         return false;
-    // A capital letter may have another number of bytes than its small one, but few have more than twice as
-    // many.
+    // The upper-case and lower-case forms of a letter may differ in their number of bytes, but rarely by more
+    // than a factor of two.
     return ToUpper(text.substr(0, 4 * capitals.size())).starts_with(capitals);
 }
 
-// The first row at or after `first` that begins with a text, going round at the end; null when none does.
+// The first row at or after `first` that begins with a text, wrapping around at the end; null when no row
+// matches.
 TreeNode* Find(std::string_view text, TreeNode& root, TreeNode* first) {
     const std::string capitals = ToUpper(text);
     for (TreeNode* row = first; row != nullptr; row = row->NextRow())
@@ -36,7 +38,7 @@ TreeNode* Find(std::string_view text, TreeNode& root, TreeNode* first) {
     return nullptr;
 }
 
-// Whether a text is one character, repeated.
+// True when a text is a repetition of one character.
 bool IsRepeated(std::string_view text, std::string_view character) {
     if (character.empty() || text.size() % character.size() != 0) return false;
     for (std::size_t i = 0; i < text.size(); i += character.size())

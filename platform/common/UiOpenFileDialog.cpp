@@ -15,7 +15,7 @@ wxString ToWx(const std::string& text) {
     return wxString::FromUTF8(text.data(), text.size());
 }
 
-// The folder that stands for a Windows path; the station's C: when there is none.
+// The native folder of a Windows path; the station's C: when that folder does not exist.
 wxString NativeFolder(const std::string& folder) {
     const std::filesystem::path native = common::ToNativePath(folder);
     std::error_code error;

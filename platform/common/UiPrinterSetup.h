@@ -4,8 +4,8 @@
 
 namespace nesk::platform::common {
 
-/// Shows the system's own printer dialog; each kind of station has its own way to it. Parameters and result
-/// are those of ShowPrinterSetup, which makes the pointer busy before it calls this.
+/// Shows the system's printer dialog; each system has its own implementation. Parameters and result are those
+/// of ShowPrinterSetup, which shows the busy pointer before this call.
 PrinterSetupResult AskForPrinterSetup(wxWindow* parent, PrinterValues& values,
                                       const PrinterSetupTexts& texts);
 

@@ -16,7 +16,8 @@ OpenFileDialogFunction& Replacement() {
     return function;
 }
 
-// The folder that stands for a Windows path; none when it cannot be reached, so that the system proposes one.
+// The native folder of a Windows path; empty when that folder does not exist or cannot be reached, so that
+// the system proposes one.
 wxString NativeFolder(const std::string& folder) {
     const std::filesystem::path native = common::ToNativePath(folder);
     std::error_code error;

@@ -1,4 +1,4 @@
-// What tree views have in common: nodes, keys, the search by typing, and the decisions of a drag.
+// The common part of the tree views: nodes, keys, type-ahead search, and the drop rules of a drag.
 
 #include "platform/UiTreeView.h"
 
@@ -14,14 +14,14 @@ namespace nesk::platform {
 
 namespace {
 
-// Nobody looks at more levels than that at once, and controls follow expanded levels on the machine stack.
+// Nobody views more levels at once, and the controls recurse over expanded levels on the stack.
 constexpr std::size_t MostLevelsExpanded = 200;
 
 constexpr int ScrollMilliseconds = 50;
 constexpr int DragTickMilliseconds = 60;
-constexpr int TicksBeforeOpening = 12; // of a submenu over which something is held
+constexpr int TicksBeforeOpening = 12; // held over a collapsed entry before it opens
 
-// Whether a key goes to another row by itself.
+// True for keys that move to another row.
 bool IsNavigation(int key) {
     switch (key) {
     case WXK_UP:
@@ -52,7 +52,7 @@ TreeView::TreeView() {
 TreeView::~TreeView() = default;
 
 wxSize TreeView::ImageSize() {
-    // A little higher than a line of text, and even, so that edges stay sharp at half the size.
+    // Slightly higher than a line of text, and even, so that edges stay sharp at half the size.
     const int side = std::max(20, (Window().ToDIP(Window().GetCharHeight()) * 5 / 4 + 1) / 2 * 2);
     return {side, side};
 }
@@ -233,12 +233,12 @@ void TreeView::OnKeyDown(wxKeyEvent& event) {
     if (m_edited != nullptr || !plain || m_root == nullptr) return event.Skip();
     const int key = event.GetKeyCode();
     if (key == WXK_F10 && event.ShiftDown()) return ReportContextMenu(wxDefaultPosition);
-    // What was typed was not found: Enter would open whatever is selected instead.
+    // After a search without a match, Enter would open the selected entry, which the user did not search for.
     if ((key == WXK_RETURN || key == WXK_NUMPAD_ENTER) && m_typeAhead.HasMissed()) {
         m_typeAhead.Reset();
         return wxBell();
     }
-    // Controls take these keys for commands of their own before they make characters of them.
+    // The controls would handle these keys as their own commands before they become characters.
     switch (key) {
     case WXK_SPACE: return TypeText(" ");
     case WXK_NUMPAD_ADD: return TypeText("+");
@@ -251,7 +251,7 @@ void TreeView::OnKeyDown(wxKeyEvent& event) {
     if (event.GetModifiers() != 0 || !isArrow || !OnCommandKey(key)) event.Skip();
 }
 
-// The keys that open, close and go up and down the levels. False for any other key.
+// Handles the keys that expand, collapse and change the level. Returns false for any other key.
 bool TreeView::OnCommandKey(int key) {
     TreeNode* const node = Selected();
     if (node == nullptr) return false;
@@ -282,7 +282,7 @@ bool TreeView::OnCommandKey(int key) {
 void TreeView::OnChar(wxKeyEvent& event) {
     const auto key = static_cast<char32_t>(event.GetUnicodeKey());
     const int modifiers = event.GetModifiers() & ~wxMOD_SHIFT;
-    // AltGr, which types characters, is both.
+    // AltGr types characters and reports both Ctrl and Alt.
     const bool types = modifiers == 0 || modifiers == (wxMOD_CONTROL | wxMOD_ALT);
     constexpr char32_t FirstPrintable = 0x20, Delete = 0x7F;
     if (m_edited != nullptr || !types || m_root == nullptr || key < FirstPrintable || key == Delete)
@@ -305,7 +305,7 @@ void TreeView::GoTo(TreeNode* node) {
     EnsureVisible(*node);
 }
 
-// --- what views report ---
+// --- reports of the native control ---
 
 void TreeView::ReportSelection() {
     if (!IsQuiet() && on.selectionChanged) on.selectionChanged();
@@ -330,7 +330,7 @@ void TreeView::ReportContextMenu(wxPoint screen) {
         const wxPoint at = Window().ScreenToClient(screen);
         return on.contextMenu(RowAt(at), at);
     }
-    // By the keyboard: at the row that it is about. A control may scroll no sooner than it is painted next.
+    // Opened by keyboard: show the menu at the selected row. A control may scroll only at its next paint.
     TreeNode* const node = Selected();
     if (node != nullptr) EnsureVisible(*node);
     if (node != nullptr && RowRect(*node).IsEmpty())
@@ -369,14 +369,14 @@ TreeDrop TreeView::DropAt(wxPoint point, bool copies) const {
     const wxRect row = RowRect(*drop.node);
     const int y = point.y - row.y;
     const bool into = on.mayDrop(m_dragged, drop);
-    // What takes others in has a middle for that; what does not has two halves.
+    // In a row that accepts the nodes, the middle half means On; any other row has only Before and After.
     const int edge = into ? row.height / 4 : row.height / 2;
     if (y < edge || drop.node->Parent() == nullptr)
         drop.where = drop.node->Parent() == nullptr ? TreeDrop::Where::On : TreeDrop::Where::Before;
     else if (y >= row.height - edge)
         drop.where = TreeDrop::Where::After;
     if (drop.where == TreeDrop::Where::On) return into ? drop : TreeDrop{};
-    // Below an open submenu lies its first child.
+    // The row below an expanded entry is its first child.
     if (drop.where == TreeDrop::Where::After && drop.node->IsExpanded() && drop.node->ChildCount() > 0)
         drop = {&drop.node->Child(0), TreeDrop::Where::Before, copies};
     if (std::any_of(m_dragged.begin(), m_dragged.end(), isWithin)) return {};
@@ -422,7 +422,7 @@ void TreeView::EndDrag() {
     m_dragged.clear();
 }
 
-// While something is held near an edge the view scrolls; a submenu under it opens after a while.
+// Scrolls while the pointer is near an edge, and expands the entry under the pointer after a delay.
 void TreeView::OnDragTimer() {
     const int height = Window().GetClientSize().y;
     const int edge = Window().GetCharHeight();

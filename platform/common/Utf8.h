@@ -4,24 +4,25 @@
 #include <string>
 #include <string_view>
 
-/// Characters of UTF-8 text.
+/// Encoding and decoding of UTF-8.
 namespace nesk::platform::common {
 
-/// A byte from 80 that is no character's is kept as the private character of this number and the byte.
+/// A byte of 0x80 or above that is not part of a valid character is kept as the private character EscapeBase
+/// + byte.
 constexpr char32_t EscapeBase = 0x10FE00;
 
-/// Length in bytes of the well-formed character at the front of `text`, which is not empty; 0 when there is
-/// none.
+/// Length in bytes of the well-formed character at the start of `text`, which must not be empty; 0 when the
+/// text does not start with a well-formed character.
 std::size_t Utf8Length(std::string_view text);
 
-/// The code point of a well-formed character, given its bytes.
+/// The code point of one well-formed character.
 char32_t Utf8Decode(std::string_view character);
 
 /// Appends a code point.
 void Utf8Append(std::string& text, char32_t character);
 
-/// Well-formed text of bytes that should be UTF-8: those that are not, and those of characters that would be
-/// taken for kept bytes, are kept as EscapeBase says.
+/// Makes well-formed UTF-8 of bytes that should be UTF-8. Invalid bytes are escaped with EscapeBase; so are
+/// the bytes of characters that would look like escaped bytes.
 std::string Utf8FromBytes(std::string_view bytes);
 
 } // namespace nesk::platform::common
