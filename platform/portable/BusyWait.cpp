@@ -20,7 +20,7 @@ public:
 SystemClock systemClock;
 BusyClock* clockInUse = &systemClock;
 
-// Most programs are done in a few milliseconds, so the first waits are short.
+// Waiting times in milliseconds. Most programs release the lock quickly, so the first waits are short.
 constexpr std::array Waits{1, 2, 5, 10, 15, 20, 25, 25, 25, 50, 50, 100};
 
 milliseconds WaitBefore(int attempt) {

@@ -4,31 +4,30 @@
 
 namespace nesk::platform::portable {
 
-/// How long a request waits for another program that keeps the registry's database locked, in milliseconds.
+/// How long a request waits while another program holds a lock on the registry's database.
 constexpr std::chrono::milliseconds BusyTimeout{5000};
 
-/// The clock that the registry uses when another program keeps its database locked.
+/// The clock used for waiting while another program holds a lock on the registry's database.
 class BusyClock {
 public:
     virtual ~BusyClock() = default;
 
-    /// The time now. It never goes back.
+    /// The current time of a monotonic clock.
     virtual std::chrono::steady_clock::time_point Now() = 0;
 
-    /// Waits.
     virtual void Sleep(std::chrono::milliseconds time) = 0;
 };
 
-/// The clock in use: the system's, unless a test replaced it.
+/// The clock in use: the system's clock, unless a test replaced it.
 BusyClock& TheBusyClock();
 
-/// Uses another clock from now on. The caller keeps it alive until the next call.
-/// @param clock  null for the system's
+/// Replaces the clock. The caller keeps the new clock alive until the next call.
+/// @param clock  null for the system's clock
 void UseBusyClock(BusyClock* clock);
 
-/// Waits for another program before a request is tried again, longer from time to time.
-/// @param attempt  how many times the request has been tried again already
-/// @return false when the request has waited for BusyTimeout, so that it fails
+/// Waits before a request to a locked database is retried. Later retries wait longer.
+/// @param attempt  number of earlier retries of the request
+/// @return false when the request has waited for BusyTimeout and must fail
 bool WaitForOtherProgram(int attempt);
 
 } // namespace nesk::platform::portable

@@ -14,7 +14,7 @@ struct ConverterCloser {
 };
 using Converter = std::unique_ptr<UConverter, ConverterCloser>;
 
-// The converter whose table is the one of Windows; null for a code page that is not known.
+// The name of the converter with the same table as Windows; null for an unknown code page.
 const char* ConverterName(int codePage) {
     switch (codePage) {
     case 874: return "windows-874-2000";
@@ -38,7 +38,7 @@ const char* ConverterName(int codePage) {
 Converter OpenConverter(int codePage) {
     UErrorCode error = U_ZERO_ERROR;
     Converter converter(ucnv_open(ConverterName(codePage), &error));
-    // What has no exact counterpart is to be reported, never replaced by something that looks alike.
+    // Characters without an exact counterpart must be reported, not replaced by similar ones.
     ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
     ucnv_setFromUCallBack(converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
     if (U_FAILURE(error)) return nullptr;
@@ -46,7 +46,7 @@ Converter OpenConverter(int codePage) {
     return converter;
 }
 
-// The character that the whole of `bytes` stands for; 0 when there is none.
+// The character encoded by the whole of `bytes`; 0 when they do not encode one character.
 char16_t DecodeWhole(UConverter* converter, std::string_view bytes) {
     UErrorCode error = U_ZERO_ERROR;
     const char* at = bytes.data();
@@ -57,7 +57,7 @@ char16_t DecodeWhole(UConverter* converter, std::string_view bytes) {
     return static_cast<char16_t>(character);
 }
 
-// The code that the converter writes for a character; 0 when it writes none.
+// The code of a character in the converter's code page; 0 when it has none.
 std::uint16_t EncodeOne(UConverter* converter, char16_t character) {
     UErrorCode error = U_ZERO_ERROR;
     std::array<char, 4> bytes{};
@@ -73,7 +73,7 @@ std::uint16_t EncodeOne(UConverter* converter, char16_t character) {
 
 CodePageTable::CodePageTable(int codePage) : m_codePage(codePage), m_codes(0x10000) {
     const Converter converter = OpenConverter(codePage);
-    // Without its converter every byte from 0x80 up is one that cannot be decoded, and nothing is lost.
+    // Without a converter, no byte from 0x80 up can be decoded. Such bytes are escaped, so nothing is lost.
     if (!converter) return;
     const bool hasDoubles = ucnv_getMaxCharSize(converter.get()) > 1;
     if (hasDoubles) m_doubles.resize(std::size_t{128} * 256);

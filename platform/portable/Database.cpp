@@ -9,12 +9,12 @@ namespace nesk::platform::portable {
 
 namespace {
 
-// SQLite calls this when another program keeps the database locked, and tries again unless the answer is 0.
+// SQLite calls this while another program has locked the database, and tries again unless the result is 0.
 int OnBusy(void* /*context*/, int attempt) {
     return WaitForOtherProgram(attempt) ? 1 : 0;
 }
 
-// The name under which a file is opened that nobody changes meanwhile.
+// The URI that opens a file as immutable, that is, without locks and change detection.
 std::string UnchangingUri(const std::filesystem::path& file) {
     std::string uri = "file:";
     for (const char c : file.string()) {
@@ -45,10 +45,10 @@ int ErrorFromSqlite(int code) {
     case SQLITE_AUTH:
     case SQLITE_CANTOPEN: return ErrorCode::AccessDenied;
     case SQLITE_NOTADB: return ErrorCode::BadDatabase;
-    // A statement that does not fit the tables means that the tables are not ours.
+    // A statement that does not match the tables: the database was made by another program.
     case SQLITE_ERROR: return ErrorCode::BadDatabase;
     case SQLITE_CORRUPT: return ErrorCode::RegistryCorrupt;
-    // The one constraint that a statement can break is that of a value's key.
+    // The only constraint that a statement can violate is the foreign key of a value.
     case SQLITE_CONSTRAINT: return ErrorCode::KeyDeleted;
     case SQLITE_FULL: return ErrorCode::DiskFull;
     case SQLITE_NOMEM: return ErrorCode::OutOfMemory;
@@ -66,8 +66,8 @@ int Database::Open(const std::filesystem::path& file, bool create) {
     const int code = Connect(file.c_str(), SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0));
     if (code != SQLITE_OK || !IsReadOnly()) return ErrorFromSqlite(code);
 
-    // A database with a write-ahead log needs files beside it even for reading. Where they cannot be made
-    // nobody writes, and the database can be read as a file that does not change.
+    // A database with a write-ahead log needs additional files even for reading. Where they cannot be
+    // created, no program can write, so the database can be opened as an immutable file.
     const int read = sqlite3_exec(m_handle, "PRAGMA schema_version", nullptr, nullptr, nullptr);
     const bool refused = (read & 0xFF) == SQLITE_CANTOPEN || (read & 0xFF) == SQLITE_READONLY;
     if (!refused || std::filesystem::exists(file.string() + "-wal", error)) return ErrorFromSqlite(read);
@@ -128,7 +128,7 @@ Statement& Statement::Bind(std::string_view text) {
 }
 
 Statement& Statement::BindBlob(std::string_view bytes) {
-    // A null pointer would be stored as NULL and not as nothing.
+    // SQLite would store a null pointer as NULL and not as an empty value.
     const char* data = bytes.empty() ? "" : bytes.data();
     Check(sqlite3_bind_blob64(m_statement, ++m_parameter, data, bytes.size(), SQLITE_STATIC));
     return *this;
@@ -139,7 +139,7 @@ int Statement::Step(bool& row) {
     if (m_code != SQLITE_OK || m_statement == nullptr) return ErrorFromSqlite(m_code);
     const int code = sqlite3_step(m_statement);
     row = code == SQLITE_ROW;
-    // What is left open would keep other programs from writing.
+    // A statement that is not reset would block writes of other programs.
     if (!row) sqlite3_reset(m_statement);
     return ErrorFromSqlite(code);
 }

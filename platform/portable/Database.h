@@ -11,10 +11,10 @@ struct sqlite3_stmt;
 
 namespace nesk::platform::portable {
 
-/// The result code (ErrorCode.h) that belongs to a code of SQLite.
+/// The result code (ErrorCode.h) of an SQLite result code.
 int ErrorFromSqlite(int code);
 
-/// A connection to a database file. Operations answer with result codes.
+/// A connection to a database file. Operations return result codes.
 class Database {
 public:
     Database() = default;
@@ -22,16 +22,16 @@ public:
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    /// Opens a file for reading and writing, or only for reading where nothing else is allowed.
-    /// @param create  creates a file that is missing; otherwise that is FileNotFound
+    /// Opens a file for reading and writing, or read-only when writing is not allowed.
+    /// @param create  true creates a missing file; false returns FileNotFound for it
     int Open(const std::filesystem::path& file, bool create);
 
     bool IsReadOnly() const;
 
-    /// Runs statements that return nothing.
+    /// Runs statements that return no rows.
     int Execute(const char* sql);
 
-    /// Whether a transaction is open.
+    /// True while a transaction is open.
     bool InTransaction() const;
 
     sqlite3* Handle() const { return m_handle; }
@@ -45,16 +45,16 @@ private:
 /// A prepared statement; resets itself before each use.
 class Statement {
 public:
-    /// A failure shows itself in the first Step.
+    /// A preparation error is reported by the first Step.
     Statement(Database& database, const char* sql);
     ~Statement();
     Statement(const Statement&) = delete;
     Statement& operator=(const Statement&) = delete;
 
-    /// Starts a new use: drops results and parameters.
+    /// Starts a new use: clears results and parameters.
     Statement& Start();
     Statement& Bind(std::int64_t value);
-    /// The text must live until the statement is started again.
+    /// The text must remain valid until the next Start.
     Statement& Bind(std::string_view text);
     Statement& BindBlob(std::string_view bytes);
 
@@ -75,7 +75,7 @@ private:
     int m_code = 0;
 };
 
-/// A transaction that writes; taken back unless it was committed. Within another one it is a step of that.
+/// A write transaction; rolled back unless it is committed. Within another transaction it is a savepoint.
 class WriteTransaction {
 public:
     explicit WriteTransaction(Database& database);
@@ -83,7 +83,7 @@ public:
     WriteTransaction(const WriteTransaction&) = delete;
     WriteTransaction& operator=(const WriteTransaction&) = delete;
 
-    /// Success when the transaction could be started.
+    /// Success when the transaction has started.
     int Result() const { return m_result; }
     int Commit();
 

@@ -2,7 +2,7 @@
 
 namespace nesk::platform {
 
-// No system but Windows shows boxes by itself.
+// Only Windows shows such error boxes.
 void SuppressSystemBoxes() {}
 
 } // namespace nesk::platform

@@ -10,7 +10,7 @@ bool IsLetter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
-// A pattern that matches in either case. Extensions are ASCII; other letters are left as they are.
+// A pattern that matches letters in either case. Extensions are ASCII; other letters are unchanged.
 std::string WithoutCase(std::string_view pattern) {
     if (pattern == "*.*") return "*";
     std::string result;

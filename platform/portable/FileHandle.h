@@ -21,7 +21,7 @@ public:
     explicit operator bool() const { return m_descriptor >= 0; }
     int Get() const { return m_descriptor; }
 
-    /// Closes the descriptor; 0, or -1 with errno set. Closing twice does nothing.
+    /// Closes the descriptor; returns 0, or -1 with errno set. Closing twice does nothing.
     int Close() {
         const int descriptor = std::exchange(m_descriptor, -1);
         return descriptor >= 0 ? ::close(descriptor) : 0;

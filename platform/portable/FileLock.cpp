@@ -25,8 +25,9 @@ bool IsUnder(const FileHandle& handle, const std::filesystem::path& file) {
 int CreateLocked(const std::filesystem::path& file, FileHandle& handle) {
     FileHandle made(::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
     if (!made) return errno;
-    // A file that cannot be locked is never taken for abandoned, unless it is locked already: by somebody who
-    // has found it before it was held and is about to delete it.
+    // If locking fails, the file is never deleted as abandoned, so it can be used. The exception is a file
+    // that is already locked: another program found it between its creation and the lock, and is about to
+    // delete it.
     const bool locked = Lock(made);
     if ((!locked && errno == EWOULDBLOCK) || !IsUnder(made, file)) return EEXIST;
     handle = std::move(made);
@@ -37,8 +38,7 @@ int RemoveUnlocked(const std::filesystem::path& file) {
     const FileHandle handle(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     if (!handle) return errno;
     struct stat status {};
-    // Whoever made the file may be between its last two looks: the one under the name must be the one that is
-    // locked here.
+    // Another file may have taken the name since this one was opened: only the locked file may be deleted.
     if (::fstat(handle.Get(), &status) != 0 || !S_ISREG(status.st_mode) || !Lock(handle) ||
         !IsUnder(handle, file))
         return EBUSY;

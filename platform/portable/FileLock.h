@@ -4,15 +4,15 @@
 
 #include <filesystem>
 
-/// Files that show whether the program that made them still works on them: it holds a lock on them, which the
-/// system takes away when the program ends in whatever way. Both answer with 0 or an errno.
+/// File locks that show whether the program that created a file still uses it. The system releases the lock
+/// when the program ends for any reason. Both functions return 0 or an errno value.
 namespace nesk::platform::portable {
 
-/// Creates a file that must not exist yet, readable and writable by its owner alone, and holds it until the
-/// last descriptor of it is closed. EEXIST when it exists.
+/// Creates a file that must not exist yet, readable and writable by its owner alone. The file is locked until
+/// its last descriptor is closed. EEXIST when the file exists.
 int CreateLocked(const std::filesystem::path& file, FileHandle& handle);
 
-/// Deletes a file that nobody holds. EBUSY when somebody does, or when the file system knows no locks.
+/// Deletes a file that is not locked. EBUSY when it is locked or the file system does not support locks.
 int RemoveUnlocked(const std::filesystem::path& file);
 
 } // namespace nesk::platform::portable

@@ -17,7 +17,7 @@ constexpr std::string_view EscapeLead = "\xF4\x8F";
 
 bool IsEscape(std::string_view sequence) {
     if (sequence.size() != 4 || !sequence.starts_with(EscapeLead)) return false;
-    // Bytes below 80 are never escaped; a "/" that came in this way would lead elsewhere.
+    // Bytes below 0x80 are never escaped. An escaped "/" would lead to another folder.
     const auto third = static_cast<unsigned char>(sequence[2]);
     return third == 0xBA || third == 0xBB;
 }
@@ -57,7 +57,7 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
     const std::string upperPattern = ToUpper(pattern);
     std::string_view n = upperName;
     std::string_view p = upperPattern;
-    // Where to resume when the text after the last "*" does not fit.
+    // Position to resume from when the text after the last "*" does not match.
     bool haveStar = false;
     std::string_view starPattern;
     std::string_view starName;

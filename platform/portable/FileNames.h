@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-/// File names between the host, where they are bytes, and the program, where they are UTF-8.
+/// Conversion of file names between the host, where they are bytes, and the program, where they are UTF-8.
 namespace nesk::platform::portable {
 
 /// Turns the bytes of a host file name into UTF-8. A byte that is not UTF-8 becomes U+10FE00 + byte.
@@ -12,9 +12,8 @@ std::string NameFromHost(std::string_view bytes);
 /// The reverse of NameFromHost.
 std::string NameToHost(std::string_view name);
 
-/// True when `name` matches `pattern`, in which "*" is any text and "?" any character, without regard to
-/// case.
-/// "*.*" matches every name, as on Windows.
+/// True when `name` matches `pattern`, in which "*" is any text and "?" any character, compared without
+/// regard to case. "*.*" matches every name, as on Windows.
 bool MatchesPattern(std::string_view name, std::string_view pattern);
 
 } // namespace nesk::platform::portable

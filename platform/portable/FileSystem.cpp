@@ -37,52 +37,56 @@ std::uint32_t AttributesOf(const struct stat& status, std::string_view name) {
     return attributes != 0 ? attributes : FileAttribute::Normal;
 }
 
-// Who may read, write and execute. The bits above them would give a program its owner's rights.
+// The rights to read, write and execute. The higher bits (set-user-ID) would run a program with its owner's
+// rights.
 constexpr mode_t AccessRights = 0777;
 
-// Gives a file the owner, the group and the access rights of another, as far as the user may.
-// @param own      sets owner and group, -1 for as it is; answers as chown does
-// @param protect  sets access rights; answers as chmod does
+// Copies the owner, the group and the access rights of a file to another, as far as the user's privileges
+// allow.
+// @param own      sets owner and group, where -1 keeps the current one; returns the result of chown
+// @param protect  sets access rights; returns the result of chmod
 template <typename Own, typename Protect>
 int TakeOverRights(const struct stat& from, Own own, Protect protect) {
     mode_t rights = from.st_mode & AccessRights;
-    // Only root may give files away, and everybody else to his own groups alone.
+    // Only root may change the owner; other users may only choose among their own groups.
     if (own(from.st_uid, from.st_gid) != 0 && own(static_cast<uid_t>(-1), from.st_gid) != 0) {
         if (errno != EPERM) return ErrorFromErrno(errno, ErrorCode::WriteFault);
-        // What the one group might do is not for another: it gets what everybody has.
+        // The rights of the original group must not pass to another group, which gets only what everybody
+        // has.
         rights &= ~static_cast<mode_t>(S_IRWXG) | (rights & S_IRWXO) << 3;
     }
     return protect(rights) != 0 ? ErrorFromErrno(errno, ErrorCode::WriteFault) : ErrorCode::Success;
 }
 
-// A missing file in a missing directory is "path not found", as Windows tells the two apart.
+// A missing file in a missing directory is "path not found", as on Windows.
 int MissingCode(const fs::path& host, int error) {
     struct stat status {};
     if (error == ENOENT && ::stat(host.parent_path().c_str(), &status) != 0) return ErrorCode::PathNotFound;
     return ErrorFromErrno(error, ErrorCode::ReadFault);
 }
 
-// Why a folder cannot be searched. One that is missing and a file in its place are both "path not found".
+// The result code of a folder that cannot be searched. A missing folder and a file in its place are both
+// "path not found".
 int FolderCode(int error) {
     return error == ENOENT ? ErrorCode::PathNotFound : ErrorFromErrno(error, ErrorCode::PathNotFound);
 }
 
-// Whether a host path is the folder that stands for a drive. Nearly all names are longer than a letter, and
-// need no comparison of paths.
+// True when a host path is the folder of a drive. Nearly all names are longer than one letter, so the paths
+// are rarely compared.
 bool IsDriveFolder(const fs::path& host) {
     const std::string& name = host.native();
     return name.size() > 2 && name[name.size() - 2] == '/' &&
            host.parent_path() == portable::StationFolder() / "drives";
 }
 
-// The host's file of a Windows path, or why the path can name none.
+// Finds the host file of a Windows path. Returns an error when the path cannot name a file.
 int Locate(const std::string& path, fs::path& host) {
     host = ToHostPath(path);
     if (host.empty()) return ErrorCode::PathNotFound;
     const bool drive = path.size() >= 2 && path[1] == ':';
-    // The host's own files may have any name.
+    // File names on the host are not restricted.
     if (drive && (path[0] == 'Z' || path[0] == 'z')) return ErrorCode::Success;
-    // No drive has such a name; a file of drive C: must not get it instead.
+    // There is no drive of that name; the path must not lead to a file on drive C: instead.
     const char lower = static_cast<char>(path[0] | 0x20);
     if (drive && (lower < 'a' || lower > 'z')) return ErrorCode::PathNotFound;
     const std::string_view names = std::string_view(path).substr(drive ? 2 : 0);
@@ -91,31 +95,31 @@ int Locate(const std::string& path, fs::path& host) {
     };
     if (std::any_of(names.begin(), names.end(), isForbidden)) return ErrorCode::InvalidName;
     struct stat status {};
-    // A drive that is not there is neither read nor made.
+    // A missing drive is neither read nor created.
     if (IsDriveFolder(host) && ::stat(host.c_str(), &status) != 0) return ErrorCode::PathNotFound;
-    // Only a folder may be named with a separator behind it.
+    // Only a folder may have a trailing separator.
     if ((path.back() == '\\' || path.back() == '/') && ::stat(host.c_str(), &status) == 0 &&
         !S_ISDIR(status.st_mode))
         return ErrorCode::InvalidName;
     return ErrorCode::Success;
 }
 
-// Where a link leads to, so that replacing a linked file replaces the file and keeps the link.
+// The target of a link. Replacing a linked file then replaces its target and keeps the link.
 fs::path FinalPath(const fs::path& host) {
     std::error_code error;
     fs::path real = fs::canonical(host, error);
     return error ? host : real;
 }
 
-// Brings the names in a folder to the disk. What they name has been renamed by then and is whole under either
-// name, so there is nothing to tell when this fails: in a folder that may not be read, or on a file system
-// that has no way to do it.
+// Flushes the entries of a folder to the disk. Errors are ignored: the file was renamed before and is
+// complete under either name. Flushing fails in folders without read permission and on file systems that do
+// not support it.
 void FlushFolder(const fs::path& folder) {
     const FileHandle handle(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (handle) ::fsync(handle.Get());
 }
 
-// Reads a file as long as it was when it was opened.
+// Reads a file up to the length that it had when it was opened.
 class HostReader final : public FileReader {
 public:
     HostReader(FileHandle handle, off_t length)
@@ -139,7 +143,7 @@ private:
 
 class HostWriter final : public FileWriter {
 public:
-    // What holds the file is the open file itself; a second descriptor keeps it open beyond Close.
+    // The lock belongs to the open file description; a second descriptor keeps it after Close.
     explicit HostWriter(FileHandle handle)
         : m_handle(std::move(handle)), m_hold(::fcntl(m_handle.Get(), F_DUPFD_CLOEXEC, 0)) {}
 
@@ -174,7 +178,7 @@ private:
     FileHandle m_hold;
 };
 
-// A search for a name without wildcards: it has one entry at the most.
+// A search for a name without wildcards, with at most one entry.
 class SingleSearch final : public DirectorySearch {
 public:
     int Next(DirectoryEntry&) override { return ErrorCode::NoMoreItems; }
@@ -196,7 +200,7 @@ public:
             std::string name = NameFromHost(found->d_name);
             if (!portable::MatchesPattern(name, m_pattern)) continue;
             struct stat status {};
-            // Of a folder nothing else is asked. A link that leads nowhere is an entry all the same.
+            // A folder needs no further query. A broken link is reported as an entry, too.
             if (found->d_type == DT_DIR)
                 status.st_mode = S_IFDIR;
             else if (::fstatat(::dirfd(m_directory.get()), found->d_name, &status, 0) != 0)
@@ -209,7 +213,7 @@ public:
     }
 
 private:
-    // Not every file system tells it with the name.
+    // Some file systems do not report the type of an entry with its name.
     bool IsLink(const dirent& entry) const {
         if (entry.d_type != DT_UNKNOWN) return entry.d_type == DT_LNK;
         struct stat status {};
@@ -265,7 +269,7 @@ public:
         reader.reset();
         fs::path host;
         if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
-        // Without O_NONBLOCK, opening a pipe that nobody writes to would hang the program.
+        // Without O_NONBLOCK, opening a pipe without a writer would block the program.
         FileHandle handle(::open(host.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
         if (!handle) return MissingCode(host, errno);
         struct stat status {};
@@ -310,8 +314,8 @@ public:
     }
 
     void GiveUsualRights(const std::string& path) override {
-        // The mask can only be read by setting it. A file that another thread makes in between is rather too
-        // well protected than too little.
+        // The mask can only be read by setting it. A file created by another thread in between gets too few
+        // rights rather than too many.
         const mode_t mask = ::umask(S_IRWXG | S_IRWXO);
         ::umask(mask);
         constexpr mode_t everybody = 0666;
@@ -356,7 +360,7 @@ public:
         struct stat status {};
         if (::stat(target.c_str(), &status) == 0) {
             if (S_ISDIR(status.st_mode)) return ErrorCode::AccessDenied;
-            // A rename would not care that the file is write-protected, but whoever protected it does.
+            // A rename ignores write protection of the file, but the user who set it expects it to count.
             if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) return ErrorCode::AccessDenied;
         }
         if (::rename(source.c_str(), target.c_str()) != 0) return MissingCode(target, errno);
@@ -365,8 +369,8 @@ public:
     }
 
 private:
-    // Renames a file to a name that must be free; -1 and errno when it is not. File systems that cannot be
-    // asked for that know second names of a file instead.
+    // Renames a file to a name that must not exist; returns -1 and errno when it exists. On file systems
+    // without RENAME_NOREPLACE a hard link is used.
     static int RenameToNew(const fs::path& from, const fs::path& to) {
         if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
         if (errno != EINVAL && errno != ENOSYS) return -1;
@@ -387,8 +391,8 @@ private:
         return ErrorCode::Success;
     }
 
-    // Creates the file that a copy is made in; an errno or 0. One that was left by a program that was killed
-    // is removed, one that another program works on is left alone.
+    // Creates the temporary file for a copy; returns 0 or an errno value. A file left by a killed program is
+    // deleted; a file in use by another program is skipped.
     static int CreateBeside(const fs::path& target, fs::path& temporary, FileHandle& handle) {
         constexpr int Names = 100;
         int error = EEXIST;

@@ -13,7 +13,7 @@ namespace nesk::platform {
 
 namespace {
 
-// There is one help window, as on Windows: what is shown next takes the place of what is shown now.
+// One help window, as on Windows: showing a topic replaces the previous one.
 portable::ViewerProcess& Viewer() {
     static portable::ViewerProcess viewer;
     return viewer;
@@ -41,7 +41,7 @@ HelpResult ShowHtmlHelp(void*, const std::string& file, unsigned command, std::u
     case 0: return HelpResult::Shown;
     case ENOENT:
     case ENOTDIR:
-    // A program of the name that may not be run is none.
+    // A program without execute permission counts as missing.
     case EACCES: return HelpResult::ViewerMissing;
     default: return HelpResult::Failed;
     }

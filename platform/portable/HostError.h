@@ -2,7 +2,7 @@
 
 namespace nesk::platform::portable {
 
-/// The result code (ErrorCode.h) that belongs to an errno value; `fallback` for one without a counterpart.
+/// The result code (ErrorCode.h) of an errno value; `fallback` for a value without a counterpart.
 int ErrorFromErrno(int error, int fallback);
 
 } // namespace nesk::platform::portable

@@ -35,7 +35,7 @@ fs::path DriveFolder(char letter) {
     return StationFolder() / "drives" / std::string(1, lower);
 }
 
-// Windows drops the dots and blanks that end a name.
+// Windows removes dots and spaces at the end of a name.
 std::string_view WithoutTrailingDots(std::string_view name) {
     while (!name.empty() && (name.back() == '.' || name.back() == ' '))
         name.remove_suffix(1);
@@ -68,7 +68,8 @@ std::string Below(const std::string& folder, std::string_view name) {
     return path;
 }
 
-// The entry of `folder` that equals `name` apart from case; the name as given when there is none.
+// The entry of `folder` that equals `name` without regard to case; the given name when there is no such
+// entry.
 std::string FindEntry(const std::string& folder, std::string_view name) {
     struct stat status {};
     std::string exact = Below(folder, NameToHost(name));
@@ -92,12 +93,12 @@ std::string LookUp(std::string_view path) {
     return host;
 }
 
-// The folder that was looked up last and those above it. One file after the other is asked for in the same
-// folder or in its neighbours, and each level costs a call of the system. The host's paths are texts here:
-// the library's paths keep each of their names by itself, which takes longer than the system's calls.
+// A cache of the last folder that was looked up and its ancestors. Successive files are usually in the same
+// folder or a nearby one, and each level costs a system call. Host paths are strings here:
+// std::filesystem::path stores each name separately, which takes longer than the system calls.
 class KnownFolders {
 public:
-    // The folder of a path that ends with a separator and has no "..".
+    // Finds the folder of a path that ends with a separator and does not contain "..".
     std::string Find(std::string_view path) {
         Forget(path);
         struct stat status {};
@@ -121,15 +122,15 @@ public:
     }
 
 private:
-    // Deeper ones are looked up anew each time.
+    // Deeper levels are looked up each time.
     static constexpr std::size_t MostLevels = 32;
 
     struct Level {
-        std::size_t length; // of its part of m_path
+        std::size_t length; // length of its part of m_path
         std::string host;
     };
 
-    // Leaves only what is above `path` as well.
+    // Keeps only the levels that `path` shares.
     void Forget(std::string_view path) {
         const auto difference = std::mismatch(path.begin(), path.end(), m_path.begin(), m_path.end()).first;
         const auto same = static_cast<std::size_t>(difference - path.begin());

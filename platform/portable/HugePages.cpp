@@ -9,7 +9,7 @@ namespace nesk::platform {
 namespace {
 
 constexpr std::size_t Page = 4096;
-// What the processors of nearly all machines can take in the place of many small pages.
+// The size of a large page on nearly all processors.
 constexpr std::size_t LargePage = std::size_t{1} << 21;
 constexpr std::size_t WorthAsking = std::size_t{1} << 20;
 
@@ -20,8 +20,8 @@ void* AllocateHugePages(std::size_t size) {
     const std::size_t rounded = (size + page - 1) / page * page;
     void* const block = size < WorthAsking ? std::malloc(size) : std::aligned_alloc(page, rounded);
     if (block == nullptr) throw std::bad_alloc();
-    // The system would be entered anew for each page of a large one that is first written. One that does not
-    // know this goes on as if it had not been asked.
+    // Without this call, the first write to each page would enter the kernel. A system that does not support
+    // the call ignores it.
     if (size < WorthAsking) return block;
 #ifdef MADV_HUGEPAGE
     if (page == LargePage) ::madvise(block, rounded, MADV_HUGEPAGE);

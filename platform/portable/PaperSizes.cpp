@@ -14,7 +14,7 @@ struct Paper {
 
 constexpr std::array Papers = {
     Paper{1, "na_letter"},       Paper{2, "na_letter"}, // small
-    Paper{3, "na_ledger"},       Paper{4, "na_ledger"}, // the other way round
+    Paper{3, "na_ledger"},       Paper{4, "na_ledger"}, // rotated
     Paper{5, "na_legal"},        Paper{6, "na_invoice"},
     Paper{7, "na_executive"},    Paper{8, "iso_a3"},
     Paper{9, "iso_a4"},          Paper{10, "iso_a4"}, // small

@@ -14,7 +14,7 @@ namespace {
 constexpr std::int64_t SchemaVersion = 1;
 constexpr std::size_t LongestKeyName = 255;
 
-// Subkeys come in the order of their upper-cased names, values in that in which they were first written.
+// Subkeys are in the order of their upper-cased names, values in the order in which they were first written.
 constexpr const char* Schema = R"(
 CREATE TABLE keys(
   id INTEGER PRIMARY KEY AUTOINCREMENT,
@@ -47,7 +47,7 @@ int ReadVersion(Database& database, std::int64_t& version) {
     return ReadNumber(database, "PRAGMA user_version", version);
 }
 
-// Makes the tables of a new store. Another program may be about to do the same.
+// Creates the tables of a new store. Another program may be doing the same.
 int MakeTables(Database& database) {
     WriteTransaction transaction(database);
     if (transaction.Result() != ErrorCode::Success) return transaction.Result();
@@ -58,22 +58,22 @@ int MakeTables(Database& database) {
     if (const int result = ReadNumber(database, "SELECT count(*) FROM sqlite_master", tables);
         result != ErrorCode::Success)
         return result;
-    // A database with tables and without our version is somebody else's.
+    // A database with tables but without our version was made by another program.
     if (tables != 0) return ErrorCode::BadDatabase;
     if (const int result = database.Execute(Schema); result != ErrorCode::Success) return result;
     return transaction.Commit();
 }
 
-// Nothing is changed before it is known that the store is ours.
+// Checks that the store is ours before it changes anything.
 int Prepare(Database& database) {
     std::int64_t version = 0;
     if (const int result = ReadVersion(database, version); result != ErrorCode::Success) return result;
     if (version != 0 && version != SchemaVersion) return ErrorCode::BadDatabase;
     if (version == 0)
         if (const int result = MakeTables(database); result != ErrorCode::Success) return result;
-    // With a write-ahead log a program that is killed at any moment leaves what was committed, and readers
-    // and the writer of another program do not wait for each other. NORMAL can lose the last writes to a
-    // power cut, never the store.
+    // With a write-ahead log, committed data survives a kill at any moment, and readers do not wait for a
+    // writer in another program or block it. NORMAL can lose the last writes in a power failure, but never
+    // damages the store.
     database.Execute("PRAGMA journal_mode = WAL");
     database.Execute("PRAGMA synchronous = NORMAL");
     return database.Execute("PRAGMA foreign_keys = ON");
@@ -173,7 +173,7 @@ int RegistryStore::MakeKey(std::int64_t parent, const std::string& path, std::in
 
 int RegistryStore::JoinGroup() {
     if (m_groups == 0) return ErrorCode::Success;
-    // A failure may have ended the transaction: what follows must not be stored without what came before.
+    // An error may have ended the transaction. Later writes must not be stored without the earlier ones.
     if (m_begun) return m_database.InTransaction() ? ErrorCode::Success : ErrorCode::WriteFault;
     if (m_joined != ErrorCode::Success) return m_joined;
     m_joined = m_database.Execute("BEGIN IMMEDIATE");
@@ -184,19 +184,20 @@ int RegistryStore::JoinGroup() {
 int RegistryStore::EndGroup() {
     if (--m_groups > 0 || !m_begun) return ErrorCode::Success;
     m_begun = false;
-    // A full disk, for one, ends the transaction by itself and with it what was written before.
+    // Some errors, such as a full disk, roll the transaction back by themselves and discard its earlier
+    // writes.
     if (!m_database.InTransaction()) return ErrorCode::WriteFault;
     return Commit();
 }
 
-// One that fails must not stay open: what is stored later would go with it.
+// A failed transaction must not stay open: later writes would become part of it.
 int RegistryStore::Commit() {
     const int result = m_database.Execute("COMMIT");
     if (result != ErrorCode::Success) m_database.Execute("ROLLBACK");
     return result;
 }
 
-// When it cannot be begun, the values are read one by one.
+// If the transaction cannot begin, the values are read one by one.
 void RegistryStore::BeginReading() {
     if (!m_database.InTransaction()) m_isReading = m_database.Execute("BEGIN") == ErrorCode::Success;
 }
@@ -269,7 +270,7 @@ int RegistryStore::DeleteValue(std::int64_t key, const std::string& name) {
     const std::string folded = ToUpper(name);
     bool row = false;
     int result = m_deleteValue.Start().Bind(key).Bind(folded).Step(row);
-    // The row comes before the statement has done its work; it is finished by running it to its end.
+    // The row is returned before the statement is complete; stepping to the end completes the deletion.
     bool more = row;
     while (more && result == ErrorCode::Success)
         result = m_deleteValue.Step(more);

@@ -8,22 +8,22 @@
 
 namespace nesk::platform::portable {
 
-/// A value as it is stored.
+/// A stored value.
 struct StoredValue {
     std::string name;
     std::uint32_t type = 0;
-    std::string data; ///< text types in UTF-8, others as they were written
+    std::string data; ///< text types in UTF-8, other types unchanged
 };
 
-/// The tables of keys and values in a station's registry.db. Names are UTF-8. Keys are known by row numbers
-/// that are never used twice; Root is the machine's settings. Operations answer with result codes
+/// The tables of keys and values in a station's registry.db. Names are UTF-8. Keys are identified by row
+/// numbers that are never reused; Root is the key of the machine's settings. Operations return result codes
 /// (ErrorCode.h).
 class RegistryStore {
 public:
     static constexpr std::int64_t Root = 0;
 
-    /// Opens the store. FileNotFound when it is missing and not to be created; BadDatabase when it is none of
-    /// ours.
+    /// Opens the store. FileNotFound when it is missing and `create` is false; BadDatabase when the file is
+    /// not such a store.
     static int Open(const std::filesystem::path& file, bool create, std::unique_ptr<RegistryStore>& store);
 
     bool IsReadOnly() const { return m_database.IsReadOnly(); }
@@ -31,24 +31,25 @@ public:
     /// Success when the key exists, KeyDeleted when it does not.
     int CheckKey(std::int64_t key);
 
-    /// The key at a path below another; empty levels are skipped.
+    /// Finds the key at a path below another key; empty levels are skipped.
     int FindKey(std::int64_t parent, const std::string& path, std::int64_t& key);
 
-    /// As FindKey, creating what is missing. InvalidParameter for a level of over 255 characters.
+    /// Like FindKey, but creates missing keys. InvalidParameter for a level of over 255 characters.
     int MakeKey(std::int64_t parent, const std::string& path, std::int64_t& key);
 
-    /// From now on what is written is stored together by EndGroup. The transaction begins with the first
-    /// write, or where JoinGroup asks for it.
+    /// Begins a group: EndGroup stores all writes of the group together. The transaction begins with the
+    /// first write or with JoinGroup.
     void BeginGroup() {
         if (m_groups++ == 0) m_joined = 0;
     }
     int EndGroup();
 
-    /// Begins the transaction of a group, when there is one: nobody else writes from then on until its end.
-    /// When that fails, it fails for the rest of the group.
+    /// Begins the transaction of the current group, if any; other programs cannot write until its end. If
+    /// that fails, it fails for the rest of the group.
     int JoinGroup();
 
-    /// In between, what other programs write is not seen. Within the transaction of a group it never is.
+    /// Begins a consistent read: until EndReading, writes of other programs are not visible. They never are
+    /// within the transaction of a group.
     void BeginReading();
     void EndReading();
 
@@ -79,8 +80,8 @@ private:
     Statement m_writeValue;
     Statement m_deleteValue;
     int m_groups = 0;
-    bool m_begun = false; // the transaction of the group
-    int m_joined = 0;     // how beginning it went
+    bool m_begun = false; // the group's transaction has begun
+    int m_joined = 0;     // result code of beginning it
     bool m_isReading = false;
 };
 

@@ -13,8 +13,9 @@
 #include <unordered_map>
 #include <utility>
 
-// A library is a UTF-8 text file: a first line that names the format, then a line a string of number, tab and
-// text, in ascending order of the numbers. The text has "\n", "\t" and "\\" for new line, tab and backslash.
+// A library is a UTF-8 text file. The first line names the format. Each further line is one string: number,
+// tab and text, in ascending order of the numbers. In the text, "\n", "\t" and "\\" represent a line feed, a
+// tab and a backslash.
 
 namespace nesk::platform {
 
@@ -24,7 +25,7 @@ using Strings = std::unordered_map<std::uint32_t, std::string>;
 
 constexpr std::string_view formatLine = "NeskManager string table 1\n";
 
-// Far above a full block of the longest strings.
+// Far above the size of a full block of the longest strings.
 constexpr std::size_t maxFileSize = 16U << 20U;
 
 struct Modules {
@@ -51,7 +52,7 @@ std::optional<std::string> ReadWhole(const std::string& path) {
     }
 }
 
-// Length in bytes of the UTF-8 character at the start of a text that is not empty; 0 when it is malformed.
+// Length in bytes of the first UTF-8 character of a non-empty text; 0 when it is malformed.
 std::size_t CharacterLength(std::string_view text) {
     const auto byte = [text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
     const unsigned lead = byte(0);
@@ -61,7 +62,7 @@ std::size_t CharacterLength(std::string_view text) {
     if (text.size() < length) return 0;
     for (std::size_t index = 1; index < length; ++index)
         if ((byte(index) & 0xC0U) != 0x80) return 0;
-    // Overlong forms, surrogates, and what lies beyond the last character.
+    // Rejects overlong forms, surrogates, and code points beyond U+10FFFF.
     const unsigned second = byte(1);
     if ((lead == 0xE0 && second < 0xA0) || (lead == 0xED && second >= 0xA0)) return 0;
     if ((lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second >= 0x90)) return 0;
@@ -96,7 +97,7 @@ std::optional<std::string> Unescape(std::string_view text) {
     return result;
 }
 
-// The strings of a library; nothing when it is damaged or something else.
+// The strings of a library; empty when it is damaged or not a library.
 std::optional<Strings> Parse(std::string_view content) {
     if (!content.starts_with(formatLine) || !IsUtf8(content)) return std::nullopt;
     content.remove_prefix(formatLine.size());
@@ -105,7 +106,7 @@ std::optional<Strings> Parse(std::string_view content) {
     std::optional<std::uint32_t> previous;
     while (!content.empty()) {
         const std::size_t end = content.find('\n');
-        // The file has been cut.
+        // The file is truncated.
         if (end == std::string_view::npos) return std::nullopt;
         const std::string_view line = content.substr(0, end);
         content.remove_prefix(end + 1);
@@ -125,7 +126,7 @@ std::optional<Strings> Parse(std::string_view content) {
     return strings;
 }
 
-// Bytes of the code page for a text, at most `capacity` of them, ending at a character boundary.
+// Encodes a text in the code page, truncated to `capacity` bytes at a character boundary.
 std::string Encode(std::string_view text, std::size_t capacity) {
     if (std::optional<std::string> whole = ToAnsi(text); whole && whole->size() <= capacity)
         return std::move(*whole);

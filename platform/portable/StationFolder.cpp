@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The example lies beside the program where it was built, and among the shared data where it was installed.
+// The example is beside the program in a build tree, and among the shared data in an installation.
 constexpr const char* BesideProgram = "example-station";
 constexpr const char* InstalledShare = "share/neskmanager/example";
 
@@ -36,7 +36,7 @@ fs::path FindExample() {
     std::error_code error;
     const fs::path program = fs::read_symlink("/proc/self/exe", error).parent_path();
     if (error) return {};
-    // The program's folder is lib/neskmanager or lib/MACHINE/neskmanager below the place it was installed at.
+    // An installed program is in lib/neskmanager or lib/MACHINE/neskmanager below the installation prefix.
     for (const fs::path& folder :
          {program / BesideProgram, program / "../.." / InstalledShare, program / "../../.." / InstalledShare})
         if (IsStation(folder)) return folder;
@@ -47,7 +47,7 @@ int CopyStation(const fs::path& from, const fs::path& to) {
     std::error_code error;
     fs::copy(from, to, fs::copy_options::recursive, error);
     if (error) return ErrorFrom(error);
-    // What was installed may be write-protected; the new station is its user's.
+    // Installed files may be write-protected; the user must be able to write to the new station.
     for (fs::recursive_directory_iterator at(to, error); !error && at != fs::recursive_directory_iterator();
          at.increment(error)) {
         fs::permissions(at->path(), fs::perms::owner_write, fs::perm_options::add, error);
@@ -73,7 +73,8 @@ public:
     }
 
     int Finish() override {
-        // The store is closed before it is moved. An empty folder is replaced, any other one refused.
+        // Switching to the previous station closes the store before it is moved. The rename replaces an empty
+        // folder and fails for anything else.
         portable::UseStation(m_former);
         std::error_code error;
         fs::rename(m_beside, m_folder, error);
@@ -93,7 +94,7 @@ private:
     bool m_finished = false;
 };
 
-// The station in whose drives a folder is: a dialog that chooses folders may have gone into them. Otherwise
+// The station whose drives contain a folder, because a folder dialog may have descended into them; otherwise
 // the folder itself.
 std::string StationAround(const std::string& folder) {
     if (IsStation(folder)) return folder;

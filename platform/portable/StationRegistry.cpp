@@ -28,8 +28,8 @@ constexpr std::uint32_t EnumerateSubKeys = 8;
 constexpr std::uint32_t AnyWrite = SetValue | CreateSubKey;
 } // namespace Right
 
-// How long it is known that another program does not let go of the store. Opening it has waited for that
-// already; whoever asks for several keys in a row must not wait for each.
+// How long a busy store is reported as busy without a new attempt to open it. The attempt has waited already;
+// a caller that opens several keys in a row must not wait for each.
 constexpr std::chrono::seconds BusyAnswer{2};
 
 constexpr std::size_t LongestValueName = 16383;
@@ -38,8 +38,7 @@ bool IsText(std::uint32_t type) {
     return type == RegType::Text || type == RegType::ExpandText || type == RegType::MultiText;
 }
 
-// Text as the ANSI functions give it: a character without a place in the code page comes as "?", one at a
-// time.
+// Converts text like the ANSI functions: each character that the code page lacks becomes "?".
 std::string Narrow(const std::string& text) {
     if (std::optional<std::string> bytes = ToAnsi(text)) return std::move(*bytes);
     std::string bytes;
@@ -57,7 +56,7 @@ std::string DataOf(const StoredValue& value) {
     return IsText(value.type) ? Narrow(value.data) : value.data;
 }
 
-// Copies a value's data by the rules of the registry functions.
+// Copies a value's data with the conventions of the registry functions.
 int CopyData(const std::string& data, char* buffer, std::uint32_t* size) {
     if (size == nullptr) return buffer == nullptr ? ErrorCode::Success : ErrorCode::InvalidParameter;
     const std::uint32_t capacity = *size;
@@ -93,7 +92,8 @@ public:
                    std::uint32_t* size) override {
         std::int64_t row = 0;
         if (const int result = Use(key, Right::QueryValue, row); result != ErrorCode::Success) return result;
-        // In a group a value is read to write what follows from it: no other program may write in between.
+        // Within a group, values are read to compute what is written; other programs must not write in
+        // between.
         if (const int result = m_store->JoinGroup(); result != ErrorCode::Success) return result;
         StoredValue value;
         if (const int result = m_store->ReadValue(row, FromAnsi(name), value); result != ErrorCode::Success)
@@ -118,7 +118,7 @@ public:
 
     int DeleteKey(RegKey parent, const std::string& subKey) override {
         if (subKey.empty()) return ErrorCode::InvalidParameter;
-        // A path without a level would be the parent itself.
+        // A path that consists of separators alone would name the parent itself.
         if (subKey.starts_with('\\')) return ErrorCode::BadPathName;
         std::int64_t row = 0;
         if (const int result = Use(parent, 0, row); result != ErrorCode::Success) return result;
@@ -185,7 +185,7 @@ private:
 
     static std::filesystem::path File() { return portable::StationFolder() / "registry.db"; }
 
-    // Opens the store where it is not open yet. It is made only when something is to be written.
+    // Opens the store unless it is open. A missing store is created only for writing.
     int EnsureStore(bool create) {
         if (m_store) return ErrorCode::Success;
         std::error_code error;
@@ -196,7 +196,7 @@ private:
         if (portable::TheBusyClock().Now() < m_busyUntil) return ErrorCode::Busy;
         const int result = RegistryStore::Open(File(), create, m_store);
         if (result == ErrorCode::Busy) m_busyUntil = portable::TheBusyClock().Now() + BusyAnswer;
-        // The store may be opened within groups or a reading that have begun.
+        // Groups or a consistent read may have begun before the store is opened.
         for (int i = 0; m_store && i < m_groups; ++i)
             m_store->BeginGroup();
         if (m_store && m_isReading) m_store->BeginReading();
@@ -209,7 +209,7 @@ private:
         if (parent != LocalMachine && !m_handles.contains(parent)) return ErrorCode::InvalidHandle;
         if (const int result = EnsureStore(create); result != ErrorCode::Success) return result;
         std::int64_t row = 0;
-        // Opening a key asks no right of its parent; creating one does.
+        // Opening a key needs no right on its parent; creating a key does.
         if (const int result = Use(parent, create ? Right::CreateSubKey : 0, row);
             result != ErrorCode::Success)
             return result;
@@ -222,7 +222,7 @@ private:
         return ErrorCode::Success;
     }
 
-    // The row of an open key that has the rights asked for.
+    // Finds the row of an open key and checks the required rights.
     int Use(RegKey key, std::uint32_t rights, std::int64_t& row) {
         if (key == LocalMachine) {
             row = RegistryStore::Root;
@@ -240,7 +240,7 @@ private:
     int m_groups = 0;
     bool m_isReading = false;
     std::unordered_map<RegKey, Handle> m_handles;
-    // Handle numbers start beside those of the predefined keys.
+    // Handle numbers begin above those of the predefined keys.
     RegKey m_lastHandle = std::uint64_t{1} << 32;
 };
 

@@ -2,7 +2,7 @@
 
 namespace nesk::platform::portable {
 
-/// Lets go of the registry in use; the next use opens that of the station which is in place then. Handles
+/// Closes the registry in use. The next use opens the registry of the station that is current then. Handles
 /// become invalid.
 void ReopenStationRegistry();
 

@@ -9,7 +9,7 @@ namespace nesk::platform {
 
 namespace {
 
-// The tables never change, so that text can be converted while another thread selects a code page.
+// The tables are immutable, so one thread can convert text while another selects a code page.
 std::atomic<const common::CodePageTable*>& Selected() {
     static std::atomic<const common::CodePageTable*> table{&common::CodePageTable::Get(1252)};
     return table;
@@ -26,12 +26,12 @@ const common::CodePageTable& common::SelectedCodePage() {
 }
 
 char32_t common::UpperCase(char32_t character) {
-    // As on Windows, which knows no case beyond the characters of one UTF-16 unit.
+    // As on Windows, which converts only the case of characters of one UTF-16 unit.
     if (character > 0xFFFF) return character;
     const auto given = static_cast<UChar32>(character);
     const UChar32 upper = u_toupper(given);
-    // Windows turns a character only into one that it would turn back: neither a final sigma nor a dotless i
-    // changes.
+    // Windows converts a character only if the conversion can be reversed: a final sigma and a dotless i are
+    // unchanged.
     return u_tolower(upper) == given ? static_cast<char32_t>(upper) : character;
 }
 

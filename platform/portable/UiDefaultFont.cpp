@@ -10,8 +10,8 @@ std::string DefaultGuiFontFace() {
     return wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT).GetFaceName().utf8_string();
 }
 
-// Making the font map makes it read the configuration of fonts in a thread of its own. By itself it would do
-// so when the first text is measured, with the window waiting.
+// Creating the font map starts a thread that reads the font configuration. Otherwise this would happen when
+// the first text is measured, while the window waits.
 void PrepareFonts() {
     pango_cairo_font_map_get_default();
 }

@@ -1,4 +1,4 @@
-// The mouse in GTK's tree view: clicks on one of several selected rows, and dragging.
+// Mouse handling of GTK's tree view: clicks on one of several selected rows, and dragging.
 
 #include "platform/portable/UiGtkTreeView.h"
 
@@ -6,7 +6,7 @@ namespace nesk::platform::portable {
 
 namespace {
 
-// Rows go from one place of a view to another; nobody else knows what to do with them.
+// Rows are dragged within one view only; no other target accepts them.
 GtkTargetEntry RowTarget() {
     static char name[] = "application/x-neskmanager-rows";
     return {name, GTK_TARGET_SAME_WIDGET, 0};
@@ -38,11 +38,11 @@ gboolean GtkTreeControl::OnButtonPress(const GdkEventButton& press) {
     GdkRectangle cell{};
     gtk_tree_view_get_cell_area(m_tree, path, m_column, &cell);
     gtk_tree_path_free(path);
-    // Left of it is what expands and collapses the row.
+    // Clicks left of the cell expand or collapse the row.
     if (node == nullptr || x < cell.x) return FALSE;
     if (press.button == GDK_BUTTON_SECONDARY) {
         gtk_widget_grab_focus(GTK_WIDGET(m_tree));
-        // The menu is about what is selected, where it is asked for there.
+        // The menu applies to the selection if the clicked row is part of it, otherwise to the clicked row.
         if (Edited() != nullptr) EndLabelEdit(true);
         if (!selected) Select(node);
         ReportContextMenu(ClientToScreen(FromWidget(x, y)));
@@ -53,7 +53,7 @@ gboolean GtkTreeControl::OnButtonPress(const GdkEventButton& press) {
     if ((press.state & (GDK_CONTROL_MASK | GDK_SHIFT_MASK)) != 0) return FALSE;
     m_pressed = node;
     m_pressedAt = wxPoint(static_cast<int>(press.x_root), static_cast<int>(press.y_root));
-    // GTK would select the row alone, before it can be dragged with the others.
+    // GTK would select this row alone, so the others could not be dragged with it.
     m_pressedSelected = selected && m_style.drag && Selection().size() > 1;
     if (!m_pressedSelected) return FALSE;
     gtk_widget_grab_focus(GTK_WIDGET(m_tree));
@@ -101,7 +101,7 @@ void GtkTreeControl::ConnectDrag() {
     connect("drag-leave",
             G_CALLBACK(+[](GtkWidget*, GdkDragContext*, guint, gpointer self) { Of(self).LeaveDrag(); }));
     connect("drag-end", G_CALLBACK(+[](GtkWidget*, GdkDragContext*, gpointer self) { Of(self).EndDrag(); }));
-    // There is nothing to hand over, and none of GTK's own handlers is to try.
+    // There is no data to transfer, and GTK's own handler must not run.
     connect("drag-data-get",
             G_CALLBACK(+[](GtkWidget* tree, GdkDragContext*, GtkSelectionData*, guint, guint, gpointer) {
                 g_signal_stop_emission_by_name(tree, "drag-data-get");

@@ -25,7 +25,7 @@ TreeNode* NodeIn(const GtkTreeIter* iter) {
     return static_cast<TreeNode*>(iter->user_data);
 }
 
-// Nodes stay where they are, so that no iterator of theirs ever becomes invalid before they go.
+// Nodes never change their address, so an iterator is valid as long as its node exists.
 constexpr gint Stamp = 1;
 
 gboolean Put(GtkTreeIter* iter, TreeNode* node) {
@@ -61,7 +61,7 @@ GtkTreePath* PathAt(GtkTreeModel*, GtkTreeIter* iter) {
     return GtkNodeModel::PathOf(*NodeIn(iter));
 }
 
-// Text and detail as Pango's markup; free it with g_free.
+// Text and detail as Pango markup; free it with g_free.
 char* Markup(const TreeNode& node) {
     if (node.Detail().empty()) return g_markup_escape_text(node.Text().c_str(), -1);
     return g_markup_printf_escaped("%s   <span alpha=\"65%%\">%s</span>", node.Text().c_str(),
@@ -171,7 +171,7 @@ GType ModelType() {
     return type;
 }
 
-// Tells the views of something about a row by its path.
+// Calls `tell` with the path of a row.
 template <typename Tell>
 void WithPath(TreeNode& node, Tell tell) {
     GtkTreePath* const path = GtkNodeModel::PathOf(node);
@@ -223,7 +223,7 @@ void GtkNodeModel::RowInserted(TreeNode& node) {
     WithPath(node, [this](GtkTreePath* path, GtkTreeIter* iter) {
         gtk_tree_model_row_inserted(m_model, path, iter);
     });
-    // A view looks for children of a new row only when it is told that there are some.
+    // A view looks for children of a new row only after this notification.
     if (node.MayHaveChildren()) ChildrenToggled(node);
     if (node.Parent() != nullptr && node.Parent()->ChildCount() == 1) ChildrenToggled(*node.Parent());
 }

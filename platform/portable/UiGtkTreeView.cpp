@@ -17,7 +17,7 @@ namespace portable {
 
 namespace {
 
-// A path that is freed.
+// Owner of a GtkTreePath.
 class Path {
 public:
     explicit Path(const TreeNode& node) : m_path(GtkNodeModel::PathOf(node)) {}
@@ -30,7 +30,7 @@ private:
     GtkTreePath* m_path;
 };
 
-// Between the picture and the text of a row.
+// Space between the picture and the text of a row.
 constexpr int Spacing = 4;
 
 GtkTreeControl& Of(gpointer self) {
@@ -63,7 +63,7 @@ GtkTreeControl::GtkTreeControl(wxWindow* parent, const char* name, const TreeSty
 }
 
 GtkTreeControl::~GtkTreeControl() {
-    // Signals of what is taken down come to nobody.
+    // No handler may run while the widgets are destroyed.
     g_signal_handlers_disconnect_matched(m_tree, G_SIGNAL_MATCH_DATA, 0, 0, nullptr, nullptr, this);
     g_signal_handlers_disconnect_matched(gtk_tree_view_get_selection(m_tree), G_SIGNAL_MATCH_DATA, 0, 0,
                                          nullptr, nullptr, this);
@@ -84,7 +84,7 @@ void GtkTreeControl::BuildWidgets(const TreeStyle& style) {
 
     m_tree = GTK_TREE_VIEW(gtk_tree_view_new());
     gtk_tree_view_set_headers_visible(m_tree, FALSE);
-    // Typing searches as on the other station, by TypeAhead.
+    // TypeAhead implements the search, as on Windows.
     gtk_tree_view_set_enable_search(m_tree, FALSE);
     gtk_tree_selection_set_mode(gtk_tree_view_get_selection(m_tree),
                                 style.multiple ? GTK_SELECTION_MULTIPLE : GTK_SELECTION_BROWSE);
@@ -100,8 +100,8 @@ void GtkTreeControl::BuildWidgets(const TreeStyle& style) {
     else
         gtk_tree_view_column_add_attribute(m_column, m_textCell, "text", TextColumn);
     gtk_tree_view_column_set_spacing(m_column, Spacing);
-    // Rows of one height need not be measured, of which there may be 100,000. The column is as wide as the
-    // rows that were seen.
+    // With a fixed row height GTK need not measure all rows, of which there may be 100,000. The column is as
+    // wide as the widest row seen so far.
     gtk_tree_view_column_set_sizing(m_column, GTK_TREE_VIEW_COLUMN_FIXED);
     gtk_tree_view_column_set_expand(m_column, TRUE);
     gtk_tree_view_append_column(m_tree, m_column);
@@ -149,7 +149,7 @@ void GtkTreeControl::ConnectTree() {
                      G_CALLBACK(+[](GtkAdjustment*, gpointer self) {
                          Of(self).m_rowsChanged = true;
                          if (Of(self).m_scrolling) return;
-                         // The user has gone elsewhere.
+                         // The user has scrolled elsewhere.
                          Of(self).m_toShow = nullptr;
                          Of(self).m_toScroll = {};
                      }),
@@ -193,7 +193,7 @@ void GtkTreeControl::EditLabel(TreeNode& node) {
     g_object_set(m_textCell, "editable", TRUE, nullptr);
     gtk_widget_grab_focus(GTK_WIDGET(m_tree));
     gtk_tree_view_set_cursor_on_cell(m_tree, path, m_column, m_textCell, TRUE);
-    // A click on a row that is selected already would begin an edit as well.
+    // Otherwise a click on a selected row would also begin an edit.
     g_object_set(m_textCell, "editable", FALSE, nullptr);
     if (m_entry == nullptr) EndRename(nullptr);
 }
@@ -210,7 +210,8 @@ void GtkTreeControl::OnEditStarted(GtkCellEditable* editable) {
                      this);
 }
 
-// The toolkit puts the text box over the picture of the row, whose width it does not know at that time.
+// The toolkit places the text box over the picture of the row, because it does not know the picture's width
+// yet.
 void GtkTreeControl::PlaceEntry(GtkWidget* entry, const GdkRectangle& place) {
     if (Edited() == nullptr) return;
     GdkRectangle cell{};
@@ -232,8 +233,8 @@ void GtkTreeControl::OnEditChanged() {
     m_correcting = false;
 }
 
-// The toolkit calls an edit off whatever ends it but Enter. Only Escape does so here: what was typed is kept
-// when another row or window is clicked.
+// The toolkit cancels an edit unless Enter ends it. Here only Escape cancels it: the typed text is kept when
+// the user clicks another row or window.
 void GtkTreeControl::OnEditCanceled() {
     if (m_entry == nullptr) return EndRename(nullptr);
     const std::string typed = EditText();
@@ -251,7 +252,7 @@ void GtkTreeControl::EndLabelEdit(bool keep) {
     GtkEntry* const entry = m_entry;
     const std::string typed = EditText();
     m_entry = nullptr;
-    // Reported here, so that the signals that follow find no edit under way.
+    // The end is reported below; the signals that follow must not report it again.
     g_signal_handlers_block_matched(m_textCell, G_SIGNAL_MATCH_DATA, 0, 0, nullptr, nullptr, this);
     const Quiet quiet(*this);
     g_object_set(entry, "editing-canceled", TRUE, nullptr);
@@ -292,7 +293,7 @@ void GtkTreeControl::SetAccessibleName(const std::string& name) {
     atk_object_set_name(gtk_widget_get_accessible(GTK_WIDGET(m_tree)), name.c_str());
 }
 
-// Makes the column as wide as the widest row that can be seen.
+// Makes the column as wide as the widest visible row.
 void GtkTreeControl::WidenColumn() {
     GtkTreePath* first = nullptr;
     GtkTreePath* last = nullptr;
@@ -307,7 +308,7 @@ void GtkTreeControl::WidenColumn() {
         pango_layout_set_text(layout, text.data(), static_cast<int>(text.size()));
         int width = 0;
         pango_layout_get_pixel_size(layout, &width, nullptr);
-        // The indentation, the picture, and the padding of both cells.
+        // Indentation, picture, text and the padding of both cells.
         widest = std::max(widest, cell.x + ImageSize().x + width + 2 * GetCharHeight());
         if (row == end) break;
     }
@@ -328,7 +329,7 @@ void GtkTreeControl::DoApplyWidgetStyle(GtkRcStyle* style) {
     GTKApplyStyle(GTK_WIDGET(m_tree), style);
 }
 
-// Letters may take several keys, or an input method.
+// A letter may take several keys or an input method.
 int GtkTreeControl::GTKIMFilterKeypress(GdkEventKey* event) const {
     return Edited() != nullptr ? FALSE : gtk_im_context_filter_keypress(m_input, event);
 }
@@ -374,7 +375,7 @@ void GtkTreeControl::OnExpanded(GtkTreeIter* iter) {
     node.SetExpanded(true);
     m_rowsChanged = true;
     if (m_restoring) return;
-    // GTK forgets what was expanded below a row that is collapsed.
+    // GTK forgets the expansion below a collapsed row.
     m_restoring = true;
     RestoreExpansion(node);
     m_restoring = false;
@@ -436,7 +437,7 @@ void GtkTreeControl::DoShow(TreeNode& node) {
     m_toScroll = {};
 }
 
-// The height of the tree has changed: what was scrolled to may have room only now.
+// The height of the tree has changed, so the scroll target may have room only now.
 void GtkTreeControl::ScrollAgain() {
     if (TreeNode* node = std::exchange(m_toShow, nullptr)) {
         DoShow(*node);
@@ -451,7 +452,7 @@ void GtkTreeControl::DoRemove(TreeNode& node) {
     if (m_toShow != nullptr && m_toShow->IsWithin(node)) m_toShow = nullptr;
     if (m_toScroll.top != nullptr && m_toScroll.top->IsWithin(node)) m_toScroll = {};
     if (m_pressed != nullptr && m_pressed->IsWithin(node)) m_pressed = nullptr;
-    // GTK loses the memory of a level that is open when its row, or its last row, goes.
+    // GTK loses the expansion state of a row when the row or its last child is removed.
     if (!node.HasRow()) return;
     if (node.IsExpanded()) {
         DoCollapse(node);

@@ -7,7 +7,7 @@
 
 namespace nesk::platform::portable {
 
-/// GTK's own tree view, which screen readers know.
+/// The tree view of GTK, which screen readers support.
 class GtkTreeControl final : public wxControl, public TreeView {
 public:
     GtkTreeControl(wxWindow* parent, const char* name, const TreeStyle& style);
@@ -29,7 +29,7 @@ public:
     std::string EditText() const override;
     void SetEditText(const std::string& text) override;
 
-    // What wx asks of a window whose widget consists of several.
+    // Overrides that wx needs for a control made of several widgets.
     GtkWidget* GetConnectWidget() override { return GTK_WIDGET(m_tree); }
     void OnInternalIdle() override;
 
@@ -64,13 +64,13 @@ private:
     gboolean OnButtonRelease(const GdkEventButton& release);
     gboolean OnMotion(GdkEventMotion& motion);
 
-    // Signals of the text box in a row.
+    // Signals of the label's text box.
     void OnEditStarted(GtkCellEditable* editable);
     void OnEditCanceled();
     void OnEditChanged();
     void PlaceEntry(GtkWidget* entry, const GdkRectangle& place);
 
-    // Signals of a drag.
+    // Drag signals.
     gboolean OnDragMotion(GdkDragContext* context, int x, int y, guint time);
     gboolean OnDragDrop(GdkDragContext* context, int x, int y, guint time);
 
@@ -90,19 +90,20 @@ private:
     bool m_restoring = false;
     bool m_correcting = false;
     int m_columnWidth = 0;
-    bool m_rowsChanged = false; // since the column was widened
+    bool m_rowsChanged = false; // since the column was last widened
 
-    // What was scrolled to before the rows that make room for it had their layout; it is scrolled to again
-    // then.
+    // The pending scroll target. It was set before its rows had a layout; scrolling is repeated after the
+    // layout.
     TreeNode* m_toShow = nullptr;
     Scroll m_toScroll;
     bool m_scrolling = false;
     bool m_heightChanged = false;
 
-    // A press on one of several selected rows, which either drags them all or selects that row alone.
+    // The last press on a selected row: it either starts dragging all selected rows or selects this row
+    // alone.
     TreeNode* m_pressed = nullptr;
     bool m_pressedSelected = false;
-    wxPoint m_pressedAt; // on the screen
+    wxPoint m_pressedAt; // in screen coordinates
 };
 
 } // namespace nesk::platform::portable

@@ -12,7 +12,7 @@ namespace nesk::platform::portable {
 
 namespace {
 
-// Codes of Windows.
+// Windows codes.
 constexpr int Portrait = 1;
 constexpr int Landscape = 2;
 constexpr int AutomaticBin = 7;
@@ -75,7 +75,7 @@ int BinCode(std::string_view name) {
 }
 
 int QualityCode(const PrinterData& data) {
-    // Dots an inch say more than a name.
+    // A resolution in dots per inch is more precise than a named quality.
     if (!Setting(data, GTK_PRINT_SETTINGS_RESOLUTION).empty())
         return gtk_print_settings_get_resolution(data.settings.get());
     const GtkPrintQuality chosen = gtk_print_settings_get_quality(data.settings.get());
@@ -124,7 +124,7 @@ PrinterValues ReadPrinterValues(const PrinterData& chosen, const PrinterValues& 
     PrinterValues values = before;
     if (const std::string name = Setting(chosen, GTK_PRINT_SETTINGS_PRINTER); !name.empty())
         values.device = name;
-    // The driver of another printer would be wrong.
+    // The old driver belongs to the previous printer.
     if (values.device != before.device) values.driver.clear();
     if (before.orientation.empty() || IsLandscape(chosen) != IsLandscape(shown))
         values.orientation = std::to_string(IsLandscape(chosen) ? Landscape : Portrait);

@@ -6,34 +6,35 @@
 
 #include <gtk/gtk.h>
 
-/// The setup of a printer as the toolkit's print dialog takes and gives it.
+/// Conversion of a printer's setup to and from the data of the toolkit's print dialog.
 namespace nesk::platform::portable {
 
 struct ObjectReleaser {
     void operator()(gpointer object) const { g_object_unref(object); }
 };
 
-/// An object of the toolkit below wx, released at the end of the scope.
+/// Owner of a GObject, which it releases.
 template <typename Object>
 using GtkOwned = std::unique_ptr<Object, ObjectReleaser>;
 
-/// A printer's setup in its two halves: how it prints and on what.
+/// A printer's setup in two parts: print settings and page setup.
 struct PrinterData {
     GtkOwned<GtkPrintSettings> settings{gtk_print_settings_new()};
     GtkOwned<GtkPageSetup> page{gtk_page_setup_new()};
 };
 
-/// Applies orientation, paper size, paper bin, quality and zoom. What is no number, or has no counterpart,
-/// leaves the toolkit's default. The printer is not named: a dialog then begins with the system's default.
+/// Applies orientation, paper size, paper bin, quality and zoom. Values that are not numbers or have no
+/// counterpart leave the toolkit's default. The printer's name is not set, so a dialog starts with the
+/// system's default printer.
 PrinterData ApplyPrinterValues(const PrinterValues& values);
 
-/// Whether the toolkit has a counterpart of the paper size.
+/// True when the toolkit has a counterpart of the paper size.
 bool KnowsPaper(const PrinterValues& values);
 
-/// What was chosen.
-/// @param before  the values that were applied; one stays where `chosen` is as `shown`, or says nothing, so
-///                that codes which the toolkit does not know survive
-/// @param shown   what was shown at first
+/// Reads the chosen values.
+/// @param before  the applied values. A value is kept when `chosen` equals `shown` or does not set it; codes
+///                that the toolkit does not know are thus preserved
+/// @param shown   the values shown at first
 PrinterValues ReadPrinterValues(const PrinterData& chosen, const PrinterValues& before,
                                 const PrinterData& shown);
 

@@ -14,14 +14,14 @@ namespace nesk::platform {
 
 namespace {
 
-// A text of the toolkit below wx in the user's language.
+// The toolkit's translation of one of its texts.
 const char* ToolkitText(const char* text) {
     return g_dgettext("gtk30", text);
 }
 
-// What is known of the printers there are.
+// Information about the installed printers.
 struct Printers {
-    std::string wanted; // the one looked for
+    std::string wanted; // the requested printer
     bool hasWanted = false;
     std::string first;
     std::string standard; // the system's default printer
@@ -42,7 +42,7 @@ Printers FindPrinters(const std::string& wanted) {
     return printers;
 }
 
-// A part of a dialog by the name that its author gave it; null when there is none.
+// The part of a dialog with the given builder name; null when there is none.
 GtkWidget* FindPart(GtkWidget* whole, std::string_view name) {
     const char* const own = GTK_IS_BUILDABLE(whole) ? gtk_buildable_get_name(GTK_BUILDABLE(whole)) : nullptr;
     if (own != nullptr && own == name) return whole;
@@ -61,39 +61,39 @@ GtkWidget* FindPart(GtkWidget* whole, std::string_view name) {
     return search.found;
 }
 
-// What the dialog asks and nothing here uses, by the names of its author. With them it would be too high for
-// a small screen.
+// Parts of the dialog that are not used here, by their builder names. With them the dialog would be too high
+// for a small screen.
 constexpr std::array UnusedParts = {"box3",            // range and copies
                                     "extension_point", // the file that would be printed to
-                                    "job_page",        // when it is printed
-                                    // Two-sided, pages on a side and their order, even or odd pages, kind of
-                                    // paper, output tray: labels and boxes.
+                                    "job_page",        // the time of printing
+                                    // Labels and boxes for two-sided printing, pages per side and their
+                                    // order, even or odd pages, kind of paper, and output tray.
                                     "label5", "duplex", "label6", "pages_per_sheet", "label7",
                                     "number_up_layout", "label8", "page_set_combo", "label11", "paper_type",
                                     "label13", "output_tray"};
 
-// The print dialog, of which nothing but the setup is wanted.
+// The toolkit's print dialog, used for the setup alone.
 class PrintDialog {
 public:
     PrintDialog(wxWindow* parent, const std::string& title)
         : m_dialog(GTK_PRINT_UNIX_DIALOG(gtk_print_unix_dialog_new(
               title.c_str(),
               parent != nullptr ? GTK_WINDOW(gtk_widget_get_toplevel(parent->GetHandle())) : nullptr))) {
-        // Printers are offered that take either format; the zoom is the dialog's own to ask for.
+        // Offer printers that accept either format; the dialog must ask for the zoom itself.
         constexpr auto capabilities =
             static_cast<GtkPrintCapabilities>(GTK_PRINT_CAPABILITY_GENERATE_PDF |
                                               GTK_PRINT_CAPABILITY_GENERATE_PS | GTK_PRINT_CAPABILITY_SCALE);
         gtk_print_unix_dialog_set_manual_capabilities(m_dialog, capabilities);
-        // Paper and orientation are chosen in the same dialog.
+        // Paper and orientation are chosen in this dialog, too.
         gtk_print_unix_dialog_set_embed_page_setup(m_dialog, TRUE);
-        // Nothing is printed by the button that confirms.
+        // The confirming button does not print.
         GtkWidget* const confirm = gtk_dialog_get_widget_for_response(GTK_DIALOG(m_dialog), GTK_RESPONSE_OK);
         gtk_button_set_label(GTK_BUTTON(confirm), ToolkitText("_OK"));
         gtk_button_set_use_underline(GTK_BUTTON(confirm), TRUE);
         gtk_window_set_modal(GTK_WINDOW(m_dialog), TRUE);
         for (const char* name : UnusedParts)
             HidePart(name);
-        // What remains is small enough for every screen, once the dialog does not ask for more.
+        // The remaining parts fit on every screen once the dialog requests no larger size.
         constexpr int width = 520;
         constexpr int height = 360;
         constexpr int previewHeight = 125;
@@ -105,7 +105,7 @@ public:
     PrintDialog(const PrintDialog&) = delete;
     PrintDialog& operator=(const PrintDialog&) = delete;
 
-    // A line below the list of printers.
+    // Adds a line below the list of printers.
     void AddNote(const char* name, const std::string& text) {
         GtkWidget* const page = FindPart(GTK_WIDGET(m_dialog), "box2");
         GtkWidget* const label = gtk_label_new(text.c_str());
@@ -119,20 +119,20 @@ public:
         gtk_widget_show(label);
     }
 
-    /// @param isPaperKnown  false: the stored paper has no counterpart here, and none is shown as chosen
+    /// @param isPaperKnown  false when the stored paper has no counterpart here; then no paper is selected
     void Show(const portable::PrinterData& data, bool isPaperKnown) {
         gtk_print_unix_dialog_set_settings(m_dialog, data.settings.get());
         gtk_print_unix_dialog_set_page_setup(m_dialog, data.page.get());
         m_withoutPaper = !isPaperKnown;
-        // The dialog takes paper and orientation over, but goes on showing what its lists showed. The one
-        // that is shown could then not be chosen.
+        // The dialog stores paper and orientation but does not update its lists. The user could then not
+        // choose the entry that a list shows.
         if (GtkComboBox* const list = PaperList())
             SelectPaper(*list, isPaperKnown ? gtk_page_setup_get_paper_size(data.page.get()) : nullptr);
         if (GtkWidget* const list = FindPart(GTK_WIDGET(m_dialog), "orientation_combo"))
             gtk_combo_box_set_active(GTK_COMBO_BOX(list), gtk_page_setup_get_orientation(data.page.get()));
     }
 
-    // Whether a paper was chosen in place of one that cannot be shown.
+    // True when the user chose a paper in place of one that cannot be shown.
     bool HasReplacedPaper() {
         GtkComboBox* const list = PaperList();
         return m_withoutPaper && list != nullptr && gtk_combo_box_get_active(list) >= 0;
@@ -143,13 +143,13 @@ public:
     portable::PrinterData Chosen() const {
         portable::PrinterData data;
         data.settings.reset(gtk_print_unix_dialog_get_settings(m_dialog));
-        // The dialog keeps this one.
+        // The dialog owns its page setup.
         data.page.reset(gtk_page_setup_copy(gtk_print_unix_dialog_get_page_setup(m_dialog)));
         return data;
     }
 
-    // What drives the selected printer: "cups" for one of that print system. The toolkit has a class for each
-    // of them and tells no more; a printer that is a file is of the general class.
+    // The print system of the selected printer, for example "cups". The toolkit reports it only by the class
+    // of the printer; a printer to a file has the base class.
     std::string Driver() const {
         GtkPrinter* const printer = gtk_print_unix_dialog_get_selected_printer(m_dialog);
         if (printer == nullptr) return "";
@@ -163,17 +163,17 @@ public:
     }
 
 private:
-    // Null when the dialog has no such list.
+    // The list of papers; null when the dialog does not have it.
     GtkComboBox* PaperList() {
         GtkWidget* const list = FindPart(GTK_WIDGET(m_dialog), "paper_size_combo");
         return GTK_IS_COMBO_BOX(list) ? GTK_COMBO_BOX(list) : nullptr;
     }
 
-    // Selects the row of a paper; none for null, and for a paper that the printer does not have.
+    // Selects the row of a paper; no row for null or for a paper that the printer does not have.
     static void SelectPaper(GtkComboBox& list, GtkPaperSize* paper) {
         GtkTreeModel* const rows = gtk_combo_box_get_model(&list);
         GtkTreeIter row;
-        // Each row begins with the setup of its page. Lines between the rows have none.
+        // The first column of each row is its page setup. Separator rows have none.
         bool isRow = rows != nullptr && g_type_is_a(gtk_tree_model_get_column_type(rows, 0), G_TYPE_OBJECT) &&
                      gtk_tree_model_get_iter_first(rows, &row);
         for (; isRow; isRow = gtk_tree_model_iter_next(rows, &row)) {
@@ -188,7 +188,7 @@ private:
         gtk_combo_box_set_active(&list, -1);
     }
 
-    // The dialog shows some of its parts anew when another printer is selected.
+    // Hides a part permanently: the dialog shows some parts again when another printer is selected.
     void HidePart(std::string_view name) {
         GtkWidget* const part = FindPart(GTK_WIDGET(m_dialog), name);
         if (part == nullptr) return;
@@ -207,8 +207,8 @@ PrinterSetupResult common::AskForPrinterSetup(wxWindow* parent, PrinterValues& v
     const portable::PrinterData shown = portable::ApplyPrinterValues(values);
     const Printers printers = FindPrinters(values.device);
     const bool isMissing = !values.device.empty() && !printers.hasWanted;
-    // The dialog begins with the default printer. Without one it would begin with none, and could not be
-    // confirmed; a machine without printers can print to a file.
+    // The dialog starts with the default printer. Without a default, no printer would be selected and the
+    // dialog could not be confirmed. A machine without printers can print to a file.
     const std::string& offered = printers.standard.empty() ? printers.first : printers.standard;
     if (printers.standard.empty())
         gtk_print_settings_set_printer(shown.settings.get(), printers.first.c_str());
@@ -218,7 +218,7 @@ PrinterSetupResult common::AskForPrinterSetup(wxWindow* parent, PrinterValues& v
     if (!isPaperKnown) dialog.AddNote("lblPaper", texts.paper);
     dialog.Show(shown, isPaperKnown);
     if (!dialog.IsConfirmed()) return PrinterSetupResult::Cancelled;
-    // One that is chosen counts, even if it is the one that the dialog would begin with.
+    // A paper chosen by the user counts, even if it is the dialog's initial one.
     if (dialog.HasReplacedPaper()) values.paperSize.clear();
     values = portable::ReadPrinterValues(dialog.Chosen(), values, shown);
     if (values.driver.empty()) values.driver = dialog.Driver();

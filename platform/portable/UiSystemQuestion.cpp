@@ -9,13 +9,13 @@ namespace nesk::platform {
 
 namespace {
 
-// GTK's own message box closes on Escape, whatever its buttons are.
+// A message box that ignores Escape. GTK's own box closes on Escape, whatever its buttons are.
 class YesNoBox final : public wxMessageDialog {
 public:
     using wxMessageDialog::wxMessageDialog;
 
     int ShowModal() override {
-        // Whoever watches for message boxes sees this one.
+        // Lets wxModalDialogHook see this message box.
         WX_HOOK_MODAL_DIALOG();
         wxGenericMessageDialog box(GetParent(), GetMessage(), GetCaption(), GetMessageDialogStyle());
         box.Bind(wxEVT_CHAR_HOOK, [](wxKeyEvent& event) {

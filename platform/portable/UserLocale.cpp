@@ -11,11 +11,11 @@ namespace nesk::platform {
 namespace {
 
 struct Locale {
-    std::string_view name; // language, or language_COUNTRY where that makes a difference
+    std::string_view name; // language, or language_COUNTRY where the country matters
     std::uint32_t id;
 };
 
-// The more exact name before the language alone.
+// Entries with a country come before the entry of their language.
 constexpr std::array<Locale, 29> Locales{{
     {"zh_TW", 1028}, {"zh_HK", 1028}, {"zh", 2052},    {"ja", 1041},    {"ko", 1042},    {"da", 1030},
     {"de_CH", 2055}, {"de_AT", 3079}, {"de", 1031},    {"en_GB", 2057}, {"en_AU", 3081}, {"en_CA", 4105},

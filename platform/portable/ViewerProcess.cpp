@@ -14,11 +14,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How long a viewer may take to end when it is asked to; the windows stand still meanwhile.
+// How long a viewer may take to end after it was asked to; the windows are blocked during this time.
 constexpr auto Patience = 2s;
 constexpr auto Interval = 5ms;
 
-// What the viewer is started with: no input, no output, no open files and no signal settings of ours.
+// Settings of the viewer process: no input, no output, no inherited open files and default signal handling.
 class SpawnSettings {
 public:
     SpawnSettings() {
@@ -70,7 +70,7 @@ int ViewerProcess::Start(const std::vector<std::string>& arguments) {
     return error;
 }
 
-// Collects the viewer if it has ended. Until then its number belongs to no other process.
+// Reaps the viewer if it has ended. Until it is reaped, its process ID cannot be reused.
 bool ViewerProcess::HasEnded() {
     if (m_process != 0 && ::waitpid(m_process, nullptr, WNOHANG) != 0) m_process = 0;
     return m_process == 0;
@@ -78,7 +78,7 @@ bool ViewerProcess::HasEnded() {
 
 void ViewerProcess::End() {
     if (HasEnded()) return;
-    // The whole session, for the viewer may be a script that started the real one.
+    // Signals the whole session: the viewer may be a script that started the actual viewer.
     ::kill(-m_process, SIGTERM);
     const auto deadline = std::chrono::steady_clock::now() + Patience;
     while (!HasEnded()) {

@@ -6,13 +6,13 @@
 
 namespace nesk::platform::portable {
 
-/// A viewer that runs beside this program, at most one at a time, in a session of its own. It may outlive the
-/// program: only the next viewer ends it.
+/// A viewer process, at most one at a time, in a session of its own. It may outlive the program: only
+/// starting the next viewer ends it.
 class ViewerProcess {
 public:
-    /// Ends the viewer that was started before, if it still runs, and starts another.
-    /// @param arguments  the program, looked up in PATH, and its arguments; no shell sees them
-    /// @return 0, or the errno value that says why the program could not be started
+    /// Ends the previous viewer if it still runs, and starts a new one.
+    /// @param arguments  the program, searched in PATH, and its arguments; no shell interprets them
+    /// @return 0, or the errno value of the failed start
     int Start(const std::vector<std::string>& arguments);
 
 private:
