@@ -11,14 +11,14 @@ namespace nesk::platform::windows {
 
 namespace {
 
-// An hour, in the 100 nanoseconds in which the system counts.
+// One hour in units of 100 nanoseconds.
 constexpr std::uint64_t TicksUntilAbandoned = std::uint64_t{3600} * 10'000'000;
 
 std::uint64_t Ticks(const FILETIME& time) {
     return (std::uint64_t{time.dwHighDateTime} << 32U) | time.dwLowDateTime;
 }
 
-// A copy is made with the time of what it is a copy of, so that its own beginning counts as well.
+// A copy has the last-write time of its original, so its creation time counts, too.
 std::uint64_t LastUsed(const WIN32_FILE_ATTRIBUTE_DATA& file) {
     return std::max(Ticks(file.ftCreationTime), Ticks(file.ftLastWriteTime));
 }
@@ -28,7 +28,7 @@ bool IsNumber(std::wstring_view text) {
            std::all_of(text.begin(), text.end(), [](wchar_t c) { return c >= L'0' && c <= L'9'; });
 }
 
-// Calls back for each file whose path is `front`, a number and "~".
+// Calls `callback` for each file whose path is `front`, a number and "~".
 template <typename Callback>
 void ForEachNumbered(const std::wstring& front, const Callback& callback) {
     WIN32_FIND_DATAW found{};
@@ -38,7 +38,7 @@ void ForEachNumbered(const std::wstring& front, const Callback& callback) {
     const std::size_t begin = front.size() - folder;
     do {
         const std::wstring_view name = found.cFileName;
-        // The search also finds what the user may have named so, and short names.
+        // The search also finds the user's own files of similar names, and short names.
         if (name.size() > begin && IsNumber(name.substr(begin, name.size() - begin - 1)))
             callback(front.substr(0, folder).append(name), found);
     } while (::FindNextFileW(search, &found) != 0);
@@ -53,8 +53,8 @@ int RemoveAbandoned(const std::wstring& path) {
     if (::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &found) == 0) return LastError();
     FILETIME now{};
     ::GetSystemTimeAsFileTime(&now);
-    // Between writing a file and putting it into its place a program does not have it open, so that only its
-    // age tells.
+    // Between writing a file and moving it into place, a program does not have it open, so only its age shows
+    // whether it is abandoned.
     if (Ticks(now) < LastUsed(found) + TicksUntilAbandoned) return ErrorCode::SharingViolation;
     return ::DeleteFileW(path.c_str()) != 0 ? ErrorCode::Success : LastError();
 }

@@ -2,21 +2,21 @@
 
 #include <string>
 
-/// Files that programs left which were killed while they saved.
+/// Files left behind by programs that were killed while saving.
 namespace nesk::platform::windows {
 
-/// Deletes a file that came to be and was last written more than an hour ago, and which no program has open.
-/// SharingViolation for another.
+/// Deletes a file that was created and last written more than an hour ago and that no program has open.
+/// SharingViolation for any other file.
 int RemoveAbandoned(const std::wstring& path);
 
-/// Does so with every file whose path is `front`, a number and "~". What cannot be deleted stays.
+/// Calls RemoveAbandoned for every file whose path is `front`, a number and "~". Errors are ignored.
 void RemoveAbandonedFiles(const std::wstring& front);
 
-/// What stands beside a file while it is replaced has this, a number and "~" behind the file's name.
+/// While a file is replaced, the old version is renamed: to the file's name, this mark, a number and "~".
 constexpr const wchar_t* ReplacedMark = L".old.";
 
-/// Gives the youngest file of that name the name of `path` again, when that is missing: the system replaces a
-/// file by giving both of them other names, one after the other.
+/// If `path` is missing, renames the newest file with such a name to `path`. The system replaces a file in
+/// two steps: it renames the old file, then the new one. A program killed between them leaves `path` missing.
 void RestoreInterrupted(const std::wstring& path);
 
 } // namespace nesk::platform::windows

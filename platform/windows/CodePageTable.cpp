@@ -9,13 +9,14 @@ namespace nesk::platform::common {
 
 namespace {
 
-// Bytes that a code page leaves out are decoded to control characters, or to characters at the end of the
-// private use area that mean nothing to any other program; those of the area's start are the user's own.
+// The system decodes bytes that a code page leaves undefined to control characters, or to characters at the
+// end of the private use area that have no meaning in other programs. The start of that area belongs to the
+// user.
 bool IsPlaceholder(wchar_t character) {
     return character >= 0xF880 && character <= 0xF8FF;
 }
 
-// The character that the whole of `bytes` stands for; 0 when there is none.
+// The character encoded by the whole of `bytes`; 0 when they do not encode one character.
 char16_t DecodeWhole(UINT codePage, std::string_view bytes) {
     std::array<wchar_t, 4> characters{};
     const int count =
@@ -25,7 +26,7 @@ char16_t DecodeWhole(UINT codePage, std::string_view bytes) {
     return static_cast<char16_t>(characters[0]);
 }
 
-// The code that the system writes for a character, which must be the character's own; 0 when it has none.
+// The exact code of a character, without best-fit replacements; 0 when it has none.
 std::uint16_t EncodeOne(UINT codePage, char16_t character) {
     const auto wide = static_cast<wchar_t>(character);
     std::array<char, 4> bytes{};
@@ -43,7 +44,7 @@ std::uint16_t EncodeOne(UINT codePage, char16_t character) {
 CodePageTable::CodePageTable(int codePage) : m_codePage(codePage), m_codes(0x10000) {
     const auto number = static_cast<UINT>(codePage);
     CPINFO info{};
-    // UTF-8 is encoded without a table. Without one, every byte from 0x80 up is one that cannot be decoded.
+    // UTF-8 is encoded without a table. With an empty table, no byte from 0x80 up can be decoded.
     if (codePage == Utf8 || GetCPInfo(number, &info) == 0 || info.MaxCharSize > 2) return;
     const bool hasDoubles = info.MaxCharSize > 1;
     if (hasDoubles) m_doubles.resize(std::size_t{128} * 256);

@@ -9,7 +9,7 @@ namespace nesk::platform {
 
 namespace {
 
-// Size of the buffer for the face name, its terminating zero included.
+// Size of the buffer for the face name, including the terminating zero.
 constexpr int FaceSize = 80;
 
 } // namespace
@@ -24,7 +24,7 @@ std::string DefaultGuiFontFace() {
     return windows::FromWide(face.data());
 }
 
-// The system knows its fonts.
+// The system has the list of fonts ready.
 void PrepareFonts() {}
 
 } // namespace nesk::platform

@@ -4,7 +4,7 @@ namespace nesk::platform::windows {
 
 namespace {
 
-// Long words, such as the path of a printer on a server, are broken too.
+// The style also breaks long words, such as the path of a network printer.
 constexpr DWORD LabelStyle = WS_CHILD | WS_VISIBLE | SS_LEFT | SS_NOPREFIX | SS_EDITCONTROL;
 constexpr UINT TextFormat = DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX | DT_EDITCONTROL;
 
@@ -54,7 +54,7 @@ void AddDialogNote(HWND dialog, const std::wstring& text) {
     const HWND label = ::CreateWindowExW(0, L"STATIC", text.c_str(), LabelStyle, margin.left, margin.top,
                                          width, height, dialog, nullptr, nullptr, nullptr);
     ::SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    // Whoever has the dialog read out hears it first.
+    // First in the tab order, so that a screen reader reads it first.
     ::SetWindowPos(label, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 

@@ -6,8 +6,8 @@
 
 namespace nesk::platform::windows {
 
-/// Adds a text above everything else in a system's dialog, which moves down; the dialog grows by as much. For
-/// a hook that the dialog calls before it is shown.
+/// Adds a text at the top of a system dialog. The other controls move down, and the dialog grows accordingly.
+/// To be called from a hook that the dialog calls before it is shown.
 void AddDialogNote(HWND dialog, const std::wstring& text);
 
 } // namespace nesk::platform::windows

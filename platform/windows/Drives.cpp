@@ -9,7 +9,7 @@ namespace nesk::platform {
 
 namespace {
 
-// Keeps the system from asking for a medium while a drive is looked at.
+// Disables the system's prompt for a medium while a drive is checked.
 class NoMediumPrompt {
 public:
     NoMediumPrompt() { ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &m_before); }
@@ -41,7 +41,7 @@ int CheckDrive(char letter) {
         ::FindClose(search);
         return ErrorCode::Success;
     }
-    // A root folder has no "." of its own, so one without any file is found empty.
+    // A root folder has no "." entry, so the search finds nothing in an empty one.
     return ::GetLastError() == ERROR_FILE_NOT_FOUND ? ErrorCode::Success : ErrorCode::NotReady;
 }
 

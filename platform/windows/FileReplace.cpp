@@ -17,15 +17,15 @@ struct LocalFreer {
     void operator()(void* memory) const { ::LocalFree(memory); }
 };
 
-// Forces a file that is closed already to the disk.
+// Flushes a closed file to the disk.
 int FlushFile(const std::wstring& path) {
     const Handle file(
         ::CreateFileW(path.c_str(), GENERIC_WRITE, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
     return file && ::FlushFileBuffers(file.Get()) != 0 ? ErrorCode::Success : LastError();
 }
 
-// Makes a copy as old as it is: it has the time of what it is a copy of, and by that another program could
-// take it for abandoned. File systems that do not keep when a file was made know only this time.
+// Sets the last-write time of a copy to now. A copy has the time of its original, so another program could
+// take it for abandoned. File systems without a creation time have only this time.
 void SetWrittenNow(const std::wstring& path) {
     const Handle file(
         ::CreateFileW(path.c_str(), FILE_WRITE_ATTRIBUTES, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
@@ -34,7 +34,7 @@ void SetWrittenNow(const std::wstring& path) {
     if (file) ::SetFileTime(file.Get(), nullptr, nullptr, &now);
 }
 
-// Where a link leads to; the path itself when it is none or leads nowhere.
+// The target of a link; the path itself when it is not a link or its target is missing.
 std::wstring FinalPath(const std::wstring& path) {
     const DWORD attributes = ::GetFileAttributesW(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
@@ -47,26 +47,26 @@ std::wstring FinalPath(const std::wstring& path) {
     return target.empty() ? path : target;
 }
 
-// File systems without access rights of their own, and some of other makers, cannot replace a file but rename
-// one over it.
+// Errors of file systems that cannot replace a file, but can rename another file over it: those without
+// access rights, and some of other vendors.
 bool CannotReplace(DWORD error) {
     return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ||
            error == ERROR_CALL_NOT_IMPLEMENTED;
 }
 
-// Another program has one of the files open: often one that looks through every new file.
+// Another program has one of the files open: often a scanner that reads every new file.
 bool IsHeld(DWORD error) {
     return error == ERROR_UNABLE_TO_REMOVE_REPLACED || error == ERROR_UNABLE_TO_MOVE_REPLACEMENT ||
            error == ERROR_UNABLE_TO_MOVE_REPLACEMENT_2;
 }
 
-// A name for what stands beside a file while it is replaced: no other program takes the same.
+// A temporary name beside a file. The process number makes it unique among programs.
 std::wstring TemporaryName(const std::wstring& front, const std::wstring& attempt = L"") {
     return front + std::to_wstring(::GetCurrentProcessId()) + attempt + L"~";
 }
 
-// Copies a file to a new one beside it, which has the same access rights. What stands there already, whoever
-// made it, is neither written nor followed.
+// Copies a file to a new file beside it, with the same access rights. An existing file or link of that name
+// is neither overwritten nor followed.
 int CopyToNew(const std::wstring& path, const std::wstring& front, std::wstring& copy) {
     constexpr int Names = 100;
     copy = TemporaryName(front);
@@ -81,9 +81,9 @@ int CopyToNew(const std::wstring& path, const std::wstring& front, std::wstring&
     return result;
 }
 
-// Puts `replacement` in the place of `target`, which exists, by the system's own function. It keeps what
-// belongs to the file and not to its contents: access rights, encryption, when it was made. When it fails
-// halfway, it leaves the old file under the name given for it, from where it is fetched back.
+// Replaces `target`, which exists, with `replacement`, using the system's function. It keeps the attributes
+// of the file that do not belong to its contents: access rights, encryption, creation time. When it fails
+// halfway, the old file has the temporary name and is renamed back.
 DWORD ReplaceExisting(const std::wstring& target, const std::wstring& replacement) {
     const std::wstring front = target + ReplacedMark;
     const std::wstring old = TemporaryName(front);
@@ -113,7 +113,7 @@ int CopyAccessRights(const std::wstring& from, const std::wstring& to) {
     if (read != ERROR_SUCCESS) return CannotReplace(read) ? ErrorCode::Success : static_cast<int>(read);
 
     std::wstring target = to;
-    // Only administrators may give files away; for everybody else failing is no error.
+    // Only administrators may change the owner; for other users a failure is not an error.
     ::SetNamedSecurityInfoW(target.data(), SE_FILE_OBJECT, owners, owner, group, nullptr, nullptr);
     SECURITY_DESCRIPTOR_CONTROL control = 0;
     DWORD revision = 0;
@@ -132,8 +132,8 @@ int KeepCopy(const std::wstring& path, const std::wstring& copy, bool mayReplace
     const std::wstring front = copy + L".";
     std::wstring temporary;
     if (const int copied = CopyToNew(path, front, temporary); copied != ErrorCode::Success) return copied;
-    // A copy of a write-protected file is protected as well: it could be neither flushed nor replaced by the
-    // next.
+    // The copy of a write-protected file is write-protected, too. It could then be neither flushed nor
+    // replaced by the next copy.
     ::SetFileAttributesW(temporary.c_str(), FILE_ATTRIBUTE_NORMAL);
     SetWrittenNow(temporary);
     int result = FlushFile(temporary);
@@ -162,8 +162,8 @@ int ReplaceOrMove(const std::wstring& path, const std::wstring& replacement) {
                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
             return LastError();
     }
-    // The contents are on the disk already; that this one fails, when another program holds the file, is no
-    // harm.
+    // The contents are already on the disk, so it does not matter if this fails because another program has
+    // the file open.
     FlushFile(target);
     return ErrorCode::Success;
 }

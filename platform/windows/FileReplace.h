@@ -2,18 +2,18 @@
 
 #include <string>
 
-/// The steps of saving a file that put one file in the place of another. All answer with a result code.
+/// The steps of saving that replace one file with another. All functions return result codes.
 namespace nesk::platform::windows {
 
-/// Gives `to` the access rights of `from`, and its owner where the user may do that.
+/// Copies the access rights of `from` to `to`, and the owner where the user's privileges allow it.
 int CopyAccessRights(const std::wstring& from, const std::wstring& to);
 
-/// Makes `copy` hold the contents of `path` in one step. AlreadyExists when it exists and may not be
-/// replaced.
+/// Copies the contents of `path` to `copy` atomically. AlreadyExists when `copy` exists and `mayReplace` is
+/// false.
 int KeepCopy(const std::wstring& path, const std::wstring& copy, bool mayReplace);
 
-/// Puts `replacement` in the place of `path`, which may be missing, in one step. A link is followed: what it
-/// leads to is replaced. AccessDenied when `path` is read-only or a folder.
+/// Atomically replaces `path`, which may be missing, with `replacement`. If `path` is a link, its target is
+/// replaced. AccessDenied when `path` is read-only or a folder.
 int ReplaceOrMove(const std::wstring& path, const std::wstring& replacement);
 
 } // namespace nesk::platform::windows

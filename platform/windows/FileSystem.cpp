@@ -19,15 +19,15 @@ using windows::FromWide;
 using windows::Handle;
 using windows::LastError;
 
-// Others may do what they like with a file that is read: it is theirs as well.
+// Other programs keep full access to a file while it is read.
 constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-// The most that is read or written in one call.
+// The largest size read or written in one call.
 DWORD Portion(std::size_t size) {
     return static_cast<DWORD>(std::min<std::size_t>(size, std::size_t{1} << 30U));
 }
 
-// Reads a file as long as it was when it was opened.
+// Reads a file up to the length that it had when it was opened.
 class SystemReader final : public FileReader {
 public:
     SystemReader(Handle handle, LONGLONG length)
@@ -94,7 +94,7 @@ private:
     HANDLE m_search;
 };
 
-// What a search for a name without wildcards finds at the most: one entry.
+// A search for a name without wildcards, with at most one entry.
 class SingleSearch final : public DirectorySearch {
 public:
     int Next(DirectoryEntry&) override { return ErrorCode::NoMoreItems; }
@@ -139,7 +139,7 @@ public:
         Handle handle(::CreateFileW(name.c_str(), GENERIC_READ, ShareAll, nullptr, OPEN_EXISTING,
                                     FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
         if (!handle) return LastError();
-        // A pipe or a device answers when it likes.
+        // A read from a pipe or a device could wait forever.
         if (::GetFileType(handle.Get()) != FILE_TYPE_DISK) return ErrorCode::AccessDenied;
         LARGE_INTEGER length{};
         if (::GetFileSizeEx(handle.Get(), &length) == 0) return LastError();
@@ -151,7 +151,7 @@ public:
         writer.reset();
         const std::wstring name = FilePath(path);
         if (name.empty()) return ErrorCode::PathNotFound;
-        // Nobody else may open the file while it is written.
+        // No other program may open the file while it is written.
         Handle handle(::CreateFileW(name.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                     FILE_ATTRIBUTE_NORMAL, nullptr));
         if (!handle) return ::GetLastError() == ERROR_FILE_EXISTS ? ErrorCode::AlreadyExists : LastError();
@@ -182,8 +182,8 @@ public:
     }
 
 private:
-    // The search functions of the system find neither a path that ends in a separator nor the root of a
-    // drive; its attributes tell whether such a path is there.
+    // The system's search functions find neither a path with a trailing separator nor the root of a drive.
+    // The attributes show whether such a path exists.
     int SearchOne(const std::string& path, std::unique_ptr<DirectorySearch>& search, DirectoryEntry& first) {
         std::uint32_t attributes = 0;
         if (const int result = Attributes(path, attributes); result != ErrorCode::Success) return result;
@@ -194,7 +194,7 @@ private:
         WIN32_FIND_DATAW found{};
         const HANDLE handle = ::FindFirstFileW(FilePath(name).c_str(), &found);
         if (handle != INVALID_HANDLE_VALUE) {
-            // The name as it is spelled on the disk.
+            // The name as spelled on the disk.
             first.name = FromWide(found.cFileName);
             ::FindClose(handle);
         }

@@ -27,7 +27,7 @@ bool LastWriteTime(const std::string& path, std::tm& local) {
         return false;
     SYSTEMTIME universal{};
     SYSTEMTIME time{};
-    // By the rules of the date itself: in winter, a file of the summer shows the summer's time.
+    // Uses the daylight saving rules of the file's date: in winter, a file from summer shows summer time.
     if (::FileTimeToSystemTime(&data.ftLastWriteTime, &universal) == 0 ||
         ::SystemTimeToTzSpecificLocalTime(nullptr, &universal, &time) == 0)
         return false;

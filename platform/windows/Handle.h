@@ -5,7 +5,7 @@
 
 namespace nesk::platform::windows {
 
-/// Owns a handle of the system that CloseHandle releases.
+/// Owner of a system handle that CloseHandle releases.
 class Handle {
 public:
     Handle() = default;
@@ -20,7 +20,7 @@ public:
     explicit operator bool() const { return m_handle != INVALID_HANDLE_VALUE; }
     HANDLE Get() const { return m_handle; }
 
-    /// Closes the handle; false when the system reports an error, which GetLastError tells.
+    /// Closes the handle; false when the system reports an error (see GetLastError).
     bool Close() {
         const HANDLE handle = std::exchange(m_handle, INVALID_HANDLE_VALUE);
         return handle == INVALID_HANDLE_VALUE || ::CloseHandle(handle) != 0;
@@ -30,7 +30,7 @@ private:
     HANDLE m_handle = INVALID_HANDLE_VALUE;
 };
 
-/// The error of the last call as a result code: the codes are the system's own.
+/// The error of the last call as a result code. Result codes have the same numbers as system errors.
 inline int LastError() {
     return static_cast<int>(::GetLastError());
 }

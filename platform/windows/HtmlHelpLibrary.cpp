@@ -7,8 +7,8 @@ namespace nesk::platform::windows {
 
 namespace {
 
-// The path of a library of the system. A name alone would be looked for in other folders as well, and to look
-// in this one only is more than a Windows 7 without its later updates can be asked for.
+// The full path of a system library. With a bare name, the system would search other folders as well; the
+// flag that limits the search to this folder is missing in Windows 7 without its later updates.
 std::wstring InSystemFolder(const std::wstring& name) {
     if (name.find(L'\\') != std::wstring::npos) return name;
     std::array<wchar_t, MAX_PATH> folder{};
@@ -20,13 +20,13 @@ std::wstring InSystemFolder(const std::wstring& name) {
 
 HtmlHelpLibrary::HtmlHelpLibrary(std::wstring name) : m_name(std::move(name)) {}
 
-// Null when there is no viewer; it may be installed later, so that is not remembered.
+// Null when there is no viewer. That result is not cached, because a viewer may be installed later.
 HtmlHelpLibrary::Function HtmlHelpLibrary::Find() {
     if (m_function != nullptr) return m_function;
     const HMODULE library =
         ::LoadLibraryExW(InSystemFolder(m_name).c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (library == nullptr) return nullptr;
-    // By way of a function that has nothing in common with either, as the compiler asks for.
+    // Cast through an unrelated function type; a direct cast causes a compiler warning.
     m_function =
         reinterpret_cast<Function>(reinterpret_cast<void (*)()>(::GetProcAddress(library, "HtmlHelpA")));
     if (m_function == nullptr) ::FreeLibrary(library);

@@ -8,14 +8,15 @@
 
 namespace nesk::platform::windows {
 
-/// The viewer of HTML help: a library whose windows belong to this process. It is loaded when it is first
-/// needed and then stays to the end of the process, for its windows run in a thread of its own.
+/// The viewer of HTML help: a library whose windows belong to this process. It is loaded on first use and
+/// stays loaded until the process ends, because its windows run in a thread of its own.
 class HtmlHelpLibrary {
 public:
-    /// @param name  file name of a library of the system, or the full path of any other
+    /// @param name  file name of a system library, or the full path of any other library
     explicit HtmlHelpLibrary(std::wstring name);
 
-    /// Shows a help file that exists; `path` is in the system's code page. Otherwise as ShowHtmlHelp.
+    /// Shows an existing help file; `path` is in the system's code page. The other parameters are those of
+    /// ShowHtmlHelp.
     HelpResult Show(HWND owner, const char* path, unsigned command, std::uint32_t data);
 
 private:

@@ -8,7 +8,7 @@ namespace nesk::platform::windows {
 
 namespace {
 
-// Reads the piece of a file that is a structure of the system's.
+// Reads a structure of the system from a file.
 template <typename Piece>
 bool ReadAt(const Handle& file, std::uint64_t offset, Piece& piece) {
     OVERLAPPED place{};

@@ -10,7 +10,7 @@ namespace nesk::platform::windows {
 
 namespace {
 
-// A text as COM passes it.
+// A string for a COM call.
 class ComText {
 public:
     explicit ComText(const std::string& text) {
@@ -32,7 +32,7 @@ private:
     BSTR m_text;
 };
 
-// The object was there, but its process has ended.
+// True when an object's process has ended.
 bool IsGone(HRESULT result) {
     return result == RPC_E_DISCONNECTED || result == RPC_E_SERVER_DIED || result == RPC_E_SERVER_DIED_DNE ||
            result == CO_E_OBJNOTCONNECTED || result == HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE) ||
@@ -52,7 +52,7 @@ PartInfoResult PartInfoObject::Create() {
     if (FAILED(::CLSIDFromProgID(m_programId.c_str(), &classId))) return PartInfoResult::Missing;
     void* object = nullptr;
     const HRESULT result = ::CoCreateInstance(classId, nullptr, CLSCTX_SERVER, IID_IDispatch, &object);
-    // A name whose class is not registered, or not for programs of this kind, is as good as none.
+    // A class that is not registered, or not registered for this kind of program, counts as missing.
     if (result == REGDB_E_CLASSNOTREG) return PartInfoResult::Missing;
     if (FAILED(result)) return PartInfoResult::Failed;
     m_object = static_cast<IDispatch*>(object);
@@ -69,7 +69,8 @@ PartInfoResult PartInfoObject::Edit(const std::string& partFolder, const std::st
                                     std::int32_t languageId) {
     DISPID methodId = 0;
     HRESULT result = m_object != nullptr ? FindMethod(methodId) : RPC_E_DISCONNECTED;
-    // Not made yet, or its process has ended since: nothing has been asked of it, so a new one may be.
+    // The object was not created yet, or its process has ended. No edit has been requested so far, so
+    // creating a new object is safe.
     if (IsGone(result)) {
         Release();
         if (const PartInfoResult created = Create(); created != PartInfoResult::Done) return created;
@@ -83,7 +84,7 @@ PartInfoResult PartInfoObject::Edit(const std::string& partFolder, const std::st
     VARIANT languageArgument{};
     languageArgument.vt = VT_I4 | VT_BYREF;
     languageArgument.plVal = &language;
-    // The last argument stands first.
+    // COM expects the arguments in reverse order.
     std::array<VARIANT, 3> arguments{languageArgument, path.Reference(), folder.Reference()};
     DISPPARAMS parameters{};
     parameters.rgvarg = arguments.data();

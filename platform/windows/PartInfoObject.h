@@ -10,20 +10,20 @@
 
 namespace nesk::platform::windows {
 
-/// The operator interface's part-information editor as an object that is known by its name alone. It is made
-/// when it is first called, and kept. COM must have been initialised on the calling thread.
+/// The operator interface's part-information editor, a COM object that is known only by its registered name.
+/// It is created on the first call and kept. COM must have been initialised on the calling thread.
 class PartInfoObject {
 public:
-    /// @param programId  name that the object is registered under
+    /// @param programId  name under which the object is registered
     explicit PartInfoObject(std::wstring programId);
     ~PartInfoObject() { Release(); }
     PartInfoObject(const PartInfoObject&) = delete;
     PartInfoObject& operator=(const PartInfoObject&) = delete;
 
-    /// Calls the object's method and waits until it is done. The arguments are handed over by reference.
+    /// Calls the object's method and waits until it returns. The arguments are passed by reference.
     PartInfoResult Edit(const std::string& partFolder, const std::string& iniPath, std::int32_t languageId);
 
-    /// Lets go of the object; the next call makes it anew.
+    /// Releases the object; the next call creates it again.
     void Release();
 
 private:

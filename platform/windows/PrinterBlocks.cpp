@@ -15,7 +15,7 @@ namespace nesk::platform::windows {
 
 namespace {
 
-// Access to a block of global memory for as long as the object lives.
+// Locks a global memory block for the lifetime of the object.
 template <typename Content>
 class Locked {
 public:
@@ -35,7 +35,7 @@ private:
     Content* m_content;
 };
 
-// The number that a bit of the device mode's fields stands for.
+// The field of the device mode for a flag of dmFields.
 short& Member(DEVMODEA& mode, DWORD bit) {
     switch (bit) {
     case DM_ORIENTATION: return mode.dmOrientation;
@@ -46,7 +46,7 @@ short& Member(DEVMODEA& mode, DWORD bit) {
     }
 }
 
-// Which bit says that the number counts, and the text that it is.
+// The flag that marks each number as valid, and the text of that number.
 constexpr std::pair<DWORD, std::string PrinterValues::*> Numbers[] = {
     {DM_ORIENTATION, &PrinterValues::orientation},
     {DM_PAPERSIZE, &PrinterValues::paperSize},
@@ -62,13 +62,13 @@ std::optional<short> Number(const std::string& text) {
     return number;
 }
 
-// What the dialog shows that the system does not know.
+// The program's texts in the dialog.
 struct OwnTexts {
     std::wstring title;
-    std::wstring note; // "" for none
+    std::wstring note; // "" for no note
 };
 
-// Called by the dialog as soon as it is there. It has no other way to get texts of the program's own.
+// Hook called when the dialog is created. This is the only way to set the program's texts.
 UINT_PTR CALLBACK ShowOwnTexts(HWND dialog, UINT message, WPARAM, LPARAM data) {
     if (message == WM_INITDIALOG) {
         const auto* const request = reinterpret_cast<const PRINTDLGA*>(data);
@@ -76,14 +76,13 @@ UINT_PTR CALLBACK ShowOwnTexts(HWND dialog, UINT message, WPARAM, LPARAM data) {
         ::SetWindowTextW(dialog, texts.title.c_str());
         if (!texts.note.empty()) AddDialogNote(dialog, texts.note);
     }
-    // The dialog does everything else itself, and gives the focus to its first control.
+    // The dialog handles everything else itself and sets the focus to its first control.
     return message == WM_INITDIALOG ? 1 : 0;
 }
 
 } // namespace
 
 PrinterBlocks::~PrinterBlocks() {
-    // Freeing no block does nothing.
     ::GlobalFree(deviceMode);
     ::GlobalFree(deviceNames);
 }
@@ -104,7 +103,7 @@ PrinterValues PrinterBlocks::Read(const PrinterValues& before) const {
     if (const Locked<DEVMODEA> mode(deviceMode); mode.Get() != nullptr)
         for (const auto& [bit, text] : Numbers)
             if ((mode.Get()->dmFields & bit) != 0) values.*text = std::to_string(Member(*mode.Get(), bit));
-    // The device mode cuts the printer's name after 31 characters; the names have it whole.
+    // The device mode truncates the printer's name to 31 characters; the device names contain all of it.
     if (const Locked<DEVNAMES> names(deviceNames); names.Get() != nullptr) {
         const char* const start = reinterpret_cast<const char*>(names.Get());
         values.device = FromAnsi(start + names.Get()->wDeviceOffset);
@@ -126,7 +125,7 @@ PrinterSetupResult AskForPrinter(HWND owner, PrinterValues& values, const Printe
     PRINTDLGA request{};
     request.lStructSize = sizeof request;
     request.Flags = PD_RETURNDEFAULT;
-    // Without any printer there are no blocks, and the dialog itself says so.
+    // Without a printer there are no blocks, and the dialog itself shows a message.
     dialog(&request);
     PrinterBlocks blocks;
     blocks.deviceMode = request.hDevMode;
@@ -137,7 +136,7 @@ PrinterSetupResult AskForPrinter(HWND owner, PrinterValues& values, const Printe
 
     const OwnTexts own{ToWide(texts.title), ToWide(isMissing ? texts.missing : "")};
     request.hwndOwner = owner;
-    // Windows calls the hook of the setup. Wine calls that of printing, whichever of the two it shows.
+    // Windows calls the setup hook. Wine always calls the print hook.
     request.Flags = PD_PRINTSETUP | PD_ENABLESETUPHOOK | PD_ENABLEPRINTHOOK;
     request.lpfnSetupHook = ShowOwnTexts;
     request.lpfnPrintHook = ShowOwnTexts;

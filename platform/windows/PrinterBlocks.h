@@ -10,7 +10,7 @@
 
 namespace nesk::platform::windows {
 
-/// The two blocks of global memory in which the printer dialog takes and gives the setup of a printer.
+/// The two global memory blocks that pass a printer's setup to and from the printer dialog.
 class PrinterBlocks {
 public:
     PrinterBlocks() = default;
@@ -18,30 +18,30 @@ public:
     PrinterBlocks(const PrinterBlocks&) = delete;
     PrinterBlocks& operator=(const PrinterBlocks&) = delete;
 
-    /// Sets orientation, paper size, paper bin, quality and scale in the device mode. A text that is no
-    /// number of 16 bits, and a device mode that is missing, are left alone.
+    /// Sets orientation, paper size, paper bin, quality and scale in the device mode. Texts that are not
+    /// 16-bit numbers are ignored. Does nothing without a device mode.
     void Apply(const PrinterValues& values);
 
-    /// What the blocks hold; a value that the printer does not know stays as it is in `before`.
+    /// Reads the blocks; a value that the printer does not support is taken from `before`.
     PrinterValues Read(const PrinterValues& before) const;
 
-    /// The blocks as the dialog takes them. The dialog may put others in their place.
+    /// The blocks in the form of the dialog, which may replace them.
     HGLOBAL deviceMode = nullptr;
     HGLOBAL deviceNames = nullptr;
 };
 
-/// The system's printer dialog, PrintDlgA, or what takes its place in a test.
+/// The signature of the system's printer dialog, PrintDlgA, and of its replacement in tests.
 using PrintDialogFunction = BOOL(WINAPI*)(PRINTDLGA*);
 
-/// Whether there is a printer of a name, in UTF-8, on this machine.
+/// True when this machine has a printer with a name, in UTF-8.
 bool PrinterExists(const std::string& name);
 
-/// What takes the place of PrinterExists in a test.
+/// The signature of PrinterExists, for its replacement in tests.
 using PrinterExistsFunction = bool (*)(const std::string& name);
 
-/// Shows the dialog that sets up a printer, beginning with the system's default printer and the values given.
-/// Its title is that of the texts, and a line says when the printer of the values is missing.
-/// @param values  what was chosen, when the dialog was confirmed; stays as it was otherwise
+/// Shows the dialog that sets up a printer. It starts with the system's default printer and the given values.
+/// Its title comes from `texts`, and a note is shown when the printer in the values is missing.
+/// @param values  receives the chosen values when the dialog is confirmed; otherwise unchanged
 PrinterSetupResult AskForPrinter(HWND owner, PrinterValues& values, const PrinterSetupTexts& texts,
                                  PrintDialogFunction dialog, PrinterExistsFunction exists = PrinterExists);
 

@@ -16,15 +16,16 @@ namespace nesk::platform {
 
 namespace {
 
-// No value is ever longer, however large the buffer.
+// The system never returns a longer value, however large the buffer is.
 constexpr std::size_t LargestBuffer = 65536;
 
-// What the code page cannot hold is a name that stands in no file, and no file's name.
+// Text that the code page lacks becomes "?": as a section or key it is in no file, and it is not a valid file
+// name.
 std::string Narrow(const std::string& text) {
     return ToAnsi(text).value_or("?");
 }
 
-// Pipes and devices are none: the system would open them and wait for what they say.
+// Pipes and devices are not regular files, so they are refused: the system would open them and wait for data.
 bool IsSmallFile(const std::string& file, const std::wstring& path) {
     std::unique_ptr<FileReader> reader;
     if (StationFiles().OpenForReading(file, reader) != ErrorCode::Success) return false;
@@ -38,8 +39,8 @@ bool IsSmallFile(const std::string& file, const std::wstring& path) {
 std::string ReadProfileString(const std::string& file, const std::string& section, const std::string& key,
                               const std::string& defaultValue, std::size_t capacity) {
     if (capacity == 0) return "";
-    // The system reads no profile file whose path is longer, takes all of a file into memory, and opens what
-    // is no file.
+    // The system's function does not read files with longer paths, reads the whole file into memory, and also
+    // opens pipes and devices.
     const std::wstring path = windows::FilePath(file);
     if (path.size() >= MAX_PATH || !IsSmallFile(file, path))
         return common::SearchProfile(file, section, key, defaultValue, capacity);

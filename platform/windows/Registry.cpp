@@ -17,7 +17,7 @@ RegKey FromSystem(HKEY key) {
     return static_cast<RegKey>(reinterpret_cast<ULONG_PTR>(key));
 }
 
-// The system's own functions, most of which say what this interface says.
+// The registry of the system, whose functions mostly have the contract of this interface.
 class SystemRegistry final : public Registry {
 public:
     int OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
@@ -56,8 +56,8 @@ public:
     }
 
     int SetValue(RegKey key, const std::string& name, std::uint32_t type, std::string_view data) override {
-        // The system looks behind a text and counts a zero there as a part of it; it must find none, or what
-        // is stored would depend on what the memory behind `data` happens to hold.
+        // The system also reads the byte after a text and, if it is zero, stores it as part of the text. A
+        // byte other than zero keeps the stored value independent of the memory after `data`.
         const std::string bytes = std::string(data) + '#';
         return static_cast<int>(::RegSetValueExA(ToSystem(key), name.c_str(), 0, type,
                                                  reinterpret_cast<const BYTE*>(bytes.data()),
@@ -93,7 +93,7 @@ public:
     std::string Location() const override { return "HKEY_LOCAL_MACHINE"; }
 
 private:
-    // Hands type and size over where the system sets them.
+    // Copies type and size to the caller for those results with which the system sets them.
     static int Answer(LONG result, DWORD found, std::uint32_t* type, DWORD length, std::uint32_t* size) {
         if (result == ERROR_SUCCESS && type != nullptr) *type = found;
         if ((result == ERROR_SUCCESS || result == ERROR_MORE_DATA) && size != nullptr) *size = length;

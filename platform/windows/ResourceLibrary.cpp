@@ -21,8 +21,8 @@ HMODULE ToSystem(ModuleHandle module) {
 ModuleHandle LoadModule(const std::string& path) {
     const std::wstring file = windows::FilePath(path);
     if (!windows::IsWholeModule(file)) return 0;
-    // Loaded for its strings alone: no code of the library runs, and a library made for the operator
-    // interface serves the 64-bit program as well.
+    // Loads the file as data: no code of the library runs, and the 64-bit program can use a library made for
+    // the operator interface, too.
     const HMODULE module =
         ::LoadLibraryExW(file.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
     return reinterpret_cast<ModuleHandle>(module);
@@ -31,7 +31,8 @@ ModuleHandle LoadModule(const std::string& path) {
 int ReadModuleString(ModuleHandle module, std::uint32_t id, char* buffer, int capacity) {
     if (buffer == nullptr || capacity <= 0) return 0;
     buffer[0] = '\0';
-    // Module 0 would be the program itself, and of a larger number the system would take the lower half.
+    // Module 0 would be the program itself, and the system would use only the lower 16 bits of a larger
+    // number.
     if (module == 0 || id > std::numeric_limits<std::uint16_t>::max()) return 0;
     return ::LoadStringA(ToSystem(module), id, buffer, capacity);
 }

@@ -7,7 +7,7 @@ namespace nesk::platform {
 
 namespace {
 
-// Answers for the name alone; the system knows the rest of its own controls.
+// Provides only the name; the system provides everything else about its own controls.
 class NamedControl final : public wxAccessible {
 public:
     NamedControl(wxWindow* control, const std::string& name)

@@ -27,7 +27,7 @@ public:
     TreeNode& node;
 };
 
-// Rows go from one place of a view to another; nobody else knows what to do with them.
+// Rows are dragged within one view only; no other target accepts them.
 wxDataFormat RowFormat() {
     return wxDataFormat("application/x-neskmanager-rows");
 }
@@ -37,7 +37,7 @@ public:
     explicit RowTarget(NativeTreeView& view)
         : wxDropTarget(new wxCustomDataObject(RowFormat())), m_view(view) {}
 
-    // The system tells by the result whether Ctrl is held.
+    // The system's result is "copy" when Ctrl is held.
     wxDragResult OnDragOver(wxCoord x, wxCoord y, wxDragResult result) override {
         return m_view.OnDragOver(wxPoint(x, y), result == wxDragCopy) ? result : wxDragNone;
     }
@@ -61,7 +61,7 @@ NativeTreeControl::NativeTreeControl(wxWindow* parent, const char* name, const T
     : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, style.size, StyleOf(style), wxDefaultValidator, name)
     , m_view(std::make_unique<NativeTreeView>(*this, style)) {}
 
-// The control reports its last events while it is taken down; nobody may follow them into what is gone.
+// The control still sends events during its destruction, when its handlers are already destroyed.
 NativeTreeControl::~NativeTreeControl() {
     SetEvtHandlerEnabled(false);
     SetDropTarget(nullptr);
@@ -94,7 +94,7 @@ void NativeTreeView::BindEvents() {
         if (TreeNode* node = NodeOf(event.GetItem())) ReportActivated(*node);
     });
     m_control.Bind(wxEVT_LEFT_DOWN, &NativeTreeView::OnLeftDown, this);
-    // The second of two quick clicks.
+    // The second click of a double click.
     m_control.Bind(wxEVT_LEFT_DCLICK, &NativeTreeView::OnLeftDown, this);
     m_control.Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent& event) {
         TreeNode* const node = NodeOf(event.GetItem());
@@ -162,7 +162,7 @@ void NativeTreeView::DoInserted(TreeNode& inserted) {
         const TreeNode& parent = *node.Parent();
         const std::size_t index = node.Index();
         auto* const data = new ItemData(node);
-        // Below `inserted` siblings come in their order, each as the last so far.
+        // The descendants of `inserted` are added in order, so each is appended as the last sibling.
         const bool append = &node != &inserted || index + 1 == parent.ChildCount();
         const wxTreeItemId above = ItemOf(parent);
         const wxTreeItemId item =
@@ -293,7 +293,7 @@ void NativeTreeView::OnBeginLabelEdit(wxTreeEvent& event) {
     TreeNode* const node = NodeOf(event.GetItem());
     if (!m_mayEdit || node == nullptr) return event.Veto();
     BeginRename(*node);
-    // The text box is made after this event.
+    // The text box is created after this event.
     m_control.CallAfter([this] {
         if (wxTextCtrl* box = m_control.GetEditControl())
             box->Bind(wxEVT_TEXT, [this](wxCommandEvent& change) {
@@ -308,8 +308,9 @@ void NativeTreeView::CorrectEdit() {
     if (const std::string corrected = Corrected(typed); corrected != typed) SetEditText(corrected);
 }
 
-// The text of the row follows the node, not what was typed. Wine's control reports the end of an edit once
-// more when the text box, going, loses the focus: with what was typed, even if that had been called off.
+// Vetoed: the row shows the text of the node, not the typed text. Wine's control reports the end of an edit a
+// second time when the text box is destroyed and loses the focus, with the typed text even after a cancelled
+// edit.
 void NativeTreeView::OnEndLabelEdit(wxTreeEvent& event) {
     event.Veto();
     if (Edited() == nullptr) return;
@@ -329,7 +330,7 @@ std::string NativeTreeView::EditText() const {
 void NativeTreeView::SetEditText(const std::string& text) {
     wxTextCtrl* const box = m_control.GetEditControl();
     if (box == nullptr) return;
-    // Before the first event of the box was handled, nobody corrects what it holds.
+    // Until the first event of the box has been handled, CorrectEdit does not run, so correct the text here.
     box->ChangeValue(ToWx(Corrected(text)));
     box->SetInsertionPointEnd();
 }
@@ -342,7 +343,7 @@ void NativeTreeView::OnBeginDrag(wxTreeEvent& event) {
     const bool several = m_style.multiple && m_control.IsSelected(event.GetItem());
     if (!BeginDrag(several ? Selection() : std::vector<TreeNode*>{node})) return;
     wxCustomDataObject rows(RowFormat());
-    rows.SetData(1, ""); // something has to be in it
+    rows.SetData(1, ""); // must not be empty
     wxDropSource source(rows, &m_control);
     source.DoDragDrop(wxDrag_AllowMove);
     EndDrag();

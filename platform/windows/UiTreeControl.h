@@ -22,7 +22,7 @@ private:
     std::unique_ptr<NativeTreeView> m_view;
 };
 
-/// Windows' own tree view.
+/// The tree view of Windows.
 class NativeTreeView final : public TreeView {
 public:
     NativeTreeView(NativeTreeControl& control, const TreeStyle& style);
@@ -43,7 +43,7 @@ public:
     std::string EditText() const override;
     void SetEditText(const std::string& text) override;
 
-    // What the control and its drop target report.
+    // Events of the control and its drop target.
     void OnContextKey() { ReportContextMenu(wxDefaultPosition); }
     bool OnDragOver(wxPoint point, bool copies) { return DragTo(point, copies); }
     bool OnDropped(wxPoint point, bool copies) { return Drop(point, copies); }
@@ -78,7 +78,7 @@ private:
 
     NativeTreeControl& m_control;
     TreeStyle m_style;
-    bool m_mayEdit = false; // only the program begins an edit, no slow second click
+    bool m_mayEdit = false; // edits are begun by the program only, not by a slow second click
     bool m_restoring = false;
 };
 

@@ -6,7 +6,8 @@ namespace nesk::platform::windows {
 
 namespace {
 
-// Folders may be 12 characters shorter than files, so that a name of the old form fits into them.
+// The path of a folder must be 12 characters shorter than that of a file, so that a name of 8.3 characters
+// fits.
 constexpr std::size_t LongestPlainPath = MAX_PATH - 12;
 
 } // namespace
@@ -34,7 +35,7 @@ std::string FromWide(std::wstring_view text) {
 std::wstring FilePath(const std::string& path) {
     if (path.empty() || path.find('\0') != std::string::npos) return {};
     std::wstring wide = ToWide(path);
-    // A device or a path that carries the prefix already.
+    // A device path, or a path that already has the prefix.
     if (wide.starts_with(L"\\\\?\\") || wide.starts_with(L"\\\\.\\")) return wide;
     std::wstring full(GetFullPathNameW(wide.c_str(), 0, nullptr, nullptr), L'\0');
     full.resize(GetFullPathNameW(wide.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));

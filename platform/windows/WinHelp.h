@@ -7,8 +7,8 @@ namespace nesk::platform::windows {
 /// The system's WinHelpA, which shows classic help.
 using WinHelpFunction = BOOL(WINAPI*)(HWND owner, LPCSTR file, UINT command, ULONG_PTR data);
 
-/// Puts a function in the place of WinHelpA, as tests do: what it shows is another program's. Returns the one
-/// before.
+/// Replaces WinHelpA with another function. For tests, because WinHelpA opens another program. Returns the
+/// previous function.
 WinHelpFunction SetWinHelp(WinHelpFunction function);
 
 } // namespace nesk::platform::windows
