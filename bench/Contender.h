@@ -5,7 +5,7 @@
 
 namespace nesk::bench {
 
-/// One way to hold the sample tree.
+/// A contender of the benchmark: one representation of the sample tree.
 class Contender {
 public:
     virtual ~Contender() = default;
@@ -13,10 +13,10 @@ public:
     /// Reads the file of this contender's format. Ends the program with a message when that fails.
     virtual void Load(const std::string& path) = 0;
 
-    /// Writes what was loaded.
+    /// Writes the loaded tree.
     virtual void Save(const std::string& path) = 0;
 
-    /// Number of items that were loaded; not measured.
+    /// Number of loaded items; not measured.
     virtual int Count() = 0;
 };
 
@@ -25,7 +25,7 @@ std::unique_ptr<Contender> MakePugixml();
 std::unique_ptr<Contender> MakeRapidJson();
 std::unique_ptr<Contender> MakeBoostInfo();
 
-/// Reads a file into memory and looks for the ends of its lines, the least that any reader does.
+/// Reads a file into memory and finds the ends of its lines: the minimal work of any reader.
 std::unique_ptr<Contender> MakeScan();
 
 } // namespace nesk::bench

@@ -33,7 +33,7 @@ const Entrant Entrants[] = {
     {"read and scan", MakeScan, WriteBlockFile, false},
 };
 
-// What one entrant needed, a number a round.
+// The figures of one entrant, one number per round.
 struct Results {
     std::vector<double> load;
     std::vector<double> memory;
@@ -73,7 +73,7 @@ void RunRound(const fs::path& folder, int items, AllResults& all) {
             std::exit(2);
         };
         Results& results = all[entrant.name];
-        // About what all but the largest take to load a file or to save one.
+        // Approximately the memory that all entrants but the largest need to load or save a file.
         const std::size_t memory = 3 * fs::file_size(path);
         const Figures loading = Measure([] {}, load, memory);
         results.load.push_back(loading.seconds);
@@ -115,7 +115,7 @@ void MeasureFiles(Table& table, int items, int rounds) {
     table.AtMost("load: part of reading and scanning", MedianOfRatios(own.load, all["read and scan"].load),
                  1.0);
     table.AtLeast("save: times as fast as pugixml", MedianOfRatios(pugixml.save, own.save), 1.4);
-    // To know where they stand: no goal is set beside these.
+    // For information only: these comparisons have no goal.
     for (const char* other : {"RapidJSON", "Boost INFO"}) {
         const Results& results = all[other];
         table.Line(std::string("load: times as fast as ") + other,

@@ -4,9 +4,9 @@ namespace nesk::bench {
 
 class Table;
 
-/// Loading and saving the sample tree, against other ways to hold it.
+/// Measures loading and saving the sample tree, compared with other representations of it.
 /// @param items   size of the tree
-/// @param rounds  how often all of it is measured; the medians count
+/// @param rounds  number of repetitions; the medians count
 void MeasureFiles(Table& table, int items, int rounds);
 
 } // namespace nesk::bench

@@ -15,7 +15,7 @@ namespace nesk::bench {
 
 namespace {
 
-// A line of the kernel's own account of this process, in bytes.
+// A value from the kernel's status file of this process, in bytes.
 double Memory(const std::string& name) {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);)
@@ -23,7 +23,7 @@ double Memory(const std::string& name) {
     return 0;
 }
 
-// Memory that is used once and given back.
+// Memory that is allocated, written once and released.
 class UsedMemory {
 public:
     UsedMemory(std::size_t size, bool largePages)
@@ -46,9 +46,9 @@ private:
     void* m_memory;
 };
 
-// On a virtual machine, memory that nobody has used for a while is the host's, and whoever is the first to
-// use it again waits for the host. None of those that are measured is to be the first. Large pages go back to
-// the host before small ones, and the system keeps the two apart.
+// Touches memory before a measurement. On a virtual machine, unused memory is returned to the host after a
+// while, and the next process that uses it waits for the host; a measured process must not be the first.
+// Large pages are returned before small ones, and the system manages the two separately, so both are touched.
 void WarmMemory(std::size_t size) {
     const UsedMemory large(size, true);
     const UsedMemory small(size, false);
@@ -58,7 +58,7 @@ void WarmMemory(std::size_t size) {
     Figures figures;
     try {
         prepare();
-        // From here on the peak is that of the action alone.
+        // Resets the peak, so that it is the peak of the action alone.
         std::ofstream("/proc/self/clear_refs") << "5";
         const double before = Memory("VmRSS");
         const auto start = std::chrono::steady_clock::now();
@@ -70,7 +70,7 @@ void WarmMemory(std::size_t size) {
         ::_exit(1);
     }
     const bool written = ::write(result, &figures, sizeof figures) == sizeof figures;
-    // What was loaded is not released one by one: that is no part of what is measured.
+    // Exits without destructors: releasing the loaded data is not part of the measurement.
     ::_exit(written ? 0 : 1);
 }
 

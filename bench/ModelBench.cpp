@@ -24,11 +24,11 @@ namespace {
 
 constexpr int Items = 1000000;
 constexpr int Siblings = MenuItemCollection::MaxCount;
-constexpr int Edits = 2000; // a round
+constexpr int Edits = 2000; // per round
 constexpr int Histories = 10000;
 constexpr int Rounds = 5;
 
-// What one call takes, in microseconds.
+// The average duration of one call, in microseconds.
 double MicrosecondsEach(int calls, const std::function<void(int)>& call) {
     const auto start = std::chrono::steady_clock::now();
     for (int i = 0; i < calls; ++i)
@@ -84,14 +84,14 @@ void MeasureSiblings(Table& table) {
     for (int i = 0; i < Siblings; ++i)
         children.Add("entry", MenuItem::PartType);
     std::mt19937 random(2);
-    // Rearranged first: in the order of the file every search would end at once.
+    // Shuffle first: in the order of the file every search would end at once.
     for (int i = 0; i < Siblings; ++i)
         children.Append(children.Take(1 + static_cast<int>(random() % Siblings)));
     const auto anyPosition = [&] {
         return 1 + static_cast<int>(random() % static_cast<unsigned>(children.Count()));
     };
     const auto any = [&]() -> MenuItem& { return children.Item(anyPosition()); };
-    // In turns, so that there are always about as many as there may be.
+    // Alternates removing and adding, so that the number of siblings stays near the maximum.
     std::vector<double> remove, add, putBack;
     for (int round = 0; round < Rounds; ++round) {
         remove.push_back(MicrosecondsEach(Edits, [&](int) { children.RemoveItem(any()); }));

@@ -4,7 +4,8 @@ namespace nesk::bench {
 
 class Table;
 
-/// Finding entries in a large tree, edits among the most siblings there may be, registering many histories.
+/// Measures finding entries in a large tree, edits among the maximum number of siblings, and registering many
+/// histories.
 void MeasureModel(Table& table);
 
 } // namespace nesk::bench

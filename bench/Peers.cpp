@@ -22,7 +22,7 @@ namespace {
     std::exit(2);
 }
 
-// The file's bytes and a zero behind them.
+// The file's bytes, followed by a zero.
 struct Bytes {
     std::unique_ptr<char[]> data;
     std::size_t size = 0;
@@ -131,7 +131,7 @@ public:
         }
     }
     void Save(const std::string&) override { Fail("a scan saves nothing"); }
-    // Eleven lines an item, four for the menu.
+    // Eleven lines per item, four for the menu.
     int Count() override { return (m_lines - 4) / 11; }
 
 private:

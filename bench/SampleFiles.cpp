@@ -34,7 +34,7 @@ private:
     std::FILE* m_file;
 };
 
-// The name of a field in the files and the field itself.
+// The name of a field in the files, and the member that holds its text.
 struct Field {
     const char* name;
     std::string SampleEntry::*text;
@@ -49,7 +49,7 @@ constexpr Field BehindTopic[] = {{"MENUTYPE", &SampleEntry::menuType},
                                  {"HISTORY_DIR", &SampleEntry::historyDir},
                                  {"HISTORY_TITLE", &SampleEntry::historyTitle}};
 
-// A writer that gets the fields of an entry one by one, all as text.
+// A writer that receives the fields of an entry one by one, all as text.
 class FieldWriter : public SampleWriter {
 protected:
     explicit FieldWriter(const std::string& path) : file(path) {}
@@ -87,7 +87,7 @@ private:
         file.Put(m_indent + "\t" + name + "=" + Western(text) + "\r\n");
     }
 
-    // All of the sample that is not ASCII has one and the same lead byte in UTF-8.
+    // Every character of the sample that is not ASCII has the same lead byte in UTF-8.
     static std::string Western(const std::string& text) {
         std::string bytes;
         for (std::size_t i = 0; i < text.size(); ++i) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// Files of the sample tree, one function a format. Each writes the file at a path of the host.
+/// Writers of the sample tree, one function per file format. Each writes a file at a host path.
 namespace nesk::bench {
 
 void WriteBlockFile(const std::string& path, int items);

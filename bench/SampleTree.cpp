@@ -12,7 +12,7 @@ SampleEntry EntryOf(int number, bool part) {
     const std::string n = std::to_string(number);
     const std::string group = std::to_string(number / 100);
     SampleEntry entry;
-    // One caption in eight has a character that the code page stores otherwise than UTF-8.
+    // One caption in eight has a character whose bytes differ between the code page and UTF-8.
     entry.caption = (number % 8 == 0 ? "Geh\xC3\xA4use " : "Housing ") + n;
     entry.graphic = R"(C:\Neskroot\Pictures\group)" + group + "\\" + n + ".bmp";
     entry.menuType = part ? "Part Program" : "Menu";
@@ -29,7 +29,7 @@ class Visit {
 public:
     explicit Visit(SampleWriter& writer) : m_writer(writer) {}
 
-    // The items below one entry: buttons when they fit there, otherwise submenus that share them.
+    // Writes the items below one entry: buttons if they fit, otherwise submenus that share them.
     void Below(int items) {
         if (items <= MostChildren) {
             for (int i = 0; i < items; ++i)

@@ -14,11 +14,11 @@ struct SampleEntry {
     std::int32_t helpTopic = 0;
     std::string menuType;
     std::string programId;
-    std::string historyDir; ///< always empty: what registering costs is measured by itself
+    std::string historyDir; ///< always empty: registering histories is measured separately
     std::string historyTitle;
 };
 
-/// What writes a tree in one format. Calls come in the order of the file.
+/// A writer of a tree in one format. Calls are made in the order of the file.
 class SampleWriter {
 public:
     virtual ~SampleWriter() = default;
@@ -28,8 +28,8 @@ public:
     virtual void EndMenu() = 0;
 };
 
-/// Shows a writer a tree as stations have them, only larger: submenus of at most 32 entries, below them part
-/// buttons with paths of usual length. The same every time.
+/// Passes a sample tree to a writer. It is like the trees of stations, only larger: submenus of at most 32
+/// entries, with part buttons below them and paths of usual length. The tree is the same every time.
 /// @param items  number of items below the root
 void VisitSampleTree(SampleWriter& writer, int items);
 

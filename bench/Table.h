@@ -5,18 +5,18 @@
 
 namespace nesk::bench {
 
-/// Prints what was measured against what was meant to be reached, a line each, and counts what was missed.
+/// Prints measured figures and their goals, one per line, and counts the missed goals.
 class Table {
 public:
     void Heading(const std::string& text);
 
-    /// A figure without a goal.
+    /// Prints a figure without a goal.
     void Line(const std::string& what, const std::string& figure);
 
-    /// A ratio that should be `goal` or more.
+    /// Prints a ratio whose goal is `goal` or more.
     void AtLeast(const std::string& what, double ratio, double goal);
 
-    /// A figure that should be `goal` or less.
+    /// Prints a figure whose goal is `goal` or less.
     void AtMost(const std::string& what, double figure, double goal, const std::string& unit = "");
 
     int Missed() const { return m_missed; }

@@ -1,6 +1,6 @@
-// Measures this program beside others that do the same, in one run, and prints how the figures stand to the
-// goals. With arguments, a number of items and one of rounds, it only loads and saves; with "model" it leaves
-// files out.
+// Compares this program with others that do the same, in one run, and prints the figures and their goals.
+// With two arguments, the number of items and the number of rounds, it measures only loading and saving; with
+// "model" it omits files.
 
 #include "bench/FileBench.h"
 #include "bench/ModelBench.h"

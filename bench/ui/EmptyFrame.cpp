@@ -1,4 +1,4 @@
-// The least that a program with a window does, for comparison.
+// The minimal program with a window, for comparison.
 
 #include <wx/app.h>
 #include <wx/frame.h>

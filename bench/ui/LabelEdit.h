@@ -10,17 +10,17 @@ class FormMain;
 
 namespace nesk::bench {
 
-// An entry gets another caption as the user gives it one: by the command, in the text box, with Enter. Both
-// select the entry first, which is not measured, and end the program with a message when it is not called so
-// afterwards. Times are in milliseconds, with what follows in the windows.
+// Each function changes an entry's caption as a user does: by the command, in the text box, with Enter. It
+// first selects the entry, which is not measured. It ends the program with a message when the caption is not
+// the new one afterwards. Times are in milliseconds and include the resulting updates of the windows.
 
-/// Types the caption.
-/// @param caption  must hold ASCII characters alone
-/// @return what the slowest character took
+/// Types the caption character by character.
+/// @param caption  must contain ASCII characters only
+/// @return time of the slowest character
 double TypeCaption(FormMain& window, const std::string& id, const std::string& caption);
 
-/// Puts the caption into the text box at once.
-/// @return what the command, the text and Enter took together
+/// Sets the text of the text box at once.
+/// @return total time of the command, the text and Enter
 double RenameInPlace(FormMain& window, const std::string& id, const std::string& caption);
 
 } // namespace nesk::bench

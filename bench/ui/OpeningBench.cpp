@@ -29,7 +29,8 @@ namespace fs = std::filesystem;
 constexpr int Items = 100000;
 constexpr int Rounds = 5;
 
-// As many nodes as the menu has, with the same texts and pictures, in the same shape.
+// Fills a tree control with as many nodes as the menu has, in the same shape and with the same texts and
+// pictures.
 class TreeFiller final : public SampleWriter {
 public:
     explicit TreeFiller(wxTreeCtrl& tree) : m_tree(tree) {}

@@ -4,7 +4,8 @@ namespace nesk::bench {
 
 class Table;
 
-/// Opening a large menu beside filling a bare tree control, and what follows an edit in it.
+/// Measures opening a large menu, compared with filling a bare tree control, and the updates after an edit in
+/// the menu.
 void MeasureOpening(Table& table);
 
 } // namespace nesk::bench

@@ -21,7 +21,7 @@ namespace {
 
 constexpr int Rounds = 5;
 
-// Leaves room for one entry a round.
+// Leaves room below the maximum for one new entry per round.
 constexpr int Siblings = 32760;
 
 std::string FileOfOneSubmenu() {
@@ -49,7 +49,7 @@ void MeasureWindowSiblings(Table& table) {
 
     std::vector<double> select, move, add, remove, type, rename;
     for (int round = 0; round < Rounds; ++round) {
-        // Near the end, where a search that begins at the first child takes longest.
+        // Near the end, where a linear search takes longest.
         const auto entry = [&](int block) { return "R.1." + std::to_string(32000 + 100 * block + round); };
         select.push_back(MillisecondsSettled([&] { tree.SelectKey(entry(0)); }));
         Demand(tree.SelectedKey() == entry(0), "the entry is not selected");

@@ -4,7 +4,8 @@ namespace nesk::bench {
 
 class Table;
 
-/// Edits in the window among about as many siblings as there may be, all of them expanded.
+/// Measures edits in the window among almost the maximum number of siblings, all of them in an expanded
+/// entry.
 void MeasureWindowSiblings(Table& table);
 
 } // namespace nesk::bench

@@ -23,12 +23,12 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A window is painted at the next tick of its display's clock, 60 a second: single starts differ by that
-// much.
+// Many rounds: a window is painted at the next tick of its display's clock (60 per second), so single starts
+// differ by up to one tick.
 constexpr int Rounds = 41;
 constexpr std::chrono::seconds Longest{20};
 
-// Windows disappear between being seen and being asked for.
+// A window may be destroyed before its attributes are queried.
 int IgnoreError(::Display*, XErrorEvent*) {
     return 0;
 }
@@ -44,7 +44,7 @@ public:
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
-    // Waits for a window of usual size to be mapped and to hold more than one colour.
+    // Waits until a window of usual size is mapped and painted.
     bool WaitForWindow() {
         const auto deadline = Clock::now() + Longest;
         std::vector<Window> mapped;
@@ -54,7 +54,8 @@ public:
                 XNextEvent(m_display, &event);
                 if (event.type == MapNotify) mapped.push_back(event.xmap.window);
             }
-            // The window manager's frame gets its size after it was mapped.
+            // The window manager's frame gets its size after it is mapped, so the size is checked again each
+            // time.
             if (std::any_of(mapped.begin(), mapped.end(),
                             [&](Window window) { return IsLarge(window) && IsPainted(window); }))
                 return true;
@@ -70,7 +71,7 @@ private:
                attributes.height > 200;
     }
 
-    // A window that was only mapped has one colour, below the title that the window manager paints.
+    // A mapped but unpainted window is black below the title that the window manager paints.
     bool IsPainted(Window window) {
         XWindowAttributes attributes;
         if (XGetWindowAttributes(m_display, window, &attributes) == 0) return false;
@@ -104,7 +105,7 @@ double SecondsToWindow(const std::string& program) {
         std::fprintf(stderr, "%s showed no window\n", program.c_str());
         std::exit(2);
     }
-    // The window manager takes the frame away.
+    // Gives the window manager time to remove the frame.
     ::usleep(300'000);
     return seconds;
 }
@@ -114,7 +115,7 @@ double SecondsToWindow(const std::string& program) {
 void MeasureStart(Table& table, const std::string& folder) {
     const TempStation station;
     ::setenv("NESKMANAGER_STATION", station.Folder().c_str(), 1);
-    // The first program on a display finds out what it can draw, for all that follow.
+    // The first program on a display detects its drawing capabilities for all later programs.
     SecondsToWindow(folder + "/bench_frame");
     std::vector<double> ratios, own, empty;
     for (int round = 0; round < Rounds; ++round) {

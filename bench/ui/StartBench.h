@@ -6,8 +6,9 @@ namespace nesk::bench {
 
 class Table;
 
-/// How long the program takes from its start to its first painted window, beside a program with an empty one.
-/// @param folder  of the programs
+/// Measures the time from the start of the program to its first painted window, compared with a program with
+/// an empty window.
+/// @param folder  folder of both programs
 void MeasureStart(Table& table, const std::string& folder);
 
 } // namespace nesk::bench

@@ -12,7 +12,8 @@ namespace nesk::bench {
 
 namespace {
 
-// The toolkit paints 60 times a second; what is measured should neither miss its painting nor wait for it.
+// The toolkit paints 60 times a second. Painting now includes it in the measured time without waiting for the
+// next tick.
 void PaintNow() {
     for (wxWindow* window : wxTopLevelWindows)
         if (window->IsShownOnScreen()) window->Update();

@@ -4,14 +4,13 @@
 
 namespace nesk::bench {
 
-/// What an action takes, in seconds.
+/// The duration of an action in seconds.
 double Seconds(const std::function<void()>& action);
 
-/// Works off the events until the windows have drawn themselves and nothing is left to be done. Needs an
-/// active event loop.
+/// Processes events until the windows are painted and no event is pending. Needs an active event loop.
 void Settle();
 
-/// What an action takes with all that follows it in the windows, in milliseconds.
+/// The duration of an action and the resulting updates of the windows, in milliseconds.
 double MillisecondsSettled(const std::function<void()>& action);
 
 /// Ends the program with a message.

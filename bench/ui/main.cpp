@@ -1,6 +1,6 @@
-// Measures the windows: opening a large menu and what follows an edit in it, edits among many siblings,
-// scanning a repository beside `find`, and the start of the program. Arguments pick some of it: opening,
-// siblings, scan, start.
+// Measures the windows: opening a large menu and the updates after an edit in it, edits among many siblings,
+// scanning a repository compared with `find`, and the start of the program. Arguments select some of the
+// measurements: opening, siblings, scan, start.
 
 #include "bench/Measure.h"
 #include "bench/Table.h"
@@ -38,7 +38,7 @@ using modUtilities::FromWx;
 constexpr int Folders = 50000;
 constexpr int Rounds = 5;
 
-// Ends every dialog as soon as it has been shown and its scan is done.
+// Closes every dialog as soon as it is shown and its scan is complete.
 class CloseDialogs final : public wxModalDialogHook {
 protected:
     int Enter(wxDialog* dialog) override {
@@ -47,7 +47,7 @@ protected:
     }
 };
 
-// Runs `find -type d`, whose names nobody reads.
+// Runs `find -type d` and discards its output.
 bool FindFolders(const std::string& folder) {
     const pid_t child = ::fork();
     if (child == 0) {
