@@ -8,7 +8,7 @@ namespace nesk {
 
 namespace {
 
-// A small menu takes little, a large one few blocks.
+// Block sizes grow, so that a small menu uses little memory and a large menu needs few blocks.
 constexpr std::size_t SmallestBlock = std::size_t{1} << 13;
 constexpr std::size_t LargestBlock = std::size_t{1} << 21;
 
@@ -22,7 +22,7 @@ Arena::~Arena() {
 void* Arena::AllocateInNewBlock(std::size_t size) {
     const std::size_t usual =
         std::min(SmallestBlock << std::min<std::size_t>(m_blocks.size(), 8), LargestBlock);
-    // What is large has a block of its own, and the one in use goes on being filled.
+    // A large object gets a block of its own, and the current block continues to be filled.
     const bool alone = size > usual / 4;
     m_blocks.push_back(nullptr);
     auto* const block = static_cast<char*>(platform::AllocateHugePages(alone ? size : usual));

@@ -8,14 +8,15 @@
 
 namespace nesk {
 
-/// A text in an arena. It is as large as an address: the text's length stands in front of the text.
+/// A reference to a text in an arena. It has the size of a pointer, because the text's length is stored
+/// before the text.
 class KeptText {
 public:
     /// The empty text.
     constexpr KeptText() = default;
 
-    /// A text that lies in no arena.
-    /// @param counted  its length as one byte below LongLength, and the text
+    /// A text that is not in an arena.
+    /// @param counted  the length as one byte, less than LongLength, followed by the text
     static constexpr KeptText Counted(const char* counted) { return KeptText(counted); }
 
     constexpr operator std::string_view() const {
@@ -30,16 +31,16 @@ public:
 private:
     friend class Arena;
 
-    // This in the place of the length: the length follows in full.
+    // This value in the length byte means that the full length follows.
     static constexpr unsigned char LongLength = 255;
 
     explicit constexpr KeptText(const char* at) : m_at(at) {}
 
-    const char* m_at = nullptr; // at the length
+    const char* m_at = nullptr; // points to the length
 };
 
-/// Memory that is taken bit by bit and released all together: what is put into it lies one behind the other
-/// in large blocks, stays where it is, and keeps its place, wanted or not, as long as the arena.
+/// A bump allocator: objects keep their address, and memory is freed only when the arena is destroyed. It
+/// takes memory from the system in large blocks and fills each from front to end.
 class Arena {
 public:
     Arena() = default;
@@ -47,8 +48,8 @@ public:
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
 
-    /// Room for an object. Whoever makes one in it ends its life as well.
-    /// @param alignment  a power of two, at most that of std::max_align_t
+    /// Memory for an object. The caller who constructs an object in it must also call its destructor.
+    /// @param alignment  a power of two, at most the alignment of std::max_align_t
     void* Allocate(std::size_t size, std::size_t alignment) {
         const std::size_t gap = (alignment - reinterpret_cast<std::size_t>(m_at) % alignment) % alignment;
         if (size + gap > static_cast<std::size_t>(m_end - m_at)) return AllocateInNewBlock(size);
@@ -77,8 +78,8 @@ private:
     void* AllocateInNewBlock(std::size_t size);
 
     std::vector<void*> m_blocks;
-    std::size_t m_bytes = 0; // of all blocks
-    char* m_at = nullptr;    // free part of the last block
+    std::size_t m_bytes = 0; // total size of the blocks
+    char* m_at = nullptr;    // start of the free part of the last block
     char* m_end = nullptr;
 };
 

@@ -6,8 +6,8 @@
 
 namespace nesk {
 
-/// Gives containers their memory from an arena, which must outlive them. What they outgrow or give back stays
-/// taken.
+/// A container allocator that takes memory from an arena. The arena must outlive the containers. Memory that
+/// a container releases is not reused.
 template <typename T>
 class ArenaAllocator {
 public:

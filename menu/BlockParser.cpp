@@ -12,10 +12,10 @@ namespace nesk {
 
 namespace {
 
-// What this program ends lines with.
+// The line end that this program writes.
 constexpr std::string_view LineEnd = "\r\n";
 
-// A tab counts as a blank.
+// A tab counts as a space.
 bool IsBlank(char c) {
     return c == ' ' || c == '\t';
 }
@@ -32,7 +32,7 @@ std::string_view TrimRight(std::string_view text) {
     return text;
 }
 
-// Takes the first word off `text` and what separates it from the next.
+// Removes the first word and the spaces after it from `text`, and returns the word.
 std::string_view TakeWord(std::string_view& text) {
     const auto end = std::find_if(text.begin(), text.end(), IsBlank);
     const std::string_view word = text.substr(0, static_cast<std::size_t>(end - text.begin()));
@@ -44,8 +44,8 @@ bool LiesIn(std::string_view text, const std::string& holder) {
     return text.data() >= holder.data() && text.data() <= holder.data() + holder.size();
 }
 
-// ASCII bytes never stand for anything else in a line before its "=", so words of the grammar need no
-// decoding.
+// Before the "=" of a line, an ASCII byte always stands for the ASCII character, so the words of the grammar
+// need no decoding.
 bool EqualsWord(std::string_view text, std::string_view upperWord) {
     return std::equal(text.begin(), text.end(), upperWord.begin(), upperWord.end(), [](char c, char upper) {
         return (c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c) == upper;
@@ -87,7 +87,7 @@ std::string BlockParser::ExpandTabs(std::string_view source) {
     return result;
 }
 
-// Reading on ends the reader's block, into which Key and Value may point.
+// Reading on replaces the reader's block, so Key and Value must be copied if they point into it.
 void BlockParser::KeepTexts() {
     if (!LiesIn(m_key, m_keyText)) m_keyText = m_key;
     if (!LiesIn(m_value, m_valueText)) m_valueText = m_value;
@@ -103,14 +103,14 @@ bool BlockParser::ReadLine(LineReader::Line& line) {
         return m_reader->Next(line);
     } catch (NeskError& error) {
         error.source = "BlockParser.GetToken";
-        // It is the next line that cannot be read.
+        // The error belongs to the next line, which cannot be read.
         if (m_currentLine != LastLine) ++m_currentLine;
         throw;
     }
 }
 
-// The token of the next line, when that is one of two which need not be taken apart: the end of a block, or
-// the same start of one as before.
+// Returns the token of the next line when no parsing is needed: the line is the end of a block, or the same
+// block start as the last one.
 std::optional<std::int16_t> BlockParser::NextIsUsual() {
     static constexpr LineScan::LineStart end("END", LineEnd);
     if (!m_reader || m_currentLine == LastLine) return std::nullopt;
@@ -146,7 +146,7 @@ bool BlockParser::ParseKeyValue(const LineReader::Line& line) {
     if (line.equals == line.last) return false;
     m_key = TrimRight({line.first, static_cast<std::size_t>(line.equals - line.first)});
     m_value = TrimLeft({line.equals + 1, static_cast<std::size_t>(line.last - line.equals - 1)});
-    // Files that this program writes need nothing of this for nearly all of their lines.
+    // Nearly all lines that this program writes skip these conversions.
     if (m_key.size() > LineScan::LongestStart || LineScan::HasLowerCase(m_key.data(), m_key.size()) ||
         !(line.isPlain || MenuText::IsPlain(m_key))) {
         m_keyText = platform::ToUpper(platform::FromAnsi(ExpandTabs(m_key)));
@@ -173,7 +173,7 @@ bool BlockParser::ParseEnd(std::string_view line) {
 
 bool BlockParser::ParseBlock(std::string_view line) {
     m_expected = 0;
-    // Most blocks begin with the same line as the one before.
+    // Most blocks begin with the same line as the previous block.
     if (line == m_blockLine) return true;
     std::string_view rest = line;
     if (!EqualsWord(TakeWord(rest), "BLOCK")) return false;

@@ -47,7 +47,7 @@ std::optional<std::string> FormEditMenu::Edit(const MenuItem& objItem) {
 }
 
 void FormEditMenu::OnOK() {
-    // The file need not exist, but its name has to be one that the menu file can hold.
+    // The file need not exist, but the menu file must be able to store its name.
     MenuText::CheckChange(picItemHost->Path(), m_before, "FormEditMenu.OK");
     Accept();
 }

@@ -10,13 +10,13 @@ namespace nesk {
 class FormPicture;
 class MenuItem;
 
-/// Chooses the picture of a submenu button; the title is the submenu's caption.
+/// A dialog to choose the picture of a submenu button. Its title is the submenu's caption.
 class FormEditMenu : public FormDialog {
 public:
     explicit FormEditMenu(wxWindow* parent);
 
     /// Shows the dialog for an item.
-    /// @return the picture for the item's Graphic; nothing when the dialog was cancelled
+    /// @return the picture for the item's Graphic; nothing when the user cancelled the dialog
     std::optional<std::string> Edit(const MenuItem& objItem);
 
     // Controls.
@@ -28,7 +28,7 @@ protected:
     void OnOK() override;
 
 private:
-    std::string m_before; // the picture that the item has
+    std::string m_before; // the item's current picture
 };
 
 } // namespace nesk

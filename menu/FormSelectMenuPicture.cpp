@@ -60,7 +60,7 @@ bool FormSelectMenuPicture::Display(std::string& sFile) {
 }
 
 void FormSelectMenuPicture::OnOK() {
-    // The file need not exist, but its name has to be one that the menu file can hold.
+    // The file need not exist, but the menu file must be able to store its name.
     MenuText::CheckChange(picItemHost->Path(), m_before, "FormSelectMenuPicture.OK");
     Accept();
 }

@@ -10,14 +10,14 @@ namespace nesk {
 
 class FormPicture;
 
-/// Picks the picture of a menu button. The dialog works on a path alone; nothing is checked but what is
-/// shown.
+/// A dialog to choose the picture of a menu button. It only handles a path: the picture file need not
+/// exist.
 class FormSelectMenuPicture : public FormDialog {
 public:
     explicit FormSelectMenuPicture(wxWindow* parent);
 
-    /// Shows the dialog for the picture `sFile` (a Windows path; "" for none).
-    /// @return true when it was confirmed; `sFile` is the chosen path then
+    /// Shows the dialog for the picture `sFile` (a Windows path; "" for no picture).
+    /// @return true when the user confirmed the dialog; `sFile` is then the chosen path
     bool Display(std::string& sFile);
 
     // Controls.

@@ -33,7 +33,8 @@ void HistoryList::Append(const std::string& directory, const std::string& title)
     } catch (const NeskError& error) {
         const int result = entry.LastResult();
         if (result == platform::ErrorCode::Success || result == platform::ErrorCode::FileNotFound) throw;
-        // Which value it was alone tells nobody what to do.
+        // The name of the value alone does not help the user, so the message also says why and where the
+        // registry failed.
         const NeskError reason = FileError(result, error.source, platform::StationRegistry().Location());
         throw NeskError(error.number, error.source, Message::HistoryNotRegistered,
                         {modUtilities::MessageText(error), modUtilities::MessageText(reason)});

@@ -10,12 +10,12 @@ class RegEntry;
 /// The list of measurement histories that the operator interface offers, kept in the registry.
 class HistoryList {
 public:
-    /// Appends an entry, under the number behind the one that is stored as the last, be that negative. An
-    /// entry that is listed already is appended again. Raises Overflow when there is no such number in 32
-    /// bits, and the errors of RegEntry with what is wrong with the registry and where it lies.
+    /// Appends an entry. Its number is the stored number of the last entry plus 1, even when that number is
+    /// negative. An entry that is already in the list is appended again. Raises Overflow when the new number
+    /// does not fit in 32 bits, and the errors of RegEntry, with the cause and the location of the registry.
     static void Append(const std::string& directory, const std::string& title);
 
-    /// Appends the history of a part, if it has one.
+    /// Appends the history of a part. Does nothing when the part has no history.
     static void Register(const MenuItem& item);
 
 private:

@@ -29,7 +29,7 @@ bool LineReader::TakeAnyLine(Line& line) {
     if (end == m_end) return false;
     const char* next = end + 1;
     if (*end == '\r') {
-        // Whether a LF belongs to it is known only with the next block.
+        // Only the next block shows whether an LF follows.
         if (next == m_end && !m_atEnd) return false;
         if (next < m_end && *next == '\n') ++next;
     }
@@ -51,7 +51,7 @@ LineReader::Line LineReader::LineTo(const char* end) const {
 bool LineReader::Next(Line& line) {
     while (!NextInBlock(line)) {
         if (ReadOn()) continue;
-        // The last line, without an end.
+        // The last line may have no line end.
         if (m_at == m_end) return false;
         line = LineTo(m_end);
         m_at = m_end;
@@ -60,7 +60,8 @@ bool LineReader::Next(Line& line) {
     return true;
 }
 
-// Moves the line that is begun to the front of the block and fills the rest. False at the end of the file.
+// Moves the incomplete line to the front of the block and fills the rest of the block. Returns false at the
+// end of the file.
 bool LineReader::ReadOn() {
     if (m_atEnd) return false;
     const auto begun = static_cast<std::size_t>(m_end - m_at);
@@ -79,7 +80,7 @@ bool LineReader::ReadOn() {
     try {
         count = m_source->Read(m_block.data() + begun, m_block.size() - LineScan::Padding - begun);
     } catch (const NeskError&) {
-        // Reading can be tried again, after the line that was cut.
+        // Reading can be retried. It then continues after the incomplete line, which is dropped.
         m_at = m_end = m_searched = m_block.data();
         std::memset(m_block.data(), 0, LineScan::Padding);
         throw;

@@ -10,28 +10,28 @@
 
 namespace nesk {
 
-/// Reads bytes line by line. A line ends with CR LF, LF or CR; the last one may have no end. Lines
-/// are views into a block of bytes, which the reader holds.
+/// A reader that splits bytes into lines. A line ends with CR LF, LF or CR; the last line may have no line
+/// end. Lines are views into a block of bytes that the reader owns.
 class LineReader {
 public:
     /// Longest line that is read, in bytes.
     static constexpr std::size_t LongestLine = std::size_t{1} << 27;
 
-    /// A line without its end, and without the blanks and tabs around it.
+    /// A line without its line end, and without leading and trailing spaces and tabs.
     struct Line {
         const char* first;
-        const char* last;   ///< behind the line
-        const char* equals; ///< the first "=" of the line; `last` when it has none
-        bool isPlain;       ///< it is printable ASCII alone
+        const char* last;   ///< one past the last character
+        const char* equals; ///< the first "=" of the line; `last` when there is no "="
+        bool isPlain;       ///< the line contains only printable ASCII
     };
 
     explicit LineReader(std::unique_ptr<ByteSource> source);
 
     const ByteSource& Source() const { return *m_source; }
 
-    /// The next line, when the block at hand holds all of it. Lines given before stay valid.
+    /// Gets the next line when the current block contains all of it. Lines returned before stay valid.
     bool NextInBlock(Line& line) {
-        // The lines that this program writes nearly all end here: printable ASCII, then CR LF.
+        // Nearly all lines that this program writes end here: printable ASCII, then CR LF.
         const char* const first = LineScan::SkipBlanks(m_at);
         const char* last = LineScan::SkipPrintable(first);
         if (last[0] != '\r' || last[1] != '\n') return TakeAnyLine(line);
@@ -42,9 +42,9 @@ public:
         return true;
     }
 
-    /// The value of the next line, without the blanks and tabs around it, when the block at hand holds all of
-    /// that line and it is the given key, directly behind it "=", printable ASCII and CR LF. Otherwise no
-    /// line is taken.
+    /// Gets the value of the next line, without leading and trailing spaces and tabs. The current block must
+    /// contain the whole line, and the line must consist of the given key, "=" directly after it, printable
+    /// ASCII and CR LF. Otherwise the function returns false and does not consume the line.
     bool NextValueInBlock(const LineScan::Key& key, std::string_view& value) {
         const char* first = LineScan::SkipBlanks(m_at);
         if (!LineScan::StartsWith(first, key)) return false;
@@ -60,8 +60,8 @@ public:
         return true;
     }
 
-    /// Takes the next line when it is this text, which includes its end, behind blanks and tabs alone, and
-    /// the block at hand holds all of it.
+    /// Skips the next line when it equals this text, which includes the line end. Spaces and tabs before the
+    /// text are allowed. The current block must contain the whole line.
     bool SkipInBlock(const LineScan::LineStart& line) {
         const char* const first = LineScan::SkipBlanks(m_at);
         if (!LineScan::StartsWith(first, line)) return false;
@@ -69,9 +69,9 @@ public:
         return true;
     }
 
-    /// The next line; reads on when the block at hand does not hold all of it, and lines given before are no
-    /// longer valid then. False at the end, and then on every further call. Raises the run-time
-    /// error of a failed read and OutOfMemory for a line that is longer than LongestLine.
+    /// Gets the next line. When the current block does not contain all of it, the reader reads on, and lines
+    /// returned before become invalid. Returns false at the end, and again on every further call. Raises the
+    /// run-time error of a failed read, and OutOfMemory for a line longer than LongestLine.
     bool Next(Line& line);
 
 private:
@@ -81,10 +81,10 @@ private:
     bool ReadOn();
 
     std::unique_ptr<ByteSource> m_source;
-    std::vector<char> m_block; // zeros follow what is read
-    const char* m_at;          // what is not given yet
-    const char* m_end;         // of what is read
-    const char* m_searched;    // up to here, and at or behind m_at, there is no line end
+    std::vector<char> m_block; // zeros follow the bytes read
+    const char* m_at;          // start of the bytes not yet returned
+    const char* m_end;         // end of the bytes read
+    const char* m_searched;    // there is no line end between m_at and this
     bool m_atEnd = false;
 };
 

@@ -11,22 +11,22 @@
 #endif
 
 /// The inner loops of reading: every byte of a menu file goes through them. `Scalar` looks at one character
-/// at a time and runs on every processor. `Sse2` looks at 16 and is used where the compiler may use SSE2: in
-/// all builds for x86. Tests and a fuzz target compare the two.
+/// at a time and runs on every processor. `Sse2` looks at 16 characters and is used where the compiler may
+/// use SSE2, which is the case in all builds for x86. Tests and a fuzz target compare the two.
 namespace nesk::LineScan {
 
-/// How many bytes must be readable after the last byte of a text.
+/// Number of bytes that must be readable after the last byte of a text.
 constexpr std::size_t Padding = 64;
 
-/// Longest text that HasLowerCase and StartsWith can look at.
+/// Longest text that HasLowerCase and StartsWith can handle.
 constexpr std::size_t LongestStart = 16;
 
-/// A text that lines may begin with, stored so that 16 bytes can be compared at once.
+/// A text that a line may begin with, stored so that 16 bytes can be compared at once.
 struct LineStart {
     std::array<char, LongestStart> bytes{}; // followed by zeros
     std::size_t length = 0;
 
-    /// Two texts joined, of LongestStart characters at most.
+    /// Joins two texts. Together they have at most LongestStart characters.
     constexpr LineStart(std::string_view text, std::string_view end) : length(text.size() + end.size()) {
         std::copy(end.begin(), end.end(), std::copy(text.begin(), text.end(), bytes.begin()));
     }
@@ -41,36 +41,36 @@ struct Key : LineStart {
 
 namespace Scalar {
 
-/// The first character at or after `first` that is not a space or a tab. There must be one.
+/// The first character at or after `first` that is not a space or a tab. There must be such a character.
 inline const char* SkipBlanks(const char* first) {
     while (*first == ' ' || *first == '\t')
         ++first;
     return first;
 }
 
-/// The first character at or after `first` that is not printable ASCII. There must be one.
+/// The first character at or after `first` that is not printable ASCII. There must be such a character.
 inline const char* SkipPrintable(const char* first) {
     while (static_cast<signed char>(*first) >= ' ')
         ++first;
     return first;
 }
 
-/// Whether these are the characters at `at`.
+/// True when the text at `at` begins with `start`.
 inline bool StartsWith(const char* at, const LineStart& start) {
     return std::equal(at, at + start.length, start.bytes.begin());
 }
 
-/// The first "=" of a text; `last` when it has none.
+/// The first "=" of a text; `last` when there is no "=".
 inline const char* FindEquals(const char* first, const char* last) {
     return std::find(first, last, '=');
 }
 
-/// The first CR or LF of a text; `last` when it has none.
+/// The first CR or LF of a text; `last` when there is no line end.
 inline const char* FindLineEnd(const char* first, const char* last) {
     return std::find_if(first, last, [](char c) { return c == '\r' || c == '\n'; });
 }
 
-/// Whether a text, of LongestStart characters at most, has a lower-case letter.
+/// True when a text of at most LongestStart characters contains a lower-case letter.
 inline bool HasLowerCase(const char* first, std::size_t length) {
     return std::any_of(first, first + length, [](char c) { return c >= 'a' && c <= 'z'; });
 }
@@ -92,8 +92,8 @@ inline std::uint32_t Bits(__m128i lanes) {
     return static_cast<std::uint32_t>(_mm_movemask_epi8(lanes));
 }
 
-// A bit for each of the 16 characters that is printable ASCII. Bytes from 0x80 are negative here, so one
-// comparison excludes them and the control characters.
+// One bit for each of the 16 characters, set when the character is printable ASCII. Bytes from 0x80 are
+// negative here, so one comparison excludes them and the control characters.
 inline std::uint64_t Printable(const char* at) {
     return Bits(_mm_cmpgt_epi8(Load(at), _mm_set1_epi8(' ' - 1)));
 }

@@ -23,7 +23,7 @@ namespace nesk {
 
 namespace {
 
-// Part of the file format: it is the same in every language.
+// This is part of the file format, so it is the same in every language.
 constexpr std::string_view DefaultCaption = "Main Menu";
 
 } // namespace
@@ -32,7 +32,7 @@ Menu::Menu() : m_memory(std::make_shared<Arena>()) {
     SetArena(*m_memory);
 }
 
-// Before the memory in which they lie.
+// The children must be destroyed before the arena that contains them.
 Menu::~Menu() {
     ReleaseChildren();
 }
@@ -81,7 +81,7 @@ void Menu::LoadFromFile(const std::string& sFile, platform::FileSystem& files) {
 
 void Menu::ReadFile(const std::string& sFile, platform::FileSystem& files) {
     BlockParser parser(MenuKeys);
-    // Histories are registered as they are met, which may be thousands of times.
+    // Each history is registered as it is read, possibly thousands of times, so the writes are grouped.
     platform::RegistryGroup histories(platform::StationRegistry());
     try {
         parser.OpenFile(sFile, false, files);

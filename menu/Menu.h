@@ -11,39 +11,42 @@ public:
     Menu();
     ~Menu() override;
 
-    /// Makes this a fresh root: caption "Main Menu", no picture, no children, whose ids start at 1 again.
-    /// @param sRootDir  folder that holds the menu file
+    /// Resets this root: caption "Main Menu", no picture, no children. The ids of children start at 1 again.
+    /// @param sRootDir  folder that contains the menu file
     /// @return always true
     bool Initialize(const std::string& sRootDir);
 
-    /// A copy of the tree with the same ids, in an arena of its own without dead room.
+    /// A copy of the tree with the same ids. It has an arena of its own, without the unused memory of deleted
+    /// items.
     std::unique_ptr<Menu> Compacted() const;
 
-    /// Where the items of this tree lie. Whoever takes an item out of the tree and may outlive it holds this.
+    /// The arena that contains the items of this tree. Code that takes an item out of the tree and may
+    /// outlive the tree must keep this pointer.
     const std::shared_ptr<Arena>& Memory() const { return m_memory; }
 
     const std::string& RootDirectory() const override { return m_rootDirectory; }
     const MenuEntry* ParentMenu() const override { return nullptr; }
     MenuEntry* ParentMenu() override { return nullptr; }
 
-    /// Reads a menu file into this root, which should be fresh: children that it has already stay. The
-    /// history directory of each item read is registered with the operator interface. A missing file shows a
-    /// message and leaves the tree as it was. Raises 5000 for a file that is no menu or is damaged,
-    /// TypeMismatch for a help topic that is no number, and the run-time error of a failed read, each with
-    /// the file and the line. The items completed by then stay.
+    /// Reads a menu file into this root. The root should be empty, because existing children stay. The
+    /// history directory of each item is registered with the operator interface. When the file is missing,
+    /// the function shows a message and leaves the tree unchanged. Raises 5000 for a file that is not a menu
+    /// or is damaged, TypeMismatch for a help topic that is not a number, and the run-time error of a failed
+    /// read, each with the file and the line. Items completed before the error stay in the tree.
     void LoadFromFile(const std::string& sFile, platform::FileSystem& files = platform::StationFiles());
 
-    /// The same without the look whether there is a file: a missing one raises FileNotFound. For a file that
-    /// is known to be there; a look that fails would make an empty menu of it.
+    /// Does the same as LoadFromFile without checking whether the file exists: a missing file raises
+    /// FileNotFound. Use this for a file that is known to exist. With LoadFromFile, a failed check would
+    /// result in an empty menu.
     void ReadFile(const std::string& sFile, platform::FileSystem& files = platform::StationFiles());
 
-    /// Whether a file that was read ended before its root did. It is read without an error, but may have been
-    /// cut off.
+    /// True when the file last read ended before the end of its root block. Such a file is read without an
+    /// error, but it may have been truncated.
     bool EndIsMissing() const { return m_endIsMissing; }
 
-    /// Writes the whole tree. The file is replaced in one step and the version before is kept beside it with
-    /// the ending ".bak". Raises the run-time error of what failed, or 5000 for a text that the code page
-    /// cannot hold or that would end its line; the file is unchanged then.
+    /// Writes the whole tree. The file is replaced in one step. The previous version is kept in the same
+    /// folder with the extension ".bak". Raises the run-time error of the failed step, or 5000 for a text
+    /// that the code page cannot represent or that contains a line end; the file is then unchanged.
     void SaveToFile(const std::string& sFile, platform::FileSystem& files = platform::StationFiles()) const;
 
 protected:

@@ -37,7 +37,7 @@ std::int32_t MenuEntry::NextCounter() {
 }
 
 MenuItemCollection& MenuEntry::SubMenus() {
-    // Made when first needed: most entries are part buttons, which never have children.
+    // Created on demand: most entries are part buttons, which never have children.
     if (!m_subMenus) {
         m_subMenus = MenuItemCollection::Create(*m_arena);
         m_subMenus->Initialize(*this);

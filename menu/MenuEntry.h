@@ -12,13 +12,13 @@ namespace nesk {
 class MenuItem;
 class MenuItemCollection;
 
-/// What the root of the menu tree and its items have in common: a caption, a picture, an id and children.
+/// The base class of the menu tree's root and items: a caption, a picture, an id and children.
 ///
-/// An id is "R" for the root, and below it the parent's id, "." and a counter of the parent's that starts
-/// at 1. Ids are never used twice while a tree lives and are not stored in the file. An entry keeps its
-/// counter alone; the text is made when it is asked for.
+/// The id of the root is "R". Every other id is the parent's id, "." and a counter that the parent assigns
+/// from 1 up. Ids are never reused while a tree exists, and they are not stored in the file. An entry stores
+/// only its counter; the text of the id is built on demand.
 ///
-/// The items of a tree and all its texts lie in the arena of its root.
+/// The items of a tree and all its texts are in the arena of its root.
 class MenuEntry {
 public:
     virtual ~MenuEntry();
@@ -28,11 +28,11 @@ public:
     std::string_view Caption() const { return m_caption; }
     void SetCaption(std::string_view value) { m_caption = Kept(value); }
 
-    /// Picture file, as a Windows path; "" for none.
+    /// Picture file, as a Windows path; "" for no picture.
     std::string_view Graphic() const { return m_graphic; }
     void SetGraphic(std::string_view value) { m_graphic = Kept(value); }
 
-    /// Folder that holds the menu file.
+    /// Folder that contains the menu file.
     virtual const std::string& RootDirectory() const = 0;
 
     /// The entry above; null for the root.
@@ -41,13 +41,13 @@ public:
 
     std::string ID() const;
 
-    /// The id that the next child gets; each call uses one up. Raises Overflow after 2,147,483,646 calls.
+    /// Returns the id for the next child. Each call uses one id. Raises Overflow after 2,147,483,646 calls.
     std::string NextID();
 
-    /// The last number of NextID alone; otherwise as NextID.
+    /// Does the same as NextID, but returns only the last number of the id.
     std::int32_t NextCounter();
 
-    /// The children; an empty collection is made when there is none.
+    /// The children. Creates an empty collection when there is no collection yet.
     MenuItemCollection& SubMenus();
 
     /// Number of children.
@@ -56,11 +56,11 @@ public:
     /// Number of all entries below this one.
     std::int64_t CountBelow() const;
 
-    /// The entry with this id at or below this one; null when there is none.
+    /// Finds the entry with this id, at or below this entry; null when there is no such entry.
     const MenuEntry* Find(const std::string& sKey) const;
     MenuEntry* Find(const std::string& sKey);
 
-    /// Releases the children and drops the collection.
+    /// Deletes the children and the collection.
     void Terminate();
 
     /// The children; null when there is no collection.
@@ -70,23 +70,23 @@ public:
 protected:
     MenuEntry();
 
-    /// Sets where the entry's texts and those of the entries below it are kept.
+    /// Sets the arena for the texts of this entry and of the entries below it.
     void SetArena(Arena& arena) { m_arena = &arena; }
 
     /// A copy of the text in the arena.
     KeptText Kept(std::string_view text) const { return m_arena->Keep(text); }
 
-    /// Ends the lives of all entries below this one.
+    /// Deletes all entries below this one.
     void ReleaseChildren();
 
-    /// Number of this entry among the ids of its parent; 0 for the root.
+    /// The counter that the parent assigned to this entry; 0 for the root.
     virtual std::int32_t CounterInParent() const = 0;
 
 private:
     template <typename Entry>
     static Entry* FindFrom(Entry& first, const std::string& key);
 
-    friend class MenuItem; // which lies in its parent's arena
+    friend class MenuItem; // it uses its parent's m_arena
 
     Arena* m_arena = nullptr;
     KeptText m_caption;
@@ -94,7 +94,8 @@ private:
     std::unique_ptr<MenuItemCollection> m_subMenus;
 
 protected:
-    // A fresh root begins again, and a test near the end: handing out all numbers takes too long.
+    // Protected because a reset root starts again at 1, and because a test starts near the end: assigning all
+    // numbers takes too long.
     std::int32_t m_nextCounter = 1;
 };
 

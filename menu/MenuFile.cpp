@@ -9,7 +9,7 @@ namespace nesk {
 
 namespace {
 
-// Hashes what it passes on.
+// A sink that passes bytes on to another sink and hashes them.
 class HashingSink final : public ByteSink {
 public:
     explicit HashingSink(ByteSink& sink) : m_sink(sink) {}

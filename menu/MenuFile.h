@@ -11,10 +11,10 @@ namespace nesk {
 class Menu;
 
 /// Replaces the file `path` by a menu, in one step. Raises the run-time error of a failed step, or 5000 for a
-/// text that the code page cannot hold or that would end its line; the file is unchanged then.
-/// @param backup  where the version before is kept
-/// @param known   what the file is believed to hold. When the menu makes the same bytes, and the file does
-///                hold them, an older backup stays, and a dated one is not made
+/// text that the code page cannot represent or that contains a line end; the file is then unchanged.
+/// @param backup  where to keep the previous version
+/// @param known   the expected hash of the existing file. When the menu produces the same bytes, and the file
+///                really has this hash, an older backup is kept and no dated backup is made
 /// @return the hash of the new file
 FileHash SaveMenuFile(const Menu& menu, const std::string& path, const Backup& backup,
                       const FileHash& known = {}, platform::FileSystem& files = platform::StationFiles());

@@ -8,25 +8,25 @@
 
 namespace nesk {
 
-/// The text form of an entry's id: "R" for the root, and for every other entry its parent's id, "." and the
-/// counter that the parent gave it, in decimal without leading zeros. So every entry has exactly one id.
+/// The text form of an entry's id. The root's id is "R". Every other id is the parent's id, "." and the
+/// counter that the parent assigned, in decimal without leading zeros. So every entry has exactly one id.
 class MenuId {
 public:
     static constexpr std::string_view Root = "R";
 
-    /// The id of a child.
+    /// Builds the id of a child.
     static std::string OfChild(std::string_view parentId, std::int32_t counter);
 
-    /// The id of the parent; "" for the root's.
+    /// The id of the parent; "" for the root.
     static std::string OfParent(std::string_view id) {
         const std::size_t end = id.rfind('.');
         return std::string(end == std::string_view::npos ? "" : id.substr(0, end));
     }
 
-    /// The last part of a child's id, which identifies it among its siblings: its counter.
+    /// The last part of a child's id: its counter, which identifies it among its siblings.
     static std::string LastPart(std::int32_t counter) { return std::to_string(counter); }
 
-    /// An id from its parts, the root's first.
+    /// Joins the parts of an id. The root's part comes first.
     template <typename Parts>
     static std::string Join(const Parts& parts) {
         std::string id;
@@ -35,11 +35,11 @@ public:
         return id;
     }
 
-    /// The parts of an id, the root's first. Views into `id`.
+    /// Splits an id into its parts, as views into `id`. The root's part comes first.
     static std::vector<std::string_view> Parts(std::string_view id);
 
-    /// Reads the counter at the front of an id's rest, ".5.2" for example, and removes it from there.
-    /// @return nothing when no counter stands there
+    /// Reads the counter at the front of the rest of an id, for example ".5.2", and removes it from `rest`.
+    /// @return nothing when `rest` does not begin with a counter
     static std::optional<std::int32_t> TakeCounter(std::string_view& rest);
 };
 

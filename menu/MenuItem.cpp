@@ -9,7 +9,7 @@ namespace nesk {
 
 namespace {
 
-// Nearly all items are of one of two types, whose names need no room in the arena.
+// Nearly all items have one of these two types, so their names are not stored in the arena.
 constexpr KeptText Part = KeptText::Counted("\14Part Program");
 constexpr KeptText Submenu = KeptText::Counted("\4Menu");
 static_assert(Part == MenuItem::PartType && Submenu == MenuItem::SubmenuType);

@@ -13,31 +13,32 @@ class ByteSink;
 /// A submenu or a part-program button of the menu tree.
 class MenuItem final : public MenuEntry {
 public:
-    /// Values of MenuType that this program writes. Every other text is kept as it is.
+    /// Values of MenuType that this program writes. Any other text is kept unchanged.
     static constexpr std::string_view PartType = "Part Program";
     static constexpr std::string_view SubmenuType = "Menu";
 
-    /// A new item, initialized for `parent`, in the arena of its tree. It is no child yet.
+    /// Creates an item in the arena of the parent's tree, initialized for `parent`. It is not yet a child.
     static std::unique_ptr<MenuItem> Create(MenuEntry& parent);
 
-    /// A copy of an item without the items below it, in the arena of `parent`. It keeps its counter and the
-    /// one that it gives out next, and is no child yet.
+    /// Copies an item, without the items below it, into the arena of `parent`. The copy keeps the counter and
+    /// the next counter for its children. It is not yet a child.
     static std::unique_ptr<MenuItem> CopyOf(const MenuItem& item, MenuEntry& parent);
 
-    /// Makes `parent`, which must outlive the item, the entry above it and takes the parent's next id.
+    /// Makes `parent` the parent of this item and takes the parent's next id. The parent must outlive the
+    /// item.
     void Initialize(MenuEntry& parent);
 
-    /// An item that is deleted leaves its room to the arena.
+    /// Does nothing: only the arena frees memory.
     static void operator delete(void*) noexcept {}
 
     const MenuEntry* ParentMenu() const override { return m_parent; }
     MenuEntry* ParentMenu() override { return m_parent; }
-    /// Sets the entry above alone: the item stays among the children where it is. Its id and its root
-    /// directory follow the parent.
+    /// Sets only the parent: the item keeps its place among the children of its former parent. Its id and its
+    /// root directory follow the new parent.
     void SetParentMenu(MenuEntry* parent) { m_parent = parent; }
     const std::string& RootDirectory() const override;
 
-    /// Number of this item among the ids of its parent.
+    /// The counter that the parent assigned to this item.
     std::int32_t Counter() const { return m_counter; }
 
     std::string_view MenuType() const { return m_menuType; }
@@ -48,7 +49,7 @@ public:
     void SetHelpFile(std::string_view value) { m_helpFile = Kept(value); }
     std::int32_t HelpTopic() const { return m_helpTopic; }
     void SetHelpTopic(std::int32_t value) { m_helpTopic = value; }
-    /// Part program: "@", full path of the part's partinfo.ini, "@", or a plain identifier.
+    /// Part program: "@", full path of the part's partinfo.ini, "@"; or a plain identifier.
     std::string_view ProgramID() const { return m_programId; }
     void SetProgramID(std::string_view value) { m_programId = Kept(value); }
     std::string_view HistoryDir() const { return m_historyDir; }
@@ -56,8 +57,8 @@ public:
     std::string_view HistoryTitle() const { return m_historyTitle; }
     void SetHistoryTitle(std::string_view value) { m_historyTitle = Kept(value); }
 
-    /// Gives an item that is nobody's child another parent and a counter that the parent gave out: for moves.
-    /// The ids of the items below it change with its own.
+    /// Sets the parent and a counter that this parent assigned, to move the item. The item must not be a
+    /// child of any entry. The ids of the items below it change too.
     void SetPlace(MenuEntry& parent, std::int32_t counter) {
         m_parent = &parent;
         m_counter = counter;
@@ -66,18 +67,19 @@ public:
     /// True when the item is a part-program button: its type begins with "P" or "p".
     bool IsPart() const;
 
-    /// Moves the item one position among its siblings. False when it is the first or the last, or has no
-    /// parent.
+    /// Moves the item one position among its siblings. Returns false when the item is already first or last,
+    /// or has no parent.
     bool MoveUp();
     bool MoveDown();
 
-    /// Reads the item and everything below it, and registers its histories; the parser has just returned the
-    /// start of its block. A block that
-    /// the file does not close is accepted. Raises 5000 for a block that is no submenu and TypeMismatch for a
-    /// help topic that is no number; the items below whose blocks were complete are lost then as well.
+    /// Reads the item and everything below it, and registers its histories. The parser must just have
+    /// returned the start of the item's block. A block without an end is accepted. Raises 5000 for a block
+    /// that is not a submenu, and TypeMismatch for a help topic that is not a number. After an error, the
+    /// items below are lost, even those whose blocks were complete.
     void LoadFromFile(BlockParser& parser);
 
-    /// Writes the item and everything below it as a block at the indent `level`. Raises what MenuWriter does.
+    /// Writes the item and everything below it as a block at the indent `level`. Raises the errors of
+    /// MenuWriter.
     void SaveToFile(ByteSink& file, std::size_t level) const;
 
 protected:
@@ -89,7 +91,7 @@ private:
     }
     static void operator delete(void*, Arena&) noexcept {}
 
-    std::int32_t m_counter = 0; // in what alignment leaves free behind the base
+    std::int32_t m_counter = 0; // placed here to use the padding after the base class
     MenuEntry* m_parent = nullptr;
     KeptText m_menuType;
     KeptText m_preview;

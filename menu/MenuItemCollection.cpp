@@ -23,8 +23,8 @@ std::unique_ptr<MenuItemCollection> MenuItemCollection::Create(Arena& arena) {
 MenuItemCollection::MenuItemCollection(Arena& arena)
     : m_items(ArenaAllocator<MenuItem*>(arena)), m_counters(ArenaAllocator<std::int32_t>(arena)) {}
 
-// Children of any depth are released in a loop, so that a deep tree needs no deep machine stack, and without
-// asking for memory, of which there may be none left.
+// Deletes the children at all depths in a loop. Recursion could overflow the machine stack in a deep tree.
+// The loop allocates no memory, because there may be none left.
 MenuItemCollection::~MenuItemCollection() {
     MenuItemCollection* at = this;
     for (;;) {
@@ -62,10 +62,11 @@ void MenuItemCollection::CheckRoom() const {
         throw NeskError(RuntimeError::Overflow, "MenuItemCollection.Add", Message::TooManyChildren);
 }
 
-// For one more child: when there is no memory for it, items and counters stay as they are, and alike.
+// Reserves memory for one more child. When the allocation fails, items and counters are unchanged and stay
+// consistent.
 void MenuItemCollection::MakeRoom() {
     if (m_items.size() < std::min(m_items.capacity(), m_counters.capacity())) return;
-    // Menus of a few entries are what there is most of.
+    // Most menus have only a few entries.
     const std::size_t room = std::max(FirstRoom, m_items.size() * 2);
     m_items.reserve(room);
     m_counters.reserve(room);
@@ -125,8 +126,8 @@ std::unique_ptr<MenuItem> MenuItemCollection::Take(int position) {
     return item;
 }
 
-// Counters are handed out in order and most menus are never rearranged: the child usually stands where its
-// counter says, or a little before when siblings were removed.
+// Counters are assigned in order, and most menus are never rearranged. So the child is usually at the index
+// that its counter suggests, or a little before it when siblings were removed.
 std::size_t MenuItemCollection::IndexOfCounter(std::int32_t counter) const {
     const std::size_t guess = counter > 0 ? static_cast<std::size_t>(counter) - 1 : 0;
     if (guess < m_counters.size() && m_counters[guess] == counter) return guess;

@@ -14,75 +14,77 @@ class BlockParser;
 class MenuEntry;
 class MenuItem;
 
-/// The children of a menu entry, in display order. It owns them.
+/// The children of a menu entry, in display order. The collection owns them.
 ///
-/// Beside each child stands its counter, so that a child is found by scanning numbers that lie side by side
-/// instead of visiting every item.
+/// The counters of the children are in an array of their own. Finding a child scans adjacent numbers instead
+/// of visiting every item.
 class MenuItemCollection {
 public:
     /// Largest number of children: positions are 16-bit numbers.
     static constexpr int MaxCount = 32767;
 
-    /// An empty collection in an arena, from which it also takes its memory. The arena must outlive it.
+    /// Creates an empty collection in an arena, which also provides the memory for its contents. The arena
+    /// must outlive it.
     static std::unique_ptr<MenuItemCollection> Create(Arena& arena);
     ~MenuItemCollection();
     MenuItemCollection(const MenuItemCollection&) = delete;
     MenuItemCollection& operator=(const MenuItemCollection&) = delete;
 
-    /// A collection that is deleted leaves its room to the arena.
+    /// Does nothing: only the arena frees memory.
     static void operator delete(void*) noexcept {}
 
-    /// Sets the entry whose children these are. It must outlive the collection.
+    /// Sets the parent of these children. It must outlive the collection.
     void Initialize(MenuEntry& owner);
 
     /// Number of children.
     int Count() const { return static_cast<int>(m_items.size()); }
 
-    /// Child at the 1-based position. Raises SubscriptOutOfRange outside 1 to Count.
+    /// The child at a 1-based position. Raises SubscriptOutOfRange outside 1 to Count.
     MenuItem& Item(int position);
     const MenuItem& Item(int position) const;
 
     /// Appends a new item, which takes the owner's next id. Raises Overflow when there are MaxCount children.
     MenuItem& Add(std::string_view name, std::string_view type);
 
-    /// A new item that is no child yet: it has the owner's next id. Raises Overflow when there are MaxCount
-    /// children.
+    /// Creates an item with the owner's next id. It is not yet a child. Raises Overflow when there are
+    /// MaxCount children.
     std::unique_ptr<MenuItem> NewItem();
 
-    /// Reads an item and everything below it from the parser, which stands behind the start of its block, and
-    /// appends it. When that raises, nothing is appended.
+    /// Reads an item and everything below it, and appends it. The parser must just have returned the start of
+    /// the item's block. Appends nothing when an error is raised.
     void AddItemFromFile(BlockParser& parser);
 
-    /// Removes a child and releases it; an item that is no child is ignored.
+    /// Removes and deletes a child. Ignores an item that is not a child.
     void RemoveItem(const MenuItem& item);
 
-    /// Moves a child one position up or down. False when it is none, or is the first or the last.
+    /// Moves a child one position up or down. Returns false when the item is not a child, or is already first
+    /// or last.
     bool MoveUp(const MenuItem& item);
     bool MoveDown(const MenuItem& item);
 
-    /// Removes all children but the last, which goes with the collection, and forgets the owner: nothing can
-    /// be added afterwards.
+    /// Deletes all children except the last, and clears the owner. The destructor deletes the last child.
+    /// Nothing can be added afterwards.
     void Terminate();
 
-    /// Appends an item whose parent is the owner. Raises Overflow when there are MaxCount children, and
-    /// leaves the item to the caller then.
+    /// Appends an item whose parent is the owner. Raises Overflow when there are MaxCount children; the
+    /// caller then still owns the item.
     MenuItem& Append(std::unique_ptr<MenuItem>&& item);
 
-    /// Makes room for one more child, so that the next Append or Insert cannot fail. Raises Overflow when
+    /// Reserves room for one more child, so that the next Append or Insert cannot fail. Raises Overflow when
     /// there are MaxCount children.
     void ReserveOne();
 
-    /// Puts an item back at a 1-based position. Its parent must be the owner. Bounds as for Item, Count + 1
-    /// allowed.
+    /// Inserts an item at a 1-based position. Its parent must be the owner. Raises SubscriptOutOfRange
+    /// outside 1 to Count + 1, and Overflow when there are MaxCount children.
     MenuItem& Insert(int position, std::unique_ptr<MenuItem>&& item);
 
-    /// Takes the child at a 1-based position out without releasing it. Bounds as for Item.
+    /// Removes the child at a 1-based position and returns it. Raises SubscriptOutOfRange outside 1 to Count.
     std::unique_ptr<MenuItem> Take(int position);
 
-    /// 1-based position of a child; 0 when the item is none.
+    /// 1-based position of a child; 0 when the item is not a child.
     int PositionOf(const MenuItem& item) const;
 
-    /// The child whose counter is given; null when there is none.
+    /// The child with this counter; null when there is no such child.
     const MenuItem* FindCounter(std::int32_t counter) const;
     MenuItem* FindCounter(std::int32_t counter);
 
@@ -101,8 +103,8 @@ private:
     void ReleaseLast();
 
     MenuEntry* m_owner = nullptr;
-    MenuItemCollection* m_above = nullptr; // from which the release of a tree came here
-    // Owned. Pointers that own by themselves would be moved one by one when a child is taken out.
+    MenuItemCollection* m_above = nullptr; // the collection to return to when the destructor deletes a tree
+    // Owned. With smart pointers, taking a child out would move the following pointers one by one.
     std::vector<MenuItem*, ArenaAllocator<MenuItem*>> m_items;
     std::vector<std::int32_t, ArenaAllocator<std::int32_t>> m_counters;
 };

@@ -7,8 +7,8 @@
 
 namespace nesk {
 
-/// The keys of an entry's block in a menu file, in the order in which they are written. The root has the
-/// first two alone.
+/// The keys of an entry's block in a menu file, in the order in which they are written. The root has only the
+/// first two.
 enum class MenuKey : std::size_t {
     Caption,
     Graphic,
@@ -21,7 +21,7 @@ enum class MenuKey : std::size_t {
     HistoryTitle,
 };
 
-/// What they are in the file, each in its place.
+/// The names of the keys in the file, indexed by MenuKey.
 inline constexpr std::array MenuKeys{
     LineScan::Key("CAPTION"),   LineScan::Key("GRAPHIC"),     LineScan::Key("PREVIEW"),
     LineScan::Key("HELPFILE"),  LineScan::Key("HELPTOPIC"),   LineScan::Key("MENUTYPE"),

@@ -16,7 +16,7 @@ namespace nesk {
 
 namespace {
 
-// Runs a read and gives its error the line at which the parser stopped.
+// Runs a read and adds to its error the line at which the parser stopped.
 template <typename Read>
 auto WithLine(const BlockParser& parser, Read read) {
     try {
@@ -83,8 +83,8 @@ std::vector<std::unique_ptr<MenuItem>> MenuReader::ReadItems(MenuEntry& parent) 
 }
 
 bool MenuReader::ReadItem(MenuItem& item) {
-    // The items below this one whose blocks are open, outermost first. Input may nest them deeper than the
-    // machine stack could follow.
+    // The items below this one whose blocks are open, outermost first. Recursion could overflow the machine
+    // stack, because the input may be nested to any depth.
     std::vector<std::unique_ptr<MenuItem>> open;
     MenuItem* current = &item;
     const auto close = [&] {
@@ -115,7 +115,7 @@ bool MenuReader::ReadItem(MenuItem& item) {
 
 void MenuReader::SetField(MenuItem& item) const {
     const std::string_view value = m_parser.Value();
-    // Unknown keys, which other programs may write, match none of these.
+    // Unknown keys, which other programs may write, match none of these cases.
     switch (static_cast<MenuKey>(m_parser.KeyIndex())) {
     case MenuKey::Caption: item.SetCaption(value); break;
     case MenuKey::Graphic: item.SetGraphic(value); break;

@@ -12,7 +12,7 @@
 
 namespace nesk::MenuText {
 
-// Called for every text that is loaded or saved: eight bytes at a time.
+// This is called for every text that is loaded or saved, so it checks eight bytes at a time.
 bool IsPlain(std::string_view text) {
     constexpr std::uint64_t Blanks = 0x2020202020202020;
     constexpr std::uint64_t HighBits = 0x8080808080808080;
@@ -28,7 +28,7 @@ bool IsPlain(std::string_view text) {
                            [](char c) { return static_cast<signed char>(c) >= ' '; });
     for (std::size_t at = 0; at + word < text.size(); at += word)
         if (!isPlain(wordAt(at))) return false;
-    // The last word overlaps the one before.
+    // The last word overlaps the previous one.
     return isPlain(wordAt(text.size() - word));
 }
 

@@ -21,14 +21,15 @@ namespace {
 const std::string Source = "Menu.SaveToFile";
 constexpr std::string_view LineEnd = "\r\n";
 constexpr std::size_t BufferSize = std::size_t{1} << 18;
-// Readers skip the tabs. Deeper than this they would only make the file grow with the square of its depth.
+// Limits the indent, which readers skip. Without a limit, the file size would grow with the square of the
+// depth.
 constexpr std::size_t DeepestIndent = 64;
 
 char* Put(char* at, std::string_view text) {
     return std::copy(text.begin(), text.end(), at);
 }
 
-// Copies what a key has room for, which is one move, and goes behind the key.
+// Copies the whole fixed-size array, which is one move, and returns the position after the key.
 char* Put(char* at, MenuKey key) {
     const LineScan::Key& name = MenuKeys[static_cast<std::size_t>(key)];
     std::copy(name.bytes.begin(), name.bytes.end(), at);
@@ -55,10 +56,10 @@ void MenuWriter::WriteItems(std::span<const MenuItem* const> items, std::size_t 
     FlushBuffer();
 }
 
-// Writes the items below an entry whose block is begun at `level`, and the ends of all blocks.
+// Writes the items below an entry, and the ends of all blocks. The entry's block has been begun at `level`.
 void MenuWriter::WriteBelow(const MenuEntry& entry, std::size_t level) {
-    // The entries whose blocks are open and how many of their children are written. No recursion: a menu may
-    // be nested deeper than the machine stack could follow.
+    // An entry whose block is open, and the number of its children already written. There is no recursion,
+    // because a deeply nested menu could overflow the machine stack.
     struct Open {
         const MenuEntry* entry;
         int written;
@@ -91,17 +92,17 @@ void MenuWriter::BeginItem(const MenuItem& item, std::size_t level) {
     WriteValue(level, MenuKey::HistoryTitle, item.HistoryTitle());
 }
 
-// Makes room for a line with a key and `length` characters more, and writes its indent.
+// Makes room for a line with a key and `length` more characters, and writes the indent.
 inline char* MenuWriter::BeginLine(std::size_t level, std::size_t length) {
     constexpr std::size_t around = DeepestIndent + LineScan::LongestStart + LineEnd.size();
     if (length + around > m_buffer.size() - m_used) MakeRoom(length + around);
     char* const at = m_buffer.data() + m_used;
-    // Always as many: that takes less than counting.
+    // A fixed count is faster than a variable one.
     std::memset(at, '\t', DeepestIndent);
     return at + std::min(level, DeepestIndent);
 }
 
-// Ends the line that was begun; only now it counts as written.
+// Ends the current line. The line counts as written only after this call.
 inline void MenuWriter::EndLine(char* end) {
     m_used = static_cast<std::size_t>(Put(end, LineEnd) - m_buffer.data());
 }
@@ -114,7 +115,7 @@ void MenuWriter::WriteNumber(std::size_t level, MenuKey key, std::int32_t number
 
 void MenuWriter::WriteValue(std::size_t level, MenuKey key, std::string_view text) {
     if (MenuText::IsPlain(text)) return WriteBytes(level, key, text);
-    // A value that broke out of its line would make the whole file unreadable.
+    // A line end in a value would make the whole file unreadable.
     if (std::any_of(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }))
         MenuText::Check(text, Source);
     WriteBytes(level, key, MenuText::Encode(text, Source));
@@ -130,7 +131,7 @@ void MenuWriter::WriteLine(std::size_t level, std::string_view text) {
 
 void MenuWriter::MakeRoom(std::size_t size) {
     FlushBuffer();
-    // Only a line with a very long value: the buffer grows with it.
+    // The buffer grows only for a line with a very long value.
     if (size > m_buffer.size()) m_buffer.resize(size);
 }
 

@@ -15,11 +15,11 @@ class MenuEntry;
 class MenuItem;
 enum class MenuKey : std::size_t;
 
-/// Writes menus and items in the block format of a menu file, in the station's code page. Nesting costs no
-/// machine stack.
+/// Writes menus and items in the block format of a menu file, in the station's code page. Nesting does not
+/// use the machine stack.
 ///
-/// Raises 5000 for a text that the code page cannot hold or that would end its line, and the errors of the
-/// sink, which has got a part of the bytes then.
+/// Raises 5000 for a text that the code page cannot represent or that contains a line end, and the errors of
+/// the sink. The sink has then received part of the bytes.
 class MenuWriter {
 public:
     /// @param sink  must outlive the writer
@@ -28,7 +28,7 @@ public:
     /// Writes a whole menu.
     void WriteMenu(const Menu& menu);
 
-    /// Writes items with everything below them, each as a block at the indent `level` (tabs).
+    /// Writes items and everything below them, each as a block at the indent `level` (in tabs).
     void WriteItems(std::span<const MenuItem* const> items, std::size_t level = 0);
 
 private:
@@ -45,7 +45,7 @@ private:
 
     ByteSink& m_sink;
     std::vector<char> m_buffer;
-    std::size_t m_used = 0; // of the buffer
+    std::size_t m_used = 0; // number of bytes used in the buffer
 };
 
 } // namespace nesk

@@ -7,7 +7,7 @@ namespace nesk {
 
 class MenuItem;
 
-/// What the part editor changes of a part button.
+/// The fields of a part button that the part editor can change.
 struct PartFields {
     std::string graphic;
     std::string preview;
@@ -20,14 +20,14 @@ struct PartFields {
     bool operator==(const PartFields&) const = default;
 };
 
-/// The fields that an item has now.
+/// Gets the fields of an item.
 PartFields PartFieldsOf(const MenuItem& item);
 
-/// Raises 5000 when one of the texts that differ from `before` cannot be stored in a menu file. A text that
-/// came from a file is kept as it is, whatever it holds.
+/// Raises 5000 when a text that differs from `before` cannot be stored in a menu file. A text that came from
+/// a file is accepted whatever it contains, because it is kept unchanged.
 void CheckPartFields(const PartFields& fields, const PartFields& before);
 
-/// Gives an item these fields.
+/// Sets the fields of an item.
 void ApplyPartFields(MenuItem& item, const PartFields& fields);
 
 } // namespace nesk
