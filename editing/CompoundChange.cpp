@@ -4,8 +4,8 @@ namespace nesk {
 
 namespace {
 
-// Runs `step` for each item of a range. When one of them fails, runs `back` for those before it, the last one
-// first.
+// Runs `step` for each item of a range. When a step fails, runs `back` for the items before it in reverse
+// order.
 template <typename Iterator, typename Step, typename Back>
 bool AllOrNone(Iterator first, Iterator last, Step step, Back back) {
     Iterator at = first;

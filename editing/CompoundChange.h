@@ -6,10 +6,10 @@
 
 namespace nesk {
 
-/// Several changes that the user made as one: all of them are made, or none.
+/// A group of changes that the user made in one step. Either all of them are made or none.
 class CompoundChange final : public MenuChange {
 public:
-    /// @param changes  in the order in which they are made
+    /// @param changes  in the order in which to make them
     explicit CompoundChange(std::vector<std::unique_ptr<MenuChange>> changes)
         : m_changes(std::move(changes)) {}
 

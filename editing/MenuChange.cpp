@@ -22,7 +22,8 @@ MenuEvent PlainEvent(MenuEvent::Kind kind, const std::string& id) {
     return {kind, id, {}, 0, {}};
 }
 
-// About the memory of a change that keeps an item which is taken out; texts lie in the tree's arena.
+// Approximate memory of a change that keeps a removed item. The item's texts are not counted, because they
+// are in the tree's arena.
 std::size_t BytesOf(const MenuItem* removed) {
     return removed != nullptr ? static_cast<std::size_t>(removed->CountBelow() + 1) * sizeof(MenuItem) : 0;
 }
@@ -33,7 +34,7 @@ bool Report(const MenuEvent& event, const MenuEventHandler& report) {
     return true;
 }
 
-// Takes an item out of its parent; where it stood is left in `parentId` and `position`.
+// Removes an item from its parent, and stores its former place in `parentId` and `position`.
 std::unique_ptr<MenuItem> TakeOut(MenuItem& item, std::string& parentId, int& position) {
     MenuItemCollection& siblings = item.ParentMenu()->SubMenus();
     parentId = item.ParentMenu()->ID();
@@ -63,7 +64,8 @@ std::size_t AddChange::Bytes() const {
 MenuEvent AddChange::Do(Menu& menu) {
     MenuEntry* parent = menu.Find(m_parentId);
     if (parent == nullptr) return {};
-    // Made once: an entry that comes back keeps its id, by which later changes know it.
+    // The item is created only once. It keeps its id when it is put back, because later changes refer to that
+    // id.
     MenuItem& item = m_removed ? parent->SubMenus().Append(std::move(m_removed))
                                : parent->SubMenus().Add(m_caption, m_menuType);
     m_id = item.ID();

@@ -13,14 +13,14 @@ class Arena;
 class Menu;
 class MenuItem;
 
-/// One thing that happened to the tree, for whoever shows it.
+/// An event: what happened to one entry of the tree. Views use it to update themselves.
 struct MenuEvent {
     enum class Kind {
         None,    ///< nothing changed
-        Added,   ///< the entry `id` is new, at `position` among the children of `parentId`
-        Removed, ///< the entry `id` and everything below it is gone
-        Moved,   ///< the entry `id` now stands at `position` among the children of `parentId`
-        Edited   ///< a field of the entry `id` has another value
+        Added,   ///< the entry `id` was added, at `position` among the children of `parentId`
+        Removed, ///< the entry `id` and everything below it were removed
+        Moved,   ///< the entry `id` was moved to `position` among the children of `parentId`
+        Edited   ///< a field of the entry `id` has a new value
     };
 
     Kind kind = Kind::None;
@@ -28,39 +28,39 @@ struct MenuEvent {
     std::string parentId;
     int position = 0; ///< 1-based
 
-    /// Of an entry that moved to another parent: its id until now. The ids below it changed with it. "" when
-    /// the id is the same.
+    /// The former id of an entry that moved to another parent. The ids of the entries below changed with it.
+    /// "" when the id is unchanged.
     std::string formerId;
 };
 
-/// Hears of what a change does, each event when it has just happened: the tree is as the event leaves it.
+/// Called for each event of a change, directly after the event and before the next one.
 using MenuEventHandler = std::function<void(const MenuEvent&)>;
 
-/// One change of a menu, which can be made and taken back any number of times, in turns. Entries are named by
-/// their ids, which stay valid when an entry is removed and put back.
+/// One change of a menu. It can be made and undone repeatedly, in turns. It refers to entries by their ids,
+/// which stay valid when an entry is removed and put back.
 class MenuChange {
 public:
     virtual ~MenuChange() = default;
 
-    /// Makes the change. False when it is not possible; then nothing has changed and nothing is to be taken
-    /// back. When it raises, nothing has changed either.
+    /// Makes the change. Returns false when it is not possible; nothing has then changed, and there is
+    /// nothing to undo. Nothing has changed either when an error is raised.
     virtual bool Apply(Menu& menu, const MenuEventHandler& report) = 0;
 
-    /// Takes the change back. Results as for Apply.
+    /// Undoes the change. The results are the same as for Apply.
     virtual bool Revert(Menu& menu, const MenuEventHandler& report) = 0;
 
-    /// About how much memory the change keeps, in bytes.
+    /// Approximate memory that the change uses, in bytes.
     virtual std::size_t Bytes() const = 0;
 };
 
-/// A change that is one event.
+/// A change that consists of one event.
 class SingleChange : public MenuChange {
 public:
     bool Apply(Menu& menu, const MenuEventHandler& report) final;
     bool Revert(Menu& menu, const MenuEventHandler& report) final;
 
 protected:
-    /// Kind::None when the change is not possible.
+    /// Return Kind::None when the change is not possible.
     virtual MenuEvent Do(Menu& menu) = 0;
     virtual MenuEvent Undo(Menu& menu) = 0;
 };
@@ -81,11 +81,11 @@ private:
     std::string m_caption;
     std::string m_menuType;
     std::string m_id;
-    std::shared_ptr<Arena> m_memory;     // in which the entry lies
-    std::unique_ptr<MenuItem> m_removed; // the entry while the change is taken back
+    std::shared_ptr<Arena> m_memory;     // the arena that contains the entry
+    std::unique_ptr<MenuItem> m_removed; // the entry while the change is undone
 };
 
-/// Removes an entry with everything below it.
+/// Removes an entry and everything below it.
 class RemoveChange final : public SingleChange {
 public:
     explicit RemoveChange(std::string id);
@@ -122,7 +122,7 @@ private:
     Direction m_direction;
 };
 
-/// Gives an entry another caption.
+/// Changes the caption of an entry.
 class CaptionChange final : public SingleChange {
 public:
     CaptionChange(std::string id, std::string caption);
@@ -136,10 +136,10 @@ private:
     MenuEvent Exchange(Menu& menu);
 
     std::string m_id;
-    std::string m_other; // the caption that the entry does not have at the moment
+    std::string m_other; // the new caption before the change is made, the old one afterwards
 };
 
-/// Gives an entry another picture.
+/// Changes the picture of an entry.
 class GraphicChange final : public SingleChange {
 public:
     GraphicChange(std::string id, std::string graphic);
@@ -156,7 +156,7 @@ private:
     std::string m_other;
 };
 
-/// Gives a part button other fields.
+/// Changes the fields of a part button.
 class PartChange final : public SingleChange {
 public:
     PartChange(std::string id, PartFields fields);

@@ -25,7 +25,7 @@ const MenuItem* AsItem(const MenuEntry* entry) {
     return dynamic_cast<const MenuItem*>(entry);
 }
 
-// The error of a menu that does not fit into memory.
+// The error for a menu that does not fit into memory.
 NeskError NoMemory(const char* source, int messageId, const std::string& path) {
     NeskError error(RuntimeError::OutOfMemory, source, messageId, {path});
     error.file = path;
@@ -51,13 +51,14 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     m_files.RestoreInterrupted(path);
     auto menu = std::make_unique<Menu>();
     menu->Initialize(rootDirectory);
-    // Taken before reading: what another program writes from now on is a change that a save must ask about.
+    // The hash is computed before reading. If another program writes the file from now on, a save detects it
+    // and asks the user.
     const FileHash hash = FileHash::Of(path, m_files);
     std::optional<NeskError> failure;
     if (hash.Exists()) {
         try {
             if (modUtilities::DirectoryExists(path, m_files))
-                menu->LoadFromFile(path, m_files); // says that there is no file
+                menu->LoadFromFile(path, m_files); // shows a message that there is no file
             else
                 menu->ReadFile(path, m_files);
         } catch (const NeskError& error) {
@@ -88,7 +89,7 @@ void MenuEditor::Close() {
     MenuReplaced();
 }
 
-// The arena of a menu frees nothing while the menu is open. Hundreds of thousands of edits fill it.
+// The arena frees no memory while the menu is open, and hundreds of thousands of edits would fill it.
 void MenuEditor::CompactWhenWasteful() {
     if (m_menu->Memory()->Bytes() < m_bytesBefore + m_deadRoomLimit) return;
     try {
@@ -96,13 +97,13 @@ void MenuEditor::CompactWhenWasteful() {
         ForgetChanges();
         m_menu = std::move(compacted);
     } catch (const std::bad_alloc&) {
-        // The menu is saved; the next save tries again.
+        // The menu is already saved. The next save tries again.
         return;
     }
     m_bytesBefore = m_menu->Memory()->Bytes();
 }
 
-// Ids start anew with each menu, so no change of one fits another.
+// Ids start again with each menu, so the changes of one menu do not fit another.
 void MenuEditor::ForgetChanges() {
     m_history.Clear();
     m_group.reset();
@@ -129,13 +130,13 @@ SavePlan MenuEditor::PlanSave(const std::string& path) const {
 }
 
 Backup MenuEditor::BackupFor(const std::string& path) const {
-    // The last good version stays in the ".bak"; what could not be read never replaces an older one of its
-    // kind.
+    // The ".bak" keeps the last good version. A damaged file is backed up under a name of its own and never
+    // replaces an older backup of a damaged file.
     return m_incomplete ? DamagedBackupOf(path) : BackupOf(path);
 }
 
 void MenuEditor::Save(const std::string& path, const SavePlan& plan) {
-    // The user may have thought about a question for a long time.
+    // The file may have changed while the user was answering the question.
     const SavePlan now = PlanSave(path);
     const SavePlan& used = now.onDisk == plan.onDisk && now.hazard == plan.hazard ? plan : now;
     SaveWith(path, used.backup, used.onDisk);
@@ -160,7 +161,7 @@ void MenuEditor::SaveCopy(const std::string& path) {
     if (!m_menu) return;
     const SavePlan plan = PlanSave(path);
     const FileHash written = Write(path, plan.backup, plan.onDisk);
-    // In the menu's own place, what was just written is no change by another program.
+    // A copy written to the menu's own path must not count as a change by another program.
     if (IsSamePlace(path, m_place)) m_hash = written;
 }
 
@@ -260,7 +261,7 @@ bool MenuEditor::SetPart(const std::string& id, const PartFields& fields) {
     return Make(std::make_unique<PartChange>(id, fields), NameFor(Message::ChangePart, id));
 }
 
-// The name of a change to an entry that exists, with the caption that the entry has now.
+// The name of a change to an existing entry, with the entry's current caption.
 ChangeName MenuEditor::NameFor(int textId, const std::string& id) const {
     const MenuEntry* entry = Find(id);
     return {textId, {std::string(entry != nullptr ? entry->Caption() : "")}};
@@ -327,7 +328,7 @@ void MenuEditor::StateChanged() {
     Tell([](MenuEditorListener& listener) { listener.OnStateChanged(); });
 }
 
-// Tells all listeners that are still there when it is their turn.
+// Calls all listeners. A listener that was removed before its turn is skipped.
 template <typename Call>
 void MenuEditor::Tell(Call call) {
     for (MenuEditorListener* listener : std::vector(m_listeners))

@@ -8,31 +8,32 @@
 
 namespace nesk {
 
-/// Moves an entry with everything below it to any place of the tree. Under another parent it gets that
-/// parent's next counter, so that its id and those below it change; taking the move back restores the former
-/// ones exactly. Counters are never used twice: making the move again gives the counter of the first time.
+/// Moves an entry and everything below it to any place in the tree. Under a new parent the entry gets that
+/// parent's next counter, so its id and the ids below it change. Undoing the move restores the former ids.
+/// Counters are never reused: redoing the move uses the counter of the first time.
 class MoveToChange final : public SingleChange {
 public:
-    /// @param position  1-based, among the children of the new parent without the entry itself; 0 or what is
-    ///                  too large for the end
+    /// @param position  1-based, among the children of the new parent without the entry itself; 0 or a value
+    ///                  that is too large means the end
     MoveToChange(std::string id, std::string parentId, int position);
 
-    /// Why an entry cannot be moved below `parentId`: it is the root, the target is a part button, the entry
-    /// itself or below it, or has no room. Nothing when it can, and for ids that do not exist.
+    /// Returns why an entry cannot be moved below `parentId`: the entry is the root; or the target is a part
+    /// button, the entry itself or an entry below it, or has the maximum number of children. Returns nothing
+    /// when the move is possible, and for ids that do not exist.
     static std::optional<NeskError> WhyNot(const Menu& menu, const std::string& id,
                                            const std::string& parentId);
 
     std::size_t Bytes() const override { return sizeof *this; }
 
 protected:
-    /// Raises what WhyNot answers, and Overflow when the new parent has no counter left.
+    /// Raises the error of WhyNot, and Overflow when the new parent has no counter left.
     MenuEvent Do(Menu& menu) override;
     MenuEvent Undo(Menu& menu) override;
 
 private:
-    std::string m_id;       // before the move
-    std::string m_newId;    // after it; "" until it was made
-    std::string m_parentId; // of the new parent, before the move
+    std::string m_id;       // id before the move
+    std::string m_newId;    // id after the move; "" until it was made
+    std::string m_parentId; // id of the new parent, before the move
     int m_position;
     std::int32_t m_newCounter = 0;
     std::int32_t m_oldCounter = 0;

@@ -7,8 +7,8 @@ namespace nesk {
 
 namespace {
 
-// The path in upper case; separators that follow another one are left out, except at the beginning, where two
-// of them begin the name of a share.
+// The path in upper case, with repeated separators reduced to one. Two separators at the beginning are kept,
+// because they begin the name of a network share.
 std::string Plain(const std::string& path) {
     std::string plain;
     for (const char c : platform::ToUpper(path))

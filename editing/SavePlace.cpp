@@ -19,7 +19,7 @@ using modStringRes::LoadResString;
 
 namespace {
 
-// What the user is told to do about a folder that cannot be reached: message numbers.
+// Message numbers of the advice for a folder that cannot be reached.
 struct Advice {
     int stationGone;
     int stationClosed;
@@ -27,11 +27,11 @@ struct Advice {
     int rootClosed;
 };
 constexpr Advice ToSave{Message::StationGone, Message::StationClosed, Message::RootGone, Message::RootClosed};
-// The start page says the same.
+// The start page shows the same texts.
 constexpr Advice ToOpen{Message::StartNoStationText, Message::StartStationClosedText,
                         Message::StartRootGoneText, Message::StartRootClosedText};
 
-// What keeps the root folder from being reached.
+// The reason why the root folder cannot be reached.
 NeskError Unreachable(const std::string& root, const Advice& advice) {
     const std::string source = "SavePlace.Target";
     const auto missing = [&](int message, const std::string& folder) {
@@ -40,7 +40,7 @@ NeskError Unreachable(const std::string& root, const Advice& advice) {
     const auto denied = [&](int message, const std::string& folder) {
         return NeskError(RuntimeError::PermissionDenied, source, message, {folder});
     };
-    // Without its station no folder of it can be there.
+    // When the station is missing, none of its folders exists.
     const std::string station = platform::StationFolderName();
     switch (platform::LookUpStationFolder(station)) {
     case platform::StationFolderState::Missing: return missing(advice.stationGone, station);
@@ -55,7 +55,7 @@ NeskError Unreachable(const std::string& root, const Advice& advice) {
                                                        : missing(advice.rootGone, root);
 }
 
-// The path to which the settings lead when that is another than the menu's own; "" when it is not.
+// The menu path of the settings when it differs from the menu's own path; otherwise "".
 std::string OtherPlace(const MenuEditor& editor, const NeskRegistry& settings) {
     const std::string path = settings.MenuPath();
     const bool isOther =
@@ -82,7 +82,7 @@ std::string Origin(const NeskRegistry& settings) {
 }
 
 std::optional<std::string> Question(const MenuEditor& editor, const std::string& path, const SavePlan& plan) {
-    // What cannot be read can neither be compared nor kept, whatever the answer is.
+    // A file that cannot be read can be neither compared nor backed up, whatever the user answers.
     if (const int result = plan.onDisk.Error(); result != platform::ErrorCode::Success)
         throw FileError(result, "SavePlace.Question", path);
     const std::string& copy = plan.backup.path;
@@ -104,7 +104,7 @@ std::optional<std::string> Question(const MenuEditor& editor, const std::string&
 std::string StatusText(const MenuEditor& editor, const NeskRegistry& settings) {
     const std::string other = OtherPlace(editor, settings);
     if (other.empty()) return editor.Path();
-    // A menu that has no file yet came from nowhere.
+    // A menu without a file has no path from which it was opened.
     return editor.IsNew() ? FormatResString(Message::WillBeSaved, other)
                           : FormatResString(Message::FromAndTo, editor.Path(), other);
 }
