@@ -6,11 +6,11 @@
 
 namespace nesk {
 
-/// Version of the program, as "0.1.0".
+/// Version of the program, for example "0.1.0".
 std::string ProgramVersion();
 
-/// What Help, About tells: version, licence, and the libraries with theirs.
-/// @param toolkit  library of the windows
+/// The text of Help, About: the version, the licence, and the libraries with their licences.
+/// @param toolkit  the library that draws the windows
 std::string AboutText(const platform::Library& toolkit);
 
 } // namespace nesk

@@ -15,10 +15,10 @@ void Show(const std::string& text) {
                                modStringRes::LoadResString(Message::ErrorTitle));
 }
 
-// A text from a damaged file may be longer than any window could show.
+// A text from a damaged file may be longer than any window can show.
 constexpr std::size_t LongestArgument = 1000;
 
-// The beginning of a text, cut between characters.
+// The beginning of a text, cut at a character boundary.
 std::string Shortened(const std::string& text) {
     if (text.size() <= LongestArgument) return text;
     std::size_t length = LongestArgument;

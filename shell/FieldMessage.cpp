@@ -23,7 +23,7 @@ constexpr int CheckFieldText = 32067;
 std::string PlainLabel(std::string_view label) {
     std::string plain;
     for (std::size_t i = 0; i < label.size(); ++i) {
-        // The character after the mark stays, whatever it is.
+        // The character after the mark is always kept, even another "&".
         if (label[i] == '&' && ++i == label.size()) break;
         plain += label[i];
     }

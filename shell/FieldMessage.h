@@ -3,10 +3,10 @@
 #include <string>
 #include <string_view>
 
-/// What is said about a field of a dialog that was refused.
+/// Messages about an invalid field of a dialog.
 namespace nesk::FieldMessage {
 
-/// A label's text as it is read: without the "&" that marks its access key; "&&" is one "&".
+/// The text of a label without the "&" that marks its access key; "&&" becomes "&".
 std::string PlainLabel(std::string_view label);
 
 /// The message that names the field.
@@ -16,10 +16,10 @@ std::string Text(int labelId);
 /// Title of that message.
 std::string Title();
 
-/// Whether a path names a drive that the station does not have.
+/// True when a path is on a drive that the station does not have.
 bool OnMissingDrive(const std::string& path);
 
-/// Why a folder was refused: none is named, it or its drive does not exist, or it is a file.
+/// Why a folder is invalid: the path is empty, the folder or its drive does not exist, or the path is a file.
 std::string FolderReason(const std::string& folder);
 
 } // namespace nesk::FieldMessage

@@ -25,11 +25,11 @@ FormAbout::FormAbout(wxWindow* parent) : FormDialog(parent, "FormAbout", Message
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(txtAbout, wxSizerFlags(1).Expand());
     Finish(content);
-    // Escape goes on working.
+    // Escape still works.
     cmdCancel->Hide();
     Layout();
     cmdOK->SetFocus();
-    // Where the text scrolls, it begins at its beginning.
+    // Scrolls to the beginning of the text.
     CallAfter([this] {
         txtAbout->SetInsertionPoint(0);
         txtAbout->ShowPosition(0);

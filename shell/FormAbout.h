@@ -6,13 +6,13 @@ class wxTextCtrl;
 
 namespace nesk {
 
-/// Tells version, licence and libraries of the program.
+/// The About dialog: version, licence and libraries of the program.
 class FormAbout : public FormDialog {
 public:
     explicit FormAbout(wxWindow* parent);
 
     // Controls.
-    wxTextCtrl* txtAbout = nullptr; ///< cannot be changed; can be selected and copied
+    wxTextCtrl* txtAbout = nullptr; ///< read-only; its text can be selected and copied
 
 protected:
     void OnOK() override { Accept(); }

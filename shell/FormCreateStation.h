@@ -9,13 +9,13 @@ class wxTextCtrl;
 
 namespace nesk {
 
-/// Makes a new station and puts it in place of the one in use.
+/// A dialog that creates a station and replaces the current station by it.
 class FormCreateStation : public FormDialog {
 public:
     explicit FormCreateStation(wxWindow* parent);
 
     /// Shows the dialog.
-    /// @return true when the station was made and is in use
+    /// @return true when the station was created and is now the current one
     bool Invoke();
 
     // Controls.
@@ -28,7 +28,7 @@ public:
     wxTextCtrl* txtMachine = nullptr;
     wxStaticText* lblUser = nullptr;
     wxTextCtrl* txtUser = nullptr;
-    wxStaticText* lblUsual = nullptr; ///< how the station is found at the next start
+    wxStaticText* lblUsual = nullptr; ///< how the program finds the station at the next start
 
 protected:
     void OnOK() override;

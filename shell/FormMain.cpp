@@ -42,7 +42,7 @@ int IdOf(MainCommand command) {
 // Smallest useful width and height of the tree, in device-independent pixels.
 constexpr int SmallestSide = 140;
 
-// The size of the window where the screen has room for it, with a font of the usual height.
+// The initial window size, for a font of the usual height and a screen with enough room.
 wxSize UsualSize() {
     return wxWindow::FromDIP(wxSize(720, 640), nullptr);
 }
@@ -51,7 +51,7 @@ constexpr int UsualCharHeight = 17;
 } // namespace
 
 FormMain::FormMain()
-    // A size of its own spares the toolkit the questions to the screen that it derives one from.
+    // Setting the size here avoids the display queries that wx makes to compute a default.
     : wxFrame(nullptr, wxID_ANY, "", wxDefaultPosition, UsualSize(), wxDEFAULT_FRAME_STYLE, "FormMain") {
     BuildMenuBar();
     BuildControls();
@@ -77,7 +77,7 @@ FormMain::~FormMain() {
     m_editor.RemoveListener(*this);
 }
 
-// The menu items, in the order of MainCommand.
+// The menu item of a command. The array is in the order of MainCommand.
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     static constexpr std::array<wxMenuItem * FormMain::*, MainCommandCount> items{
         &FormMain::mnuFileOpen,       &FormMain::mnuFileSave,        &FormMain::mnuFileSaveAs,
@@ -111,7 +111,7 @@ void FormMain::BuildMenuBar() {
 void FormMain::BuildControls() {
     sbMain = new FormStatusBar(this, "sbMain");
     SetStatusBar(sbMain);
-    // The path stays while the user looks through the menus.
+    // Menu explanations go into the second panel, so the path stays visible.
     SetStatusBarPane(FormStatusBar::HelpPanel);
 
     pgStart = new FormStartPage(this, [this](StartStep step) { TakeStep(step); });
@@ -120,7 +120,7 @@ void FormMain::BuildControls() {
     tvMain->Window().SetMinSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);
-    // One of these two is shown.
+    // Only one of these two is visible at a time.
     sizer->Add(pgStart, wxSizerFlags(1).Expand());
     sizer->Add(&tvMain->Window(), wxSizerFlags(1).Expand());
     SetSizer(sizer);
@@ -128,14 +128,13 @@ void FormMain::BuildControls() {
 
 void FormMain::PlaceOnScreen() {
     const wxRect screen = wxDisplay(this).GetClientArea();
-    // What is written in a large font needs more room.
+    // A larger font needs a larger window.
     const double scale = std::max(1.0, static_cast<double>(GetCharHeight()) / FromDIP(UsualCharHeight));
     const wxSize wanted = UsualSize() * scale;
     SetMinClientSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
     SetSize(std::min(wanted.x, screen.width), std::min(wanted.y, screen.height));
-    // With a client size of its own the window is shown at once. Otherwise the toolkit waits until the window
-    // manager has told the size of its frame, and GTK complains that the menu bar does not fit into 2 pixels
-    // meanwhile.
+    // Setting the client size makes the window appear at once. Otherwise wx waits until the window manager
+    // reports the frame size, and until then GTK warns that the menu bar does not fit into 2 pixels.
     SetClientSize(GetClientSize());
     CentreOnScreen();
 }
@@ -151,7 +150,7 @@ void FormMain::UpdateFileMenus() {
     });
     for (const MainCommandInfo& info : MainCommandTable())
         ItemOf(info.command)->Enable(Contains(enabled, info.command));
-    // While a caption is typed, Del deletes characters and not the entry.
+    // While a caption is being edited, Del deletes characters and not the entry.
     if (tvMain->View().Edited() != nullptr) mnuMenuRemove->Enable(false);
     wxMenuBar* bar = GetMenuBar();
     for (std::size_t i = 0; i < bar->GetMenuCount(); ++i)
@@ -251,7 +250,8 @@ void FormMain::HelpContents() {
     if (!modHelp::IsHtmlHelp()) {
         modHelp::ShowHelpTopic(GetHandle(), modHelp::Topic::General);
     } else if (modHelp::ShowHelpContents(GetHandle())) {
-        // What kept the contents from being shown would keep the topic, and has been said.
+        // If the contents cannot be shown, the topic cannot be shown either, and a message has already said
+        // why.
         modHelp::ShowHelpTopic(GetHandle(), modHelp::Topic::Overview);
     }
 }

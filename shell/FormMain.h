@@ -23,31 +23,32 @@ namespace nesk {
 class FormMenuTree;
 class FormStartPage;
 
-/// The main window: the tree of the open menu, its commands, and the questions that go with them.
+/// The main window: the tree of the open menu, its commands, and their questions to the user.
 class FormMain : public wxFrame, private MenuEditorListener, private MainCommandTarget {
 public:
     FormMain();
     ~FormMain() override;
 
-    /// A bar above the tree. Few starts need one, so its window is made when it is first shown.
+    /// A bar above the tree. Few starts need one, so the window of a bar is created when the bar is first
+    /// shown.
     struct InfoBar {
         const char* name;
         wxInfoBarGeneric* window = nullptr;
-        std::string text{}; ///< as shown; empty while the bar is hidden
+        std::string text{}; ///< the displayed text; empty while the bar is hidden
     };
 
     /// The open menu.
     MenuEditor& Editor() { return m_editor; }
 
-    /// Sets the commands for the state of the window: file open or not, and what is selected.
+    /// Enables the commands that are possible now. This depends on the open file and on the selection.
     void UpdateFileMenus();
 
     // Controls.
     FormMenuTree* tvMain = nullptr;
     FormStatusBar* sbMain = nullptr;
-    InfoBar ibIncomplete{"ibIncomplete"}; ///< the file could not be read to its end
+    InfoBar ibIncomplete{"ibIncomplete"}; ///< the file could not be read completely
     InfoBar ibNew{"ibNew"};               ///< the menu has no file yet
-    FormStartPage* pgStart = nullptr;     ///< in the place of the tree while nothing is open
+    FormStartPage* pgStart = nullptr;     ///< shown instead of the tree while no menu is open
     wxMenu* mnuMenu = nullptr;
     wxMenuItem* mnuFileOpen = nullptr;
     wxMenuItem* mnuFileSave = nullptr;
@@ -75,7 +76,7 @@ private:
     wxMenuItem*& ItemOf(MainCommand command);
     void UpdateTitle();
 
-    // The editor's reports.
+    // Events of the editor.
     void OnMenuReplaced() override;
     void OnMenuEvent(const MenuEvent& event) override;
     void OnStateChanged() override;
@@ -102,14 +103,14 @@ private:
     bool SaveMenu();
     void AddEntry(bool part);
 
-    // While nothing is open.
+    // Start page, while no menu is open.
     void UpdateStartPage();
     void TakeStep(StartStep step);
     void OpenStation();
     void StationChanged();
     void OnActivate(wxActivateEvent& event);
 
-    // Keys, and what the tree reports.
+    // Keys, and events of the tree.
     void BindTree();
     void OnCharHook(wxKeyEvent& event);
     void OnContextMenu(platform::TreeNode* node, wxPoint at);
@@ -128,9 +129,9 @@ private:
 
     MenuEditor m_editor;
     std::unique_ptr<FormMenuTree> m_tree;
-    bool m_captionRefused = false; // by the last end of an edit
+    bool m_captionRefused = false; // set by the last end of an edit
     bool m_wasActive = false;
-    std::string m_shownRoot; // the root folder that pgStart is about
+    std::string m_shownRoot; // the root folder that pgStart shows
 };
 
 } // namespace nesk

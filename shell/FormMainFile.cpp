@@ -1,4 +1,4 @@
-// The main window's file commands, and what it shows of the menu's place.
+// The main window's file commands, and the display of the menu's path.
 
 #include "shell/FormMain.h"
 
@@ -40,7 +40,7 @@ void FormMain::OnMenuReplaced() {
     const bool isOpen = m_editor.IsOpen();
     tvMain->Window().Show(isOpen);
     pgStart->Show(!isOpen);
-    // The page wraps its text to the width that the layout gives it.
+    // The page wraps its text to the width that it gets from the layout.
     Layout();
     UpdateStartPage();
     if (isOpen)
@@ -55,7 +55,7 @@ void FormMain::OnStateChanged() {
     UpdateFileMenus();
 }
 
-// The status bar and the bars above the tree.
+// Updates the status bar and the bars above the tree.
 void FormMain::UpdateBars() {
     const NeskRegistry& settings = NeskRegistry::Instance();
     const wxString place = ToWx(SavePlace::StatusText(m_editor, settings));
@@ -87,7 +87,7 @@ void FormMain::FileOpen() {
         const wxBusyCursor busy;
         failure = m_editor.Open(settings.NeskRoot, path);
     } catch (const NeskError& error) {
-        // The folder has gone since the command was enabled.
+        // The folder was removed after the command was enabled.
         ShowError(Message::OpenNotPossible, error);
         UpdateFileMenus();
         return UpdateStartPage();
@@ -114,8 +114,8 @@ bool FormMain::SaveMenu() {
     }
 }
 
-// Writes a copy: where the menu belongs is a matter of the settings, so neither they nor the menu's own place
-// change, and what is not saved there stays unsaved.
+// Writes a copy. The settings determine where the menu itself is saved, so the settings and the menu's path
+// stay, and unsaved changes stay unsaved.
 void FormMain::FileSaveAs() {
     if (!FinishLabelEdit() || !m_editor.IsOpen()) return;
     const std::string own = NeskRegistry::Instance().MenuPath();
@@ -123,7 +123,7 @@ void FormMain::FileSaveAs() {
                                                                  modUtilities::ParentFolder(own), own,
                                                                  LoadResString(Message::MenuFileFilter)});
     if (path.empty()) return;
-    // The menu's own file is no copy.
+    // A save to the menu's own file is an ordinary save, not a copy.
     if (IsSamePlace(path, own)) {
         SaveMenu();
         return;
@@ -141,13 +141,14 @@ void FormMain::FileClose() {
     if (m_editor.IsOpen() && ConfirmClose(false)) m_editor.Close();
 }
 
-// Asks about unsaved changes. False when the menu has to stay open: the user called it off, or saving failed.
+// Asks about unsaved changes. Returns false when the menu must stay open, because the user cancelled or
+// saving failed.
 bool FormMain::ConfirmClose(bool mayCancel) {
     if (!m_editor.IsOpen() || !m_editor.IsDirty()) return true;
     const std::string question = LoadResString(Message::SaveChanges);
     if (!mayCancel) {
         const auto answer = platform::AskYesOrNo(this, question, LoadResString(Message::ConfirmTitle));
-        // A question that was taken away without an answer must not cost the changes.
+        // If the question was closed without an answer, the changes must not be lost.
         return answer && (!*answer || SaveMenu());
     }
     switch (Ask(question, Message::ConfirmTitle, wxYES_NO | wxCANCEL | wxICON_QUESTION)) {
@@ -160,15 +161,15 @@ bool FormMain::ConfirmClose(bool mayCancel) {
 void FormMain::OnClose(wxCloseEvent& event) {
     const bool mayClose = FinishLabelEdit() && ConfirmClose(true);
     if (!mayClose && event.CanVeto()) return event.Veto();
-    // What was to be said about the caption goes with the window.
+    // Drops pending events, for example a message about a refused caption.
     DeletePendingEvents();
     Destroy();
 }
 
 void FormMain::SettingsOptions() {
     if (!FormDirectories(this).Invoke(true)) return;
-    // Another root folder may exist where the old one did not, and the other way round; an open menu may be
-    // saved to another place now.
+    // The new root folder may exist where the old one did not, or the reverse. An open menu may now be saved
+    // to another path.
     OnStateChanged();
     UpdateStartPage();
 }
@@ -187,12 +188,12 @@ void FormMain::UpdateStartPage() {
 void FormMain::OnActivate(wxActivateEvent& event) {
     event.Skip();
     if (!event.GetActive() || IsBeingDeleted()) return;
-    // A window manager may place a window where it likes when it appears. Only once it is there, the toolkit
-    // knows where it is, and moves it.
+    // A window manager may move a window when it appears. wx knows the position of the window, and can
+    // move it, only after that.
     if (!m_wasActive && !IsMaximized()) PlaceOnScreen();
     m_wasActive = true;
-    // Folders may have come and gone while the user worked with another program. Other settings are shown
-    // when they are confirmed.
+    // Folders may have been created or removed while the user worked with another program. Changed settings
+    // are shown when the user confirms them.
     if (m_editor.IsOpen() || m_shownRoot != NeskRegistry::Instance().NeskRoot) return;
     UpdateFileMenus();
     UpdateStartPage();
@@ -223,7 +224,7 @@ void FormMain::OpenStation() {
     StationChanged();
 }
 
-// The new station may have another language.
+// Rebuilds the menu bar, because the new station may have another language.
 void FormMain::StationChanged() {
     wxMenuBar* former = GetMenuBar();
     SetMenuBar(nullptr);

@@ -1,4 +1,4 @@
-// Keys, in-place editing of captions and the context menu: what the main window does inside its tree.
+// Keys, in-place editing of captions and the context menu: the behaviour of the main window inside its tree.
 
 #include "base/Messages.h"
 #include "menu/MenuText.h"
@@ -18,7 +18,7 @@ using platform::TreeNode;
 
 namespace {
 
-// The key of the main block that a key of the number block stands for.
+// Maps a key of the numeric keypad to the same key of the main block.
 int MainKey(int key) {
     switch (key) {
     case WXK_NUMPAD_UP: return WXK_UP;
@@ -38,16 +38,16 @@ void FormMain::BindTree() {
     on.selectionChanged = [this] { UpdateFileMenus(); };
     on.activated = [this](TreeNode& node) { return OnActivated(node); };
     on.contextMenu = [this](TreeNode* node, wxPoint at) { OnContextMenu(node, at); };
-    // While a caption is typed, Del belongs to the text.
+    // While a caption is being edited, Del must edit the text.
     on.renameBegins = [this](TreeNode&) { UpdateFileMenus(); };
     on.renameEnds = [this](TreeNode& node, const std::string* text) { OnEndLabelEdit(node, text); };
-    // A line break, which would break the menu file, cannot even be pasted.
+    // A line break would damage the menu file, so it cannot even be pasted.
     on.correctLabel = [](const std::string& text) { return MenuText::OnOneLine(text); };
     Bind(wxEVT_CHAR_HOOK, &FormMain::OnCharHook, this);
 }
 
-// A key of a command belongs to the command alone. A disabled one does nothing: the tree would take it for a
-// key of its own, and select another entry.
+// Handles the keys of all commands. The key of a disabled command does nothing. If it reached the tree, the
+// tree would handle it as a key of its own and select another entry.
 void FormMain::OnCharHook(wxKeyEvent& event) {
     const bool typing = tvMain->View().Edited() != nullptr;
     for (const MainCommandInfo& info : MainCommandTable()) {
@@ -55,7 +55,7 @@ void FormMain::OnCharHook(wxKeyEvent& event) {
         const std::unique_ptr<wxAcceleratorEntry> accelerator(item->GetAccel());
         if (!accelerator || accelerator->GetKeyCode() != MainKey(event.GetKeyCode())) continue;
         if (accelerator->GetFlags() != event.GetModifiers()) continue;
-        // Plain keys type and delete characters.
+        // Keys without modifiers edit the caption.
         if (typing && !event.HasAnyModifiers()) break;
         if (item->IsEnabled())
             OnCommand(info.command);
@@ -66,8 +66,8 @@ void FormMain::OnCharHook(wxKeyEvent& event) {
     event.Skip();
 }
 
-// Takes a caption that is being typed. False when it is refused: a message comes, and what was typed after
-// it.
+// Ends the edit of a caption and accepts the text. Returns false when the text is refused; then a message
+// appears, and after it the refused text again.
 bool FormMain::FinishLabelEdit() {
     m_captionRefused = false;
     tvMain->View().EndLabelEdit(true);
@@ -81,7 +81,7 @@ void FormMain::OnEndLabelEdit(TreeNode& node, const std::string* text) {
             m_editor.SetCaption(id, *text);
         } catch (const NeskError& error) {
             m_captionRefused = true;
-            // The tree is still busy ending the edit.
+            // The tree is still ending the edit.
             CallAfter([this, error, id, typed = *text] {
                 ShowError(Message::CommandFailed, error);
                 EditLabelAgain(id, typed);
@@ -91,7 +91,7 @@ void FormMain::OnEndLabelEdit(TreeNode& node, const std::string* text) {
     CallAfter([this] { UpdateFileMenus(); });
 }
 
-// What was typed and refused comes back, to be corrected.
+// Edits the caption again with the refused text, so that the user can correct it.
 void FormMain::EditLabelAgain(const std::string& id, const std::string& text) {
     TreeNode* const node = tvMain->NodeOf(id);
     if (node == nullptr) return;
@@ -99,7 +99,7 @@ void FormMain::EditLabelAgain(const std::string& id, const std::string& text) {
     tvMain->View().SetEditText(text);
 }
 
-// Nothing is changed or removed that is out of sight.
+// An entry must be visible before it is changed or removed.
 void FormMain::ShowSelected() {
     if (TreeNode* node = tvMain->View().Selected()) tvMain->View().EnsureVisible(*node);
 }
@@ -118,9 +118,9 @@ void FormMain::OnContextMenu(TreeNode* node, wxPoint at) {
     tvMain->Window().PopupMenu(&menu, at);
 }
 
-// A double click, or Enter, on an entry.
+// Handles a double click or Enter on an entry.
 bool FormMain::OnActivated(TreeNode& node) {
-    // The root has nothing to edit; there the tree may do what it always does.
+    // The root has nothing to edit, so the tree keeps its default behaviour there.
     if (node.Parent() == nullptr) return false;
     OnCommand(MainCommand::Edit);
     return true;

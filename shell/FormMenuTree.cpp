@@ -39,8 +39,7 @@ FormMenuTree::FormMenuTree(wxWindow* parent, const MenuEditor& editor)
     m_view.on.fill = [this](TreeNode& node) { Fill(node); };
 }
 
-// The control may report its last events while the window is taken down; nobody may follow them into what is
-// gone.
+// The control may send its last events while the window is being destroyed. No handler may run then.
 FormMenuTree::~FormMenuTree() {
     m_view.on = {};
 }
@@ -61,7 +60,8 @@ void FormMenuTree::BuildTree() {
     Window().Thaw();
 }
 
-// Only the children that are about to be seen get nodes, so that a menu of any size and depth opens at once.
+// Creates nodes only for the children that are about to be shown, so that a menu of any size and depth opens
+// at once.
 void FormMenuTree::Fill(TreeNode& node) {
     const MenuEntry* entry = m_editor.Find(KeyOf(&node));
     if (entry == nullptr) return;
@@ -79,7 +79,7 @@ std::string FormMenuTree::KeyOf(const TreeNode* node) {
 }
 
 TreeNode* FormMenuTree::NodeOf(const std::string& id) {
-    // Most changes concern the entry that the user has selected.
+    // Most changes concern the selected entry.
     if (TreeNode* selected = m_view.Selected(); selected != nullptr && KeyOf(selected) == id) return selected;
     const std::vector<std::string_view> parts = MenuId::Parts(id);
     TreeNode* node = m_view.Root();
@@ -116,7 +116,8 @@ void FormMenuTree::Follow(const MenuEvent& event) {
     }
 }
 
-// Shows a new entry where the event says. Where its siblings have no nodes yet it gets one with them.
+// Adds the node of a new entry at the position of the event. When its siblings have no nodes yet, the entry
+// gets its node together with them.
 void FormMenuTree::Place(const MenuEvent& event) {
     TreeNode* const parent = NodeOf(event.parentId);
     const auto* item = dynamic_cast<const MenuItem*>(m_editor.Find(event.id));
@@ -135,7 +136,7 @@ void FormMenuTree::Move(const MenuEvent& event) {
         m_view.Move(*node, *parent, static_cast<std::size_t>(event.position) - 1);
         node->SetKey(std::string(MenuId::Parts(event.id).back()));
     } else {
-        // The children of the new parent have no nodes yet; the entry gets one with them.
+        // The children of the new parent have no nodes yet. The entry gets its node together with them.
         if (node != nullptr) m_view.Remove(*node);
         Place(event);
     }

@@ -7,8 +7,8 @@
 
 namespace nesk {
 
-/// The tree view that mirrors the open menu. It changes nothing: it shows what the editor reports and tells
-/// which entry a node stands for. The key of a node is the counter of its entry, that of the root "R".
+/// The tree view of the open menu. It never changes the menu: it displays what the editor reports, and maps
+/// nodes to entries. The key of a node is the counter of its entry; the key of the root node is "R".
 class FormMenuTree {
 public:
     FormMenuTree(wxWindow* parent, const MenuEditor& editor);
@@ -16,7 +16,7 @@ public:
     FormMenuTree(const FormMenuTree&) = delete;
     FormMenuTree& operator=(const FormMenuTree&) = delete;
 
-    /// The control, which the parent window owns.
+    /// The control. The parent window owns it.
     platform::TreeView& View() { return m_view; }
     const platform::TreeView& View() const { return m_view; }
     wxWindow& Window() { return m_view.Window(); }
@@ -24,22 +24,23 @@ public:
     /// Removes all nodes.
     void ClearTree();
 
-    /// Shows the open menu anew, with the root expanded and selected; nothing when none is open.
+    /// Builds the tree again from the open menu, with the root expanded and selected. Shows nothing when no
+    /// menu is open.
     void BuildTree();
 
-    /// Follows one change of the menu. An entry that moved stays selected.
+    /// Updates the tree after one event of a change. An entry that moved stays selected.
     void Follow(const MenuEvent& event);
 
-    /// Id of the entry that a node stands for; "" for null.
+    /// Id of the entry of a node; "" for null.
     static std::string KeyOf(const platform::TreeNode* node);
 
-    /// Id of the selected entry; "" when none is selected.
+    /// Id of the selected entry; "" when nothing is selected.
     std::string SelectedKey() const { return KeyOf(m_view.Selected()); }
 
-    /// The node of an entry; null when there is none.
+    /// The node of an entry; null when there is no such node.
     platform::TreeNode* NodeOf(const std::string& id);
 
-    /// Selects an entry and brings it into view.
+    /// Selects an entry and scrolls to it.
     void SelectKey(const std::string& id);
 
 private:

@@ -25,19 +25,20 @@ using modUtilities::ToWx;
 
 namespace {
 
-// Widths of the text in device-independent pixels: what is easy to read, and the least that looks like a
-// window.
+// Limits of the text width in device-independent pixels: the widest text that is easy to read, and the
+// narrowest box that still looks like a window.
 constexpr int LongestLine = 480;
 constexpr int ShortestLine = 160;
 constexpr int IconSize = 32;
 constexpr int Margin = 12;
 
-// The window that the user works in; null when there is none. It has to own the box: a window that is
-// disabled, because a dialog waits in front of it, cannot be activated when the box is gone.
+// The window that the user works in; null when there is no such window. It must own the box: a window that is
+// disabled by a dialog in front of it cannot be activated when the box closes.
 wxWindow* FrontWindow() {
     for (auto node = wxTopLevelWindows.GetLast(); node != nullptr; node = node->GetPrevious()) {
         auto* const dialog = dynamic_cast<wxDialog*>(node->GetData());
-        // A dialog that has its answer is hidden and counts as modal until the call that showed it returns.
+        // A dialog that the user has answered is hidden, but it is modal until the call that showed it
+        // returns.
         if (dialog != nullptr && dialog->IsModal() && dialog->IsShown()) return dialog;
     }
     return wxTheApp->GetTopWindow();
@@ -54,7 +55,7 @@ FormMessageBox::FormMessageBox(wxWindow* parent)
         if (event.GetActive()) FocusDefault();
         event.Skip();
     });
-    // The toolkit would press a Cancel button by itself, and close the box where there is none.
+    // Otherwise wx would press a Cancel button, and close a box that has no Cancel button.
     SetEscapeId(wxID_NONE);
 }
 
@@ -91,14 +92,14 @@ void FormMessageBox::BuildControls(const std::string& text) {
     cmdButton.clear();
     const int margin = FromDIP(Margin);
     auto* message = new wxBoxSizer(wxHORIZONTAL);
-    // As high as two lines of a large font.
+    // The icon is as high as two lines when the font is large.
     const int iconSize = std::max(IconSize, ToDIP(2 * GetCharHeight()));
     const wxBitmapBundle icon = IconBundle(m_layout.icon, wxSize(iconSize, iconSize));
     picIcon = new wxStaticBitmap(this, wxID_ANY, icon, wxDefaultPosition, wxDefaultSize, 0, "picIcon");
     picIcon->Show(!m_layout.icon.empty());
     message->Add(picIcon, wxSizerFlags().Top().Border(wxRIGHT, margin));
     wxSizer* buttons = MakeButtons();
-    // The font decides how much room the text needs.
+    // The font determines the size of the text.
     modUtilities::SetFormFont(*this);
     MakeText(text);
     message->Add(lblMsg, wxSizerFlags(1).CentreVertical());
@@ -123,11 +124,11 @@ wxSizer* FormMessageBox::MakeButtons() {
     return buttons;
 }
 
-// Makes the box of the text as large as the text needs, and no larger than the screen allows; it scrolls
-// then.
+// Creates the text box in the size that the text needs. When that exceeds the limit for the screen, the text
+// scrolls.
 void FormMessageBox::MakeText(const std::string& text) {
     wxClientDC dc(this);
-    // A control has the common font; the window itself keeps its size.
+    // The control has the common font; the font of the window itself keeps its size.
     const wxFont font = picIcon->GetFont();
     dc.SetFont(font);
     const auto widthOf = [&dc](std::string_view piece) { return dc.GetTextExtent(ToWx(piece)).x; };
@@ -141,18 +142,18 @@ void FormMessageBox::MakeText(const std::string& text) {
     const int highest = screen.height * 2 / 3;
     const bool scrolls = height > highest;
 
-    // A label cannot be scrolled, and its text cannot be selected.
+    // A static label cannot scroll, and its text cannot be selected.
     lblMsg = new wxTextCtrl(
         this, wxID_ANY, ToWx(WithWordsBroken(text, lines)), wxDefaultPosition, wxDefaultSize,
         wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP | wxBORDER_NONE | (scrolls ? 0 : wxTE_NO_VSCROLL),
         wxDefaultValidator, "lblMsg");
     lblMsg->SetFont(font);
-    // However it is asked for: by a key or by the menu of the box.
+    // Handles copying by key and by the context menu of the text box.
     lblMsg->Bind(wxEVT_TEXT_COPY, [this](wxClipboardTextEvent&) { CopyText(); });
     lblMsg->SetBackgroundColour(GetBackgroundColour());
     lblMsg->SetForegroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNTEXT));
     const int bar = scrolls ? wxSystemSettings::GetMetric(wxSYS_VSCROLL_X, this) : 0;
-    // The box keeps a little room around its text for itself.
+    // The text box needs a small margin around its text.
     const wxSize edge = FromDIP(wxSize(8, 4));
     lblMsg->SetMinSize(wxSize(width + bar, std::min(height, highest)) + edge);
 }
@@ -175,7 +176,7 @@ void FormMessageBox::Finish(std::int16_t resultCode) {
     EndModal(resultCode);
 }
 
-// What is selected, or the whole text.
+// Copies the selection, or the whole text when nothing is selected.
 void FormMessageBox::CopyText() {
     wxString text = lblMsg->HasFocus() ? lblMsg->GetStringSelection() : wxString();
     if (text.empty()) text = lblMsg->GetValue();
@@ -186,13 +187,13 @@ void FormMessageBox::CopyText() {
 
 void FormMessageBox::OnKey(wxKeyEvent& event) {
     if (event.GetModifiers() == wxMOD_CONTROL && event.GetKeyCode() == 'C') return CopyText();
-    // The captions have no access keys, but no two of a set begin with the same letter. Alt may be held as it
-    // is for an access key.
+    // The captions have no access keys, but the captions of a button set begin with different letters. The
+    // letter works with and without Alt.
     if (event.GetModifiers() == wxMOD_NONE || event.GetModifiers() == wxMOD_ALT)
         for (const MessageBoxButton& button : m_layout.buttons)
             if (button.caption.front() == event.GetKeyCode()) return Finish(button.resultCode);
     if (event.HasAnyModifiers()) return event.Skip();
-    // Keys that no button needs scroll the text.
+    // Keys that no button uses scroll the text.
     switch (event.GetKeyCode()) {
     case WXK_PAGEUP: lblMsg->ScrollPages(-1); return;
     case WXK_PAGEDOWN: lblMsg->ScrollPages(1); return;

@@ -21,7 +21,7 @@ using modUtilities::ToWx;
 
 namespace {
 
-// What is easy to read, in device-independent pixels.
+// The widest text that is easy to read, in device-independent pixels.
 constexpr int LongestLine = 520;
 constexpr int Margin = 24;
 constexpr float HeadingScale = 1.4F;
@@ -82,7 +82,7 @@ wxButton& FormStartPage::ButtonOf(StartStep step) {
                                         [step](const StepButton& other) { return other.step == step; });
         button = new wxButton(this, wxID_ANY, ResText(info->text), wxDefaultPosition, wxDefaultSize, 0,
                               wxDefaultValidator, info->name);
-        // After the event: the step may remove this window's buttons.
+        // The step runs after the event, because it may delete this window's buttons.
         button->Bind(wxEVT_BUTTON,
                      [this, step](wxCommandEvent&) { CallAfter([this, step] { m_onStep(step); }); });
     }
@@ -98,17 +98,17 @@ void FormStartPage::ShowChoices(const StartChoices& choices) {
     for (const StepButton& info : StepButtons) {
         wxButton* button = MemberOf(info.step);
         if (button == nullptr) continue;
-        // The language may have changed with the station.
+        // The language may have changed together with the station.
         button->SetLabel(ResText(info.text));
-        // What stays is not hidden in between: on Windows it would lose the focus.
+        // A button that stays visible is not hidden in between: on Windows it would lose the focus.
         const auto& steps = m_choices.steps;
         button->Show(std::find(steps.begin(), steps.end(), info.step) != steps.end());
     }
     wxWindow* before = lblText;
     for (const StartStep step : m_choices.steps) {
         wxButton& button = ButtonOf(step);
-        button.Show(); // one that is new
-        // Tab follows the order on the page.
+        button.Show(); // for a new button
+        // The Tab order follows the order on the page.
         button.MoveAfterInTabOrder(before);
         before = &button;
         m_buttons->Add(&button, wxSizerFlags().Expand().Border(wxBOTTOM, FromDIP(8)));
@@ -126,7 +126,7 @@ void FormStartPage::WrapTexts() {
     const auto wrap = [width](wxStaticText& label, const std::string& text) {
         label.SetLabelText(ToWx(WrappedText(
             text, width, [&](std::string_view piece) { return label.GetTextExtent(ToWx(piece)).x; })));
-        // The label's own best size is that of a narrower one on GTK, which would break the lines once more.
+        // On GTK, the label's best size is that of a narrower label, so the lines would wrap again.
         wxClientDC dc(&label);
         dc.SetFont(label.GetFont());
         label.SetMinSize(dc.GetMultiLineTextExtent(label.GetLabelText()));

@@ -12,21 +12,21 @@ class wxStaticText;
 
 namespace nesk {
 
-/// What the main window shows while no menu is open: what is there, what is missing, and the next steps as
-/// buttons.
+/// The page that the main window shows while no menu is open. It shows what exists, what is missing, and the
+/// next steps as buttons.
 class FormStartPage : public wxScrolledWindow {
 public:
-    /// @param onStep  called when the user takes a step
+    /// @param onStep  called when the user chooses a step
     FormStartPage(wxWindow* parent, std::function<void(StartStep)> onStep);
 
-    /// Shows a heading, a text and the buttons of the steps, in their order.
+    /// Shows a heading, a text and the buttons of the steps, in the order of `choices`.
     void ShowChoices(const StartChoices& choices);
 
-    /// Gives the focus to the button of the next step.
+    /// Moves the focus to the button of the next step.
     void FocusNextStep();
 
-    // Controls. A button is null until its step is offered for the first time: making all four would lengthen
-    // every start.
+    // Controls. A button is null until its step is first offered, because creating all four would make every
+    // start slower.
     wxStaticText* lblHeading = nullptr;
     wxStaticText* lblText = nullptr;
     wxButton* cmdOpenMenu = nullptr;
@@ -42,7 +42,7 @@ private:
     std::function<void(StartStep)> m_onStep;
     wxSizer* m_buttons = nullptr;
     StartChoices m_choices;
-    int m_wrappedAt = 0; // width
+    int m_wrappedAt = 0; // the width at which the texts are wrapped
 };
 
 } // namespace nesk

@@ -20,7 +20,7 @@ void FormStatusBar::ShowPath(const wxString& path) {
 }
 
 void FormStatusBar::FitPanels(int barWidth) {
-    // What the bar draws around a text, and some room before the next one.
+    // The margin that the bar draws around a text, plus a gap before the next text.
     const int around = FromDIP(16);
     const int needed = GetTextExtent(GetStatusText(PathPanel)).x + around;
     const int widths[PanelCount] = {std::min(needed, std::max(barWidth * 4 / 5, around)), -1};

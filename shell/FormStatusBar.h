@@ -4,14 +4,14 @@
 
 namespace nesk {
 
-/// A status bar with two panels: a path, or two, that stay, and an explanation that comes and goes. The paths
-/// have the room that they need, at most four fifths of the bar, and the explanation the rest, whatever font
-/// and size the bar has.
+/// A status bar with two panels. The first always shows one or two paths, the second shows temporary
+/// explanations. The first panel gets the width that its text needs, up to four fifths of the bar. The second
+/// gets the rest. This works for any font and any width of the bar.
 class FormStatusBar : public wxStatusBar {
 public:
     enum Panel { PathPanel, HelpPanel, PanelCount };
 
-    /// @param name  control name, as "sbMain"
+    /// @param name  control name, for example "sbMain"
     FormStatusBar(wxWindow* parent, const char* name);
 
     /// Shows a path in the first panel.

@@ -19,7 +19,7 @@ bool IsOpen(const State& state) {
     return state.isOpen;
 }
 
-// What makes sense for the selected entry.
+// True when the command is possible for the selected entry.
 template <bool MenuCommands::*Member>
 bool For(const State& state) {
     return state.entry.*Member;

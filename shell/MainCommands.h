@@ -34,7 +34,7 @@ enum class MainCommand {
 
 constexpr std::size_t MainCommandCount = static_cast<std::size_t>(MainCommand::Count);
 
-/// What a command does. Each is called only while its command is enabled.
+/// The implementation of the commands. A function is called only while its command is enabled.
 class MainCommandTarget {
 public:
     virtual ~MainCommandTarget() = default;
@@ -58,44 +58,46 @@ public:
     virtual void HelpAbout() = 0;
 };
 
-/// What decides which commands are enabled.
+/// The state that determines which commands are enabled.
 struct MainCommandState {
     bool isOpen = false;         ///< a menu is open
     bool menuRootExists = false; ///< the menu root folder of the settings exists
-    MenuCommands entry;          ///< what makes sense for the selected entry
+    MenuCommands entry;          ///< the commands that are possible for the selected entry
 };
 
-/// All there is to a command: one row of the table that feeds menu bar, context menu and accelerators.
+/// The description of a command: one row of the table for the menu bar, the context menu and the
+/// accelerators.
 struct MainCommandInfo {
     MainCommand command;
-    const char* name;     ///< control name, as "mnuFileOpen"
-    int menu;             ///< message number of the menu it stands in
+    const char* name;     ///< control name, for example "mnuFileOpen"
+    int menu;             ///< message number of the menu that contains it
     int text;             ///< message number of its caption, with access key and accelerator
-    bool separatorBefore; ///< a line divides it from the command above
+    bool separatorBefore; ///< true when a separator precedes it in the menu
     bool (*isEnabled)(const MainCommandState& state);
     void (MainCommandTarget::*run)();
 };
 
-/// All commands, menu by menu, in the order in which they are shown.
+/// All commands in the order in which they are shown, menu by menu.
 std::span<const MainCommandInfo> MainCommandTable();
 
 /// The row of a command.
 const MainCommandInfo& InfoOf(MainCommand command);
 
-/// Which commands are enabled.
+/// The set of enabled commands.
 using MainCommandSet = std::bitset<MainCommandCount>;
 
-/// True when `set` holds the command.
+/// True when `set` contains the command.
 bool Contains(const MainCommandSet& set, MainCommand command);
 
-/// The commands that can be given in a state of the main window.
+/// The commands that are enabled in a state of the main window.
 /// @param editor          the open menu
-/// @param selectedId      id of the selected entry; "" for none
-/// @param menuRootExists  the menu root folder of the settings exists
+/// @param selectedId      id of the selected entry; "" when nothing is selected
+/// @param menuRootExists  true when the menu root folder of the settings exists
 MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& selectedId, bool menuRootExists);
 
-/// The same, where the root folder costs a look at the disk.
-/// @param menuRootExists  asked only while nothing is open: no command depends on the folder otherwise
+/// Does the same as EnabledCommands, but checks the root folder on the disk only when needed.
+/// @param menuRootExists  called only while no menu is open, because otherwise no command depends on the
+///                        folder
 MainCommandSet CurrentCommands(const MenuEditor& editor, const std::string& selectedId,
                                const std::function<bool()>& menuRootExists);
 

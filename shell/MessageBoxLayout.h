@@ -13,7 +13,7 @@ struct MessageBoxButton {
     std::int16_t resultCode;
 };
 
-/// What an option word of the message box asks for.
+/// The parsed option word of a message box.
 struct MessageBoxLayout {
     /// Left to right; empty for a button set that does not exist.
     std::vector<MessageBoxButton> buttons;
@@ -22,12 +22,12 @@ struct MessageBoxLayout {
     /// 1-based index of the button that gets the focus.
     std::int16_t defaultButton = 1;
 
-    /// Result code of the Escape key: that of the Cancel button, of OK when it is the only button, otherwise
-    /// 0, which is no answer.
+    /// Result code of the Escape key: Cancel when there is a Cancel button, OK when OK is the only button,
+    /// otherwise 0, which means no answer.
     std::int16_t EscapeCode() const;
 };
 
-/// Reads an option word: button set in the low four bits, icon in mask 0xF0, default button in mask 0x300.
+/// Parses an option word: button set in the low four bits, icon in mask 0xF0, default button in mask 0x300.
 MessageBoxLayout LayoutOf(std::int16_t options);
 
 } // namespace nesk

@@ -38,12 +38,12 @@ bool NeskApp::OnExceptionInMainLoop() {
     } catch (const std::exception& error) {
         modUtilities::ReportError(error);
     }
-    // The open menu is worth more than a tidy end: go on.
+    // Continue, because the open menu must not be lost.
     return true;
 }
 
-// All the program's texts are written from left to right, whatever language the system speaks; asking it for
-// its direction would build a table of all languages at each start.
+// All texts of the program run from left to right, whatever the system's language. Asking wx for the
+// direction would build a table of all languages at each start.
 wxLayoutDirection NeskApp::GetLayoutDirection() const {
     return wxLayout_LeftToRight;
 }

@@ -5,13 +5,14 @@
 namespace nesk {
 
 /// Sizes of the touch-screen controls by screen width. There are three classes: exactly 640 pixels, exactly
-/// 800 pixels, and every other width. Sizes are in twips (1/1440 inch), font sizes in points. All are 0
-/// before Initialize.
+/// 800 pixels, and every other width. Sizes are in twips (1/1440 inch), font sizes in points. All values are
+/// 0 before Initialize.
 class ScreenRes {
 public:
+    /// Sets the sizes for a screen. Raises DivisionByZero for 0 twips per pixel and Overflow for -32768
+    /// divided by -1.
     /// @param iScreenWidth  screen width in twips
     /// @param iScreenTwips  twips per pixel
-    /// Raises DivisionByZero for 0 twips per pixel and Overflow for -32768 divided by -1.
     void Initialize(const std::int16_t& iScreenWidth, const std::int16_t& iScreenTwips);
 
     std::int16_t ScreenWidthPix() const { return m_screenWidthPix; }

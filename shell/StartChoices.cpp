@@ -53,7 +53,7 @@ StartChoices StartChoices::For(const StartState& state) {
     };
     const bool isLost =
         state.stationState == StationFolderState::Missing || state.stationState == StationFolderState::Denied;
-    // A root folder outside of the station can be there without it.
+    // A root folder outside the station can exist when the station does not.
     if (isLost && state.rootState != StartState::Root::Exists) {
         const bool denied = state.stationState == StationFolderState::Denied;
         say(denied ? Message::StartStationClosed : Message::StartNoStation,

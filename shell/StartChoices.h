@@ -9,16 +9,16 @@ namespace nesk {
 
 class NeskRegistry;
 
-/// A step that leads towards an open menu.
+/// A step towards an open menu.
 enum class StartStep { OpenMenu, ChooseRoot, CreateStation, OpenStation };
 
-/// What there is while no menu is open.
+/// The state of station and root folder while no menu is open.
 struct StartState {
     enum class Root { NotSet, Missing, Denied, Exists };
 
-    std::string station; ///< its folder; "" where stations are none
+    std::string station; ///< folder of the station; "" on systems without stations
     platform::StationFolderState stationState = platform::StationFolderState::NotApplicable;
-    std::string root; ///< folder that the settings name for the menu
+    std::string root; ///< menu root folder of the settings
     Root rootState = Root::NotSet;
     std::string menuFile;
     bool menuExists = false;
@@ -26,16 +26,16 @@ struct StartState {
     bool operator==(const StartState&) const = default;
 };
 
-/// What the main window shows while no menu is open.
+/// The contents of the start page.
 struct StartChoices {
     std::string heading;
-    std::string text;             ///< what is there and what is missing
-    std::vector<StartStep> steps; ///< those that help, the next one first
+    std::string text;             ///< what exists and what is missing
+    std::vector<StartStep> steps; ///< the steps that help, the next one first
 
-    /// The state as it is now: looks at the disk.
+    /// Determines the current state. Accesses the disk.
     static StartState LookUp(const NeskRegistry& settings);
 
-    /// What is said and offered in a state.
+    /// The contents of the start page for a state.
     static StartChoices For(const StartState& state);
 
     bool operator==(const StartChoices&) const = default;

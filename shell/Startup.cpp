@@ -24,7 +24,7 @@ constexpr int DefaultLanguageID = 1033;
 constexpr const char* HelpBaseName = "OV";
 
 struct State {
-    std::string unusableLanguage; // a value that is no language identifier
+    std::string unusableLanguage; // a value that is not a language identifier
 };
 
 State& TheState() {
@@ -42,7 +42,8 @@ std::string StoredLanguage() {
     }
 }
 
-// The message for a registry that cannot be used; 0 when it can. A key that does not exist yet is no fault.
+// The message number for a registry that cannot be used; 0 when it can be used. A key that does not exist yet
+// is not an error.
 int StoreMessage(int result) {
     namespace ErrorCode = platform::ErrorCode;
     switch (result) {

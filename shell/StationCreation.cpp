@@ -36,7 +36,7 @@ void CheckResult(int result, const std::string& folder) {
     if (result != platform::ErrorCode::Success) throw FileError(result, Source, folder);
 }
 
-// The same while the folder is made.
+// Raises the error of creating the folder. Does nothing on success.
 void CheckMade(int result, const std::string& folder) {
     namespace ErrorCode = platform::ErrorCode;
     switch (result) {
@@ -44,7 +44,7 @@ void CheckMade(int result, const std::string& folder) {
         throw NeskError(RuntimeError::FileExists, Source, Message::StationFolderNotEmpty, {folder});
     case ErrorCode::FileExists:
         throw NeskError(RuntimeError::FileExists, Source, Message::NotAFolder, {folder});
-    // What is missing is the place, not the folder.
+    // The parent folder is missing.
     case ErrorCode::FileNotFound:
     case ErrorCode::PathNotFound:
         throw NeskError(RuntimeError::PathNotFound, Source, Message::StationFolderNotMade, {folder});
@@ -58,7 +58,7 @@ void WriteName(const std::string& key, const std::string& name) {
     entry.SetString("Name", name);
 }
 
-// The settings and folders of an empty station, the same as the example's.
+// Creates the settings and folders of an empty station, the same as in the example.
 void FillEmptyStation() {
     for (const std::string& folder : {Root, Slides, Pictures, Parts})
         modUtilities::MakePath(folder);
@@ -75,7 +75,7 @@ void FillEmptyStation() {
     entry.SetString("HistoryMaxParts", "0");
 }
 
-// The machine and the user that the operator interface runs as.
+// Writes the names of the machine and the user that the operator interface uses.
 void WriteIdentity(const Wishes& wishes) {
     WriteName(MachineKey, modUtilities::Trim(wishes.machine));
     WriteName(UserKey, modUtilities::Trim(wishes.user));
@@ -92,8 +92,8 @@ void WriteSettings(const Wishes& wishes) {
     CheckResult(group.End(), platform::StationRegistry().Location());
 }
 
-// The folder with which the program begins, or one beside it where there is a station or anything else
-// already.
+// The default folder of the program. When it contains a station or anything else, a numbered folder next to
+// it.
 std::string FreeFolder() {
     const std::string usual = platform::UsualStationFolder();
     std::string folder = usual;
@@ -107,7 +107,7 @@ std::string FreeFolder() {
     return folder;
 }
 
-// The path as it is meant: without the blanks around it.
+// The folder without leading and trailing spaces.
 std::string FolderOf(const Wishes& wishes) {
     return modUtilities::Trim(wishes.folder);
 }
@@ -140,7 +140,7 @@ void Create(const Wishes& wishes) {
         WriteSettings(wishes);
         CheckMade(station->Finish(), folder);
     } catch (...) {
-        // The former station is back in use by now.
+        // The former station is already back in use here.
         Startup::LoadStation();
         throw;
     }

@@ -3,38 +3,38 @@
 #include <optional>
 #include <string>
 
-/// A new station: what it needs, whether that will do, and its making.
+/// Creating a station: the user's input, its validation, and the creation.
 namespace nesk::StationCreation {
 
-/// What the user says about a new station.
+/// What the user enters for a new station.
 struct Wishes {
-    bool example = false; ///< a copy of the example, otherwise an empty one
-    std::string folder;   ///< as the system names it
+    bool example = false; ///< true for a copy of the example, false for an empty station
+    std::string folder;   ///< a path of the host system
     std::string machine;  ///< display name
     std::string user;     ///< display name
 };
 
 enum class Field { Folder, Machine, User };
 
-/// Why the wishes cannot be met.
+/// The reason why a station cannot be created.
 struct Fault {
     Field field;
     std::string message;
 };
 
-/// What is proposed: the folder with which the program begins, or a free one beside it, and a name of each
-/// kind.
+/// The proposed values: the default folder of the program or a free folder with a number after its name, and
+/// a name for the machine and the user.
 Wishes Proposal(bool example);
 
-/// Checks the wishes one after the other; nothing when there is no fault.
+/// Checks the fields in order. Returns the first fault; nothing when there is no fault.
 std::optional<Fault> Check(const Wishes& wishes);
 
-/// Makes the station and puts it in place of the one in use, with its language, help and settings. Raises the
-/// run-time error of what failed; the former station is in use then and nothing is left of the new one.
+/// Creates the station and replaces the current one by it, with its language, help and settings. Raises the
+/// run-time error of the failed step. The former station is then in use, and nothing of the new one remains.
 void Create(const Wishes& wishes);
 
-/// Puts an existing station in place of the one in use. Raises the run-time error of what failed; the former
-/// station stays in use then.
+/// Replaces the current station by an existing one. Raises the run-time error of the failed step; the former
+/// station then stays in use.
 void Open(const std::string& folder);
 
 } // namespace nesk::StationCreation

@@ -20,7 +20,7 @@ StationFolderChooser& Replacement() {
 
 std::string ChooseStationFolder(wxWindow* parent, int promptId, const std::string& folder) {
     if (Replacement()) return Replacement()(parent, promptId, folder);
-    // A folder that does not exist yet is looked for from where it would be.
+    // When the folder does not exist, start at the nearest existing folder above it.
     wxString begin = modUtilities::ToWx(folder);
     while (!begin.empty() && !wxDirExists(begin))
         begin = wxPathOnly(begin);

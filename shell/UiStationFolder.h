@@ -7,19 +7,19 @@ class wxWindow;
 
 namespace nesk {
 
-/// Shows the system's dialog for choosing a folder of the host, as stations are.
+/// Shows the system's dialog to choose a folder of the host. Stations are in such folders.
 /// @param promptId  message number of the title
-/// @param folder    where it begins, as the system names it; when that is missing, the next existing folder
-///                  above it
-/// @return the folder as the system names it; "" when the dialog was cancelled
+/// @param folder    the initial folder, as a path of the host; when it does not exist, the nearest existing
+///                  folder above it is used
+/// @return the folder, as a path of the host; "" when the dialog was cancelled
 std::string ChooseStationFolder(wxWindow* parent, int promptId, const std::string& folder);
 
-/// What ChooseStationFolder calls.
+/// The function that ChooseStationFolder calls.
 using StationFolderChooser =
     std::function<std::string(wxWindow* parent, int promptId, const std::string& folder)>;
 
-/// Puts something else in the place of the system's dialog; an empty function brings that back. A test needs
-/// it: the dialog can be given a folder only by hand. Returns what was there before.
+/// Replaces the system's dialog; an empty function restores it. Tests need this, because only a user can
+/// choose a folder in the dialog. Returns the previous function.
 StationFolderChooser SetStationFolderChooser(StationFolderChooser chooser);
 
 } // namespace nesk

@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
-/// The program's own message box, as the core sees it.
+/// The interface through which the core shows message boxes.
 namespace nesk::modMessageBox {
 
-/// Option word: one button set, one icon and one default button, added up.
+/// Option word: the sum of one button set, one icon and one default button.
 namespace Option {
 constexpr std::int16_t Ok = 0;
 constexpr std::int16_t OkCancel = 1;
@@ -36,19 +36,19 @@ constexpr std::int16_t Yes = 6;
 constexpr std::int16_t No = 7;
 } // namespace Result
 
-/// Shows a message and returns the result code of the button pressed.
+/// A function that shows a message and returns the result code of the button pressed.
 using Hook =
     std::function<std::int16_t(const std::string& text, std::int16_t options, const std::string& title)>;
 
-/// Puts in place what shows messages: the message box of the application, or the recorder of a test. Returns
-/// the hook that was there before.
+/// Sets the function that shows messages: the message box of the application, or the recorder of a test.
+/// Returns the previous hook.
 Hook SetHook(Hook hook);
 
 /// Shows a message box and waits for the answer.
 /// @param text     the text, lines separated by "\n"
 /// @param options  sum of Option values
 /// @param title    the title; the application's title when omitted
-/// @return one of Result; None as well when nothing is there to show it
+/// @return one of Result; also None when no hook is set
 std::int16_t ShowMessage(const std::string& text, std::int16_t options = 0,
                          const std::optional<std::string>& title = std::nullopt);
 

@@ -13,7 +13,7 @@ namespace nesk::modStringRes {
 
 namespace {
 
-// Characters of a text, the terminating zero included; what is longer is cut.
+// Maximum length of a text, including the terminating zero. Longer texts are truncated.
 constexpr int BufferSize = 1024;
 
 constexpr int DefaultLanguageID = 1033;
@@ -40,15 +40,15 @@ int BlockBase(int id) {
 }
 
 std::string LibraryFileName(const std::string& languageCode, int id) {
-    // Five digits, beside which a sign takes its own place.
+    // Five digits, plus the sign of a negative number.
     const int width = id <= -1000 ? 6 : 5;
     std::array<char, 16> base{};
     std::snprintf(base.data(), base.size(), "%0*d", width, BlockBase(id));
     return "\\" + languageCode + base.data() + ".DLL";
 }
 
-// The module that holds string `id`; 0 when no folder has its library. A failure is not remembered, so that a
-// library that appears later is found.
+// The module that contains string `id`; 0 when its library is in none of the folders. A failure is not
+// cached, so that a library that appears later is found.
 platform::ModuleHandle GetResourceLibrary(int id) {
     Loader& loader = TheLoader();
     if (!loader.enabled) return 0;
@@ -113,7 +113,7 @@ std::string LoadResString(int id) {
         const std::string_view bytes(buffer.data(), static_cast<std::size_t>(length));
         return platform::FromAnsi(bytes.substr(0, bytes.find('\0')));
     }
-    // A library without its base text would be asked for that text for ever.
+    // Without this check, a library without its base text would cause endless recursion.
     if (id == BlockBase(id)) return notFound;
     return FormatResString(BlockBase(id), id);
 }

@@ -6,40 +6,41 @@
 #include <type_traits>
 #include <utility>
 
-/// Texts by number, from the language resource libraries.
+/// Access to texts by number, from the language resource libraries.
 namespace nesk::modStringRes {
 
-/// What fills the placeholders "%0%" to "%9%"; nothing leaves a placeholder as it stands.
+/// Values of the placeholders "%0%" to "%9%". A placeholder without a value stays in the text.
 using Arguments = std::array<std::optional<std::string>, 10>;
 
-/// Selects the language of all texts and releases the libraries of the one before.
+/// Selects the language of all texts and unloads the libraries of the previous language.
 void InitStringRes(int languageId);
 
-/// The language of all texts, as InitStringRes was told; 1033 before.
+/// The language set by InitStringRes; 1033 before the first call.
 int LanguageID();
 
-/// Releases every loaded library. The loader stays enabled and loads them again when they are asked for.
+/// Unloads every library. The loader stays enabled and loads libraries again on demand.
 void FreeStringRes();
 
-/// Three-letter code of a language identifier; "ENU" for one without an entry.
+/// Three-letter code of a language identifier; "ENU" for an unknown identifier.
 std::string LanguageCode(int languageId);
 
-/// The text of a number. "" before InitStringRes; "Error: Resource File Not Found" when the library is
-/// missing; the base text of the number's block, filled with the number, when the library has no such text.
+/// The text with a number. Returns "" before InitStringRes, and "Error: Resource File Not Found" when the
+/// library is missing. When the library does not contain the text, returns the base text of the number's
+/// block with the number inserted.
 std::string LoadResString(int id);
 
-/// The text of a number with its placeholders replaced, "%0%" first and "%9%" last. Text that was put in for
-/// one placeholder is searched for the later ones only.
+/// The text with a number, with its placeholders replaced in the order "%0%" to "%9%". In an inserted value,
+/// only placeholders with higher numbers are replaced.
 std::string FormatResStringArray(int id, const Arguments& arguments);
 
-/// The form in which an argument appears in a text: a text as it stands, a whole number in decimal.
+/// Converts an argument to text: a text stays unchanged, a whole number becomes decimal.
 template <typename T>
 std::string ArgumentText(T&& value) {
     if constexpr (std::is_constructible_v<std::string, T&&>) {
         return std::string(std::forward<T>(value));
     } else {
         using Number = std::decay_t<T>;
-        // Of others the library would show a code, a 1 or six decimals.
+        // Other types would appear as a character code, as 1 or with six decimals.
         static_assert(std::is_integral_v<Number> && !std::is_same_v<Number, char> &&
                           !std::is_same_v<Number, bool>,
                       "an argument is a text or a whole number");
@@ -47,7 +48,7 @@ std::string ArgumentText(T&& value) {
     }
 }
 
-/// As FormatResStringArray, for up to ten texts or whole numbers.
+/// Does the same as FormatResStringArray for up to ten texts or whole numbers.
 template <typename... Args>
 std::string FormatResString(int id, Args&&... args) {
     static_assert(sizeof...(Args) <= 10, "a text has ten placeholders");

@@ -20,7 +20,7 @@ constexpr std::size_t IniBufferSize = 4096;
 using platform::DirectoryEntry;
 using platform::DirectorySearch;
 
-// Runs a search to its end, so that none stays open, and tells whether it found an entry that is wanted.
+// Runs a search to its end, so that no search stays open. Returns whether a matching entry was found.
 template <typename Wanted>
 bool SearchFinds(platform::FileSystem& files, const std::string& path, Wanted wanted) {
     std::unique_ptr<DirectorySearch> search;
