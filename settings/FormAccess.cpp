@@ -28,7 +28,8 @@ constexpr std::int32_t HelpTopic = 33009;
 } // namespace
 
 FormAccess::FormAccess(wxWindow* parent) : FormDialog(parent, "FormAccess", TitleText, HelpTopic) {
-    // Before the other labels: the toolkit takes the last one before a control for the label of that control.
+    // Created before the other labels, because wx uses the last label before a control as that control's
+    // label.
     lblState = new wxStaticText(this, wxID_ANY, ToWx(AccessCode::StateText()), wxDefaultPosition,
                                 wxDefaultSize, 0, "lblState");
     lblAccessCode = NewLabel(this, "lblAccessCode", CodeText);
@@ -80,7 +81,7 @@ wxTextCtrl* FormAccess::NewCodeBox(const char* name, bool masked) {
     return box;
 }
 
-// Not every system can change the mask of a box that is there already.
+// The box is replaced because not every system can change the mask of an existing box.
 void FormAccess::ReplaceBox(wxTextCtrl*& box, wxWindow* label, bool masked) {
     wxTextCtrl* old = box;
     box = NewCodeBox(old->GetName().utf8_str(), masked);
@@ -90,8 +91,7 @@ void FormAccess::ReplaceBox(wxTextCtrl*& box, wxWindow* label, bool masked) {
     box->MoveAfterInTabOrder(label);
     old->GetContainingSizer()->Replace(old, box);
     old->Destroy();
-    // Windows finds the box of an access key by the order in which the windows lie, where a new one comes
-    // last.
+    // Windows finds the box for an access key by the z-order, in which a new box is last.
     for (wxWindow* child : GetChildren())
         child->Lower();
 }

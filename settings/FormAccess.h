@@ -8,20 +8,20 @@ class wxTextCtrl;
 
 namespace nesk {
 
-/// Sets the administrator's access code. What is typed is masked until the user asks to see it.
+/// A dialog to set the administrator's access code. The input is masked until the user asks to see it.
 class FormAccess : public FormDialog {
 public:
     explicit FormAccess(wxWindow* parent);
 
-    /// Shows the dialog with both fields empty and returns when it is closed.
+    /// Shows the dialog with both fields empty. Returns when the dialog is closed.
     void Invoke();
 
-    // Controls. The two boxes are made anew when the mask is taken off or put on.
+    // Controls. The two boxes are created again when the mask is switched on or off.
     wxStaticText* lblAccessCode = nullptr;
     wxTextCtrl* txtCode1 = nullptr;
     wxStaticText* lblReenter = nullptr;
     wxTextCtrl* txtCode2 = nullptr;
-    wxStaticText* lblState = nullptr; ///< whether a code is stored
+    wxStaticText* lblState = nullptr; ///< says whether a code is stored
     wxCheckBox* chkShow = nullptr;
 
 protected:

@@ -48,7 +48,7 @@ constexpr int SlidesPrompt = 32024;
 constexpr int BitmapPrompt = 32073;
 constexpr std::int32_t HelpTopic = 33007;
 
-// Digits alone may be typed; whatever comes in otherwise is checked when the dialog is confirmed.
+// Only digits can be typed. Text entered in another way is checked when the dialog is confirmed.
 TextFilter NumberFilter() {
     const NumericKeyFilter digits(false, false);
     return {[digits](char32_t character, const std::string& text, std::size_t start, std::size_t end) {
@@ -63,7 +63,7 @@ FormDirectories::FormDirectories(wxWindow* parent)
     : FormDialog(parent, "FormDirectories", TitleText, HelpTopic) {
     wxSizer* rows = BuildRows();
     cmdHistory = NewButton(this, "cmdHistory", HistoryText);
-    // Made before the button, so that the toolkit takes it for its label.
+    // Created before the button, so that wx uses it as the button's label.
     lblPrinter = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                   wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "lblPrinter");
     cmdPrinter = NewButton(this, "cmdPrinter", PrinterText);
@@ -104,7 +104,7 @@ wxSizer* FormDirectories::BuildRows() {
         return new FormReadOnlyText(this, name, width);
     };
 
-    // In the order in which Tab visits them, each label before the box that its access key leads to.
+    // In Tab order. Each label precedes the box that its access key selects.
     lblRoot = NewLabel(this, "lblRoot", RootText);
     txtRoot = NewTextBox(this, "txtRoot");
     cmdRoot = NewButton(this, "cmdRoot", BrowseText);
@@ -145,7 +145,7 @@ void FormDirectories::BindEvents() {
     onPress(cmdUser, [this] { ChooseUser(); });
     onPress(cmdHistory, [this] { ChooseHistory(); });
     onPress(cmdPrinter, [this] { SetUpPrinter(); });
-    // A path that is longer than its box is read in the tooltip.
+    // The tooltip shows a path that is longer than its box.
     for (wxTextCtrl* box : {txtRoot, txtSlides, txtBitmap})
         box->Bind(wxEVT_TEXT, [box](wxCommandEvent& event) {
             event.Skip();
@@ -172,7 +172,7 @@ void FormDirectories::OnOK() {
     Accept();
 }
 
-// Whoever says No hears from the check that the folder does not exist.
+// When the user answers No, the check reports that the folder does not exist.
 void FormDirectories::OfferRoot() {
     if (!OptionsModel::RootCanBeMade(m_fields.root)) return;
     namespace Option = modMessageBox::Option;
@@ -187,7 +187,7 @@ void FormDirectories::Refuse(const OptionsModel::Fault& fault) {
     wxTextCtrl& box = BoxOf(fault.field);
     if (fault.replacement) box.SetValue(ToWx(*fault.replacement));
     box.SetFocus();
-    // A box that has the focus already does not gain it.
+    // A box that already has the focus gets no focus event, so its text is selected here.
     if (fault.replacement) modUtilities::SelectAllText(box, true);
 }
 
@@ -273,7 +273,7 @@ void FormDirectories::ChooseUser() {
 }
 
 void FormDirectories::ChooseHistory() {
-    // What is typed in the number boxes stays where there is a history.
+    // The numbers that the user typed are kept when there is a history.
     ReadFields();
     FormSelectHistory(this).Display(m_fields.historyDirectory, m_fields.historyTitle, false);
     ApplyHistoryRule();

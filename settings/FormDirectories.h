@@ -10,14 +10,14 @@ class wxTextCtrl;
 
 namespace nesk {
 
-/// The administrator's options: the settings of the operator interface.
+/// The administrator's options dialog: the settings of the operator interface.
 class FormDirectories : public FormDialog {
 public:
     explicit FormDirectories(wxWindow* parent);
 
-    /// Shows the dialog with the settings of the record; OK stores and saves them.
-    /// @param mayMakeRoot  a root folder that does not exist can be created, after a question
-    /// @return true when it was confirmed
+    /// Shows the dialog with the settings of the record. OK stores and saves them.
+    /// @param mayMakeRoot  when true, the dialog offers to create a root folder that does not exist
+    /// @return true when the user confirmed the dialog
     bool Invoke(bool mayMakeRoot = false);
 
     // Controls.
@@ -31,10 +31,10 @@ public:
     wxTextCtrl* txtBitmap = nullptr;
     wxButton* cmdBitmap = nullptr;
     wxStaticText* lblMachine = nullptr;
-    wxTextCtrl* txtMachine = nullptr; ///< display name of the machine chosen; cannot be typed
+    wxTextCtrl* txtMachine = nullptr; ///< display name of the selected machine; read-only
     wxButton* cmdMachine = nullptr;
     wxStaticText* lblUser = nullptr;
-    wxTextCtrl* txtUser = nullptr; ///< display name of the user chosen; cannot be typed
+    wxTextCtrl* txtUser = nullptr; ///< display name of the selected user; read-only
     wxButton* cmdUser = nullptr;
     wxStaticText* lblMaxParts = nullptr;
     wxTextCtrl* txtMaxParts = nullptr;
@@ -42,7 +42,7 @@ public:
     wxTextCtrl* txtSampleSize = nullptr;
     wxButton* cmdHistory = nullptr;
     wxButton* cmdPrinter = nullptr;
-    wxStaticText* lblPrinter = nullptr; ///< name of the printer that is stored
+    wxStaticText* lblPrinter = nullptr; ///< name of the stored printer
 
 protected:
     void OnOK() override;

@@ -9,14 +9,14 @@ class wxTextCtrl;
 
 namespace nesk {
 
-/// Asks for the name of a new entry of a list in the registry.
+/// A dialog that asks for the name of a new entry of a list in the registry.
 class FormListName : public FormDialog {
 public:
     explicit FormListName(wxWindow* parent);
 
     /// Shows the dialog.
-    /// @param name  receives the name, which can be stored
-    /// @return false when the dialog was cancelled
+    /// @param name  receives a valid name
+    /// @return false when the user cancelled the dialog
     bool Ask(std::string& name);
 
     // Controls.

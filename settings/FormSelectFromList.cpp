@@ -67,7 +67,7 @@ void FormSelectFromList::ShowEntries() {
     Layout();
 }
 
-// A failure is reported; the list is what it is in the registry.
+// Runs an action on the list and reports its failure. Afterwards updates the buttons in any case.
 void FormSelectFromList::Guarded(void (FormSelectFromList::*act)()) {
     try {
         (this->*act)();

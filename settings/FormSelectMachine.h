@@ -4,15 +4,15 @@
 
 namespace nesk {
 
-/// Picks the measuring machine that the operator interface drives.
+/// A dialog to select the measuring machine that the operator interface controls.
 class FormSelectMachine : public FormSelectFromList {
 public:
     explicit FormSelectMachine(wxWindow* parent);
 
     /// Shows the dialog.
-    /// @param current  key of the machine that is selected at first; "" for none
-    /// @param stored   key of the machine that the settings name, which cannot be removed either; "" for none
-    /// @return the machine key, as "Machines\M1"; "" when nothing was chosen
+    /// @param current  key of the machine that is selected initially; "" for no selection
+    /// @param stored   key of the machine in the settings; "" for no machine. Neither machine can be removed.
+    /// @return the machine key, for example "Machines\M1"; "" when no machine was selected
     std::string SelectMachine(const std::string& current = "", const std::string& stored = "") {
         return Choose(current, stored);
     }

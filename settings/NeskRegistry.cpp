@@ -24,7 +24,7 @@ struct TextSetting {
     std::string NeskRegistry::*field;
 };
 
-// The texts before, between and after the two numbers, each group in the order in which it is written.
+// The texts before, between and after the two numbers, in the order in which they are written.
 constexpr TextSetting Directories[] = {
     {"NeskRoot", &NeskRegistry::NeskRoot},
     {"DefaultSlideDirectory", &NeskRegistry::DefaultSlideDirectory},
@@ -47,7 +47,7 @@ constexpr TextSetting Printer[] = {
     {"PrinterZoom", &NeskRegistry::PrinterZoom},
 };
 
-// Runs one step of a load; a step that fails leaves its field as it was.
+// Runs one step of a load. A step that fails leaves its field unchanged.
 void Guarded(const std::function<void()>& step) {
     try {
         step();
@@ -55,14 +55,14 @@ void Guarded(const std::function<void()>& step) {
     }
 }
 
-// Whether the registry answered: a fault of its own tells nothing about the value. A text that is too long to
-// be read is one that is there.
+// True when the result is an answer about the value and not an error of the registry itself. A text that is
+// too long to be read exists, so that result is an answer.
 bool IsAnswer(int result) {
     namespace ErrorCode = platform::ErrorCode;
     return result == ErrorCode::Success || result == ErrorCode::FileNotFound || result == ErrorCode::MoreData;
 }
 
-// 0 for what is no number. One that is too large is a failure all the same.
+// 0 for a text that is not a number. A number that is too large still raises an error.
 std::int16_t NumberOrZero(const std::string& text) {
     try {
         return modConvert::CInt(text);
@@ -72,8 +72,8 @@ std::int16_t NumberOrZero(const std::string& text) {
     }
 }
 
-// The error of a save with what the registry answered and where it lies: which setting it was alone tells
-// nobody what to do. An error that the registry has no part in stays as it is.
+// Adds the cause and the location of the registry to the error of a save, because the name of the setting
+// alone does not help the user. An error that the registry did not cause is returned unchanged.
 NeskError WithReason(const NeskError& error, int result) {
     if (result == platform::ErrorCode::Success) return error;
     const NeskError reason = FileError(result, error.source, platform::StationRegistry().Location());
@@ -83,7 +83,7 @@ NeskError WithReason(const NeskError& error, int result) {
             {modUtilities::MessageText(error), modUtilities::MessageText(reason)}};
 }
 
-// The error when the registry took all values and could not store them in the end.
+// The error when the registry accepted all values but could not store them at the end.
 NeskError NotStored(int result) {
     const NeskError reason = FileError(result, "NeskRegistry.Save", platform::StationRegistry().Location());
     return {5002, reason.source, Message::SettingsNotStored, {modUtilities::MessageText(reason)}};
@@ -97,14 +97,14 @@ NeskRegistry& NeskRegistry::Instance() {
 }
 
 void NeskRegistry::Load() {
-    // Of one save, also where another program is saving.
+    // Reads the values of one save, even when another program is saving.
     const platform::RegistryReading reading(platform::StationRegistry());
     RegEntry entry;
     m_unread.clear();
     Guarded([&] { entry.OpenKey(ProductKey); });
     const bool isOpen = entry.LastResult() == platform::ErrorCode::Success;
     const bool answers = IsAnswer(entry.LastResult());
-    // Without an open key nothing is asked, and the last result tells of something else.
+    // Without an open key no value is read, so the last result does not belong to a value.
     const auto isUnread = [&] { return isOpen ? !IsAnswer(entry.LastResult()) : !answers; };
     const auto readTexts = [&](const auto& settings) {
         for (const TextSetting& setting : settings) {
@@ -113,8 +113,9 @@ void NeskRegistry::Load() {
         }
     };
     readTexts(Directories);
-    // The test asks for a subkey, where there is only a value: what was saved is not read back and the number
-    // of parts always starts at its default. Kept: what starts at 20 today must not change with an update.
+    // This tests for a subkey, but HistoryMaxParts is a value. So the saved number is not read back, and the
+    // number of parts always starts at its default. This is kept on purpose: an update must not change the
+    // initial value of 20.
     Guarded([&] {
         HistoryMaxParts = entry.TestKey(ProductKey + "\\HistoryMaxParts")
                               ? NumberOrZero(entry.GetString("HistoryMaxParts"))
@@ -151,7 +152,7 @@ void NeskRegistry::ReadWhatWasNotRead(RegEntry& entry) {
 }
 
 void NeskRegistry::Save() {
-    // Together, so that a program that is killed leaves the settings of one save.
+    // The writes are grouped, so that a program that is killed leaves the settings of a single save.
     platform::RegistryGroup group(platform::StationRegistry());
     RegEntry entry;
     try {
@@ -169,7 +170,7 @@ void NeskRegistry::Save() {
         if (const int result = group.End(); result != platform::ErrorCode::Success) throw NotStored(result);
     } catch (const NeskError& error) {
         const NeskError report = WithReason(error, entry.LastResult());
-        // The user may take his time with the message, and other programs wait for the store.
+        // The user may look at the message for a long time while other programs wait for the registry.
         group.End();
         modUtilities::ReportError(report);
     }

@@ -8,28 +8,28 @@ namespace nesk {
 
 class RegEntry;
 
-/// The settings of the operator interface that this program edits, each field named like its registry value.
-/// A new record has empty texts and zero numbers.
+/// The settings of the operator interface that this program edits. Each field has the name of its registry
+/// value. A new record has empty texts and zero numbers.
 class NeskRegistry {
 public:
-    /// The one record of the program, created on first use.
+    /// The program's only record, created on first use.
     static NeskRegistry& Instance();
 
-    /// Fills the record from the registry. Raises nothing: what cannot be read is skipped. A SampleSize that
-    /// is no 16-bit number keeps its former value, and HistoryMaxParts is 20 unless there is a subkey of that
-    /// name.
+    /// Reads the record from the registry. Does not raise errors: values that cannot be read are skipped. A
+    /// SampleSize that is not a 16-bit number keeps its former value. HistoryMaxParts is 20 unless there is a
+    /// subkey of that name.
     void Load();
 
-    /// Writes the record to the registry. The first failure ends it and is shown as an error report with what
-    /// is wrong and where, of which the caller is not told; what was written by then stays. A field that Load
-    /// could not read for a fault of the registry, and that has the same value still, is read first: the
-    /// setting is not lost when the fault has passed.
+    /// Writes the record to the registry. The first failure stops it and is shown as an error report with the
+    /// cause and the location. The caller is not informed of the failure, and the values already written
+    /// stay. A field that Load could not read because of a registry error, and whose value has not changed
+    /// since, is read again first: so the setting is not lost when the error no longer occurs.
     void Save();
 
-    /// Full path of the menu file; "" when NeskRoot is empty or no existing folder.
+    /// Full path of the menu file; "" when NeskRoot is empty or not an existing folder.
     std::string MenuFile() const;
 
-    /// The same without a look at the disk: "" only when NeskRoot is empty.
+    /// Full path of the menu file without checking the disk; "" only when NeskRoot is empty.
     std::string MenuPath() const;
 
     std::string NeskMachine;            ///< "Machines\" and the machine's subkey
@@ -37,21 +37,21 @@ public:
     std::string HistoryDirectory;       ///< default directory of the measurement history
     std::string HistoryTitle;           ///< default title of the measurement history
     std::string DefaultSlideDirectory;  ///< default directory of slides
-    std::string ExitKey;                ///< access code that leaves the operator interface, decimal digits
-    std::string NeskRoot;               ///< root directory, in which the menu file lies
+    std::string ExitKey;                ///< access code to leave the operator interface, decimal digits
+    std::string NeskRoot;               ///< root directory; contains the menu file
     std::string DefaultBitmapDirectory; ///< default directory of button pictures
     std::int16_t SampleSize = 0;
-    std::int16_t HistoryMaxParts = 0; ///< largest number of parts kept in a history
+    std::int16_t HistoryMaxParts = 0; ///< maximum number of parts in a history
     std::string PrinterDevice;
     std::string PrinterDriver;
-    std::string PrinterOrientation; ///< decimal text, like the four below
+    std::string PrinterOrientation; ///< decimal text, like the next four fields
     std::string PrinterPaperSize;
     std::string PrinterPaperBin;
     std::string PrinterQuality;
-    std::string PrinterZoom; ///< percent
+    std::string PrinterZoom; ///< in percent
 
 private:
-    /// A text that Load could not read, and what its field held then.
+    /// A text that Load could not read, and the value that its field had then.
     struct Unread {
         const char* name;
         std::string NeskRegistry::*field;

@@ -25,12 +25,12 @@ constexpr int NoUserText = 34454;
 constexpr int SampleSizeRangeText = 34455; // %0% largest size
 constexpr double MostParts = 999;
 
-// A box that is checked alone, with the text of its label.
+// A box with a check of its own, and the text of its label.
 struct CheckedBox {
     Field field;
     int label;
     std::string OptionsFields::*text;
-    int reason; // message number of what is wrong with it; 0 where that has to be found out
+    int reason; // message number of the reason; 0 when the reason must be determined
 };
 constexpr CheckedBox Folders[] = {{Field::Root, 32036, &OptionsFields::root, 0},
                                   {Field::Slides, 32038, &OptionsFields::slides, 0},
@@ -56,7 +56,8 @@ Fault FaultOf(Field field, int label, const std::string& reason) {
     return {field, FieldMessage::Text(label), std::nullopt, reason};
 }
 
-// A number as text, with as many digits as are known of it. The sum makes a zero of a negative zero.
+// A number as text, with the digits that a double represents reliably. Adding 0.0 turns negative zero into
+// zero.
 std::string NumberText(double value) {
     constexpr int digits = 15;
     std::array<char, 32> buffer{};
@@ -99,7 +100,7 @@ void ShowName(const std::string& key, std::string& name) {
         entry.OpenKey(key);
         name = entry.GetString("Name");
     } catch (const NeskError&) {
-        // Gone since the test.
+        // The key was removed after the test.
     }
 }
 
@@ -133,14 +134,14 @@ std::optional<Fault> Check(const OptionsFields& fields, Numbers& numbers) {
     numbers = {};
     if (!HasHistory(fields)) return std::nullopt;
 
-    // Most of a part counts as one, but nothing is cut down to the largest number.
+    // More than half a part is rounded up to one, but a number above the maximum is not rounded down to it.
     const double maxParts = modConvert::Val(Trim(fields.maxParts));
     if (maxParts > MostParts || maxParts < 0 || modConvert::CInt(maxParts) < 1)
         return Fault{Field::MaxParts, modStringRes::LoadResString(MaxPartsRangeText), NumberText(maxParts),
                      ""};
     numbers.maxParts = modConvert::CInt(maxParts);
 
-    // Zero and less switch sampling off; a sample of one says nothing.
+    // Zero and negative values switch sampling off. A sample of one is useless.
     const double sampleSize = modConvert::Val(Trim(fields.sampleSize));
     if (sampleSize == 1 || sampleSize > numbers.maxParts) {
         Fault fault = FaultOf(Field::SampleSize, SampleSizeText,

@@ -10,7 +10,7 @@ namespace nesk {
 
 class NeskRegistry;
 
-/// What the options dialog holds: the texts of its boxes, and working copies that no box shows.
+/// The state of the options dialog: the texts of its boxes, and working copies of settings without a box.
 struct OptionsFields {
     // Texts of the boxes.
     std::string root;
@@ -29,51 +29,51 @@ struct OptionsFields {
     platform::PrinterValues printer;
 };
 
-/// What the options dialog decides.
+/// The rules of the options dialog.
 namespace OptionsModel {
 
 /// A box of the dialog.
 enum class Field { Root, Slides, Bitmap, Machine, User, MaxParts, SampleSize };
 
-/// Why the fields cannot be stored.
+/// The reason why the fields cannot be stored.
 struct Fault {
     Field field;                            ///< the box that gets the focus
     std::string message;                    ///< text of the message box
-    std::optional<std::string> replacement; ///< text that the box gets; nothing leaves it as it is
-    std::string reason; ///< what is wrong, to stand in the dialog; "" where the message says it
+    std::optional<std::string> replacement; ///< new text for the box; nothing when its text stays
+    std::string reason; ///< the reason, for display in the dialog; "" when the message already says it
 };
 
-/// The two numbers as they are stored.
+/// The two numbers in the form in which they are stored.
 struct Numbers {
     std::int16_t maxParts = 0;
     std::int16_t sampleSize = 0;
 };
 
-/// The fields with the settings of the record.
+/// Creates the fields from the settings of the record.
 OptionsFields Load(const NeskRegistry& settings);
 
-/// Puts the display name of a machine or user into `name`; leaves it as it is when there is no such key.
+/// Sets `name` to the display name of a machine or user. Leaves it unchanged when the key does not exist.
 void ShowName(const std::string& key, std::string& name);
 
-/// True when there is a history. Without one its two numbers are not used: both are set to "0".
+/// True when there is a history. Without a history its two numbers are not used, and both are set to "0".
 bool ApplyHistoryRule(OptionsFields& fields);
 
-/// Whether a root folder is missing that could be created: a full path below a drive, or a share.
+/// True when a root folder is missing and could be created. It must be a full path below a drive, or be on a
+/// share.
 bool RootCanBeMade(const std::string& root);
 
-/// The folder without the separators at its end.
+/// The folder without trailing separators.
 std::string StripTrailingSeparators(std::string folder);
 
-/// Checks the fields one after the other.
-/// @param numbers  filled when nothing is at fault
+/// Checks the fields in order. Raises Overflow for a number that cannot be represented.
+/// @param numbers  set when there is no fault
 /// @return the first fault; nothing when all fields can be stored
-/// Raises Overflow for a number that nothing can hold.
 std::optional<Fault> Check(const OptionsFields& fields, Numbers& numbers);
 
 /// Title of the message about a fault.
 std::string FaultTitle();
 
-/// Puts fields that Check has passed into the record, which is not saved.
+/// Puts fields that have passed Check into the record. Does not save the record.
 void Apply(const OptionsFields& fields, const Numbers& numbers, NeskRegistry& settings);
 
 } // namespace OptionsModel

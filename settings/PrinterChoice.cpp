@@ -20,7 +20,7 @@ constexpr int MissingText = 34459; // %0% printer
 constexpr int PaperText = 34508;
 constexpr int ReplaceQuestion = 34460; // %0% printer stored, %1% printer chosen
 
-// The text of the command, which ends in dots, is the title of what it opens.
+// The caption of the command without the dots at its end is the title of the dialog.
 std::string Title() {
     std::string title = FieldMessage::PlainLabel(LoadResString(CommandText));
     title.erase(title.find_last_not_of('.') + 1);

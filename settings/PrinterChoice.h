@@ -4,20 +4,21 @@
 
 #include <string>
 
-/// What the options dialog decides about the printer.
+/// The printer rules of the options dialog.
 namespace nesk::PrinterChoice {
 
-/// The printer of the values as the options show it.
+/// The text that the options dialog shows for the printer.
 std::string Shown(const platform::PrinterValues& values);
 
 /// Texts of the printer dialog for these values.
 platform::PrinterSetupTexts Texts(const platform::PrinterValues& values);
 
-/// Takes over what the printer dialog gave. A printer that is not on this machine stays until another one is
-/// chosen on purpose: when the dialog was only confirmed with the printer that stood in for it, a question
-/// says so, and the other values alone are taken unless it is answered with Yes.
-/// @param values  the values before; those to be stored afterwards
-/// @param chosen  what the dialog gave
+/// Accepts the values from the printer dialog. A stored printer that does not exist on this machine is kept
+/// until the user deliberately chooses another: when the user only confirmed the dialog with the substitute
+/// printer, a question asks whether to replace the stored printer. Unless the answer is Yes, only the other
+/// values are accepted.
+/// @param values  the values before the call; the values to store after it
+/// @param chosen  the values from the dialog
 void Take(platform::PrinterValues& values, const platform::PrinterValues& chosen,
           platform::PrinterSetupResult result);
 

@@ -19,7 +19,7 @@ namespace ErrorCode = platform::ErrorCode;
 using platform::RegKey;
 
 constexpr std::size_t LongestText = 255;
-// One byte of a name buffer is held back, so that a name always has room for its zero.
+// One byte of a name buffer is reserved, so that a name always has room for its terminating zero.
 constexpr std::uint32_t NameBufferSize = 256;
 constexpr std::uint32_t NameCapacity = NameBufferSize - 1;
 constexpr std::uint32_t LongestValueName = 16384;
@@ -35,12 +35,12 @@ bool IsText(std::uint32_t type) {
            type == platform::RegType::MultiText;
 }
 
-// The name of a key or value that was opened or listed before, and which the code page holds therefore.
+// The name of a key or value that was opened or listed before, so it can be encoded in the code page.
 std::string AnsiName(const std::string& name) {
     return platform::ToAnsi(name).value();
 }
 
-// Closes a key at the end of its scope, errors included.
+// Closes a key at the end of its scope, also when an error is raised.
 class KeyCloser {
 public:
     KeyCloser(platform::Registry& registry, RegKey key) : m_registry(registry), m_key(key) {}
@@ -143,8 +143,8 @@ void RegEntry::DeleteInternal(RegKey lParentKey, const std::string& sKey) {
     RegKey key = 0;
     if (OpenLevel(lParentKey, sKey, key) != ErrorCode::Success)
         throw NeskError(5001, "RegEntry.CopyInternal", Message::RegKeyNotOpened, {sKey});
-    // Always the subkey at index 0: each deletion moves the next one to the front. One that stays, because it
-    // may not be deleted, would be met there for ever.
+    // Always takes the subkey at index 0, because each deletion moves the next subkey to the front. A subkey
+    // that may not be deleted would stay at index 0, so the loop stops there.
     std::array<char, NameBufferSize> name{};
     std::string last;
     while (m_registry.EnumKey(key, 0, name.data(), NameCapacity) == ErrorCode::Success) {
@@ -163,7 +163,7 @@ void RegEntry::DeleteInternal(RegKey lParentKey, const std::string& sKey) {
 }
 
 std::string RegEntry::ReadText(RegKey key, const std::string& name) {
-    // A name that the code page cannot hold is the name of no value.
+    // A name that cannot be encoded in the code page cannot be the name of a value.
     const std::optional<std::string> ansi = platform::ToAnsi(name);
     std::array<char, LongestText + 1> buffer{};
     auto size = static_cast<std::uint32_t>(buffer.size());
@@ -217,7 +217,8 @@ std::vector<std::string> RegEntry::SubkeyNames(RegKey key) {
     std::vector<std::string> names;
     for (std::uint32_t index = 0;; ++index) {
         std::array<char, NameBufferSize> name{};
-        // Whatever does not end in a zero is told from a name by a character that no zero follows.
+        // The buffer is filled with a character other than zero, so that a missing terminating zero is
+        // detected.
         name.fill('\1');
         const int result = m_registry.EnumKey(key, index, name.data(), NameCapacity);
         if (result == ErrorCode::MoreData) continue;
@@ -287,7 +288,7 @@ RegEntry::Contents RegEntry::ReadContents(RegKey key) {
 void RegEntry::Copy(const std::string& sNewKey) {
     if (m_key == 0) return;
     try {
-        // Read whole before anything is written: the new key may lie inside the one that is copied.
+        // Everything is read before anything is written, because the new key may be inside the copied key.
         const Contents contents = ReadContents(m_key);
         const RegKey target = CreateInternal(platform::LocalMachine, FullPath(sNewKey));
         const KeyCloser closer(m_registry, target);
@@ -312,7 +313,7 @@ void RegEntry::CopyInternal(RegKey target, const Contents& contents) {
 
 namespace {
 
-// What HKEY_CLASSES_ROOT shows of the machine.
+// The part of HKEY_CLASSES_ROOT that belongs to the machine.
 const std::string ClassesRoot = "SOFTWARE\\Classes";
 
 } // namespace
@@ -335,13 +336,13 @@ void RegEntry::DeleteIfPresent(const std::string& parentPath, const std::string&
     try {
         DeleteInternal(parent, key);
     } catch (const NeskError&) {
-        // Not registered: nothing to remove.
+        // The key is not registered, so there is nothing to remove.
     }
     m_registry.CloseKey(parent);
 }
 
 void RegEntry::RemoveProgID(const std::string& sProgID) {
-    // An empty name below a parent means the parent itself, and with it every class of the machine.
+    // An empty name below a parent key means the parent itself, and so all classes of the machine.
     if (sProgID.empty()) return;
     const std::string classId = GetClassID(sProgID);
     if (!classId.empty()) {

@@ -12,14 +12,14 @@ namespace nesk {
 struct RegValue {
     std::string name;
     std::uint32_t type = 0; ///< one of platform::RegType
-    std::string data;       ///< as stored; text in UTF-8 with the terminating zero dropped
+    std::string data;       ///< as stored; text in UTF-8 without its terminating zero
 };
 
-/// One open registry key below SOFTWARE\Quarndale of the machine's settings, and its text values.
+/// An open registry key below SOFTWARE\Quarndale of the machine's settings, and its text values.
 ///
-/// Every key is opened for reading and writing, so even a pure reader needs write access: an installation
-/// whose settings could be read but not saved shows itself at once. Errors are raised as NeskError; the
-/// object stays usable, without an open key.
+/// Every key is opened for reading and writing, so reading also requires write access. This reveals at once
+/// an installation whose settings can be read but not saved. Errors are raised as NeskError; the object stays
+/// usable, without an open key.
 class RegEntry {
 public:
     explicit RegEntry(platform::Registry& registry = platform::StationRegistry());
@@ -27,43 +27,43 @@ public:
     RegEntry(const RegEntry&) = delete;
     RegEntry& operator=(const RegEntry&) = delete;
 
-    /// Copies the values and subkeys of the open key to the key `sNewKey`, creating it where missing. Does
-    /// nothing while no key is open. Raises 5000, 5001 or 5002 with the source "RegEntry.CopyInternal".
+    /// Copies the values and subkeys of the open key to the key `sNewKey`, and creates that key if necessary.
+    /// Does nothing when no key is open. Raises 5000, 5001 or 5002 with the source "RegEntry.CopyInternal".
     void Copy(const std::string& sNewKey);
 
-    /// Opens a key, creating every missing level. Raises 5000 when a level cannot be created.
+    /// Opens a key, and creates every missing level. Raises 5000 when a level cannot be created.
     void CreateKey(const std::string& sKey);
 
     /// Opens an existing key. Raises 5001 when it cannot be opened.
     void OpenKey(const std::string& sKey);
 
-    /// True when the key can be opened. Never raises and leaves the open key as it is.
+    /// True when the key can be opened. Does not raise errors, and does not change which key is open.
     bool TestKey(const std::string& sKey);
 
-    /// Deletes the subkey `sKey` of the open key with everything below it. Raises 5001 when it cannot be
+    /// Deletes the subkey `sKey` of the open key and everything below it. Raises 5001 when it cannot be
     /// opened.
     void DeleteKey(const std::string& sKey);
 
-    /// The same below any open key.
+    /// Does the same as DeleteKey below any open key.
     void DeleteInternal(platform::RegKey lParentKey, const std::string& sKey);
 
     /// Text of a value of up to 255 characters; "" when it is missing or longer, or when no key is open.
     std::string GetString(const std::string& sName);
 
-    /// Text of the value whose name ends in the three-letter code of the language `lId`; that of the plain
-    /// name when it is empty.
+    /// Text of the value whose name is `sName` followed by the three-letter code of the language `lId`. When
+    /// that text is empty, the text of the value `sName`.
     std::string GetStringInternational(const std::string& sName, std::int32_t lId);
 
     /// False for "", "0", "no" and "false" in any case; true for every other text.
     bool GetBoolean(const std::string& sName);
 
-    /// Writes a text value; the empty text removes the value. Raises 5002 when it cannot be written.
+    /// Writes a text value; an empty text removes the value. Raises 5002 when the value cannot be written.
     void SetString(const std::string& sName, const std::string& sValue);
 
     /// Writes "true" or "false".
     void SetBoolean(const std::string& sName, bool bValue);
 
-    /// Removes a value; one that is missing is ignored.
+    /// Removes a value. Ignores a missing value.
     void DeleteValue(const std::string& sName);
 
     /// Appends the names of the open key's subkeys to `colKeys`, in the registry's order, and returns their
@@ -73,11 +73,11 @@ public:
     /// Replaces `vResults` by the open key's values and returns their number.
     std::int16_t QueryValues(std::vector<RegValue>& vResults);
 
-    /// Class id registered for a COM programmatic identifier; "" when there is none.
+    /// Class id registered for a COM programmatic identifier; "" when it is not registered.
     std::string GetClassID(const std::string& sProgID);
 
-    /// Removes the registration of a COM class: the key of its programmatic identifier, that of its class id,
-    /// and that of the type library which the class names. What is missing is skipped.
+    /// Removes the registration of a COM class: the keys of its programmatic identifier, of its class id, and
+    /// of the type library of the class. Missing keys are skipped.
     void RemoveProgID(const std::string& sProgID);
 
     /// Result code of the last attempt to open or create a key or to read or write a value
@@ -85,7 +85,7 @@ public:
     int LastResult() const { return m_lastResult; }
 
 private:
-    /// A key with all that lies below it.
+    /// A key and everything below it.
     struct Contents;
 
     platform::RegKey OpenInternal(platform::RegKey root, const std::string& path);
@@ -94,7 +94,7 @@ private:
     Contents ReadContents(platform::RegKey key);
     void CopyInternal(platform::RegKey target, const Contents& contents);
     std::vector<std::string> SubkeyNames(platform::RegKey key);
-    /// The values of a key, their data in bytes as stored.
+    /// The values of a key, with their data as the stored bytes.
     std::vector<RegValue> Values(platform::RegKey key);
     std::string ReadText(platform::RegKey key, const std::string& name);
     std::string DefaultText(const std::string& path);

@@ -15,7 +15,7 @@ RegistryList::RegistryList(std::string parentKey) : m_parentKey(std::move(parent
     try {
         Read();
     } catch (const NeskError& error) {
-        // Half a list would look like a whole one.
+        // A partial list would look like a complete one.
         m_names.clear();
         m_displayNames.clear();
         modUtilities::ReportError(error);
@@ -24,7 +24,7 @@ RegistryList::RegistryList(std::string parentKey) : m_parentKey(std::move(parent
 
 void RegistryList::Read() {
     RegEntry entry;
-    // Where the list is made here, one that was never made is empty.
+    // When this program edits the list, a missing key means an empty list.
     if (RegistryListEditor::MayEdit() && !entry.TestKey(m_parentKey) &&
         entry.LastResult() == platform::ErrorCode::FileNotFound)
         return;

@@ -14,7 +14,7 @@ namespace nesk::RegistryListEditor {
 
 namespace {
 
-// What the registry reads back, in bytes of the code page.
+// The longest text that can be read back from the registry, in bytes of the code page.
 constexpr std::size_t LongestName = 255;
 
 } // namespace
@@ -36,7 +36,7 @@ std::string NameProblem(const std::string& name) {
 std::string Add(const std::string& parentKey, const std::string& name) {
     RegEntry entry;
     std::string key;
-    // "M1", "M2", ... in the list of machines, "U1", ... in that of users.
+    // The keys are "M1", "M2", ... in the list of machines, and "U1", ... in the list of users.
     for (int number = 1; key.empty() || entry.TestKey(key); ++number)
         key = parentKey + "\\" + parentKey.front() + std::to_string(number);
     entry.CreateKey(key);
