@@ -21,10 +21,11 @@ FormDialog::FormDialog(wxWindow* parent, const char* name, int titleId, std::int
     : wxDialog(parent, wxID_ANY, ResText(titleId), wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, name)
     , m_helpTopic(helpTopic) {
-    // On Windows a window that can be resized shows an icon, which is not its owner's by itself.
+    // On Windows, a resizable window shows an icon, and does not use its owner's icon by default.
     if (const auto* owner = dynamic_cast<wxTopLevelWindow*>(wxGetTopLevelParent(parent)))
         SetIcons(owner->GetIcons());
-    // Escape is handled here, so that it does what cmdCancel does and the close box can do something else.
+    // Escape is handled here so that it does the same as cmdCancel, while the close box may behave
+    // differently.
     SetEscapeId(wxID_NONE);
     Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         const bool plain = !event.HasAnyModifiers();
@@ -49,7 +50,7 @@ void FormDialog::Finish(wxSizer* content) {
             ShowReason("");
             OnOK();
         } catch (const NeskError& error) {
-            // The dialog stays open with everything as it was typed.
+            // The dialog stays open and keeps the user's input.
             modUtilities::ReportError(error);
         }
     });
@@ -102,13 +103,13 @@ wxTextCtrl* FormDialog::NewTextBox(wxWindow* parent, const char* name) {
 }
 
 wxStaticBoxSizer* FormDialog::NewFrame(const char* name, int textId) {
-    // The toolkit takes a title for the label of the control that follows. In a window of its own none does.
+    // wx uses a title as the label of the next control. A window of its own prevents that.
     auto* window = new wxPanel(this);
     auto* frame = new wxStaticBoxSizer(wxVERTICAL, window, ResText(textId));
     window->SetSizer(frame);
     wxStaticBox* box = frame->GetStaticBox();
     box->SetName(name);
-    // The toolkit leaves the title out when it measures what a frame needs.
+    // wx ignores the title when it computes the minimum size of a frame.
     frame->SetMinSize(box->GetTextExtent(ResText(textId)).x + 4 * Gap(), -1);
     return frame;
 }

@@ -87,7 +87,7 @@ void FormPicture::OnPaintHost(wxPaintEvent&) {
 void FormPicture::Choose() {
     const std::string folder =
         modUtilities::ExistingFolderOf(m_path, NeskRegistry::Instance().DefaultBitmapDirectory);
-    // Without a filter: a picture is known by its content, whatever its name.
+    // No file filter, because pictures are recognised by their content and not by their name.
     const std::string chosen = platform::ShowOpenFileDialog(
         wxGetTopLevelParent(this), {modStringRes::LoadResString(ChoosePictureTitle), folder, m_path, ""});
     if (chosen.empty()) return;

@@ -9,33 +9,33 @@
 
 namespace nesk {
 
-/// The area in which a dialog shows a picture, and the choice of another one.
+/// An area that shows a picture in a dialog, and lets the user choose another picture.
 ///
-/// The picture is shown at its natural size in the middle, squeezed where a side is longer than the area. A
-/// picture that is missing, damaged or too large is not shown; its file name stands in its place.
+/// The picture is shown in its natural size in the middle. A side that is longer than the area is shrunk to
+/// fit. When a picture is missing, damaged or too large, its file name is shown instead.
 class FormPicture : public wxPanel {
 public:
-    /// @param hostName     window name of the area, as "picItemHost"
-    /// @param pictureName  window name of the picture in it, as "picItem"
-    /// @param size         smallest size in device-independent pixels
+    /// @param hostName     window name of the area, for example "picItemHost"
+    /// @param pictureName  window name of the picture in it, for example "picItem"
+    /// @param size         minimum size in device-independent pixels
     FormPicture(wxWindow* parent, const char* hostName, const char* pictureName,
                 wxSize size = wxSize(180, 135));
 
-    /// Windows path of the picture; "" for none. It may name a file that does not exist.
+    /// Windows path of the picture; "" for no picture. The file need not exist.
     const std::string& Path() const { return m_path; }
     void SetPath(const std::string& path);
 
-    /// Lets the user choose a file; nothing changes when that is called off. A double click does the same.
+    /// Lets the user choose a file. Nothing changes when the user cancels. A double click does the same.
     void Choose();
 
-    /// Called whenever the path has been set.
+    /// Called after each change of the path.
     std::function<void()> onChanged;
 
-    /// True when the picture is shown, and where it is drawn, in pixels of the area.
+    /// Whether the picture is shown, and its rectangle in pixels of the area.
     bool ShowsPicture() const { return m_bitmap.IsOk(); }
     wxRect PictureRect() const;
 
-    // The buttons beside the picture do the same; the keyboard passes it by.
+    // The area takes no keyboard focus, because the buttons next to the picture do the same.
     bool AcceptsFocus() const override { return false; }
     bool AcceptsFocusFromKeyboard() const override { return false; }
     bool AcceptsFocusRecursively() const override { return false; }
@@ -46,7 +46,7 @@ private:
 
     std::string m_path;
     wxImage m_image;
-    wxBitmap m_bitmap; // the picture in the size in which it is drawn
+    wxBitmap m_bitmap; // the picture in its displayed size
     wxWindow* m_picture;
 };
 

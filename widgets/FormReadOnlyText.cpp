@@ -18,11 +18,11 @@ FormReadOnlyText::FormReadOnlyText(wxWindow* parent, const char* name, int width
 void FormReadOnlyText::KeepEndInView() {
     const auto showEnd = [this](wxEvent& event) {
         event.Skip();
-        // The box scrolls to where its cursor is.
+        // The box scrolls to the cursor.
         SetInsertionPointEnd();
     };
     Bind(wxEVT_TEXT, showEnd);
-    // How much is seen is only known once the box has its size.
+    // The visible part of the text is known only when the box has its size.
     Bind(wxEVT_SIZE, showEnd);
 }
 

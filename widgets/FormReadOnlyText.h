@@ -4,19 +4,20 @@
 
 namespace nesk {
 
-/// A box that shows a text which is chosen elsewhere. It looks as what cannot be edited does, and yet Tab
-/// leads to it everywhere, so that the keyboard alone reaches a text that is longer than its box. The whole
-/// text is in the tooltip as well.
+/// A read-only text box. It looks like a control that cannot be edited. On all systems it can be reached with
+/// Tab, so that the keyboard is enough to read a text that is longer than the box. The tooltip also shows the
+/// whole text.
 class FormReadOnlyText : public wxTextCtrl {
 public:
-    /// @param name   control name, as "txtMachine"
+    /// @param name   control name, for example "txtMachine"
     /// @param width  in device-independent pixels
     FormReadOnlyText(wxWindow* parent, const char* name, int width);
 
-    /// Shows the end of a text that is longer than the box from now on: of a path it says most.
+    /// From now on shows the end of a text that is longer than the box, because the end is the most useful
+    /// part of a path.
     void KeepEndInView();
 
-    // On Windows the toolkit leaves such boxes out.
+    // On Windows, wx excludes read-only boxes from the Tab order.
     bool AcceptsFocusFromKeyboard() const override { return AcceptsFocus(); }
 };
 

@@ -21,13 +21,13 @@ std::int64_t Number(std::string_view bytes, std::size_t at) {
     return static_cast<std::int64_t>(Byte(bytes, at) | Byte(bytes, at + 1) << 8);
 }
 
-// Length of the colours that follow a byte of flags.
+// Length of the colour table after a byte of flags.
 std::size_t ColoursLength(std::size_t flags) {
     return (flags & 0x80) != 0 ? std::size_t{6} << (flags & 7) : 0;
 }
 
-// Moves behind a chain of blocks, each of which begins with its length. The last one has the length 0. False
-// when the file ends before.
+// Moves to the end of a chain of blocks. Each block begins with its length, and the last block has the length
+// 0. Returns false when the file ends inside the chain.
 bool SkipBlocks(std::string_view bytes, std::size_t& at) {
     while (at < bytes.size()) {
         const std::size_t length = Byte(bytes, at);
@@ -37,8 +37,8 @@ bool SkipBlocks(std::string_view bytes, std::size_t& at) {
     return false;
 }
 
-// Whether an extension is as long as the toolkit takes it to be, which skips the one for graphics by its
-// usual length.
+// True when an extension has the length that wx expects. wx skips a graphics extension by its usual length
+// instead of reading the length.
 bool HasUsualLength(std::string_view bytes, std::size_t at) {
     if (at + 2 > bytes.size() || bytes[at + 1] != GraphicsMark) return true;
     return at + GraphicsLength <= bytes.size() && Byte(bytes, at + 2) == GraphicsLength - 4 &&
@@ -62,7 +62,7 @@ std::optional<GifPicture> FirstGifPicture(std::string_view bytes) {
     GifPicture picture;
     picture.size.width = std::max(Number(bytes, 6), width);
     picture.size.height = std::max(Number(bytes, 8), height);
-    // Before the data there is a byte that tells the size of their codes.
+    // One byte before the data contains the size of the codes.
     picture.end = at + DescriptionLength + ColoursLength(Byte(bytes, at + 9)) + 1;
     if (!SkipBlocks(bytes, picture.end)) return std::nullopt;
     return picture;

@@ -10,12 +10,13 @@ namespace nesk {
 
 /// The first picture in a GIF file.
 struct GifPicture {
-    PictureSize size;    ///< its own size or that of the whole file, whichever is larger on either side
-    std::size_t end = 0; ///< where the file goes on behind its data
+    PictureSize size;    ///< the picture's size or that of the whole file, whichever is larger, for width and
+                         ///< height separately
+    std::size_t end = 0; ///< position in the file after the picture's data
 };
 
-/// Looks for the first picture in the bytes of a GIF file. Nothing when there is none, or something that is
-/// no part of a GIF file before it.
+/// Finds the first picture in the bytes of a GIF file. Returns nothing when there is no picture, or when
+/// invalid data precedes it.
 std::optional<GifPicture> FirstGifPicture(std::string_view bytes);
 
 } // namespace nesk

@@ -8,8 +8,8 @@ NumericKeyFilter::NumericKeyFilter(bool allowSign, bool allowDecimal)
 bool NumericKeyFilter::Accepts(char32_t key, std::string_view text, std::size_t start,
                                std::size_t end) const {
     if (key < 32 || key == 127) return true;
-    // What the box holds consists of single-byte characters, since nothing else is let through; a text that
-    // was set from elsewhere may hold others, and then positions are clamped.
+    // Positions in characters are used as positions in bytes, because the filter accepts only single-byte
+    // characters. A text that was set by the program may contain others, so positions are clamped.
     start = start < text.size() ? start : text.size();
     end = end < start ? start : end < text.size() ? end : text.size();
     const std::string rest = std::string(text.substr(0, start)) + std::string(text.substr(end));

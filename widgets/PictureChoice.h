@@ -2,13 +2,13 @@
 
 #include <string>
 
-/// What the dialogs that choose a picture have in common.
+/// Rules shared by the dialogs that choose a picture.
 namespace nesk::PictureChoice {
 
 /// True when the path can name a picture file: it is not empty and does not end in "\".
 bool NamesPicture(const std::string& path);
 
-/// Where a picture is drawn inside its host, in pixels.
+/// The rectangle of a picture inside its host, in pixels.
 struct Placement {
     int left = 0;
     int top = 0;
@@ -19,7 +19,7 @@ struct Placement {
 };
 
 /// Places a picture of natural size `width` x `height` in the middle of a host. Each side that is too long is
-/// squeezed to the host's, by itself; a smaller picture is not enlarged.
+/// shrunk to the host's side independently. A smaller picture is not enlarged.
 Placement Place(int width, int height, int hostWidth, int hostHeight);
 
 } // namespace nesk::PictureChoice

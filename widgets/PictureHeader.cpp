@@ -35,7 +35,7 @@ std::int64_t Big32(Bytes bytes, std::size_t at) {
     return Big16(bytes, at) << 16 | Big16(bytes, at + 2);
 }
 
-// A height below zero says that the rows run from the top.
+// A negative height means that the rows run from top to bottom.
 std::int64_t Magnitude32(std::int64_t value) {
     return value > 0x7FFFFFFF ? 0x100000000 - value : value;
 }
@@ -61,8 +61,8 @@ std::optional<PictureSize> GifSize(Bytes bytes) {
     return PictureSize{Little16(bytes, 6), Little16(bytes, 8), 1};
 }
 
-// Number of places where a scan may begin. Within the data of a scan no such bytes stand; a small picture in
-// the header may add one or two.
+// Number of places where a scan may begin. These bytes cannot occur in the data of a scan; a thumbnail in the
+// header may add one or two.
 std::int64_t JpegScans(Bytes bytes) {
     std::int64_t count = 0;
     for (std::size_t at = bytes.find("\xFF\xDA"); at != Bytes::npos; at = bytes.find("\xFF\xDA", at + 2))
@@ -70,7 +70,7 @@ std::int64_t JpegScans(Bytes bytes) {
     return std::max<std::int64_t>(count, 1);
 }
 
-// The segments of a JPEG file up to the one that begins the frame.
+// Reads the segments of a JPEG file up to the segment that begins the frame.
 std::optional<PictureSize> JpegSize(Bytes bytes) {
     if (!bytes.starts_with("\xFF\xD8")) return std::nullopt;
     std::size_t at = 2;
@@ -81,8 +81,8 @@ std::optional<PictureSize> JpegSize(Bytes bytes) {
             ++at;
             continue;
         }
-        // These have no length, and no program writes them before the frame. Whoever decodes the picture
-        // would go on elsewhere than this.
+        // These markers have no length, and no program writes them before the frame. A decoder would continue
+        // at another position than this code.
         if (marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9)) return std::nullopt;
         const bool frame =
             marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
@@ -107,7 +107,8 @@ std::optional<PictureSize> IconSize(Bytes bytes) {
         const bool png = bytes.substr(data).starts_with(PngSignature);
         const auto size = png ? PngSize(bytes.substr(data)) : BitmapHeaderSize(bytes, data);
         if (!size) return std::nullopt;
-        // A bitmap in an icon has rows for its mask below its own: less than two are no picture.
+        // The height of a bitmap in an icon includes the rows of its mask, so a height below 2 means no
+        // picture.
         if (!png && size->height < 2) return std::nullopt;
         largest.width = std::max(largest.width, size->width);
         largest.height = std::max(largest.height, size->height);

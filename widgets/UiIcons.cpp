@@ -12,7 +12,7 @@ struct Icon {
     const char* svg;
 };
 
-// All on a grid of 32. Edges lie on even coordinates, so that they are sharp at 16 pixels too.
+// All icons use a grid of 32. Edges are at even coordinates, so that they are also sharp at 16 pixels.
 constexpr std::array<Icon, 7> icons = {{
     {"folder", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 32 32">
 <path fill="#c98a1b" d="M2 7a3 3 0 0 1 3-3h7l4 4h11a3 3 0 0 1 3 3v14H2z"/>

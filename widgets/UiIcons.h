@@ -5,7 +5,7 @@
 
 namespace nesk {
 
-/// A picture that belongs to the program, sharp at every size and screen resolution.
+/// Returns a picture of the program that is sharp at every size and screen resolution.
 /// @param key   "folder" and "part" of the trees, "app" of the program; "Critical", "Question", "Exclamation"
 ///              and "Information" of the message box
 /// @param size  size in pixels of a screen at normal resolution

@@ -14,7 +14,7 @@ void BindPictureButtons(FormPicture& picture, wxButton& select, wxButton& remove
     remove.Bind(wxEVT_BUTTON, [&picture](wxCommandEvent&) { picture.SetPath(""); });
     picture.onChanged = [&picture, &select, &remove, before = std::move(picture.onChanged)] {
         const bool hasPicture = !picture.Path().empty();
-        // A control that cannot be used any more must not keep the focus.
+        // A disabled control must not keep the focus.
         if (!hasPicture && remove.HasFocus()) select.SetFocus();
         remove.Enable(hasPicture);
         if (before) before();

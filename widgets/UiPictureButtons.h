@@ -7,12 +7,12 @@ namespace nesk {
 
 class FormPicture;
 
-/// Binds the two buttons of a picture: one chooses a file, the other one removes the picture and can be
-/// pressed as long as there is one.
+/// Binds the two buttons of a picture. One chooses a file. The other removes the picture, and is enabled
+/// while there is a picture.
 void BindPictureButtons(FormPicture& picture, wxButton& select, wxButton& remove);
 
-/// Gives a button an access key where its text marks none: the first letter of the text that equals `key`
-/// without regard to case. A text without that letter is left alone.
+/// Sets an access key for a button whose text has none: the first letter of the text that equals `key`
+/// without regard to case. A text without that letter is left unchanged.
 void SetAccessKey(wxButton& button, char key);
 
 } // namespace nesk

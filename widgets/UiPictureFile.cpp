@@ -19,13 +19,13 @@ namespace nesk {
 
 namespace {
 
-// A button picture is a few hundred pixels wide. What is larger than this would cost memory for nothing.
+// A button picture is a few hundred pixels wide. A larger picture than this would only waste memory.
 constexpr std::size_t LargestFile = std::size_t{64} << 20;
 constexpr std::int64_t MostPixels = 50'000'000;
-// No program makes more than a dozen scans of a JPEG picture; a small file may hold millions.
+// No program writes more than a dozen scans into a JPEG picture, but a small file may contain millions.
 constexpr std::int64_t MostWork = 20 * MostPixels;
 
-// The bytes of a file; nothing when it cannot be read or is too large.
+// The bytes of a file; empty when the file cannot be read or is too large.
 std::string ReadFile(const std::string& path) {
     std::unique_ptr<platform::FileReader> reader;
     if (platform::StationFiles().OpenForReading(path, reader) != platform::ErrorCode::Success) return "";
@@ -51,7 +51,7 @@ void Register() {
         delete handler;
 }
 
-// The formats of pictures. The toolkit knows BMP by itself.
+// Registers the picture formats. wx registers BMP itself.
 void RegisterFormats() {
     Register<wxPNGHandler>();
     Register<wxJPEGHandler>();
@@ -64,8 +64,9 @@ bool IsAcceptable(const std::optional<PictureSize>& size) {
            size->passes <= MostWork / (size->width * size->height);
 }
 
-// A small GIF file may hold any number of large pictures, and the toolkit decodes all of them to show one. It
-// also reads beyond its memory when a file is cut off. False for a GIF file without a whole picture.
+// Removes everything after the first picture of a GIF file. A small GIF file may contain any number of large
+// pictures, and wx decodes all of them to show one. wx also reads beyond its memory when a file is truncated.
+// Returns false for a GIF file without a complete picture.
 bool KeepFirstPicture(std::string& bytes) {
     if (!bytes.starts_with("GIF8")) return true;
     constexpr char EndMark = '\x3B';
@@ -82,7 +83,7 @@ wxImage LoadPicture(const std::string& path) {
     RegisterFormats();
     std::string bytes = ReadFile(path);
     if (!IsAcceptable(ReadPictureSize(bytes)) || !KeepFirstPicture(bytes)) return {};
-    // What is wrong with a picture shows itself by its absence; a message for each would be in the way.
+    // A damaged picture is simply not shown. A message for each one would disturb the user.
     const wxLogNull silent;
     wxMemoryInputStream stream(bytes.data(), bytes.size());
     return wxImage(stream);

@@ -6,9 +6,9 @@
 
 namespace nesk {
 
-/// Loads a BMP, PNG, JPEG, GIF or ICO file, of several pictures in a GIF file the first. No image when the
-/// file cannot be read, holds no picture, or claims one that is too large to be shown: more than 64 MB of
-/// file or 50 million pixels. Memory and time are bounded by these.
+/// Loads a BMP, PNG, JPEG, GIF or ICO file. Of a GIF file with several pictures, loads the first. Returns no
+/// image when the file cannot be read, contains no picture, or exceeds the limits: 64 MB of file size or 50
+/// million pixels. These limits also bound memory and time.
 /// @param path  Windows path
 wxImage LoadPicture(const std::string& path);
 

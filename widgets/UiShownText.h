@@ -8,19 +8,20 @@ class wxTextCtrl;
 
 namespace nesk {
 
-/// A text that a text box shows. A box may not hold all of it: none holds what follows a zero, and some hold
-/// 65,534 characters at most. As long as the user has not edited the box, the text is the one it was given.
+/// A text shown in a text box that may not be able to hold all of it. No box holds the text after a zero, and
+/// some hold at most 65,534 characters. While the user has not edited the box, the complete original text is
+/// returned.
 class ShownText {
 public:
-    /// Shows a text in a box, without an event.
+    /// Shows a text in a box without sending an event.
     void Show(wxTextCtrl& box, const std::string& text);
 
-    /// The text of the box as the user means it.
+    /// The complete original text while the user has not edited the box; otherwise the text of the box.
     std::string Of(const wxTextCtrl& box) const;
 
 private:
     std::string m_text;
-    wxString m_shown; // what the box made of it
+    wxString m_shown; // the text that the box kept
 };
 
 } // namespace nesk

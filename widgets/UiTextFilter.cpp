@@ -39,7 +39,7 @@ void ApplyTextFilter(wxTextCtrl& box, TextFilter filter) {
     });
     const auto refuse = [&box, before, beep = filter.beep] {
         if (beep) wxBell();
-        // Some systems delete the selection before they ask whether the key is wanted.
+        // Some systems delete the selection before the key event arrives.
         const wxString now = box.GetValue();
         if (now == before->text) return;
         box.CallAfter([&box, now, back = *before] {
@@ -50,7 +50,7 @@ void ApplyTextFilter(wxTextCtrl& box, TextFilter filter) {
     };
     box.Bind(wxEVT_CHAR, [&box, refuse, accepts = std::move(filter.accepts)](wxKeyEvent& event) {
         const auto character = static_cast<char32_t>(event.GetUnicodeKey());
-        // Keys without a character, and shortcuts, type nothing.
+        // Keys without a character and shortcuts enter no text.
         if (character < 32 || event.ControlDown() || event.AltDown()) return event.Skip();
         const Contents now = ContentsOf(box);
         if (accepts(character, FromWx(now.text), static_cast<std::size_t>(now.start),
@@ -59,7 +59,7 @@ void ApplyTextFilter(wxTextCtrl& box, TextFilter filter) {
         else
             refuse();
     });
-    // Text also comes from the clipboard, by dragging and from input methods.
+    // Text can also come from the clipboard, from dragging and from input methods.
     box.Bind(wxEVT_TEXT, [&box, beep = filter.beep, clean = std::move(filter.clean)](wxCommandEvent& event) {
         event.Skip();
         const Contents now = ContentsOf(box);
@@ -77,7 +77,7 @@ void SelectAllOnFocus(wxTextCtrl& box) {
         event.Skip();
         modUtilities::SelectAllText(box, true);
     });
-    // A click that gives the focus also puts the caret where it was made, once the button is up again.
+    // A click that sets the focus also moves the caret when the mouse button is released.
     const auto gains = std::make_shared<bool>(false);
     box.Bind(wxEVT_LEFT_DOWN, [&box, gains](wxMouseEvent& event) {
         event.Skip();
@@ -87,7 +87,7 @@ void SelectAllOnFocus(wxTextCtrl& box) {
         event.Skip();
         if (!std::exchange(*gains, false)) return;
         box.CallAfter([&box] {
-            // What was selected by dragging stays.
+            // A selection made by dragging is kept.
             if (box.HasFocus() && box.GetStringSelection().empty()) modUtilities::SelectAllText(box, true);
         });
     });

@@ -9,7 +9,7 @@ namespace nesk {
 
 namespace {
 
-// The capital letter behind the "&" of a label; 0 when there is none.
+// The upper-case letter after the "&" of a label; 0 when there is no such letter.
 int AccessKeyOf(const wxStaticText& label) {
     const wxString text = label.GetLabel();
     for (std::size_t i = 0; i + 1 < text.length(); ++i) {

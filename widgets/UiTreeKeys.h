@@ -8,11 +8,11 @@ class wxWindow;
 
 namespace nesk {
 
-/// Lets the access key of a label lead to a tree. Not every system does that by itself: a tree consists of
-/// several windows, and the outer one handles no keys.
+/// Makes the access key of a label move the focus to a tree. Not every system does this itself, because a
+/// tree consists of several windows and the outer window handles no keys.
 void BindAccessKey(wxDialog& dialog, const wxStaticText& label, wxWindow& tree);
 
-/// Calls `act` when Enter is pressed in a tree, which would take the key for itself.
+/// Calls `act` when Enter is pressed in a tree. Otherwise the tree would handle the key itself.
 void BindEnter(wxWindow& tree, std::function<void()> act);
 
 } // namespace nesk

@@ -13,7 +13,7 @@ namespace nesk::modUtilities {
 
 namespace {
 
-// Asked for once: the answer is the same for every form.
+// Cached, because the result is the same for every form.
 const wxString& FaceName() {
     static const wxString face = ToWx(platform::DefaultGuiFontFace());
     return face;
@@ -23,7 +23,7 @@ void SetControlFont(wxWindow& control) {
     wxFont font = control.GetFont();
     if (!font.IsOk()) return;
     font.SetFaceName(FaceName());
-    // Set only where it is too small: a font may have a part of a point, which a whole number would take off.
+    // The size is set only when it is too small: setting a whole number would drop a fraction of a point.
     const double points = font.GetFractionalPointSize();
     const int least = ControlFontSize(platform::UserDefaultLocale(), static_cast<int>(points));
     if (points < least) font.SetPointSize(least);

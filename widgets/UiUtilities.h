@@ -8,20 +8,20 @@
 class wxTextCtrl;
 class wxWindow;
 
-/// Helpers that every form uses.
+/// Helpers for all forms.
 namespace nesk::modUtilities {
 
-/// Text of the program as the toolkit takes it.
+/// Converts text of the program (UTF-8) to wx text.
 wxString ToWx(std::string_view text);
 
-/// Text of the toolkit as the program takes it.
+/// Converts wx text to text of the program (UTF-8).
 std::string FromWx(const wxString& text);
 
-/// The text of a message number, as the toolkit takes it.
+/// The text of a message number as wx text.
 wxString ResText(int id);
 
-/// The common font set-up of a form: the form and all its controls get the face of the system's default font;
-/// bold, italic and size stay, but for the smallest size that the user's locale asks for.
+/// Sets the common font of a form: the form and all its controls get the face of the system's default font.
+/// Bold and italic stay. The size stays too, but is raised to the minimum size for the user's locale.
 void SetFormFont(wxWindow& form);
 
 /// Selects the whole text of a box when `select` is true.

@@ -7,7 +7,7 @@ namespace nesk {
 
 namespace {
 
-// A character without width tells this line break from those of the text.
+// A zero-width character marks this line break, to distinguish it from the line breaks of the text.
 constexpr std::string_view WordBreak = "\xE2\x80\x8B\n";
 
 // True for the first byte of a character.
@@ -15,7 +15,7 @@ bool BeginsCharacter(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
 }
 
-// The position of the character that begins at or before `at`; of the second one where that is the first.
+// The start of the character at `at`. When this is the first character, the position after it.
 std::size_t CharacterAt(std::string_view text, std::size_t at) {
     while (at > 0 && at < text.size() && !BeginsCharacter(text[at]))
         --at;
@@ -25,7 +25,7 @@ std::size_t CharacterAt(std::string_view text, std::size_t at) {
     return std::min(at, text.size());
 }
 
-// Length of the longest beginning that is at most so wide, at least one character.
+// Length of the longest prefix that is not wider than `width`, at least one character.
 std::size_t FittingLength(std::string_view line, int width,
                           const std::function<int(std::string_view)>& widthOf) {
     std::size_t fits = 0;
@@ -53,7 +53,7 @@ std::vector<std::string_view> WrappedLines(std::string_view text, int width,
         for (;;) {
             const std::size_t fits = FittingLength(line, width, widthOf);
             if (fits >= line.size()) break;
-            // The blank at which a line is broken may be the one behind what fits.
+            // A line may also be broken at the space directly after the part that fits.
             const std::size_t blank = line.rfind(' ', fits);
             const bool atWord = blank != std::string_view::npos && blank > 0;
             lines.push_back(line.substr(0, atWord ? blank : fits));
@@ -79,7 +79,7 @@ std::string WithWordsBroken(std::string_view text, const std::vector<std::string
     std::string result;
     const char* last = text.data();
     for (const std::string_view line : lines) {
-        // The blank or line break that ended the line before.
+        // The space or line break at the end of the previous line.
         const std::string_view between(last, static_cast<std::size_t>(line.data() - last));
         if (between.empty() && line.data() != text.data())
             result += WordBreak;
