@@ -3,14 +3,15 @@
 #include <optional>
 #include <string>
 
-/// What the folder browser begins with and accepts.
+/// Rules of the folder browser: its initial folder and the folders that it accepts.
 namespace nesk::BrowseChoice {
 
-/// Folder at which browsing begins: `path` where it exists, otherwise the folder of this program.
+/// The initial folder: `path` when it exists, otherwise the folder of this program.
 std::string StartFolder(const std::string& path);
 
-/// The folder that is chosen, ending in "\"; nothing for one that cannot be: it does not exist, or it is the
-/// root of a drive. A root never is a choice, because what is kept in a chosen folder would lie loose there.
+/// The chosen folder, ending in "\". Returns nothing when the folder cannot be chosen, because it does not
+/// exist or is the root of a drive. A root is never accepted, because files for the chosen folder would then
+/// be stored directly in the root.
 std::optional<std::string> Accept(const std::string& path);
 
 } // namespace nesk::BrowseChoice

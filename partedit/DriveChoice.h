@@ -3,24 +3,24 @@
 #include <string>
 #include <vector>
 
-/// How the lists of drives show a drive, and what they stand for.
+/// Conversions between drives and their entries in the lists of drives.
 namespace nesk::DriveChoice {
 
-/// The station's drives as they are listed, as "C:".
+/// The entries of the station's drives, for example "C:".
 std::vector<std::string> Labels();
 
-/// The letter of a listed drive, in capitals; 0 for a text without one.
+/// The upper-case drive letter of an entry; 0 when the text does not begin with a letter.
 char Letter(const std::string& label);
 
-/// The root of a listed drive, as "C:\"; "" for a text without a letter.
+/// The root of the drive of an entry, for example "C:\"; "" when the text does not begin with a letter.
 std::string Root(const std::string& label);
 
-/// Place of a drive in the list, from 0; -1 when it is not listed.
-/// @param letter  in either case
+/// Index of a drive in the list, from 0; -1 when it is not in the list.
+/// @param letter  upper or lower case
 int IndexOf(const std::vector<std::string>& labels, char letter);
 
-/// Raises the run-time error for a drive that is not ready.
-/// @param letter  in either case
+/// Raises a run-time error when a drive is not ready.
+/// @param letter  upper or lower case
 void RequireReady(char letter);
 
 } // namespace nesk::DriveChoice

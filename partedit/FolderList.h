@@ -4,24 +4,24 @@
 #include <string_view>
 #include <vector>
 
-/// The folders below a folder, as the folder list shows them.
+/// Reads the subfolders of a folder for the folder list, and parses paths.
 namespace nesk::FolderList {
 
-/// Reads the names of the folders in a folder, sorted without regard to case. Links to folders count.
+/// Reads the names of the folders in a folder, sorted without regard to case. Links to folders are included.
 /// @param path  Windows path, with or without a trailing "\"
 /// @return result code of the file system (platform/ErrorCode.h); Success for an empty folder
 int Read(const std::string& path, std::vector<std::string>& names);
 
-/// True when `a` stands before `b`.
+/// True when `a` sorts before `b`.
 bool Before(std::string_view a, std::string_view b);
 
-/// A path taken apart.
+/// A parsed path.
 struct Parts {
-    std::string root = "C:\\"; ///< the drive, in capitals, or "\\server\share\"; C: for a path without either
-    std::vector<std::string> names; ///< the folders from the root on; "." and ".." are resolved
+    std::string root = "C:\\"; ///< the drive in upper case, or "\\server\share\"; C: for a path with neither
+    std::vector<std::string> names; ///< the folders after the root; "." and ".." are resolved
 };
 
-/// Takes a Windows path apart.
+/// Parses a Windows path.
 Parts Split(std::string_view path);
 
 } // namespace nesk::FolderList

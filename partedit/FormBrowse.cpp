@@ -62,7 +62,7 @@ FormBrowse::FormBrowse(wxWindow* parent)
     Drive1->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { OnDrive(); });
     cmdFolder->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnNewFolder(); });
     BindAccessKey(*this, *lblFolders, Dir1->Window());
-    // A double click opens a folder, Enter takes it.
+    // A double click opens a folder; Enter chooses it.
     BindEnter(Dir1->Window(), [this] { OnOK(); });
 }
 

@@ -12,7 +12,7 @@ namespace nesk {
 
 class FormFolderTree;
 
-/// Lets the user choose an existing folder, or make one and choose that.
+/// A dialog to choose an existing folder, or to create a folder and choose it.
 class FormBrowse : public FormDialog {
 public:
     explicit FormBrowse(wxWindow* parent);
@@ -20,7 +20,8 @@ public:
 
     /// Shows the dialog.
     /// @param sPrompt  text above the lists
-    /// @param sPath    Windows path at which it begins; the program's folder when that does not exist
+    /// @param sPath    Windows path of the initial folder; the program's folder is used when it does not
+    ///                 exist
     /// @return Windows path of the chosen folder, ending in "\"; "" when the dialog was cancelled
     std::string Invoke(const std::string& sPrompt, const std::string& sPath);
 
@@ -42,7 +43,7 @@ private:
     void OnNewFolder();
 
     std::unique_ptr<FormFolderTree> m_folders;
-    std::vector<std::string> m_drives; // as listed
+    std::vector<std::string> m_drives; // the entries of Drive1
     std::string m_result;
 };
 

@@ -58,21 +58,21 @@ constexpr int DefaultHistoryText = 34475;
 constexpr int PictureKeys = 34476;
 constexpr std::int32_t HelpTopic = 33004;
 
-// Up to this many pixels the menu picture has no frame of its own.
+// Up to this width in pixels, the menu picture has no frame of its own.
 constexpr int CompactWidth = 640;
 
-// Most references to part programs are seen whole in this width.
+// Most references to part programs fit into this width.
 constexpr int ProgramWidth = 360;
 
-// Smallest sizes in device-independent pixels on a small screen and on others.
+// Minimum sizes in device-independent pixels, on small screens and on others.
 struct Sizes {
     wxSize picture;
-    int box = 0; // width of a box beside a button
+    int box = 0; // width of a box next to a button
 };
 const Sizes CompactSizes{wxSize(100, 75), 110};
 const Sizes UsualSizes{wxSize(165, 124), 140};
 
-// The lower row of a picture's frame.
+// The lower row of a picture's frame: its buttons.
 wxSizer* PictureButtons(wxButton* select, wxButton* remove, int gap) {
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(select);
@@ -84,7 +84,7 @@ const Sizes& SizesFor(bool compact) {
     return compact ? CompactSizes : UsualSizes;
 }
 
-// Holds lines of text alone, so the keyboard passes it by.
+// A panel that contains only lines of text, so it takes no keyboard focus.
 class LinesPanel final : public wxPanel {
 public:
     explicit LinesPanel(wxWindow* parent) : wxPanel(parent) {}
@@ -93,7 +93,7 @@ public:
     bool AcceptsFocusRecursively() const override { return false; }
 };
 
-// A line that is cut at its end where it is too long, and then whole in its tooltip.
+// A line of text. When it is too long, its end is cut off, and its tooltip shows the whole text.
 wxStaticText* NewLine(wxWindow* parent, const char* name) {
     return new wxStaticText(parent, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                             wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, name);
@@ -117,7 +117,7 @@ FormEditPart::FormEditPart(wxWindow* parent, int screenWidth)
     frames->Add(compactPicture, wxSizerFlags().Expand().Border(wxRIGHT, Gap()));
     frames->Add(MakePreviewFrame(), wxSizerFlags(1).Expand().Border(wxRIGHT, Gap()));
     frames->Add(MakeHelpFrame(), wxSizerFlags(1).Expand());
-    // The frame itself as well, and not only the window that holds it.
+    // Hides the frame itself too, and not only the window that contains it.
     Frame1->Show(!m_compact);
     frames->Show(menuPicture, !m_compact);
     frames->Show(compactPicture, m_compact, true);
@@ -133,7 +133,8 @@ wxSizer* FormEditPart::MakeProgramRows() {
     lblPartName = NewLabel(this, "lblPartName", ProgramText);
     txtPartName = NewTextBox(this, "txtPartName");
     cmdSelectPart = NewButton(this, "cmdSelectPart", SelectPartText);
-    // In a window of their own: the toolkit would take them for the label of the next button.
+    // The lines are in a window of their own, because otherwise wx would use them as the label of the next
+    // button.
     auto* about = new LinesPanel(this);
     lblDescription = NewLine(about, "lblDescription");
     lblProblem = NewLine(about, "lblProblem");
@@ -166,7 +167,7 @@ wxWindow* FormEditPart::MakeMenuPictureFrame() {
     return FrameWindow(*frame);
 }
 
-// On a small screen the menu picture is shown small, and chosen in a dialog of its own.
+// On a small screen, the menu picture is shown small, and is chosen in a separate dialog.
 wxSizer* FormEditPart::MakeCompactPicture() {
     picCompact = new FormPicture(this, "picCompactHost", "picCompact", CompactSizes.picture);
     picCompact->Disable();
@@ -208,10 +209,10 @@ wxWindow* FormEditPart::MakeHelpFrame() {
     txtHistoryDir = add(cmdHistory, "txtHistoryDir", HistoryFolderText);
     txtHistoryTitle =
         add(NewLabel(Frame3, "lblHistoryTitle", TitleLabelText), "txtHistoryTitle", HistoryTitleText);
-    // The name of the file comes last.
+    // The file name is at the end of the path.
     txtHelpFile->KeepEndInView();
     txtHistoryDir->KeepEndInView();
-    // Without a folder of its own a part has the history of the options.
+    // A part without a history directory uses the history of the options.
     txtHistoryDir->SetHint(modUtilities::ResText(DefaultHistoryText));
     frame->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, Gap()));
     return FrameWindow(*frame);
@@ -220,7 +221,7 @@ wxWindow* FormEditPart::MakeHelpFrame() {
 void FormEditPart::BindControls() {
     txtPartName->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
         const std::string text = FromWx(txtPartName->GetValue());
-        // A line break would break the menu file; pasted ones become blanks.
+        // A line break would damage the menu file, so pasted line breaks become spaces.
         if (const std::string line = MenuText::OnOneLine(text); line != text)
             txtPartName->ChangeValue(ToWx(line));
         RefreshDescription();
@@ -242,7 +243,7 @@ void FormEditPart::BindControls() {
     picItemHost->onChanged = [this] { picCompact->SetPath(picItemHost->Path()); };
     BindPictureButtons(*picItemHost, *cmdMenuSelect, *cmdMenuDelete);
     BindPictureButtons(*picPreviewHost, *cmdPreviewSelect, *cmdPreviewDelete);
-    // The texts of these stand twice in the dialog, so the keys cannot be marked in them.
+    // The captions of these buttons occur twice in the dialog, so they cannot mark the access keys.
     wxButton* const buttons[] = {cmdMenuSelect, cmdMenuDelete, cmdPreviewSelect, cmdPreviewDelete};
     const std::string keys = LoadResString(PictureKeys);
     for (std::size_t i = 0; i < std::size(buttons) && i < keys.size(); ++i)
@@ -284,8 +285,8 @@ PartFields FormEditPart::Entered() const {
 }
 
 void FormEditPart::OnOK() {
-    // Any text is accepted, but one that the menu file cannot hold must be
-    // corrected while it is still here.
+    // Any text is accepted except one that the menu file cannot store, which the user must correct while the
+    // dialog is still open.
     CheckPartFields(Entered(), m_before);
     Accept();
 }
@@ -318,7 +319,7 @@ void FormEditPart::EditPartInformation() {
     const std::optional<std::string> folder = PartReference::PartFolder(path);
     if (!folder) return;
     const platform::PartInfoResult result = platform::EditPartInfo(*folder, path, modStringRes::LanguageID());
-    // The part may have got another name.
+    // The name of the part may have changed.
     RefreshDescription();
     if (result == platform::PartInfoResult::Done) return;
     const int message = result == platform::PartInfoResult::Missing ? EditorMissing : EditorFailed;

@@ -16,23 +16,23 @@ class FormPicture;
 class FormReadOnlyText;
 class MenuItem;
 
-/// Edits one part-program button: its program, pictures, help and history. It works on copies; whether what
-/// they name exists is not checked. A text that the menu file cannot hold is reported when the dialog is
-/// confirmed, and the dialog stays open.
+/// A dialog to edit a part-program button: its program, pictures, help and history. It works on copies, and
+/// does not check whether the files and folders exist. A text that the menu file cannot store is reported
+/// when the user confirms the dialog, and the dialog stays open.
 class FormEditPart : public FormDialog {
 public:
-    /// @param screenWidth  in pixels. Up to 640 the menu picture has no frame of its own and is chosen by
+    /// @param screenWidth  in pixels. Up to 640, the menu picture has no frame of its own and is chosen by
     ///                     cmdMenuPicture.
     FormEditPart(wxWindow* parent, int screenWidth);
 
     /// Shows the dialog for a button.
     /// @param caption  the button's caption, for the title
-    /// @param fields   what the dialog starts with; replaced by what was entered when it is confirmed
-    /// @return true when the dialog was confirmed
+    /// @param fields   the initial values; replaced by the input when the user confirms the dialog
+    /// @return true when the user confirmed the dialog
     bool Edit(const std::string& caption, PartFields& fields);
 
-    /// The same for an item, which gets the fields when the dialog is confirmed. Null is not shown and not
-    /// confirmed.
+    /// Shows the dialog for an item and sets the item's fields when the user confirms the dialog. For null,
+    /// shows nothing and returns false.
     bool Edit(MenuItem* item);
 
     // Controls.
@@ -40,20 +40,20 @@ public:
     wxTextCtrl* txtPartName = nullptr;
     wxButton* cmdSelectPart = nullptr;
     wxStaticText* lblDescription = nullptr;
-    wxStaticText* lblProblem = nullptr; ///< what is wrong with the part; "" when nothing is
+    wxStaticText* lblProblem = nullptr; ///< the problem with the part; "" when there is no problem
     wxButton* cmdSlideShow = nullptr;
     wxWindow* Frame1 = nullptr;
     FormPicture* picItemHost = nullptr;
     wxButton* cmdMenuSelect = nullptr;
     wxButton* cmdMenuDelete = nullptr;
     wxButton* cmdMenuPicture = nullptr;
-    FormPicture* picCompact = nullptr; ///< the menu picture on a small screen; only shows it
+    FormPicture* picCompact = nullptr; ///< the menu picture on a small screen; cannot be changed here
     wxWindow* Frame2 = nullptr;
     FormPicture* picPreviewHost = nullptr;
     wxButton* cmdPreviewSelect = nullptr;
     wxButton* cmdPreviewDelete = nullptr;
     wxWindow* Frame3 = nullptr;
-    // The boxes show what the dialogs of the two buttons are about.
+    // The boxes show the values that the dialogs of the two buttons edit.
     wxButton* cmdHelpFile = nullptr;
     FormReadOnlyText* txtHelpFile = nullptr;
     FormReadOnlyText* txtHelpTopic = nullptr;
@@ -79,10 +79,10 @@ private:
     void EditPartInformation();
     void ChooseFromLibrary();
 
-    const bool m_compact; // the layout for a small screen
+    const bool m_compact; // true for the layout for a small screen
     std::string m_caption;
-    PartFields m_fields; // what has no control of its own: help and history
-    PartFields m_before; // what the dialog was opened with
+    PartFields m_fields; // help and history, which have no editable controls here
+    PartFields m_before; // the initial values
     ShownText m_program;
 };
 

@@ -16,7 +16,7 @@ using modUtilities::ToWx;
 
 namespace {
 
-// The text of the button that opens the dialog; its access key means nothing in a title.
+// The caption of the button that opens the dialog. The access key in it has no effect in a title.
 constexpr int TitleText = 32085;
 constexpr int NameText = 34477;
 

@@ -6,19 +6,19 @@
 
 namespace nesk {
 
-/// Makes a new folder inside a given one.
+/// A dialog to create a folder inside a given folder.
 class FormFolder : public FormDialog {
 public:
     explicit FormFolder(wxWindow* parent);
 
     /// Shows the dialog.
-    /// @param sPath  Windows path of the folder in which the new one is made
-    /// @return full path of the new folder, ending in "\"; "" when the dialog was cancelled. A folder that
-    ///         exists already counts as made
+    /// @param sPath  Windows path of the parent folder
+    /// @return full path of the new folder, ending in "\"; "" when the dialog was cancelled. An existing
+    ///         folder counts as created
     std::string Invoke(const std::string& sPath);
 
     // Controls.
-    wxStaticText* lblFolder = nullptr; ///< the folder in which it is made, shortened in the middle
+    wxStaticText* lblFolder = nullptr; ///< the parent folder, shortened in the middle
     wxStaticText* lblName = nullptr;   ///< label of the box
     wxTextCtrl* txtFolder = nullptr;
 

@@ -27,7 +27,8 @@ TreeView& MakeView(wxWindow* parent, const char* name) {
     return *TreeView::Create(parent, name, style);
 }
 
-// Whether there is anything in a folder shows when it is opened; asking every folder now would take long.
+// Every node can be opened. Whether a folder has subfolders is found out only then, because checking all
+// folders now would be slow.
 std::unique_ptr<TreeNode> NodeFor(const std::string& text, const std::string& name) {
     return std::make_unique<TreeNode>(text, FolderImage, name, true);
 }
@@ -39,8 +40,7 @@ FormFolderTree::FormFolderTree(wxWindow* parent, const char* name) : m_view(Make
     m_view.on.fill = [this](TreeNode& node) { Fill(node); };
 }
 
-// The control may report its last events while the window is taken down; nobody may follow them into what is
-// gone.
+// The control may send its last events while the window is being destroyed. No handler may run then.
 FormFolderTree::~FormFolderTree() {
     m_view.on = {};
 }
@@ -63,7 +63,7 @@ void FormFolderTree::Fill(TreeNode& node) {
     const std::string path = PathOf(&node);
     std::vector<std::string> names;
     if (const int result = FolderList::Read(path, names); result != platform::ErrorCode::Success) {
-        // It may be readable later, when it is opened again.
+        // The folder may be readable when it is opened again.
         m_view.Unfill(node);
         return modUtilities::ReportError(FileError(result, "FormFolderTree.Fill", path));
     }

@@ -6,29 +6,30 @@
 
 namespace nesk {
 
-/// A list of the folders of one drive, or of one share of the network, as a tree. A folder's content is read
-/// when it is opened, so that neither size nor links that lead back make it wait. The selected folder is the
-/// one it stands at. The key of a node is the folder's own name: a label may be cut at control characters.
+/// A tree of the folders of one drive or of one network share. The contents of a folder are read when it is
+/// opened, so that neither large drives nor circular links cause a delay. The current folder is the selected
+/// one. The key of a node is the folder's name, because a label may be truncated at control characters.
 class FormFolderTree {
 public:
-    /// @param name  control name, as "Dir1"
+    /// @param name  control name, for example "Dir1"
     FormFolderTree(wxWindow* parent, const char* name);
     ~FormFolderTree();
     FormFolderTree(const FormFolderTree&) = delete;
     FormFolderTree& operator=(const FormFolderTree&) = delete;
 
-    /// The control, which the parent window owns.
+    /// The control. The parent window owns it.
     platform::TreeView& View() { return m_view; }
     wxWindow& Window() { return m_view.Window(); }
 
-    /// Windows path of the folder it stands at, without a trailing "\" unless that is a drive's root.
+    /// Windows path of the current folder. Only the root of a drive has a trailing "\".
     std::string Path() const;
 
-    /// Goes to a folder, on another drive as well, and opens it. Where a level of the path does not exist, it
-    /// goes to the level above. A folder that was made in the meantime is found.
+    /// Selects a folder, also on another drive, and opens it. When a level of the path does not exist,
+    /// selects the level above it. Finds a folder that was created after the tree was read.
     void SetPath(const std::string& path);
 
-    /// What is shown: a drive as "C:\", in capitals, or a share as "\\server\share\"; "" before SetPath.
+    /// The root of the tree: a drive in upper case, for example "C:\", or a share, for example
+    /// "\\server\share\"; "" before SetPath.
     const std::string& Root() const { return m_root; }
 
 private:

@@ -11,13 +11,13 @@ class wxStaticText;
 
 namespace nesk {
 
-/// Chooses whether part programs are sought in the repository or on a whole drive.
+/// A dialog to choose whether part programs are searched for in the repository or on a whole drive.
 class FormSelectDrive : public FormDialog {
 public:
     explicit FormSelectDrive(wxWindow* parent);
 
     /// Shows the dialog.
-    /// @param current  path on the drive that is offered at first; "" for the first drive
+    /// @param current  path on the drive that is selected initially; "" for the first drive
     /// @return "*" for the repository, a root such as "C:\" for a drive, "" when cancelled
     std::string SelectDrive(const std::string& current = "");
 

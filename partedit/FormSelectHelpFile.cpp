@@ -84,15 +84,15 @@ void FormSelectHelpFile::OnBrowse() {
                HelpFileChoice::BrowseFolder(m_shownFile.Of(*txtHelpFile), m_defaultFolder), m_chosen,
                LoadResString(FileFilter)});
     if (!chosen.empty()) m_chosen = chosen;
-    // What the file dialog holds counts however it was closed, so one that was called off before a file was
-    // ever chosen in it clears the help file.
+    // The last file chosen in the file dialog is used even when the dialog was cancelled. So cancelling
+    // before any file was chosen clears the help file.
     m_file = m_chosen;
     m_shownFile.Show(*txtHelpFile, m_file);
 }
 
 void FormSelectHelpFile::OnOK() {
     const std::string file = m_shownFile.Of(*txtHelpFile);
-    // Refused while it can still be corrected, rather than when the menu is saved.
+    // An invalid text is reported here, where the user can correct it, and not when the menu is saved.
     MenuText::CheckChange(file, m_before, "FormSelectHelpFile.OnOK");
     m_file = file;
     m_topic = HelpFileChoice::Topic(FromWx(txtHelpTopic->GetValue()), m_topic);

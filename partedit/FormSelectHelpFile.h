@@ -8,15 +8,16 @@
 
 namespace nesk {
 
-/// Sets the help file of a part and the topic in it. Whether the file exists is not checked.
+/// A dialog to set the help file of a part and the topic in that file. It does not check whether the file
+/// exists.
 class FormSelectHelpFile : public FormDialog {
 public:
     explicit FormSelectHelpFile(wxWindow* parent);
 
     /// Shows the dialog.
-    /// @param sFile   Windows path of the help file; "" for none
+    /// @param sFile   Windows path of the help file; "" for no file
     /// @param nTopic  number of the topic
-    /// @return true when it was confirmed; `sFile` and `nTopic` are what was entered then
+    /// @return true when the user confirmed the dialog; `sFile` and `nTopic` are then the input
     bool Display(std::string& sFile, std::int32_t& nTopic);
 
     // Controls.
@@ -32,12 +33,12 @@ protected:
 private:
     void OnBrowse();
 
-    std::string m_before; // the file that the dialog was opened with
+    std::string m_before; // the initial file
     std::string m_file;
     ShownText m_shownFile;
     std::int32_t m_topic = 0;
     std::string m_defaultFolder;
-    std::string m_chosen; // what the file dialog holds: the file chosen in it last
+    std::string m_chosen; // the file last chosen in the file dialog
 };
 
 } // namespace nesk

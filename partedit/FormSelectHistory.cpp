@@ -33,7 +33,7 @@ constexpr int BrowseText = 34200;
 constexpr int NoTitleText = 34456;
 constexpr std::int32_t HelpTopic = 33005;
 
-// The text of a field without the blanks around it, which the field then shows.
+// Returns the text of a field without leading and trailing spaces, and updates the field.
 std::string TrimField(wxTextCtrl& field, ShownText& shown) {
     std::string text = modUtilities::Trim(shown.Of(field));
     shown.Show(field, text);
@@ -108,7 +108,7 @@ void FormSelectHistory::OnOK() {
     const std::string title = TrimField(*txtHistoryTitle, m_shownTitle);
     if (!HistoryChoice::IsTitle(title))
         return Refuse(HistoryTitleText, LoadResString(NoTitleText), *txtHistoryTitle);
-    // Refused while they can still be corrected, rather than when the menu is saved.
+    // Invalid texts are reported here, where the user can correct them, and not when the menu is saved.
     MenuText::CheckChange(directory, m_directory, "FormSelectHistory.OnOK");
     MenuText::CheckChange(title, m_title, "FormSelectHistory.OnOK");
     m_directory = directory;

@@ -7,7 +7,7 @@
 
 namespace nesk {
 
-/// Sets the history directory and the history title of a part, or of the settings.
+/// A dialog to set the history directory and the history title of a part or of the settings.
 class FormSelectHistory : public FormDialog {
 public:
     explicit FormSelectHistory(wxWindow* parent);
@@ -15,11 +15,11 @@ public:
     /// Shows the dialog.
     /// @param directory       Windows path of the history directory
     /// @param title           title of the history
-    /// @param defaultCaption  cmdDefault offers the defaults of the settings; otherwise, to keep no history
-    /// @param proposedTitle   title that is offered where `title` is empty; "" for none
-    /// @return false when the dialog was cancelled; true otherwise, with `directory` and `title` as
-    /// confirmed,
-    ///         both empty after cmdDefault and unchanged after the close box
+    /// @param defaultCaption  when true, cmdDefault offers the defaults of the settings; otherwise,
+    ///                        it offers to keep no history
+    /// @param proposedTitle   initial title when `title` is empty; "" for no proposal
+    /// @return false when the user cancelled the dialog; otherwise true. `directory` and `title` are then the
+    ///         confirmed values. Both are empty after cmdDefault, and unchanged after the close box
     bool Display(std::string& directory, std::string& title, bool defaultCaption,
                  const std::string& proposedTitle = "");
 
@@ -34,7 +34,7 @@ public:
 protected:
     void OnOK() override;
 
-    // Accepts the unchanged values: closing says that the user is content, and only Cancel says no.
+    // The close box accepts the unchanged values. Only Cancel cancels the dialog.
     void OnCloseBox() override { Accept(); }
 
 private:

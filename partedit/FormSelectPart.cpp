@@ -44,9 +44,9 @@ constexpr int SkipAllText = 34207;
 constexpr int UnreadableListText = 34208; // %0% number of them
 constexpr std::int32_t HelpTopic = 33010;
 
-// Often enough to be seen moving, seldom enough to cost nothing.
+// Frequent enough to look continuous, rare enough to cost no time.
 constexpr long ProgressMilliseconds = 50;
-// So that a click on "Cancel" is seen at once.
+// Short enough that a click on "Cancel" takes effect at once.
 constexpr long EventMilliseconds = 15;
 
 enum Image { FolderImage, PartImage };
@@ -62,7 +62,7 @@ TreeView& MakeView(wxWindow* parent) {
     return *TreeView::Create(parent, "tvMain", style);
 }
 
-// What a node stands for: the path of a partinfo.ini, "" for a folder and for none.
+// The path of the partinfo.ini of a node; "" for a folder and for null.
 std::string TagOf(const TreeNode* node) {
     return node != nullptr ? node->Key() : "";
 }
@@ -90,10 +90,10 @@ FormSelectPart::FormSelectPart(wxWindow* parent)
     cmdOK->Disable();
     cmdSelectDrive->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { SelectDrive(); });
     tvMain->on.selectionChanged = [this] { Choose(tvMain->Selected()); };
-    // A click on what is selected already counts as well: after a scan that is the root.
+    // A click on the selected node also chooses it: after a scan, the selected node is the root.
     tvMain->on.clicked = [this](TreeNode& node) { Choose(&node); };
     tvMain->on.activated = [this](TreeNode& node) {
-        // On a folder the tree does what it always does: it opens or closes it.
+        // On a folder, the tree keeps its default behaviour: it opens or closes the folder.
         if (TagOf(&node).empty()) return false;
         OnOK();
         return true;
@@ -108,7 +108,7 @@ std::string FormSelectPart::SelectPart() {
     m_result.clear();
     m_cancelled = false;
     cmdCancel->Enable();
-    // The scan needs the dialog on the screen, to be watched and called off.
+    // The dialog must be visible before the scan starts, so that the user can watch and cancel it.
     CallAfter([this] { BuildRepository(); });
     tvMain->Window().SetFocus();
     ShowModal();
@@ -131,7 +131,7 @@ void FormSelectPart::BuildTree(const std::string& path, const std::string& text)
     wxWindow& tree = tvMain->Window();
     const wxCursor before = tree.GetCursor();
     tree.SetCursor(*wxHOURGLASS_CURSOR);
-    // Without a folder there is nothing to read, and "*.*" alone would read another.
+    // Without a folder there is nothing to read, and the pattern "*.*" alone would read another folder.
     if (!path.empty()) ScanParts(path, &root, *this);
     m_busy = false;
     if (m_cancelled) {
@@ -145,7 +145,7 @@ void FormSelectPart::BuildTree(const std::string& path, const std::string& text)
     TellUnreadable();
 }
 
-// What is selected here was not selected by the user, and what he chose before stays the result.
+// The user did not make this selection, so the result of an earlier selection must stay.
 TreeNode& FormSelectPart::StartTree(const std::string& text) {
     const TreeView::Quiet quiet(*tvMain);
     TreeNode& root = tvMain->SetRoot(FolderNode(text));
@@ -174,7 +174,7 @@ void FormSelectPart::OnOK() {
     Close(wxID_OK);
 }
 
-// What was selected before stays the result, which is cleared when the dialog opens and at no other time.
+// The result of an earlier selection stays. It is cleared only when the dialog opens.
 void FormSelectPart::OnCancel() {
     Close(wxID_CANCEL);
 }
@@ -186,7 +186,7 @@ void FormSelectPart::Close(int result) {
     cmdCancel->Disable();
 }
 
-// Shows what is set now, unless the user has gone elsewhere meanwhile.
+// Selects the current part of the button, unless the user has already selected something.
 void FormSelectPart::Preselect(TreeNode& part) {
     if (m_touched || m_current.empty() || !platform::EqualNoCase(part.Key(), m_current)) return;
     const TreeView::Quiet quiet(*tvMain);
@@ -206,8 +206,8 @@ void FormSelectPart::OnPart(Node parent, const std::string& path, const std::str
     Preselect(tvMain->Append(*static_cast<TreeNode*>(parent), std::move(part)));
 }
 
-// A drive may have thousands of folders that nobody may read: after the first one the user can let all others
-// pass.
+// A drive may contain thousands of unreadable folders. After the first message, the user can skip the
+// messages for all others, which are then listed at the end.
 void FormSelectPart::OnUnreadable(const std::string& path, int code, std::uint32_t attributes) {
     const NeskError error = FileError(code, "FormSelectPart", path);
     const std::string text =
@@ -232,7 +232,7 @@ void FormSelectPart::TellUnreadable() {
 
 bool FormSelectPart::OnProgress(std::size_t foldersRead) {
     m_foldersRead = foldersRead;
-    // Looking for events takes longer than reading a folder.
+    // Processing events takes longer than reading a folder.
     if (foldersRead > 0 && m_sinceEvents.Time() < EventMilliseconds) return !m_cancelled;
     m_sinceEvents.Start();
     if (m_sinceProgress.Time() >= ProgressMilliseconds) ShowProgress(foldersRead);

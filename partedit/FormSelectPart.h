@@ -13,22 +13,22 @@ class wxStaticText;
 
 namespace nesk {
 
-/// Shows the part programs below the repository, or on a drive, as a tree and picks one.
+/// A dialog that shows the part programs of the repository or of a drive as a tree, to select one of them.
 class FormSelectPart : public FormDialog, private PartScanVisitor {
 public:
     explicit FormSelectPart(wxWindow* parent);
     ~FormSelectPart() override;
 
-    /// The part program that is selected as soon as the scan has found it, by the path of its partinfo.ini.
-    /// It becomes the result only when the user confirms it.
+    /// Sets the part program to select as soon as the scan finds it, by the path of its partinfo.ini. It
+    /// becomes the result only when the user confirms it.
     void SetCurrent(const std::string& partInfo) { m_current = partInfo; }
 
     /// Shows the dialog and reads the repository.
-    /// @return path of the partinfo.ini of the part program that was selected last, even when the dialog was
-    ///         cancelled then; "" when a folder, or nothing, was
+    /// @return path of the partinfo.ini of the part program that the user selected last, even when the dialog
+    ///         was then cancelled; "" when a folder or nothing was selected
     std::string SelectPart();
 
-    /// True while folders are being read.
+    /// True while a scan is running.
     bool IsBusy() const { return m_busy; }
 
     // Controls.
@@ -58,14 +58,14 @@ private:
     bool OnProgress(std::size_t foldersRead) override;
 
     std::string m_current;
-    std::string m_startFolder; // the folder under which the tree was built last
+    std::string m_startFolder; // the folder of the last scan
     std::string m_result;
-    bool m_touched = false;                // the user has selected something since the scan began
-    bool m_skipsUnreadable = false;        // they are told at the end of the scan
-    std::vector<std::string> m_unreadable; // what is to be told then
+    bool m_touched = false;         // true when the user has selected something since the scan began
+    bool m_skipsUnreadable = false; // true when unreadable folders are reported only at the end of the scan
+    std::vector<std::string> m_unreadable; // the messages to report then
     bool m_busy = false;
     bool m_cancelled = false;
-    int m_closeResult = 0; // how the dialog closes when a scan that was called off has ended
+    int m_closeResult = 0; // result of the dialog when it closes after a cancelled scan
     std::size_t m_foldersRead = 0;
     wxStopWatch m_sinceProgress;
     wxStopWatch m_sinceEvents;

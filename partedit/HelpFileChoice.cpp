@@ -23,7 +23,7 @@ std::string DefaultFolder() {
         settings.OpenKey("Neskworks");
         folder = settings.GetString("DefaultSlideDirectory");
     } catch (const NeskError&) {
-        // Settings that cannot be read name no folder.
+        // Settings that cannot be read contain no folder.
     }
     return folder.empty() ? platform::ProgramFolder() : folder;
 }

@@ -21,8 +21,8 @@ namespace ErrorCode = platform::ErrorCode;
 
 constexpr std::string_view PartInfoName = "partinfo.ini";
 
-// Links that are followed to one folder. Folders full of links to each other could be gone through in more
-// ways than any scan could follow.
+// Maximum number of links followed to one folder. Folders with many links to each other could otherwise be
+// entered in too many ways for any scan.
 constexpr int MostWays = 10;
 
 struct Unreadable {
@@ -31,7 +31,7 @@ struct Unreadable {
     std::uint32_t attributes;
 };
 
-// What is in a folder that is no part.
+// The contents of a folder that is not a part.
 struct Contents {
     struct Folder {
         std::string name;
@@ -45,11 +45,11 @@ struct Entry {
     std::string path;
     std::string name;
     bool isLink;
-    Contents contents;    // of a folder alone
-    std::string partName; // of a part alone
+    Contents contents;    // for folders only
+    std::string partName; // for parts only
 };
 
-// A folder whose subfolders are being entered one after the other.
+// A folder whose subfolders are being entered in order.
 struct Level {
     PartScanVisitor::Node node;
     std::string path;
@@ -67,8 +67,8 @@ std::string Join(const std::string& folder, std::string_view name) {
     return path;
 }
 
-// The name of the part that a folder is, by its entries; "" for a folder that is none. A folder that cannot
-// be listed may be a part all the same.
+// The part name of a folder, determined from its entries; "" when the folder is not a part. A folder that
+// cannot be listed may still be a part.
 std::string PartNameOf(const std::string& folder, int listed, const std::vector<std::string>& files) {
     const bool mayBe = listed != ErrorCode::NoMoreItems ||
                        std::any_of(files.begin(), files.end(), [](const std::string& name) {
@@ -77,21 +77,21 @@ std::string PartNameOf(const std::string& folder, int listed, const std::vector<
     return mayBe ? modUtilities::ReadIniValue(PartInfoPath(folder), "Part", "Name") : "";
 }
 
-// What is a folder can be asked; of the rest it may turn out that it cannot.
+// Records a file whose attributes cannot be read. Folders need no such check.
 void CheckFile(std::string path, Contents& contents) {
     std::uint32_t attributes = 0;
     const int result = platform::StationFiles().Attributes(path, attributes);
     if (result != ErrorCode::Success) contents.unreadable.push_back({std::move(path), result, attributes});
 }
 
-// What a folder is: a part, which has a name, or a folder with contents.
+// The result of reading a folder: a part with a name, or a folder with contents.
 struct FolderRead {
     std::string partName;
     Contents contents;
 };
 
-// Reads the entries of a folder once, for both questions: whether it is a part, and what is in it. The root
-// of a scan is no part; where it does not exist, or is no valid path, there is nothing in it.
+// Reads the entries of a folder once, to find out whether it is a part and what it contains. The root of a
+// scan is never a part. A root that does not exist or is not a valid path has no contents.
 FolderRead ReadFolder(const std::string& folder, bool isRoot) {
     FolderRead read;
     Contents& contents = read.contents;
@@ -119,7 +119,7 @@ FolderRead ReadFolder(const std::string& folder, bool isRoot) {
     return read;
 }
 
-// Whether the target of a link is one of the folders that the link lies in.
+// True when the target of a link is one of the folders that contain the link.
 bool IsLoop(const std::string& target, const std::vector<Level>& levels) {
     return !target.empty() && std::any_of(levels.begin(), levels.end(), [&](const Level& outer) {
         return platform::FileIdentity(outer.path) == target;
@@ -136,7 +136,7 @@ public:
         Contents contents = ReadFolder(root, true).contents;
         ++m_foldersRead;
         if (!Enter(root, node, std::move(contents))) return false;
-        // No recursion: folders may be nested deeper than the machine stack could follow.
+        // There is no recursion, because deeply nested folders could overflow the machine stack.
         while (!m_levels.empty()) {
             Level& level = m_levels.back();
             const bool goesOn = level.entered < level.folders.size() ? EnterNext(level) : TellParts(level);
@@ -148,7 +148,7 @@ public:
 private:
     bool GoesOn() { return m_visitor.OnProgress(m_foldersRead); }
 
-    // Tells what could not be read in a folder, and looks into each folder in it.
+    // Reports what could not be read in a folder, and reads each folder in it.
     bool Enter(std::string path, PartScanVisitor::Node node, Contents contents) {
         for (const Unreadable& place : contents.unreadable)
             m_visitor.OnUnreadable(place.path, place.code, place.attributes);
@@ -170,7 +170,7 @@ private:
         if (!GoesOn()) return false;
         Entry folder = std::move(level.folders[level.entered++]);
         const PartScanVisitor::Node child = m_visitor.OnFolder(level.node, folder.path, folder.name);
-        // Only a link can lead to a folder that was entered before.
+        // Only a link can lead to a folder that was already entered.
         if (folder.isLink) {
             const std::string target = platform::FileIdentity(folder.path);
             if (IsLoop(target, m_levels) || ++m_ways[target] > MostWays) return true;
@@ -188,8 +188,8 @@ private:
     }
 
     PartScanVisitor& m_visitor;
-    std::vector<Level> m_levels;                 // from the root to where the scan is
-    std::unordered_map<std::string, int> m_ways; // links that were followed, by their target
+    std::vector<Level> m_levels;                 // from the root to the current folder
+    std::unordered_map<std::string, int> m_ways; // number of links followed to each target
     std::size_t m_foldersRead = 0;
 };
 

@@ -6,41 +6,41 @@
 
 namespace nesk {
 
-/// Gets what a scan finds, in the order in which it is to be shown.
+/// The interface that receives the results of a scan, in display order.
 class PartScanVisitor {
 public:
     virtual ~PartScanVisitor() = default;
 
-    /// A folder as the visitor knows it.
+    /// The visitor's own representation of a folder.
     using Node = void*;
 
-    /// A folder below `parent`. The node returned is the parent of what the folder holds.
+    /// Called for a folder below `parent`. Returns the node to use as parent for the contents of the folder.
     virtual Node OnFolder(Node parent, const std::string& path, const std::string& name) = 0;
 
-    /// A part program below `parent`.
-    /// @param partName  what its partinfo.ini calls it
+    /// Called for a part program below `parent`.
+    /// @param partName  the name in its partinfo.ini
     virtual void OnPart(Node parent, const std::string& path, const std::string& name,
                         const std::string& partName) = 0;
 
-    /// A file or folder whose attributes or entries could not be read; the scan goes on.
+    /// Called for a file or folder whose attributes or entries could not be read. The scan continues.
     /// @param code        result code (platform/ErrorCode.h)
-    /// @param attributes  what was read all the same
+    /// @param attributes  the attributes, as far as they could be read
     virtual void OnUnreadable(const std::string& path, int code, std::uint32_t attributes) = 0;
 
-    /// Called before each folder is read, before each folder or part is told of, and at the end: often, even
-    /// where a folder holds nothing but parts. It should take no longer than it must.
-    /// @param foldersRead  number of folders read so far, those that are parts among them
-    /// @return false to end the scan
+    /// Called before each folder is read, before each folder or part is reported, and at the end. The calls
+    /// are frequent, even in a folder that contains only parts, so this function must be fast.
+    /// @param foldersRead  number of folders read so far, including parts
+    /// @return false to stop the scan
     virtual bool OnProgress(std::size_t foldersRead) = 0;
 };
 
-/// Finds folders and part programs below a folder. A folder is a part program when its partinfo.ini names the
-/// part; part programs are not looked into. Below each folder come the folders with all they hold, then the
-/// part programs, each in the order of the file system. Names that begin with "." are left out. A folder that
-/// is one of those it lies in, through a link, is listed but not entered; so is one that was entered through
-/// ten ways before.
+/// Finds folders and part programs below a folder. A folder is a part program when its partinfo.ini contains
+/// a part name; the scan does not enter part programs. For each folder, first its subfolders with all their
+/// contents are reported, then its part programs, each in the order of the file system. Names that begin with
+/// "." are skipped. A folder that a link leads back to, because it contains the link, is reported but not
+/// entered. The same applies to a folder that was already entered through ten links.
 /// @param root  folder to read; `node` is its node
-/// @return false when the visitor ended the scan
+/// @return false when the visitor stopped the scan
 bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisitor& visitor);
 
 /// Path of the file that describes the part in a folder.

@@ -8,7 +8,7 @@ namespace nesk {
 
 namespace {
 
-// A text value of a key; "" when there is none.
+// A text value of a key; "" when it does not exist.
 std::string ReadValue(const std::string& key, const std::string& name) {
     try {
         RegEntry entry;

@@ -4,8 +4,8 @@
 
 namespace nesk {
 
-/// Folder of the part-program repository, without trailing "\": that of the current user where it exists,
-/// otherwise that of all users, which may be missing or "".
+/// Folder of the part-program repository, without a trailing "\": the folder of the current user when it
+/// exists, otherwise the folder of all users, which may be missing or "".
 std::string RepositoryRoot();
 
 } // namespace nesk
