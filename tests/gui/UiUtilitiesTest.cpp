@@ -29,7 +29,7 @@ wxString DefaultFace() {
     return modUtilities::ToWx(platform::DefaultGuiFontFace());
 }
 
-TEST(FormUtilities, TheFontSetupChangesTheFaceAndRaisesSmallSizesAlone) {
+TEST(UiUtilities, TheFontSetupChangesTheFaceAndRaisesSmallSizesAlone) {
     wxDialog form(nullptr, wxID_ANY, "Fonts");
     auto* panel = new wxPanel(&form);
     auto* large = new wxTextCtrl(panel, wxID_ANY, "x");
@@ -50,7 +50,7 @@ TEST(FormUtilities, TheFontSetupChangesTheFaceAndRaisesSmallSizesAlone) {
               modUtilities::ControlFontSize(platform::UserDefaultLocale(), 6));
 }
 
-TEST(FormUtilities, TheFontSetupLeavesPartsOfAPoint) {
+TEST(UiUtilities, TheFontSetupLeavesPartsOfAPoint) {
     wxDialog form(nullptr, wxID_ANY, "Fonts");
     auto* label = new wxStaticText(&form, wxID_ANY, "x");
     label->SetFont(Typewriter(9.75));
@@ -60,7 +60,7 @@ TEST(FormUtilities, TheFontSetupLeavesPartsOfAPoint) {
 
 #ifdef NESK_PORTABLE_STATION
 // On this station the environment names the user's locale, so a test can change it.
-TEST(FormUtilities, TheSmallestSizeIsThatOfTheLocale) {
+TEST(UiUtilities, TheSmallestSizeIsThatOfTheLocale) {
     const char* value = std::getenv("LC_ALL");
     const std::optional<std::string> before =
         value != nullptr ? std::optional<std::string>(value) : std::nullopt;
@@ -100,12 +100,12 @@ public:
     wxTextCtrl* box = nullptr;
 };
 
-TEST(FormUtilities, EveryDialogSetsItsFontsUp) {
+TEST(UiUtilities, EveryDialogSetsItsFontsUp) {
     const FontDialog dialog;
     EXPECT_EQ(dialog.box->GetFont().GetFaceName(), DefaultFace());
 }
 
-TEST(FormUtilities, TextIsSelectedOnlyWhenAskedFor) {
+TEST(UiUtilities, TextIsSelectedOnlyWhenAskedFor) {
     wxDialog form(nullptr, wxID_ANY, "Text");
     auto* box = new wxTextCtrl(&form, wxID_ANY, "abc");
     box->SetSelection(1, 2);
