@@ -52,8 +52,7 @@ public:
 
 /// Creates a new station: an empty drive C:, or a copy of the example.
 /// @param folder  absolute path; must not exist or must be an empty folder, else AlreadyExists, or FileExists
-///                for a file. InvalidName
-///                for a relative path
+///                for a file. InvalidName for a relative path
 int BeginStationFolder(const std::string& folder, bool example, std::unique_ptr<NewStationFolder>& station);
 
 } // namespace nesk::platform
