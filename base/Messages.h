@@ -201,4 +201,159 @@ constexpr int AboutLicence = 34442;
 constexpr int AboutLibraries = 34443;
 constexpr int AboutLibrary = 34444; // %0% name, %1% version, %2% licence
 
+// FormEditMenu.
+constexpr int SubmenuTitle = 32041;
+constexpr int DeleteLabel = 32065;
+constexpr int SelectLabel = 32066;
+
+// FormSelectMenuPicture.
+constexpr int MenuPictureFrame = 32056;
+constexpr int PictureTitle = 32081;
+
+// DriveChoice.
+constexpr int DriveNotReady = 34202; // %0% drive
+
+// FormBrowse.
+constexpr int BrowseNoChoice = 32025;
+constexpr int BrowseTitle = 32034;
+constexpr int NewFolder = 32085;
+constexpr int BrowseDrive = 34203;
+constexpr int BrowseFolders = 34204;
+
+// FormEditPart.
+constexpr int PartTitle = 32029; // %0% caption
+constexpr int HistoryFolder = 32037;
+constexpr int PartMenuPicture = 32042;
+constexpr int PartInformation = 32043;
+constexpr int PartProgram = 32044;
+constexpr int PartHelpFrame = 32055;
+constexpr int PartPreviewFrame = 32057;
+constexpr int HelpFile = 32075;
+constexpr int HelpTopic = 32077;
+constexpr int HistoryLabel = 32083;
+constexpr int HistoryTitle = 32092;
+constexpr int PartSelectPart = 34300;
+constexpr int PartEditorMissing = 34301; // %0% name of the editor
+constexpr int PartEditorFailed = 34302;  // %0% name of the editor
+constexpr int PartTopicLabel = 34473;
+constexpr int PartTitleLabel = 34474;
+constexpr int PartDefaultHistory = 34475;
+constexpr int PartPictureKeys = 34476;
+
+// FormFolder.
+constexpr int FolderName = 34477;
+
+// FormSelectDrive.
+constexpr int SelectDrive = 32068;
+constexpr int Drive = 32070;
+constexpr int DriveRepository = 32071;
+constexpr int DriveTitle = 32072;
+
+// FormSelectHelpFile.
+constexpr int HelpFileChooseTitle = 32076;
+constexpr int HelpFileFilter = 32078;
+constexpr int HelpFileTitle = 32079;
+constexpr int BrowseLabel = 34200;
+
+// FormSelectHistory.
+constexpr int HistoryBrowsePrompt = 32022;
+constexpr int HistoryDialogTitle = 32091;
+constexpr int HistoryUseDefault = 32093;
+constexpr int HistoryNoHistory = 32094;
+constexpr int HistoryNoTitle = 34456;
+
+// FormSelectPart.
+constexpr int PartTreeTitle = 32047;
+constexpr int PartTreeRoot = 32069;
+constexpr int PartTreeProgress = 34201;   // %0% number of folders
+constexpr int PartTreeUnreadable = 34205; // %0% number, %1% description, %2% path, %3% attributes
+constexpr int PartTreeNext = 34206;
+constexpr int PartTreeSkipAll = 34207;
+constexpr int PartTreeUnreadableList = 34208; // %0% number of them
+
+// PartReference.
+constexpr int PartName = 32027; // %0% name
+constexpr int NoPart = 32028;
+constexpr int PartNoFile = 34470;
+constexpr int PartFileMissing = 34471; // %0% path
+constexpr int PartNoName = 34472;      // %0% path
+
+// AccessCode.
+constexpr int CodesDiffer = 32014;
+constexpr int AccessCodeSet = 34461;
+constexpr int AccessNoCode = 34462;
+
+// FormAccess.
+constexpr int AccessTitle = 32030;
+constexpr int AccessCode = 32031;
+constexpr int AccessRepeat = 32032;
+constexpr int AccessShow = 34250;
+
+// FormDirectories.
+constexpr int OptionsRootPrompt = 32023;
+constexpr int OptionsSlidesPrompt = 32024;
+constexpr int OptionsTitle = 32035;
+constexpr int OptionsRoot = 32036;
+constexpr int OptionsSlides = 32038;
+constexpr int OptionsMachine = 32039;
+constexpr int OptionsUser = 32040;
+constexpr int OptionsBitmapPrompt = 32073;
+constexpr int OptionsBitmap = 32074;
+constexpr int PrinterLabel = 32082;
+constexpr int OptionsMaxParts = 32087;
+constexpr int SampleSize = 32088;
+constexpr int OptionsBrowse = 34251;
+constexpr int OptionsChoose = 34252;
+constexpr int OptionsCreateRootQuestion = 34432; // %0% folder
+
+// FormListName.
+constexpr int ListNameTitle = 34429;
+constexpr int ListName = 34430;
+
+// FormSelectFromList.
+constexpr int ListAdd = 34423;
+constexpr int ListRemove = 34424;
+constexpr int ListRemoveQuestion = 34431; // %0% display name
+
+// FormSelectMachine.
+constexpr int MachineTitle = 32046;
+constexpr int MachineEmpty = 34425;
+constexpr int MachineAddFirst = 34427;
+
+// FormSelectUser.
+constexpr int UserTitle = 32048;
+constexpr int UserEmpty = 34426;
+constexpr int UserAddFirst = 34428;
+
+// OptionsModel.
+constexpr int OptionsMaxPartsRange = 32086;
+constexpr int OptionsNoMachine = 34453;
+constexpr int OptionsNoUser = 34454;
+constexpr int OptionsSampleSizeRange = 34455; // %0% largest size
+
+// PrinterChoice.
+constexpr int Printer = 34457; // %0% printer
+constexpr int PrinterNoPrinter = 34458;
+constexpr int PrinterMissing = 34459;         // %0% printer
+constexpr int PrinterReplaceQuestion = 34460; // %0% printer stored, %1% printer chosen
+constexpr int PrinterPaper = 34508;
+
+// FieldMessage.
+constexpr int CheckField = 32067;
+
+// FormCreateStation.
+constexpr int StationTitle = 34410;
+constexpr int StationContent = 34411;
+constexpr int StationExample = 34412;
+constexpr int StationEmpty = 34413;
+constexpr int StationFolder = 34414;
+constexpr int StationBrowse = 34415;
+constexpr int StationMachine = 34416;
+constexpr int StationUser = 34417;
+constexpr int StationUsual = 34418; // %0% folder
+constexpr int StationFolderPrompt = 34419;
+
+// FormPicture.
+constexpr int PictureChoosePictureTitle = 32026;
+
 } // namespace nesk::Message

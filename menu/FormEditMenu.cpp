@@ -1,5 +1,6 @@
 #include "menu/FormEditMenu.h"
 
+#include "base/Messages.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuText.h"
 #include "widgets/FormPicture.h"
@@ -13,17 +14,15 @@ namespace nesk {
 
 namespace {
 
-constexpr int TitleText = 32041;
-constexpr int SelectText = 32066;
-constexpr int DeleteText = 32065;
 constexpr std::int32_t HelpTopic = 33003;
 
 } // namespace
 
-FormEditMenu::FormEditMenu(wxWindow* parent) : FormDialog(parent, "FormEditMenu", TitleText, HelpTopic) {
+FormEditMenu::FormEditMenu(wxWindow* parent)
+    : FormDialog(parent, "FormEditMenu", Message::SubmenuTitle, HelpTopic) {
     picItemHost = new FormPicture(this, "picItemHost", "picItem");
-    cmdPicture = NewButton(this, "cmdPicture", SelectText);
-    cmdDelete = NewButton(this, "cmdDelete", DeleteText);
+    cmdPicture = NewButton(this, "cmdPicture", Message::SelectLabel);
+    cmdDelete = NewButton(this, "cmdDelete", Message::DeleteLabel);
     SetAccessKey(*cmdPicture, 's');
     SetAccessKey(*cmdDelete, 'r');
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);

@@ -1,5 +1,6 @@
 #include "menu/FormSelectMenuPicture.h"
 
+#include "base/Messages.h"
 #include "menu/MenuText.h"
 #include "widgets/FormPicture.h"
 #include "widgets/UiPictureButtons.h"
@@ -16,23 +17,19 @@ using modUtilities::ToWx;
 
 namespace {
 
-constexpr int TitleText = 32081;
-constexpr int FrameText = 32056;
-constexpr int SelectText = 32066;
-constexpr int DeleteText = 32065;
 constexpr std::int32_t HelpTopic = 33003;
 
 } // namespace
 
 FormSelectMenuPicture::FormSelectMenuPicture(wxWindow* parent)
-    : FormDialog(parent, "FormSelectMenuPicture", TitleText, HelpTopic) {
-    wxStaticBoxSizer* frame = NewFrame("Frame1", FrameText);
+    : FormDialog(parent, "FormSelectMenuPicture", Message::PictureTitle, HelpTopic) {
+    wxStaticBoxSizer* frame = NewFrame("Frame1", Message::MenuPictureFrame);
     wxStaticBox* box = frame->GetStaticBox();
     picItemHost = new FormPicture(box, "picItemHost", "picItem");
     lblFile = new wxStaticText(box, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "lblFile");
-    cmdMenuSelect = NewButton(box, "cmdMenuSelect", SelectText);
-    cmdMenuDelete = NewButton(box, "cmdMenuDelete", DeleteText);
+    cmdMenuSelect = NewButton(box, "cmdMenuSelect", Message::SelectLabel);
+    cmdMenuDelete = NewButton(box, "cmdMenuDelete", Message::DeleteLabel);
     SetAccessKey(*cmdMenuSelect, 's');
     SetAccessKey(*cmdMenuDelete, 'r');
 

@@ -1,5 +1,6 @@
 #include "partedit/DriveChoice.h"
 
+#include "base/Messages.h"
 #include "base/NeskError.h"
 #include "platform/Drives.h"
 #include "platform/ErrorCode.h"
@@ -9,7 +10,6 @@ namespace nesk::DriveChoice {
 namespace {
 
 constexpr int NotReadyNumber = 71;
-constexpr int NotReadyText = 34202; // %0% drive
 
 } // namespace
 
@@ -40,7 +40,7 @@ int IndexOf(const std::vector<std::string>& labels, char letter) {
 
 void RequireReady(char letter) {
     if (platform::CheckDrive(letter) == platform::ErrorCode::Success) return;
-    throw NeskError(NotReadyNumber, "DriveChoice.RequireReady", NotReadyText, {Root({letter})});
+    throw NeskError(NotReadyNumber, "DriveChoice.RequireReady", Message::DriveNotReady, {Root({letter})});
 }
 
 } // namespace nesk::DriveChoice

@@ -24,11 +24,6 @@ using modUtilities::ToWx;
 
 namespace {
 
-constexpr int TitleText = 32034;
-constexpr int NewFolderText = 32085;
-constexpr int NoChoiceText = 32025;
-constexpr int DriveText = 34203;
-constexpr int FoldersText = 34204;
 constexpr std::int32_t HelpTopic = 33002;
 
 constexpr char FallbackDrive = 'C';
@@ -37,18 +32,19 @@ constexpr int PromptWidth = 360;
 } // namespace
 
 FormBrowse::FormBrowse(wxWindow* parent)
-    : FormDialog(parent, "FormBrowse", TitleText, HelpTopic), m_drives(DriveChoice::Labels()) {
+    : FormDialog(parent, "FormBrowse", Message::BrowseTitle, HelpTopic), m_drives(DriveChoice::Labels()) {
     lblPrompt = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblPrompt");
-    lblDrive = NewLabel(this, "lblDrive", DriveText);
+    lblDrive = NewLabel(this, "lblDrive", Message::BrowseDrive);
     Drive1 = new wxChoice(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr, 0, wxDefaultValidator,
                           "Drive1");
     for (const std::string& drive : m_drives)
         Drive1->Append(ToWx(drive));
-    lblFolders = NewLabel(this, "lblFolders", FoldersText);
+    lblFolders = NewLabel(this, "lblFolders", Message::BrowseFolders);
     m_folders = std::make_unique<FormFolderTree>(this, "Dir1");
     Dir1 = m_folders.get();
-    Dir1->View().SetAccessibleName(modUtilities::FromWx(wxControl::RemoveMnemonics(ResText(FoldersText))));
-    cmdFolder = NewButton(this, "cmdFolder", NewFolderText);
+    Dir1->View().SetAccessibleName(
+        modUtilities::FromWx(wxControl::RemoveMnemonics(ResText(Message::BrowseFolders))));
+    cmdFolder = NewButton(this, "cmdFolder", Message::NewFolder);
 
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(lblPrompt, wxSizerFlags().Expand().Border(wxBOTTOM, Gap()));
@@ -109,7 +105,8 @@ void FormBrowse::OnNewFolder() {
 void FormBrowse::OnOK() {
     const std::optional<std::string> chosen = BrowseChoice::Accept(Dir1->Path());
     if (!chosen) {
-        wxMessageDialog(this, ResText(NoChoiceText), ResText(Message::NoticeTitle), wxOK).ShowModal();
+        wxMessageDialog(this, ResText(Message::BrowseNoChoice), ResText(Message::NoticeTitle), wxOK)
+            .ShowModal();
         return;
     }
     m_result = *chosen;

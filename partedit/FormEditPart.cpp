@@ -1,5 +1,6 @@
 #include "partedit/FormEditPart.h"
 
+#include "base/Messages.h"
 #include "menu/FormSelectMenuPicture.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuText.h"
@@ -35,27 +36,6 @@ using modUtilities::ToWx;
 
 namespace {
 
-constexpr int TitleText = 32029; // %0% caption
-constexpr int MenuPictureText = 32042;
-constexpr int PartInformationText = 32043;
-constexpr int ProgramText = 32044;
-constexpr int HelpFrameText = 32055;
-constexpr int MenuFrameText = 32056;
-constexpr int PreviewFrameText = 32057;
-constexpr int DeleteText = 32065;
-constexpr int SelectText = 32066;
-constexpr int HelpFileText = 32075;
-constexpr int HistoryText = 32083;
-constexpr int SelectPartText = 34300;
-constexpr int EditorMissing = 34301; // %0% name of the editor
-constexpr int EditorFailed = 34302;  // %0% name of the editor
-constexpr int HistoryFolderText = 32037;
-constexpr int HelpTopicText = 32077;
-constexpr int HistoryTitleText = 32092;
-constexpr int TopicLabelText = 34473;
-constexpr int TitleLabelText = 34474;
-constexpr int DefaultHistoryText = 34475;
-constexpr int PictureKeys = 34476;
 constexpr std::int32_t HelpTopic = 33004;
 
 // Up to this width in pixels, the menu picture has no frame of its own.
@@ -107,7 +87,8 @@ void ShowLine(wxStaticText& line, const std::string& text) {
 } // namespace
 
 FormEditPart::FormEditPart(wxWindow* parent, int screenWidth)
-    : FormDialog(parent, "FormEditPart", TitleText, HelpTopic), m_compact(screenWidth <= CompactWidth) {
+    : FormDialog(parent, "FormEditPart", Message::PartTitle, HelpTopic)
+    , m_compact(screenWidth <= CompactWidth) {
     auto* frames = new wxBoxSizer(wxHORIZONTAL);
     wxSizer* program = MakeProgramRows();
     if (!m_compact) txtPartName->SetMinSize(FromDIP(wxSize(ProgramWidth, -1)));
@@ -130,9 +111,9 @@ FormEditPart::FormEditPart(wxWindow* parent, int screenWidth)
 }
 
 wxSizer* FormEditPart::MakeProgramRows() {
-    lblPartName = NewLabel(this, "lblPartName", ProgramText);
+    lblPartName = NewLabel(this, "lblPartName", Message::PartProgram);
     txtPartName = NewTextBox(this, "txtPartName");
-    cmdSelectPart = NewButton(this, "cmdSelectPart", SelectPartText);
+    cmdSelectPart = NewButton(this, "cmdSelectPart", Message::PartSelectPart);
     // The lines are in a window of their own, because otherwise wx would use them as the label of the next
     // button.
     auto* about = new LinesPanel(this);
@@ -142,7 +123,7 @@ wxSizer* FormEditPart::MakeProgramRows() {
     lines->Add(lblDescription, wxSizerFlags().Expand());
     lines->Add(lblProblem, wxSizerFlags().Expand());
     about->SetSizer(lines);
-    cmdSlideShow = NewButton(this, "cmdSlideShow", PartInformationText);
+    cmdSlideShow = NewButton(this, "cmdSlideShow", Message::PartInformation);
 
     auto* grid = new wxFlexGridSizer(3, Gap(), Gap());
     grid->AddGrowableCol(1);
@@ -156,11 +137,11 @@ wxSizer* FormEditPart::MakeProgramRows() {
 }
 
 wxWindow* FormEditPart::MakeMenuPictureFrame() {
-    wxStaticBoxSizer* frame = NewFrame("Frame1", MenuFrameText);
+    wxStaticBoxSizer* frame = NewFrame("Frame1", Message::MenuPictureFrame);
     Frame1 = frame->GetStaticBox();
     picItemHost = new FormPicture(Frame1, "picItemHost", "picItem", SizesFor(m_compact).picture);
-    cmdMenuSelect = NewButton(Frame1, "cmdMenuSelect", SelectText);
-    cmdMenuDelete = NewButton(Frame1, "cmdMenuDelete", DeleteText);
+    cmdMenuSelect = NewButton(Frame1, "cmdMenuSelect", Message::SelectLabel);
+    cmdMenuDelete = NewButton(Frame1, "cmdMenuDelete", Message::DeleteLabel);
     frame->Add(picItemHost, wxSizerFlags(1).Expand().Border(wxALL, Gap()));
     frame->Add(PictureButtons(cmdMenuSelect, cmdMenuDelete, Gap()),
                wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, Gap()));
@@ -171,7 +152,7 @@ wxWindow* FormEditPart::MakeMenuPictureFrame() {
 wxSizer* FormEditPart::MakeCompactPicture() {
     picCompact = new FormPicture(this, "picCompactHost", "picCompact", CompactSizes.picture);
     picCompact->Disable();
-    cmdMenuPicture = NewButton(this, "cmdMenuPicture", MenuPictureText);
+    cmdMenuPicture = NewButton(this, "cmdMenuPicture", Message::PartMenuPicture);
     auto* column = new wxBoxSizer(wxVERTICAL);
     column->Add(cmdMenuPicture, wxSizerFlags().Expand());
     column->Add(picCompact, wxSizerFlags().Expand().Border(wxTOP, Gap()));
@@ -179,11 +160,11 @@ wxSizer* FormEditPart::MakeCompactPicture() {
 }
 
 wxWindow* FormEditPart::MakePreviewFrame() {
-    wxStaticBoxSizer* frame = NewFrame("Frame2", PreviewFrameText);
+    wxStaticBoxSizer* frame = NewFrame("Frame2", Message::PartPreviewFrame);
     Frame2 = frame->GetStaticBox();
     picPreviewHost = new FormPicture(Frame2, "picPreviewHost", "picPreview", SizesFor(m_compact).picture);
-    cmdPreviewSelect = NewButton(Frame2, "cmdPreviewSelect", SelectText);
-    cmdPreviewDelete = NewButton(Frame2, "cmdPreviewDelete", DeleteText);
+    cmdPreviewSelect = NewButton(Frame2, "cmdPreviewSelect", Message::SelectLabel);
+    cmdPreviewDelete = NewButton(Frame2, "cmdPreviewDelete", Message::DeleteLabel);
     frame->Add(picPreviewHost, wxSizerFlags(1).Expand().Border(wxALL, Gap()));
     frame->Add(PictureButtons(cmdPreviewSelect, cmdPreviewDelete, Gap()),
                wxSizerFlags().Border(wxLEFT | wxRIGHT | wxBOTTOM, Gap()));
@@ -191,7 +172,7 @@ wxWindow* FormEditPart::MakePreviewFrame() {
 }
 
 wxWindow* FormEditPart::MakeHelpFrame() {
-    wxStaticBoxSizer* frame = NewFrame("Frame3", HelpFrameText);
+    wxStaticBoxSizer* frame = NewFrame("Frame3", Message::PartHelpFrame);
     Frame3 = frame->GetStaticBox();
     auto* grid = new wxFlexGridSizer(2, Gap(), Gap());
     grid->AddGrowableCol(1);
@@ -202,18 +183,19 @@ wxWindow* FormEditPart::MakeHelpFrame() {
         grid->Add(box, wxSizerFlags().Expand().CentreVertical());
         return box;
     };
-    cmdHelpFile = NewButton(Frame3, "cmdHelpFile", HelpFileText);
-    txtHelpFile = add(cmdHelpFile, "txtHelpFile", HelpFileText);
-    txtHelpTopic = add(NewLabel(Frame3, "lblHelpTopic", TopicLabelText), "txtHelpTopic", HelpTopicText);
-    cmdHistory = NewButton(Frame3, "cmdHistory", HistoryText);
-    txtHistoryDir = add(cmdHistory, "txtHistoryDir", HistoryFolderText);
-    txtHistoryTitle =
-        add(NewLabel(Frame3, "lblHistoryTitle", TitleLabelText), "txtHistoryTitle", HistoryTitleText);
+    cmdHelpFile = NewButton(Frame3, "cmdHelpFile", Message::HelpFile);
+    txtHelpFile = add(cmdHelpFile, "txtHelpFile", Message::HelpFile);
+    txtHelpTopic =
+        add(NewLabel(Frame3, "lblHelpTopic", Message::PartTopicLabel), "txtHelpTopic", Message::HelpTopic);
+    cmdHistory = NewButton(Frame3, "cmdHistory", Message::HistoryLabel);
+    txtHistoryDir = add(cmdHistory, "txtHistoryDir", Message::HistoryFolder);
+    txtHistoryTitle = add(NewLabel(Frame3, "lblHistoryTitle", Message::PartTitleLabel), "txtHistoryTitle",
+                          Message::HistoryTitle);
     // The file name is at the end of the path.
     txtHelpFile->KeepEndInView();
     txtHistoryDir->KeepEndInView();
     // A part without a history directory uses the history of the options.
-    txtHistoryDir->SetHint(modUtilities::ResText(DefaultHistoryText));
+    txtHistoryDir->SetHint(modUtilities::ResText(Message::PartDefaultHistory));
     frame->Add(grid, wxSizerFlags(1).Expand().Border(wxALL, Gap()));
     return FrameWindow(*frame);
 }
@@ -245,7 +227,7 @@ void FormEditPart::BindControls() {
     BindPictureButtons(*picPreviewHost, *cmdPreviewSelect, *cmdPreviewDelete);
     // The captions of these buttons occur twice in the dialog, so they cannot mark the access keys.
     wxButton* const buttons[] = {cmdMenuSelect, cmdMenuDelete, cmdPreviewSelect, cmdPreviewDelete};
-    const std::string keys = LoadResString(PictureKeys);
+    const std::string keys = LoadResString(Message::PartPictureKeys);
     for (std::size_t i = 0; i < std::size(buttons) && i < keys.size(); ++i)
         SetAccessKey(*buttons[i], keys[i]);
 }
@@ -261,7 +243,7 @@ bool FormEditPart::Edit(const std::string& caption, PartFields& fields) {
     m_caption = caption;
     m_fields = m_before = fields;
     ShowHelpAndHistory();
-    SetTitle(ToWx(modStringRes::FormatResString(TitleText, caption)));
+    SetTitle(ToWx(modStringRes::FormatResString(Message::PartTitle, caption)));
     m_program.Show(*txtPartName, fields.programId);
     picItemHost->SetPath(fields.graphic);
     picPreviewHost->SetPath(fields.preview);
@@ -322,7 +304,8 @@ void FormEditPart::EditPartInformation() {
     // The name of the part may have changed.
     RefreshDescription();
     if (result == platform::PartInfoResult::Done) return;
-    const int message = result == platform::PartInfoResult::Missing ? EditorMissing : EditorFailed;
+    const int message =
+        result == platform::PartInfoResult::Missing ? Message::PartEditorMissing : Message::PartEditorFailed;
     modMessageBox::ShowMessage(modStringRes::FormatResString(message, platform::PartInfoEditorName()),
                                modMessageBox::Option::Exclamation);
 }

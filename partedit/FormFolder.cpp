@@ -1,5 +1,6 @@
 #include "partedit/FormFolder.h"
 
+#include "base/Messages.h"
 #include "partedit/FolderName.h"
 #include "shell/modUtilities.h"
 #include "widgets/UiTextFilter.h"
@@ -17,16 +18,14 @@ using modUtilities::ToWx;
 namespace {
 
 // The caption of the button that opens the dialog. The access key in it has no effect in a title.
-constexpr int TitleText = 32085;
-constexpr int NameText = 34477;
 
 } // namespace
 
-FormFolder::FormFolder(wxWindow* parent) : FormDialog(parent, "FormFolder", TitleText, 0) {
+FormFolder::FormFolder(wxWindow* parent) : FormDialog(parent, "FormFolder", Message::NewFolder, 0) {
     SetTitle(wxControl::RemoveMnemonics(GetTitle()));
     lblFolder = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                  wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "lblFolder");
-    lblName = NewLabel(this, "lblName", NameText);
+    lblName = NewLabel(this, "lblName", Message::FolderName);
     txtFolder = NewTextBox(this, "txtFolder");
     ApplyTextFilter(*txtFolder, {[](char32_t character, const std::string&, std::size_t, std::size_t) {
                                      return FolderName::Accepts(character);

@@ -1,5 +1,6 @@
 #include "partedit/FormSelectDrive.h"
 
+#include "base/Messages.h"
 #include "partedit/DriveChoice.h"
 #include "widgets/UiUtilities.h"
 
@@ -15,21 +16,13 @@ using modUtilities::FromWx;
 using modUtilities::ResText;
 using modUtilities::ToWx;
 
-namespace {
-
-constexpr int TitleText = 32072;
-constexpr int RepositoryText = 32071;
-constexpr int DriveText = 32070;
-constexpr int SelectDriveText = 32068;
-
-} // namespace
-
-FormSelectDrive::FormSelectDrive(wxWindow* parent) : FormDialog(parent, "FormSelectDrive", TitleText, 0) {
-    optDrive[0] = new wxRadioButton(this, wxID_ANY, ResText(RepositoryText), wxDefaultPosition, wxDefaultSize,
-                                    wxRB_GROUP, wxDefaultValidator, "optDrive0");
-    optDrive[1] = new wxRadioButton(this, wxID_ANY, ResText(DriveText), wxDefaultPosition, wxDefaultSize, 0,
-                                    wxDefaultValidator, "optDrive1");
-    lblSelectDrive = NewLabel(this, "lblSelectDrive", SelectDriveText);
+FormSelectDrive::FormSelectDrive(wxWindow* parent)
+    : FormDialog(parent, "FormSelectDrive", Message::DriveTitle, 0) {
+    optDrive[0] = new wxRadioButton(this, wxID_ANY, ResText(Message::DriveRepository), wxDefaultPosition,
+                                    wxDefaultSize, wxRB_GROUP, wxDefaultValidator, "optDrive0");
+    optDrive[1] = new wxRadioButton(this, wxID_ANY, ResText(Message::Drive), wxDefaultPosition, wxDefaultSize,
+                                    0, wxDefaultValidator, "optDrive1");
+    lblSelectDrive = NewLabel(this, "lblSelectDrive", Message::SelectDrive);
     drvSelect = new wxChoice(this, wxID_ANY);
     drvSelect->SetName("drvSelect");
     for (const std::string& drive : DriveChoice::Labels())

@@ -1,5 +1,6 @@
 #include "partedit/FormSelectHelpFile.h"
 
+#include "base/Messages.h"
 #include "menu/MenuText.h"
 #include "partedit/HelpFileChoice.h"
 #include "platform/OpenFileDialog.h"
@@ -22,12 +23,6 @@ using modUtilities::ToWx;
 
 namespace {
 
-constexpr int TitleText = 32079;
-constexpr int FileText = 32075;
-constexpr int TopicText = 32077;
-constexpr int ChooseFileTitle = 32076;
-constexpr int FileFilter = 32078;
-constexpr int BrowseText = 34200;
 constexpr std::int32_t HelpTopic = 33000;
 
 TextFilter DigitsOnly() {
@@ -41,11 +36,11 @@ TextFilter DigitsOnly() {
 } // namespace
 
 FormSelectHelpFile::FormSelectHelpFile(wxWindow* parent)
-    : FormDialog(parent, "FormSelectHelpFile", TitleText, HelpTopic) {
-    lblHelpFile = NewLabel(this, "lblHelpFile", FileText);
+    : FormDialog(parent, "FormSelectHelpFile", Message::HelpFileTitle, HelpTopic) {
+    lblHelpFile = NewLabel(this, "lblHelpFile", Message::HelpFile);
     txtHelpFile = NewTextBox(this, "txtHelpFile");
-    cmdBrowse = NewButton(this, "cmdBrowse", BrowseText);
-    lblHelpTopic = NewLabel(this, "lblHelpTopic", TopicText);
+    cmdBrowse = NewButton(this, "cmdBrowse", Message::BrowseLabel);
+    lblHelpTopic = NewLabel(this, "lblHelpTopic", Message::HelpTopic);
     txtHelpTopic = NewTextBox(this, "txtHelpTopic");
 
     auto* file = new wxBoxSizer(wxHORIZONTAL);
@@ -80,9 +75,9 @@ bool FormSelectHelpFile::Display(std::string& sFile, std::int32_t& nTopic) {
 
 void FormSelectHelpFile::OnBrowse() {
     const std::string chosen = platform::ShowOpenFileDialog(
-        this, {LoadResString(ChooseFileTitle),
+        this, {LoadResString(Message::HelpFileChooseTitle),
                HelpFileChoice::BrowseFolder(m_shownFile.Of(*txtHelpFile), m_defaultFolder), m_chosen,
-               LoadResString(FileFilter)});
+               LoadResString(Message::HelpFileFilter)});
     if (!chosen.empty()) m_chosen = chosen;
     // The last file chosen in the file dialog is used even when the dialog was cancelled. So cancelling
     // before any file was chosen clears the help file.

@@ -1,5 +1,6 @@
 #include "partedit/FormSelectHistory.h"
 
+#include "base/Messages.h"
 #include "menu/MenuText.h"
 #include "partedit/FormBrowse.h"
 #include "partedit/HistoryChoice.h"
@@ -23,14 +24,6 @@ using modUtilities::ToWx;
 
 namespace {
 
-constexpr int TitleText = 32091;
-constexpr int DirectoryText = 32037;
-constexpr int HistoryTitleText = 32092;
-constexpr int BrowsePrompt = 32022;
-constexpr int UseDefaultText = 32093;
-constexpr int NoHistoryText = 32094;
-constexpr int BrowseText = 34200;
-constexpr int NoTitleText = 34456;
 constexpr std::int32_t HelpTopic = 33005;
 
 // Returns the text of a field without leading and trailing spaces, and updates the field.
@@ -43,13 +36,13 @@ std::string TrimField(wxTextCtrl& field, ShownText& shown) {
 } // namespace
 
 FormSelectHistory::FormSelectHistory(wxWindow* parent)
-    : FormDialog(parent, "FormSelectHistory", TitleText, HelpTopic) {
-    lblHistoryDir = NewLabel(this, "lblHistoryDir", DirectoryText);
+    : FormDialog(parent, "FormSelectHistory", Message::HistoryDialogTitle, HelpTopic) {
+    lblHistoryDir = NewLabel(this, "lblHistoryDir", Message::HistoryFolder);
     txtHistoryDir = NewTextBox(this, "txtHistoryDir");
-    cmdBrowse = NewButton(this, "cmdBrowse", BrowseText);
-    lblHistoryTitle = NewLabel(this, "lblHistoryTitle", HistoryTitleText);
+    cmdBrowse = NewButton(this, "cmdBrowse", Message::BrowseLabel);
+    lblHistoryTitle = NewLabel(this, "lblHistoryTitle", Message::HistoryTitle);
     txtHistoryTitle = NewTextBox(this, "txtHistoryTitle");
-    cmdDefault = NewButton(this, "cmdDefault", UseDefaultText);
+    cmdDefault = NewButton(this, "cmdDefault", Message::HistoryUseDefault);
 
     auto* folder = new wxBoxSizer(wxHORIZONTAL);
     folder->Add(txtHistoryDir, wxSizerFlags(1).CentreVertical());
@@ -73,7 +66,7 @@ bool FormSelectHistory::Display(std::string& directory, std::string& title, bool
     m_title = title;
     m_shownDirectory.Show(*txtHistoryDir, m_directory);
     m_shownTitle.Show(*txtHistoryTitle, HistoryChoice::TitleToShow(m_title, proposedTitle));
-    cmdDefault->SetLabel(ResText(defaultCaption ? UseDefaultText : NoHistoryText));
+    cmdDefault->SetLabel(ResText(defaultCaption ? Message::HistoryUseDefault : Message::HistoryNoHistory));
     GetSizer()->SetSizeHints(this);
     txtHistoryDir->SetFocus();
     if (ShowModal() == wxID_CANCEL) return false;
@@ -84,7 +77,7 @@ bool FormSelectHistory::Display(std::string& directory, std::string& title, bool
 
 void FormSelectHistory::OnBrowse() {
     const std::string start = HistoryChoice::BrowseFolder(m_shownDirectory.Of(*txtHistoryDir));
-    const std::string chosen = FormBrowse(this).Invoke(LoadResString(BrowsePrompt), start);
+    const std::string chosen = FormBrowse(this).Invoke(LoadResString(Message::HistoryBrowsePrompt), start);
     if (!chosen.empty()) txtHistoryDir->ChangeValue(ToWx(chosen));
 }
 
@@ -104,10 +97,10 @@ void FormSelectHistory::Refuse(int label, const std::string& reason, wxTextCtrl&
 void FormSelectHistory::OnOK() {
     const std::string directory = TrimField(*txtHistoryDir, m_shownDirectory);
     if (!HistoryChoice::IsDirectory(directory))
-        return Refuse(DirectoryText, FieldMessage::FolderReason(directory), *txtHistoryDir);
+        return Refuse(Message::HistoryFolder, FieldMessage::FolderReason(directory), *txtHistoryDir);
     const std::string title = TrimField(*txtHistoryTitle, m_shownTitle);
     if (!HistoryChoice::IsTitle(title))
-        return Refuse(HistoryTitleText, LoadResString(NoTitleText), *txtHistoryTitle);
+        return Refuse(Message::HistoryTitle, LoadResString(Message::HistoryNoTitle), *txtHistoryTitle);
     // Invalid texts are reported here, where the user can correct them, and not when the menu is saved.
     MenuText::CheckChange(directory, m_directory, "FormSelectHistory.OnOK");
     MenuText::CheckChange(title, m_title, "FormSelectHistory.OnOK");

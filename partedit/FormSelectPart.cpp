@@ -34,14 +34,6 @@ using platform::TreeView;
 
 namespace {
 
-constexpr int TitleText = 32047;
-constexpr int SelectDriveText = 32068;
-constexpr int RootText = 32069;
-constexpr int ProgressText = 34201;   // %0% number of folders
-constexpr int UnreadableText = 34205; // %0% number, %1% description, %2% path, %3% attributes
-constexpr int NextText = 34206;
-constexpr int SkipAllText = 34207;
-constexpr int UnreadableListText = 34208; // %0% number of them
 constexpr std::int32_t HelpTopic = 33010;
 
 // Frequent enough to look continuous, rare enough to cost no time.
@@ -70,14 +62,14 @@ std::string TagOf(const TreeNode* node) {
 } // namespace
 
 FormSelectPart::FormSelectPart(wxWindow* parent)
-    : FormDialog(parent, "FormSelectPart", TitleText, HelpTopic) {
+    : FormDialog(parent, "FormSelectPart", Message::PartTreeTitle, HelpTopic) {
     tvMain = &MakeView(this);
     const wxSize size = tvMain->ImageSize();
     tvMain->SetImages({IconBundle("folder", size), IconBundle("part", size)}); // in the order of Image
-    tvMain->SetAccessibleName(LoadResString(RootText));
+    tvMain->SetAccessibleName(LoadResString(Message::PartTreeRoot));
     lblProgress = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
                                    "lblProgress");
-    cmdSelectDrive = NewButton(this, "cmdSelectDrive", SelectDriveText);
+    cmdSelectDrive = NewButton(this, "cmdSelectDrive", Message::SelectDrive);
 
     auto* lower = new wxBoxSizer(wxHORIZONTAL);
     lower->Add(lblProgress, wxSizerFlags(1).CentreVertical());
@@ -116,7 +108,7 @@ std::string FormSelectPart::SelectPart() {
 }
 
 void FormSelectPart::BuildRepository() {
-    BuildTree(RepositoryRoot(), LoadResString(RootText));
+    BuildTree(RepositoryRoot(), LoadResString(Message::PartTreeRoot));
 }
 
 void FormSelectPart::BuildTree(const std::string& path, const std::string& text) {
@@ -210,21 +202,21 @@ void FormSelectPart::OnPart(Node parent, const std::string& path, const std::str
 // messages for all others, which are then listed at the end.
 void FormSelectPart::OnUnreadable(const std::string& path, int code, std::uint32_t attributes) {
     const NeskError error = FileError(code, "FormSelectPart", path);
-    const std::string text =
-        FormatResString(UnreadableText, error.number, modUtilities::MessageText(error), path, attributes);
+    const std::string text = FormatResString(Message::PartTreeUnreadable, error.number,
+                                             modUtilities::MessageText(error), path, attributes);
     if (m_skipsUnreadable) {
         m_unreadable.push_back(text);
         return;
     }
     wxMessageDialog box(this, ToWx(text), ResText(Message::ApplicationTitle),
                         wxOK | wxCANCEL | wxICON_EXCLAMATION);
-    box.SetOKCancelLabels(ResText(NextText), ResText(SkipAllText));
+    box.SetOKCancelLabels(ResText(Message::PartTreeNext), ResText(Message::PartTreeSkipAll));
     m_skipsUnreadable = box.ShowModal() != wxID_OK;
 }
 
 void FormSelectPart::TellUnreadable() {
     if (m_unreadable.empty()) return;
-    std::string text = FormatResString(UnreadableListText, m_unreadable.size());
+    std::string text = FormatResString(Message::PartTreeUnreadableList, m_unreadable.size());
     for (const std::string& place : m_unreadable)
         text.append("\n").append(place);
     modMessageBox::ShowMessage(text, modMessageBox::Option::Exclamation);
@@ -243,7 +235,7 @@ bool FormSelectPart::OnProgress(std::size_t foldersRead) {
 
 void FormSelectPart::ShowProgress(std::size_t foldersRead) {
     m_sinceProgress.Start();
-    lblProgress->SetLabelText(ToWx(FormatResString(ProgressText, foldersRead)));
+    lblProgress->SetLabelText(ToWx(FormatResString(Message::PartTreeProgress, foldersRead)));
 }
 
 } // namespace nesk

@@ -1,19 +1,10 @@
 #include "partedit/PartReference.h"
 
+#include "base/Messages.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 
 namespace nesk::PartReference {
-
-namespace {
-
-constexpr int PartNameText = 32027; // %0% name
-constexpr int NoPartText = 32028;
-constexpr int NoFileText = 34470;
-constexpr int FileMissingText = 34471; // %0% path
-constexpr int NoNameText = 34472;      // %0% path
-
-} // namespace
 
 bool RefersToPart(const std::string& text) {
     return text.starts_with('@');
@@ -35,18 +26,18 @@ std::optional<std::string> PartFolder(const std::string& iniPath) {
 }
 
 std::string Description(const std::string& text) {
-    if (!RefersToPart(text)) return modStringRes::LoadResString(NoPartText);
+    if (!RefersToPart(text)) return modStringRes::LoadResString(Message::NoPart);
     const std::string name = modUtilities::ReadIniValue(IniPath(text), "Part", "Name");
-    return modStringRes::FormatResString(PartNameText, name);
+    return modStringRes::FormatResString(Message::PartName, name);
 }
 
 std::string Problem(const std::string& text) {
     if (!RefersToPart(text)) return "";
     const std::string path = IniPath(text);
-    if (path.empty()) return modStringRes::LoadResString(NoFileText);
-    if (!modUtilities::FileExists(path)) return modStringRes::FormatResString(FileMissingText, path);
+    if (path.empty()) return modStringRes::LoadResString(Message::PartNoFile);
+    if (!modUtilities::FileExists(path)) return modStringRes::FormatResString(Message::PartFileMissing, path);
     if (!modUtilities::ReadIniValue(path, "Part", "Name").empty()) return "";
-    return modStringRes::FormatResString(NoNameText, path);
+    return modStringRes::FormatResString(Message::PartNoName, path);
 }
 
 } // namespace nesk::PartReference

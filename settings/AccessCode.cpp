@@ -7,22 +7,15 @@
 
 namespace nesk::AccessCode {
 
-namespace {
-
-constexpr int CodesDiffer = 32014;
-constexpr int CodeSetText = 34461;
-constexpr int NoCodeText = 34462;
-
-} // namespace
-
 std::string StateText() {
-    return modStringRes::LoadResString(NeskRegistry::Instance().ExitKey.empty() ? NoCodeText : CodeSetText);
+    return modStringRes::LoadResString(NeskRegistry::Instance().ExitKey.empty() ? Message::AccessNoCode
+                                                                                : Message::AccessCodeSet);
 }
 
 bool Store(const std::string& code, const std::string& repeated) {
     using modStringRes::LoadResString;
     if (code != repeated) {
-        modMessageBox::ShowMessage(LoadResString(CodesDiffer), modMessageBox::Option::Information,
+        modMessageBox::ShowMessage(LoadResString(Message::CodesDiffer), modMessageBox::Option::Information,
                                    LoadResString(Message::NoticeTitle));
         return false;
     }

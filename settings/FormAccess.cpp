@@ -1,5 +1,6 @@
 #include "settings/FormAccess.h"
 
+#include "base/Messages.h"
 #include "settings/AccessCode.h"
 #include "widgets/NumericKeyFilter.h"
 #include "widgets/UiTextFilter.h"
@@ -19,25 +20,21 @@ using modUtilities::ToWx;
 
 namespace {
 
-constexpr int TitleText = 32030;
-constexpr int CodeText = 32031;
-constexpr int RepeatText = 32032;
-constexpr int ShowText = 34250;
 constexpr std::int32_t HelpTopic = 33009;
 
 } // namespace
 
-FormAccess::FormAccess(wxWindow* parent) : FormDialog(parent, "FormAccess", TitleText, HelpTopic) {
+FormAccess::FormAccess(wxWindow* parent) : FormDialog(parent, "FormAccess", Message::AccessTitle, HelpTopic) {
     // Created before the other labels, because wx uses the last label before a control as that control's
     // label.
     lblState = new wxStaticText(this, wxID_ANY, ToWx(AccessCode::StateText()), wxDefaultPosition,
                                 wxDefaultSize, 0, "lblState");
-    lblAccessCode = NewLabel(this, "lblAccessCode", CodeText);
+    lblAccessCode = NewLabel(this, "lblAccessCode", Message::AccessCode);
     txtCode1 = NewCodeBox("txtCode1", true);
-    lblReenter = NewLabel(this, "lblReenter", RepeatText);
+    lblReenter = NewLabel(this, "lblReenter", Message::AccessRepeat);
     txtCode2 = NewCodeBox("txtCode2", true);
-    chkShow = new wxCheckBox(this, wxID_ANY, ResText(ShowText), wxDefaultPosition, wxDefaultSize, 0,
-                             wxDefaultValidator, "chkShow");
+    chkShow = new wxCheckBox(this, wxID_ANY, ResText(Message::AccessShow), wxDefaultPosition, wxDefaultSize,
+                             0, wxDefaultValidator, "chkShow");
 
     auto* fields = new wxFlexGridSizer(2, Gap(), Gap());
     fields->AddGrowableCol(1);

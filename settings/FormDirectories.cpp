@@ -1,5 +1,6 @@
 #include "settings/FormDirectories.h"
 
+#include "base/Messages.h"
 #include "partedit/FormBrowse.h"
 #include "partedit/FormSelectHistory.h"
 #include "settings/FormSelectMachine.h"
@@ -30,22 +31,6 @@ using modUtilities::ToWx;
 
 namespace {
 
-constexpr int TitleText = 32035;
-constexpr int RootText = 32036;
-constexpr int SlidesText = 32038;
-constexpr int BitmapText = 32074;
-constexpr int MachineText = 32039;
-constexpr int UserText = 32040;
-constexpr int MaxPartsText = 32087;
-constexpr int SampleSizeText = 32088;
-constexpr int HistoryText = 32083;
-constexpr int PrinterText = 32082;
-constexpr int BrowseText = 34251;
-constexpr int ChooseText = 34252;
-constexpr int CreateRootQuestion = 34432; // %0% folder
-constexpr int RootPrompt = 32023;
-constexpr int SlidesPrompt = 32024;
-constexpr int BitmapPrompt = 32073;
 constexpr std::int32_t HelpTopic = 33007;
 
 // Only digits can be typed. Text entered in another way is checked when the dialog is confirmed.
@@ -60,13 +45,13 @@ TextFilter NumberFilter() {
 } // namespace
 
 FormDirectories::FormDirectories(wxWindow* parent)
-    : FormDialog(parent, "FormDirectories", TitleText, HelpTopic) {
+    : FormDialog(parent, "FormDirectories", Message::OptionsTitle, HelpTopic) {
     wxSizer* rows = BuildRows();
-    cmdHistory = NewButton(this, "cmdHistory", HistoryText);
+    cmdHistory = NewButton(this, "cmdHistory", Message::HistoryLabel);
     // Created before the button, so that wx uses it as the button's label.
     lblPrinter = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                   wxST_ELLIPSIZE_END | wxST_NO_AUTORESIZE, "lblPrinter");
-    cmdPrinter = NewButton(this, "cmdPrinter", PrinterText);
+    cmdPrinter = NewButton(this, "cmdPrinter", Message::PrinterLabel);
 
     auto* more = new wxBoxSizer(wxHORIZONTAL);
     more->Add(cmdHistory);
@@ -105,30 +90,30 @@ wxSizer* FormDirectories::BuildRows() {
     };
 
     // In Tab order. Each label precedes the box that its access key selects.
-    lblRoot = NewLabel(this, "lblRoot", RootText);
+    lblRoot = NewLabel(this, "lblRoot", Message::OptionsRoot);
     txtRoot = NewTextBox(this, "txtRoot");
-    cmdRoot = NewButton(this, "cmdRoot", BrowseText);
+    cmdRoot = NewButton(this, "cmdRoot", Message::OptionsBrowse);
     add(lblRoot, txtRoot, cmdRoot);
-    lblSlides = NewLabel(this, "lblSlides", SlidesText);
+    lblSlides = NewLabel(this, "lblSlides", Message::OptionsSlides);
     txtSlides = NewTextBox(this, "txtSlides");
-    cmdSlides = NewButton(this, "cmdSlides", BrowseText);
+    cmdSlides = NewButton(this, "cmdSlides", Message::OptionsBrowse);
     add(lblSlides, txtSlides, cmdSlides);
-    lblBitmap = NewLabel(this, "lblBitmap", BitmapText);
+    lblBitmap = NewLabel(this, "lblBitmap", Message::OptionsBitmap);
     txtBitmap = NewTextBox(this, "txtBitmap");
-    cmdBitmap = NewButton(this, "cmdBitmap", BrowseText);
+    cmdBitmap = NewButton(this, "cmdBitmap", Message::OptionsBrowse);
     add(lblBitmap, txtBitmap, cmdBitmap);
-    lblMachine = NewLabel(this, "lblMachine", MachineText);
+    lblMachine = NewLabel(this, "lblMachine", Message::OptionsMachine);
     txtMachine = newNameBox("txtMachine");
-    cmdMachine = NewButton(this, "cmdMachine", ChooseText);
+    cmdMachine = NewButton(this, "cmdMachine", Message::OptionsChoose);
     add(lblMachine, txtMachine, cmdMachine);
-    lblUser = NewLabel(this, "lblUser", UserText);
+    lblUser = NewLabel(this, "lblUser", Message::OptionsUser);
     txtUser = newNameBox("txtUser");
-    cmdUser = NewButton(this, "cmdUser", ChooseText);
+    cmdUser = NewButton(this, "cmdUser", Message::OptionsChoose);
     add(lblUser, txtUser, cmdUser);
-    lblMaxParts = NewLabel(this, "lblMaxParts", MaxPartsText);
+    lblMaxParts = NewLabel(this, "lblMaxParts", Message::OptionsMaxParts);
     txtMaxParts = newNumberBox("txtMaxParts");
     add(lblMaxParts, txtMaxParts, nullptr);
-    lblSampleSize = NewLabel(this, "lblSampleSize", SampleSizeText);
+    lblSampleSize = NewLabel(this, "lblSampleSize", Message::SampleSize);
     txtSampleSize = newNumberBox("txtSampleSize");
     add(lblSampleSize, txtSampleSize, nullptr);
     return rows;
@@ -138,9 +123,9 @@ void FormDirectories::BindEvents() {
     const auto onPress = [](wxButton* button, std::function<void()> act) {
         button->Bind(wxEVT_BUTTON, [act = std::move(act)](wxCommandEvent&) { act(); });
     };
-    onPress(cmdRoot, [this] { BrowseFor(*txtRoot, RootPrompt); });
-    onPress(cmdSlides, [this] { BrowseFor(*txtSlides, SlidesPrompt); });
-    onPress(cmdBitmap, [this] { BrowseFor(*txtBitmap, BitmapPrompt); });
+    onPress(cmdRoot, [this] { BrowseFor(*txtRoot, Message::OptionsRootPrompt); });
+    onPress(cmdSlides, [this] { BrowseFor(*txtSlides, Message::OptionsSlidesPrompt); });
+    onPress(cmdBitmap, [this] { BrowseFor(*txtBitmap, Message::OptionsBitmapPrompt); });
     onPress(cmdMachine, [this] { ChooseMachine(); });
     onPress(cmdUser, [this] { ChooseUser(); });
     onPress(cmdHistory, [this] { ChooseHistory(); });
@@ -176,7 +161,8 @@ void FormDirectories::OnOK() {
 void FormDirectories::OfferRoot() {
     if (!OptionsModel::RootCanBeMade(m_fields.root)) return;
     namespace Option = modMessageBox::Option;
-    const std::string question = modStringRes::FormatResString(CreateRootQuestion, m_fields.root);
+    const std::string question =
+        modStringRes::FormatResString(Message::OptionsCreateRootQuestion, m_fields.root);
     if (modMessageBox::ShowMessage(question, Option::YesNo | Option::Question) == modMessageBox::Result::Yes)
         modUtilities::MakePath(m_fields.root);
 }

@@ -1,5 +1,6 @@
 #include "settings/FormListName.h"
 
+#include "base/Messages.h"
 #include "settings/RegistryListEditor.h"
 #include "shell/modMessageBox.h"
 #include "widgets/UiUtilities.h"
@@ -10,15 +11,8 @@
 
 namespace nesk {
 
-namespace {
-
-constexpr int TitleText = 34429;
-constexpr int NameText = 34430;
-
-} // namespace
-
-FormListName::FormListName(wxWindow* parent) : FormDialog(parent, "FormListName", TitleText, 0) {
-    lblName = NewLabel(this, "lblName", NameText);
+FormListName::FormListName(wxWindow* parent) : FormDialog(parent, "FormListName", Message::ListNameTitle, 0) {
+    lblName = NewLabel(this, "lblName", Message::ListName);
     txtName = NewTextBox(this, "txtName");
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(lblName);

@@ -1,5 +1,6 @@
 #include "settings/FormSelectFromList.h"
 
+#include "base/Messages.h"
 #include "base/NeskError.h"
 #include "settings/FormListName.h"
 #include "settings/RegistryListEditor.h"
@@ -19,14 +20,6 @@ namespace nesk {
 
 using modUtilities::ToWx;
 
-namespace {
-
-constexpr int AddText = 34423;
-constexpr int RemoveText = 34424;
-constexpr int RemoveQuestion = 34431; // %0% display name
-
-} // namespace
-
 FormSelectFromList::FormSelectFromList(wxWindow* parent, const char* name, int titleId,
                                        std::int32_t helpTopic, const std::string& parentKey, int emptyId,
                                        int addFirstId)
@@ -39,8 +32,8 @@ FormSelectFromList::FormSelectFromList(wxWindow* parent, const char* name, int t
     auto* list = new wxBoxSizer(wxHORIZONTAL);
     list->Add(lstMain, wxSizerFlags(1).Expand());
     if (mayEdit) {
-        cmdAdd = NewButton(this, "cmdAdd", AddText);
-        cmdRemove = NewButton(this, "cmdRemove", RemoveText);
+        cmdAdd = NewButton(this, "cmdAdd", Message::ListAdd);
+        cmdRemove = NewButton(this, "cmdRemove", Message::ListRemove);
         auto* buttons = new wxBoxSizer(wxVERTICAL);
         buttons->Add(cmdAdd, wxSizerFlags().Expand());
         buttons->Add(cmdRemove, wxSizerFlags().Expand().Border(wxTOP, Gap()));
@@ -93,8 +86,8 @@ void FormSelectFromList::OnRemove() {
     const int position = lstMain->GetSelection();
     const std::string key = m_entries.KeyAt(position);
     if (key.empty()) return;
-    const std::string question =
-        modStringRes::FormatResString(RemoveQuestion, modUtilities::FromWx(lstMain->GetStringSelection()));
+    const std::string question = modStringRes::FormatResString(
+        Message::ListRemoveQuestion, modUtilities::FromWx(lstMain->GetStringSelection()));
     namespace Option = modMessageBox::Option;
     if (modMessageBox::ShowMessage(question, Option::YesNo | Option::Question | Option::SecondDefault) !=
         modMessageBox::Result::Yes)

@@ -1,18 +1,16 @@
 #include "settings/FormSelectMachine.h"
+#include "base/Messages.h"
 
 namespace nesk {
 
 namespace {
 
-constexpr int TitleText = 32046;
-constexpr int EmptyText = 34425;
-constexpr int AddFirstText = 34427;
 constexpr std::int32_t HelpTopic = 33006;
 
 } // namespace
 
 FormSelectMachine::FormSelectMachine(wxWindow* parent)
-    : FormSelectFromList(parent, "FormSelectMachine", TitleText, HelpTopic, "Machines", EmptyText,
-                         AddFirstText) {}
+    : FormSelectFromList(parent, "FormSelectMachine", Message::MachineTitle, HelpTopic, "Machines",
+                         Message::MachineEmpty, Message::MachineAddFirst) {}
 
 } // namespace nesk

@@ -1,17 +1,16 @@
 #include "settings/FormSelectUser.h"
+#include "base/Messages.h"
 
 namespace nesk {
 
 namespace {
 
-constexpr int TitleText = 32048;
-constexpr int EmptyText = 34426;
-constexpr int AddFirstText = 34428;
 constexpr std::int32_t HelpTopic = 33008;
 
 } // namespace
 
 FormSelectUser::FormSelectUser(wxWindow* parent)
-    : FormSelectFromList(parent, "FormSelectUser", TitleText, HelpTopic, "Users", EmptyText, AddFirstText) {}
+    : FormSelectFromList(parent, "FormSelectUser", Message::UserTitle, HelpTopic, "Users", Message::UserEmpty,
+                         Message::UserAddFirst) {}
 
 } // namespace nesk

@@ -1,5 +1,6 @@
 #include "settings/OptionsModel.h"
 
+#include "base/Messages.h"
 #include "base/NeskError.h"
 #include "base/modConvert.h"
 #include "settings/NeskRegistry.h"
@@ -18,11 +19,6 @@ namespace {
 
 using modUtilities::Trim;
 
-constexpr int MaxPartsRangeText = 32086;
-constexpr int SampleSizeText = 32088;
-constexpr int NoMachineText = 34453;
-constexpr int NoUserText = 34454;
-constexpr int SampleSizeRangeText = 34455; // %0% largest size
 constexpr double MostParts = 999;
 
 // A box with a check of its own, and the text of its label.
@@ -32,11 +28,12 @@ struct CheckedBox {
     std::string OptionsFields::*text;
     int reason; // message number of the reason; 0 when the reason must be determined
 };
-constexpr CheckedBox Folders[] = {{Field::Root, 32036, &OptionsFields::root, 0},
-                                  {Field::Slides, 32038, &OptionsFields::slides, 0},
-                                  {Field::Bitmap, 32074, &OptionsFields::bitmap, 0}};
-constexpr CheckedBox Names[] = {{Field::Machine, 32039, &OptionsFields::machine, NoMachineText},
-                                {Field::User, 32040, &OptionsFields::user, NoUserText}};
+constexpr CheckedBox Folders[] = {{Field::Root, Message::OptionsRoot, &OptionsFields::root, 0},
+                                  {Field::Slides, Message::OptionsSlides, &OptionsFields::slides, 0},
+                                  {Field::Bitmap, Message::OptionsBitmap, &OptionsFields::bitmap, 0}};
+constexpr CheckedBox Names[] = {
+    {Field::Machine, Message::OptionsMachine, &OptionsFields::machine, Message::OptionsNoMachine},
+    {Field::User, Message::OptionsUser, &OptionsFields::user, Message::OptionsNoUser}};
 
 struct PrinterField {
     std::string NeskRegistry::*setting;
@@ -137,15 +134,16 @@ std::optional<Fault> Check(const OptionsFields& fields, Numbers& numbers) {
     // More than half a part is rounded up to one, but a number above the maximum is not rounded down to it.
     const double maxParts = modConvert::Val(Trim(fields.maxParts));
     if (maxParts > MostParts || maxParts < 0 || modConvert::CInt(maxParts) < 1)
-        return Fault{Field::MaxParts, modStringRes::LoadResString(MaxPartsRangeText), NumberText(maxParts),
-                     ""};
+        return Fault{Field::MaxParts, modStringRes::LoadResString(Message::OptionsMaxPartsRange),
+                     NumberText(maxParts), ""};
     numbers.maxParts = modConvert::CInt(maxParts);
 
     // Zero and negative values switch sampling off. A sample of one is useless.
     const double sampleSize = modConvert::Val(Trim(fields.sampleSize));
     if (sampleSize == 1 || sampleSize > numbers.maxParts) {
-        Fault fault = FaultOf(Field::SampleSize, SampleSizeText,
-                              modStringRes::FormatResString(SampleSizeRangeText, numbers.maxParts));
+        Fault fault =
+            FaultOf(Field::SampleSize, Message::SampleSize,
+                    modStringRes::FormatResString(Message::OptionsSampleSizeRange, numbers.maxParts));
         fault.replacement = NumberText(sampleSize);
         return fault;
     }

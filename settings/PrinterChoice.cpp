@@ -1,5 +1,6 @@
 #include "settings/PrinterChoice.h"
 
+#include "base/Messages.h"
 #include "shell/FieldMessage.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
@@ -13,16 +14,9 @@ using platform::PrinterValues;
 
 namespace {
 
-constexpr int CommandText = 32082;
-constexpr int PrinterText = 34457; // %0% printer
-constexpr int NoPrinterText = 34458;
-constexpr int MissingText = 34459; // %0% printer
-constexpr int PaperText = 34508;
-constexpr int ReplaceQuestion = 34460; // %0% printer stored, %1% printer chosen
-
 // The caption of the command without the dots at its end is the title of the dialog.
 std::string Title() {
-    std::string title = FieldMessage::PlainLabel(LoadResString(CommandText));
+    std::string title = FieldMessage::PlainLabel(LoadResString(Message::PrinterLabel));
     title.erase(title.find_last_not_of('.') + 1);
     return title;
 }
@@ -30,11 +24,13 @@ std::string Title() {
 } // namespace
 
 std::string Shown(const PrinterValues& values) {
-    return values.device.empty() ? LoadResString(NoPrinterText) : FormatResString(PrinterText, values.device);
+    return values.device.empty() ? LoadResString(Message::PrinterNoPrinter)
+                                 : FormatResString(Message::Printer, values.device);
 }
 
 platform::PrinterSetupTexts Texts(const PrinterValues& values) {
-    return {Title(), FormatResString(MissingText, values.device), LoadResString(PaperText)};
+    return {Title(), FormatResString(Message::PrinterMissing, values.device),
+            LoadResString(Message::PrinterPaper)};
 }
 
 void Take(PrinterValues& values, const PrinterValues& chosen, PrinterSetupResult result) {
@@ -43,7 +39,8 @@ void Take(PrinterValues& values, const PrinterValues& chosen, PrinterSetupResult
     values = chosen;
     if (result != PrinterSetupResult::StandIn) return;
     using namespace modMessageBox;
-    const std::string question = FormatResString(ReplaceQuestion, before.device, chosen.device);
+    const std::string question =
+        FormatResString(Message::PrinterReplaceQuestion, before.device, chosen.device);
     if (ShowMessage(question, Option::YesNo + Option::Question + Option::SecondDefault, Title()) ==
         Result::Yes)
         return;

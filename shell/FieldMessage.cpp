@@ -14,12 +14,6 @@ namespace nesk::FieldMessage {
 using modStringRes::FormatResString;
 using modStringRes::LoadResString;
 
-namespace {
-
-constexpr int CheckFieldText = 32067;
-
-} // namespace
-
 std::string PlainLabel(std::string_view label) {
     std::string plain;
     for (std::size_t i = 0; i < label.size(); ++i) {
@@ -31,11 +25,11 @@ std::string PlainLabel(std::string_view label) {
 }
 
 std::string Text(int labelId) {
-    return LoadResString(CheckFieldText) + " " + PlainLabel(LoadResString(labelId));
+    return LoadResString(Message::CheckField) + " " + PlainLabel(LoadResString(labelId));
 }
 
 std::string Title() {
-    return LoadResString(CheckFieldText);
+    return LoadResString(Message::CheckField);
 }
 
 bool OnMissingDrive(const std::string& path) {

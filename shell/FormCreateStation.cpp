@@ -24,41 +24,32 @@ using modUtilities::ToWx;
 
 namespace {
 
-constexpr int TitleText = 34410;
-constexpr int ContentText = 34411;
-constexpr int ExampleText = 34412;
-constexpr int EmptyText = 34413;
-constexpr int FolderText = 34414;
-constexpr int BrowseText = 34415;
-constexpr int MachineText = 34416;
-constexpr int UserText = 34417;
-constexpr int UsualText = 34418; // %0% folder
-constexpr int FolderPrompt = 34419;
 constexpr std::int32_t HelpTopic = 33011;
 constexpr int LongestLine = 460;
 
 } // namespace
 
 FormCreateStation::FormCreateStation(wxWindow* parent)
-    : FormDialog(parent, "FormCreateStation", TitleText, HelpTopic) {
-    wxStaticBoxSizer* kind = NewFrame("fraContent", ContentText);
+    : FormDialog(parent, "FormCreateStation", Message::StationTitle, HelpTopic) {
+    wxStaticBoxSizer* kind = NewFrame("fraContent", Message::StationContent);
     const auto newChoice = [&](const char* name, int textId, long style) {
         auto* choice = new wxRadioButton(kind->GetStaticBox(), wxID_ANY, ResText(textId), wxDefaultPosition,
                                          wxDefaultSize, style, wxDefaultValidator, name);
         kind->Add(choice, wxSizerFlags().Border(wxALL, Gap() / 2));
         return choice;
     };
-    optExample = newChoice("optExample", ExampleText, wxRB_GROUP);
-    optEmpty = newChoice("optEmpty", EmptyText, 0);
-    lblFolder = NewLabel(this, "lblFolder", FolderText);
+    optExample = newChoice("optExample", Message::StationExample, wxRB_GROUP);
+    optEmpty = newChoice("optEmpty", Message::StationEmpty, 0);
+    lblFolder = NewLabel(this, "lblFolder", Message::StationFolder);
     txtFolder = NewTextBox(this, "txtFolder");
-    cmdFolder = NewButton(this, "cmdFolder", BrowseText);
-    lblMachine = NewLabel(this, "lblMachine", MachineText);
+    cmdFolder = NewButton(this, "cmdFolder", Message::StationBrowse);
+    lblMachine = NewLabel(this, "lblMachine", Message::StationMachine);
     txtMachine = NewTextBox(this, "txtMachine");
-    lblUser = NewLabel(this, "lblUser", UserText);
+    lblUser = NewLabel(this, "lblUser", Message::StationUser);
     txtUser = NewTextBox(this, "txtUser");
     lblUsual = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblUsual");
-    const std::string usual = modStringRes::FormatResString(UsualText, platform::UsualStationFolder());
+    const std::string usual =
+        modStringRes::FormatResString(Message::StationUsual, platform::UsualStationFolder());
     lblUsual->SetLabelText(ToWx(WrappedText(usual, FromDIP(LongestLine), [this](std::string_view piece) {
         return lblUsual->GetTextExtent(ToWx(piece)).x;
     })));
@@ -98,7 +89,8 @@ bool FormCreateStation::Invoke() {
 }
 
 void FormCreateStation::OnFolder() {
-    const std::string folder = ChooseStationFolder(this, FolderPrompt, FromWx(txtFolder->GetValue()));
+    const std::string folder =
+        ChooseStationFolder(this, Message::StationFolderPrompt, FromWx(txtFolder->GetValue()));
     if (!folder.empty()) txtFolder->SetValue(ToWx(folder));
 }
 

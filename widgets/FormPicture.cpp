@@ -1,5 +1,6 @@
 #include "widgets/FormPicture.h"
 
+#include "base/Messages.h"
 #include "platform/OpenFileDialog.h"
 #include "settings/NeskRegistry.h"
 #include "shell/modStringRes.h"
@@ -13,12 +14,6 @@
 #include <wx/settings.h>
 
 namespace nesk {
-
-namespace {
-
-constexpr int ChoosePictureTitle = 32026;
-
-} // namespace
 
 FormPicture::FormPicture(wxWindow* parent, const char* hostName, const char* pictureName, wxSize size)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, parent->FromDIP(size),
@@ -89,7 +84,8 @@ void FormPicture::Choose() {
         modUtilities::ExistingFolderOf(m_path, NeskRegistry::Instance().DefaultBitmapDirectory);
     // No file filter, because pictures are recognised by their content and not by their name.
     const std::string chosen = platform::ShowOpenFileDialog(
-        wxGetTopLevelParent(this), {modStringRes::LoadResString(ChoosePictureTitle), folder, m_path, ""});
+        wxGetTopLevelParent(this),
+        {modStringRes::LoadResString(Message::PictureChoosePictureTitle), folder, m_path, ""});
     if (chosen.empty()) return;
     SetPath(chosen);
 }

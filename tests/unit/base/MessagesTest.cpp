@@ -35,33 +35,46 @@ void AddNumbers(const std::string& line, std::set<int>& numbers) {
     }
 }
 
-// Every text number that the sources use: the constants of Messages.h and those of single windows.
-std::set<int> NumbersInSources() {
+// The text numbers in a file.
+std::set<int> NumbersIn(const fs::path& path) {
     std::set<int> numbers;
-    for (const char* folder : {"shell", "menu", "settings", "partedit"}) {
-        for (const auto& entry : fs::directory_iterator(fs::path(NESK_SOURCE_DIR) / folder)) {
-            if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
-            std::ifstream file(entry.path());
-            for (std::string line; std::getline(file, line);)
-                AddNumbers(line.substr(0, line.find("//")), numbers);
-        }
-    }
-    // The largest number of children is not a text number.
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);)
+        AddNumbers(line.substr(0, line.find("//")), numbers);
+    // Limits of 16-bit numbers are not text numbers.
     numbers.erase(32767);
     numbers.erase(32768);
     return numbers;
 }
 
+const fs::path Sources = NESK_SOURCE_DIR;
+const fs::path Names = Sources / "base" / "Messages.h";
+
 class MessagesTest : public testing::CoreTest {};
 
 TEST_F(MessagesTest, EveryNumberThatTheCodeUsesHasAText) {
-    const std::set<int> numbers = NumbersInSources();
-    ASSERT_GT(numbers.size(), 50u);
+    const std::set<int> numbers = NumbersIn(Names);
+    ASSERT_GT(numbers.size(), 250u);
     for (const int number : numbers) {
         const std::string text = modStringRes::LoadResString(number);
         EXPECT_EQ(text.find(std::to_string(number)), std::string::npos) << text;
         EXPECT_NE(text, "Error: Resource File Not Found") << number;
     }
+}
+
+TEST_F(MessagesTest, EveryNumberStandsInOnePlace) {
+    int files = 0;
+    for (const char* folder :
+         {"base", "editing", "menu", "partedit", "platform", "settings", "shell", "widgets"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(Sources / folder)) {
+            const fs::path& path = entry.path();
+            if ((path.extension() != ".h" && path.extension() != ".cpp") || path == Names) continue;
+            ++files;
+            for (const int number : NumbersIn(path))
+                ADD_FAILURE() << path << " uses the number " << number << " instead of its name";
+        }
+    }
+    EXPECT_GT(files, 300);
 }
 
 TEST_F(MessagesTest, EveryCommandHasACaptionAndAHelpLine) {
