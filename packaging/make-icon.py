@@ -17,7 +17,7 @@ def main():
     folder = pathlib.Path(__file__).resolve().parent
     images = [subprocess.run(["rsvg-convert", "-w", str(size), "-h", str(size), folder / "NeskManager.svg"],
                              check=True, capture_output=True).stdout for size in SIZES]
-    # A header, then a directory entry an image, then the images as PNG. A size of 256 is written as 0.
+    # A header, then one directory entry per image, then the images as PNG. A size of 256 is written as 0.
     header = struct.pack("<HHH", 0, 1, len(SIZES))
     offset = len(header) + 16 * len(SIZES)
     directory = b""

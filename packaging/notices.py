@@ -58,7 +58,7 @@ Copyright Free Software Foundation, Inc. They are linked under the GCC Runtime L
 (https://www.gnu.org/licenses/gcc-exception-3.1.html), which sets no terms for a program that a compiler of GCC made.
 """
 
-# The beginning of a library's file name, and whose it is.
+# The beginning of a library's file name, and the project that it belongs to.
 DEBIAN = [
     ("libwx_", "wxWidgets"),
     ("libsqlite3.", "SQLite"),
@@ -164,7 +164,7 @@ def main():
         sys.exit(textwrap.dedent(__doc__))
     sections = (windows if sys.argv[1] == "windows" else debian)(sys.argv[2])
     text = ("\n" + "=" * 100 + "\n\n").join(sections)
-    # Windows' editor of old shows a file without CR as one line.
+    # Older versions of the Windows text editor show a file without CR as one line.
     newline = "\r\n" if sys.argv[1] == "windows" else "\n"
     pathlib.Path(sys.argv[3]).write_text(text, encoding="utf-8", newline=newline)
 

@@ -1,4 +1,4 @@
-# Checks of packages. Sourced with the name of what is checked in $subject.
+# Functions that check packages. Set $subject to the name of the checked package before you source this file.
 # shellcheck shell=bash disable=SC2154
 
 fail() {
@@ -18,7 +18,7 @@ absent() {
   for path in "$@"; do [[ ! -e $path && ! -L $path ]] || fail "$path is there"; done
 }
 
-# names FILE TEXT...: each text is in the file, whatever kind of space its words have between them.
+# names FILE TEXT...: checks that the file contains each text; any white space may separate the words.
 names() {
   local file=$1 text contents
   shift
@@ -27,7 +27,7 @@ names() {
   for text in "$@"; do [[ $contents == *"$text"* ]] || fail "$(basename "$file") has no \"$text\""; done
 }
 
-# wait_for WHAT COMMAND...: until the command succeeds, for half a minute at the most.
+# wait_for WHAT COMMAND...: waits until the command succeeds, for at most half a minute.
 wait_for() {
   local what=$1 i
   shift
@@ -40,7 +40,7 @@ wait_for() {
 
 window() { xdotool search --onlyvisible --name '^NeskManager'; }
 
-# starts COMMAND...: the program shows its main window, and ends when that is closed.
+# starts COMMAND...: checks that the program shows its main window and ends when the window is closed.
 starts() {
   local program id
   "$@" &

@@ -1,4 +1,4 @@
-# Drives the real program by key presses, for the demonstration and the end-to-end tests. Source it inside a display.
+# Controls the real program by key presses, for the demonstration and the end-to-end tests. Source it inside a display.
 # shellcheck shell=bash
 
 pid=
@@ -6,8 +6,8 @@ window=
 
 fail() { echo "FAILED: $*" >&2; exit 1; }
 
-# start PROGRAM [VARIABLE]: starts the program and waits for its main window; the number of its process and of its window
-# are left in pid and window.
+# start PROGRAM: starts the program and waits for its main window. Sets pid to the id of its process and window to the
+# id of its window.
 start() {
   "$1" &
   pid=$!
@@ -25,14 +25,14 @@ find_window() {
   window=$(xdotool search --all --onlyvisible --pid "$pid" --name '^NeskManager( \*)?$' 2>/dev/null | head -1)
   [[ -n $window ]]
 }
-# find_dialog TITLE: waits for nothing; leaves the number of the program's window of that title in dialog.
+# find_dialog TITLE: sets dialog to the id of the program's window with that title. Does not wait.
 find_dialog() {
   dialog=$(xdotool search --all --onlyvisible --pid "$pid" --name "^$1\$" 2>/dev/null | head -1)
   [[ -n $dialog ]]
 }
 no_dialog() { ! find_dialog "$1"; }
 
-# until_true WHAT COMMAND...: waits until a command succeeds; WHAT names what was waited for.
+# until_true WHAT COMMAND...: waits until a command succeeds. WHAT describes the expected event in the error message.
 until_true() {
   local what=$1
   shift
@@ -54,7 +54,7 @@ expect_end() {
   for ((i = 0; i < 100; ++i)); do has_ended && return 0; sleep 0.1; done
   fail "the program did not end"
 }
-# is_centred: the main window, without the frame that the window manager gives it, is in the middle of the screen.
+# is_centred: succeeds if the main window, without its frame, is in the middle of the screen, within 40 pixels.
 is_centred() {
   local place left top width height
   place=$(xwininfo -id "$window")
