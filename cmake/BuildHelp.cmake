@@ -1,6 +1,6 @@
 # Compiles the help: cmake -DCHMCMD=compiler -DSOURCE=folder -DOUTPUT=file.chm -DWORK=folder -P BuildHelp.cmake
 #
-# The compiler writes beside its project file, so it works on a copy of the sources.
+# The compiler writes its output next to its project file, so it works on a copy of the sources.
 cmake_minimum_required(VERSION 3.25)
 
 foreach(name CHMCMD SOURCE OUTPUT WORK)
@@ -20,6 +20,6 @@ if(NOT result EQUAL 0 OR NOT EXISTS ${WORK}/${name}.chm)
   message(FATAL_ERROR "${CHMCMD} failed (${result}):\n${log}")
 endif()
 
-# The work folder may lie on another disk; the help file appears whole or not at all.
+# The work folder may be on another disk, so copy first and then rename: the help file is never incomplete.
 file(COPY_FILE ${WORK}/${name}.chm ${OUTPUT}.new)
 file(RENAME ${OUTPUT}.new ${OUTPUT})

@@ -1,11 +1,11 @@
-# The example station, finished: the program copies it for its user, who needs neither Python nor a compiler.
+# Builds the complete example station. The program copies it for the user, who needs neither Python nor a compiler.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 add_executable(ImportSettings example/ImportSettings.cpp)
 target_link_libraries(ImportSettings PRIVATE nesk_platform)
 nesk_warnings(ImportSettings)
 
-# Beside the program, where it looks for it first.
+# The station is in the program's folder, where the program looks first.
 set(example_station ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/example-station)
 set(example_maker ${CMAKE_SOURCE_DIR}/example/make_station.py)
 add_custom_command(OUTPUT ${example_station}/registry.db

@@ -1,4 +1,4 @@
-# Compiles the help file beside the program.
+# Compiles the help file into the program's folder.
 find_program(CHMCMD chmcmd REQUIRED)
 
 file(GLOB help_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/help/*)

@@ -1,12 +1,12 @@
-# What is installed, and the packages made of it.
+# Lists the installed files and defines the packages.
 #
-# The program looks for its language libraries and its help file beside itself, so all of them share a folder.
+# The program looks for its language libraries and its help file in its own folder, so all are installed there.
 
 set(program_files ${text_outputs} ${help_file})
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
-# install_notices(FOLDER KIND SOURCE): what packaging/notices.py writes. It is made when the program is installed: a build
-# alone needs no texts of licences.
+# install_notices(FOLDER KIND SOURCE): installs the output of packaging/notices.py. The notices are written during
+# installation, because a build alone needs no licence texts.
 function(install_notices folder kind source)
   install(CODE "
     set(folder \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${folder}\")
@@ -25,7 +25,7 @@ else()
   set(program_folder ${CMAKE_INSTALL_LIBDIR}/neskmanager)
   install(TARGETS NeskManager RUNTIME DESTINATION ${program_folder} COMPONENT program)
   install(FILES ${program_files} DESTINATION ${program_folder} COMPONENT program)
-  # A relative link, so that the tree can be looked at in another place.
+  # The link is relative, so that it also works when the tree is installed under another root folder.
   install(CODE "
     file(MAKE_DIRECTORY \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR})
     file(CREATE_LINK ../${program_folder}/NeskManager
@@ -40,7 +40,7 @@ else()
 endif()
 
 if(WIN32)
-  # ./package makes the installer and the archive of what is installed.
+  # ./package makes the installer and the archive from the installed files.
   return()
 endif()
 set(CPACK_PACKAGE_NAME neskmanager)

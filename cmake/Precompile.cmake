@@ -1,6 +1,6 @@
-# nesk_precompile(TARGET KIND HEADER ... | REUSE_FROM OTHER): headers that most sources of a target include, and that take longer to compile
-# than the sources themselves. They are compiled once when NESK_PRECOMPILE names the kind. The development build does so
-# for the tests alone, so that every other file is known to include what it needs.
+# nesk_precompile(TARGET KIND HEADER ... | REUSE_FROM OTHER): precompiles headers that most sources of a target include
+# and that take longer to compile than the sources themselves. Does so only if NESK_PRECOMPILE names the kind. The
+# development build precompiles only for the tests, which proves that every other file includes the headers it needs.
 function(nesk_precompile target kind)
   if(NOT kind IN_LIST NESK_PRECOMPILE)
     return()

@@ -1,5 +1,5 @@
-# nesk_rooms(): the libraries that rooms.txt lists, each linked to the one before it. Sets NESK_CORE_LIBRARIES and
-# NESK_UI_LIBRARIES, and makes nesk_core and nesk_ui stand for all of a kind.
+# nesk_rooms(STATION): adds the libraries that rooms.txt lists and links each to the one before it. Sets
+# NESK_CORE_LIBRARIES and NESK_UI_LIBRARIES. The targets nesk_core and nesk_ui link all libraries of their kind.
 #
 # A file's name decides its kind: Form*, *App and Ui* use the toolkit, everything else is core.
 set(NESK_UI_NAMES "/(Form[A-Za-z]*|[A-Za-z]*App|Ui[A-Za-z]*)\\.cpp$")

@@ -1,4 +1,4 @@
-# Builds the language libraries, one a language and block, beside the program.
+# Builds the language libraries in the program's folder, one for each language and block of texts.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
 
 file(GLOB text_tables CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/languages/*.txt)
@@ -8,7 +8,7 @@ foreach(table ${text_tables})
   set(library ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name}.DLL)
   set(builder ${CMAKE_SOURCE_DIR}/languages/build.py)
   if(WIN32)
-    # A module that holds a string table and no code.
+    # The library is a module with a string table and no code.
     set(script ${CMAKE_BINARY_DIR}/texts/${name}.rc)
     if(MSVC)
       set(object ${CMAKE_BINARY_DIR}/texts/${name}.res)

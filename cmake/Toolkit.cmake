@@ -1,7 +1,7 @@
-# wxWidgets as one target.
+# Defines nesk_toolkit, one target for all of wxWidgets.
 add_library(nesk_toolkit INTERFACE)
 if(WIN32)
-  # The static build brings a description of itself, with all that it needs of the system.
+  # The static build installs a CMake package that lists all system libraries it needs.
   find_package(wxWidgets 3.2 REQUIRED CONFIG)
   target_link_libraries(nesk_toolkit INTERFACE wx::core wx::base)
 else()
@@ -10,7 +10,7 @@ else()
   target_compile_definitions(nesk_toolkit INTERFACE ${wxWidgets_DEFINITIONS})
   target_compile_options(nesk_toolkit INTERFACE ${wxWidgets_CXX_FLAGS})
   target_link_libraries(nesk_toolkit INTERFACE ${wxWidgets_LIBRARIES})
-  # The print dialog of the toolkit below, which can be used without printing.
+  # GTK's print dialog, which can be used without printing.
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(GTK_PRINT REQUIRED IMPORTED_TARGET gtk+-unix-print-3.0)
   target_link_libraries(nesk_toolkit INTERFACE PkgConfig::GTK_PRINT)

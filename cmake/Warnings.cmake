@@ -1,4 +1,4 @@
-# Warnings that every target of ours is built with.
+# Sets the warnings for all targets of this project.
 function(nesk_warnings target)
   if(MSVC)
     target_compile_options(${target} PRIVATE /W4 /utf-8)
@@ -9,7 +9,7 @@ function(nesk_warnings target)
   endif()
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast
     -Wcast-align -Woverloaded-virtual -Wconversion -Wsign-conversion -Wformat=2)
-  # GCC 12 warns of overlapping copies inside std::string where there are none (its bug 105329).
+  # GCC 12 wrongly warns about overlapping copies inside std::string (GCC bug 105329).
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(${target} PRIVATE -Wno-restrict)
   endif()

@@ -1,4 +1,4 @@
-# Tests that need a display: scripts/with-display gives them one.
+# Tests that need a display, which scripts/with-display provides.
 
 nesk_test_sources(gui_sources gui)
 add_executable(gui_tests ${gui_sources})
@@ -10,7 +10,7 @@ if(TARGET nesk_example)
   add_dependencies(gui_tests nesk_example)
 endif()
 if(NESK_SANITIZE)
-  # All in one process: each one would look for leaks at its end, which takes longer than most tests.
+  # Run all tests in one process: every process checks for leaks at its end, which takes longer than most tests.
   add_test(NAME gui.All COMMAND gui_tests --gtest_brief=1)
   set_tests_properties(gui.All PROPERTIES LABELS gui TIMEOUT 900 ${nesk_display_lock})
 else()
@@ -18,7 +18,7 @@ else()
 endif()
 
 if(WIN32)
-  # The same resources as the program's, so that windows look and scale as they do there.
+  # Use the program's resources, so that windows look and scale as in the program.
   nesk_windows_program(gui_tests)
   set_target_properties(gui_tests PROPERTIES WIN32_EXECUTABLE OFF)
   return()
@@ -27,7 +27,7 @@ endif()
 file(GLOB e2e_tests CONFIGURE_DEPENDS e2e/*.sh)
 foreach(script ${e2e_tests})
   cmake_path(GET script STEM name)
-  # On a display of its own each can run beside the others: most of its time it waits.
+  # Each test has its own display and mostly waits, so the tests can run in parallel.
   add_test(NAME e2e.${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/with-display
     bash ${script} $<TARGET_FILE_DIR:NeskManager> ${CMAKE_SOURCE_DIR})
   set_tests_properties(e2e.${name} PROPERTIES LABELS e2e TIMEOUT 180 COST 50)
