@@ -28,7 +28,7 @@ HISTORY = "D:\\History"
 
 # --- drawing -----------------------------------------------------------------------------------------------------
 
-# Every picture is drawn on this field, whatever size it is written in.
+# The size of the canvas on which every picture is drawn, independent of its size in the file.
 WIDTH, HEIGHT = 160, 120
 
 INK = (44, 62, 80)
@@ -541,7 +541,7 @@ MENU = [
          help_topic=500),
 ]
 
-# Programs of the repository that no button starts yet.
+# Programs in the repository that no button starts yet.
 SPARE_PROGRAMS = [
     ("Turbine\\BladeStage3", "Turbine blade, stage 3"),
     ("Trials\\Prototype7", "Gehäuse, Prototyp 7"),

@@ -23,7 +23,7 @@ from dataclasses import dataclass, field
 
 FORMAT_LINE = "NeskManager string table 1"
 BLOCK_SIZE = 1000
-# A text is read through a buffer of 1,024 bytes, of which one ends it.
+# A text is read through a buffer of 1,024 bytes; one byte is the terminator.
 MAX_BYTES = 1023
 
 DEFAULT_CODE_PAGE = 1252
@@ -145,7 +145,7 @@ def read_table(path):
         if problem:
             complain(problem)
             continue
-        # Without it, asking for a missing text would ask for a missing text.
+        # Without the placeholder, the lookup of a missing text would look up another missing text.
         if number == base and "%0%" not in text:
             complain(f"the base text {base} lacks the placeholder %0%")
             continue
@@ -168,14 +168,14 @@ def library_bytes(table):
 def resource_script(table):
     """The resource script that holds `table`. Characters that are not ASCII are written as their UTF-16 units, so
     that no code page matters."""
-    # Neutral: found whatever the language of the system is, as the library's name alone says its language.
+    # The neutral language is found on systems of every language. Only the library's name specifies its language.
     lines = ["LANGUAGE 0, 0", "STRINGTABLE", "BEGIN"]
     for number in sorted(table.strings):
         units = table.strings[number].encode("utf-16-le")
         text = ""
         for low, high in zip(units[::2], units[1::2]):
             plain = high == 0 and 32 <= low < 127 and chr(low) not in '"\\'
-            # Four digits always, so that a digit that follows is not taken for a fifth.
+            # Always write four digits, so that a following digit is not read as a fifth.
             text += chr(low) if plain else f"\\x{high:02X}{low:02X}"
         lines.append(f'  {number}, L"{text}"')
     lines.append("END")

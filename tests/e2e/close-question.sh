@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# File, Close asks about changes with Yes and No; Escape does not take the question away.
+# File, Close asks about changes with Yes and No; Escape does not close the question.
 source "$(dirname "$0")/station.bash"
 
 start "$program"

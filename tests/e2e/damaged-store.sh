@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A settings store that is no database gives a message, and the program goes on.
+# If the settings store is not a database, the program shows a message and continues.
 source "$(dirname "$0")/station.bash"
 
 rm -f "$NESKMANAGER_STATION"/registry.db*

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The program's main job: open, rename, add, save, exit. Everything else in the file stays as it was.
+# Tests the program's main job: open, rename, add, save, exit. The rest of the file does not change.
 source "$(dirname "$0")/station.bash"
 
 "$2/scripts/demo-edit" "$program" "$NESKMANAGER_STATION"

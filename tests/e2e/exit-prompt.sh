@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Exit asks about unsaved changes: Escape keeps the window, No leaves the file as it was.
+# Exit asks about unsaved changes: Escape keeps the window open, No leaves the file unchanged.
 source "$(dirname "$0")/station.bash"
 
 start "$program"

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Options and the access code are changed in their dialogs and found in the registry.
+# Changes the options and the access code in their dialogs and checks that the registry contains them.
 source "$(dirname "$0")/station.bash"
 shots=${3:-}
 
@@ -13,7 +13,7 @@ start "$program"
 keys alt+s o
 until_true "options" find_dialog "Options"
 shot options
-# The slide folder and the sample size.
+# Change the slide folder and the sample size.
 keys alt+s ctrl+a
 type_text "D:\\NewSlides\\"
 keys alt+z ctrl+a

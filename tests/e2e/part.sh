@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# A new part button gets its program from the repository tree, its pictures, help file and history, and all of it is found
-# in the menu file.
+# Gives a new part button a program from the repository tree, pictures, a help file and a history, and checks that the
+# menu file contains all of them.
 source "$(dirname "$0")/station.bash"
 shots=${3:-}
 
@@ -13,7 +13,7 @@ until_true "unsaved changes" is_dirty
 keys Return
 until_true "part editor" find_dialog "Part - Whole part"
 
-# The program: folders stand in the order of the file system, so the one wanted is sought by its first letters.
+# Choose the program. Folders are in the order of the file system, so find the folder by its first letters.
 keys alt+s
 until_true "part programs" find_dialog "Select Part Program"
 sleep 1
@@ -36,7 +36,7 @@ choose_file() {
   keys Return
   until_true "part editor without the file dialog" no_dialog "Choose a Picture"
 }
-# From the program's box, Tab goes to Select part, Edit part information, and the buttons of the two pictures.
+# From the program's box, Tab moves to Select part, Edit part information, and the buttons of the two pictures.
 keys alt+r Tab Tab Tab space
 choose_file "$drives/c/Neskroot/Pictures/menu_housing.bmp"
 keys alt+r Tab Tab Tab Tab Tab space

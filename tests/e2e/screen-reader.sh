@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# What assistive technology is told of the tree: a name, the rows with their captions, what is selected and expanded.
-# The display that tests run in has no bus for it, so the test begins one.
+# Assistive technology sees the tree's name, the rows with their captions, and which rows are selected and expanded.
+# The display of the tests has no bus for it, so this test starts one.
 if [[ ${NESKMANAGER_OWN_BUS:-} != 1 ]]; then
   exec env NESKMANAGER_OWN_BUS=1 NO_AT_BRIDGE=0 dbus-run-session -- bash "$0" "$@"
 fi

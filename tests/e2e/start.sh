@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A start, an opened menu and a dialog leave no complaint of the toolkit's on the error output.
+# Starting, opening a menu and opening a dialog cause no toolkit warnings on standard error.
 source "$(dirname "$0")/station.bash"
 
 complaints=$NESKMANAGER_STATION/complaints

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The station's folder vanishes while its menu is open: the menu stays open, goes to another place with Save as, and is
-# saved when the folder is back.
+# The station's folder disappears while its menu is open. The menu stays open, can be copied elsewhere with Save as, and
+# is saved when the folder is back.
 source "$(dirname "$0")/station.bash"
 copy=$(mktemp -d)/copy.cfg
 away=$NESKMANAGER_STATION-away

@@ -1,4 +1,4 @@
-# Makes a fresh example station for an end-to-end test. Source it with the arguments of the test: FOLDER OF THE PROGRAM,
+# Makes a new example station for an end-to-end test. Source it with the arguments of the test: FOLDER OF THE PROGRAM,
 # FOLDER OF THE SOURCES.
 # shellcheck shell=bash
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Two editors have the same menu open. The one that saves second asks, and keeps the other's version.
+# Two editors have the same menu open. The editor that saves second asks first, and keeps the other editor's version.
 source "$(dirname "$0")/station.bash"
 
 start "$program"
@@ -23,7 +23,7 @@ cmp "$NESKMANAGER_STATION/second.cfg" "$menu" || fail "overwritten without conse
 keys alt+y
 until_true "first editor's save" is_clean
 grep -aq "CAPTION=By the first" "$menu" || fail "the first editor's change is not in the file"
-# Under a name with its date, which the next save does not take.
+# The version is kept under a name with its date, so the next save does not overwrite it.
 keys F2
 type_text "By the first again"
 keys Return ctrl+s

@@ -1,18 +1,18 @@
 #!/usr/bin/env bash
-# What is typed into the tree searches. Neither spaces, nor Enter after a search that found nothing, nor a key whose command
-# is disabled lets it reach a dialog: the menu file stays as it is.
+# Typing in the tree searches. Spaces, Enter after a search without a result, and keys of disabled commands do not send
+# the typed text to a dialog, so the menu file does not change.
 source "$(dirname "$0")/station.bash"
 
 start "$program"
 keys ctrl+o Home
 type_text "Daily check"
-# Enter edits the part that was found.
+# Enter opens the editor for the found part.
 keys Return
 until_true "the part editor" find_dialog "Part - Daily check of the machine"
 keys Escape
 until_true "the part editor closed" no_dialog "Part - Daily check of the machine"
 
-# A part has no children, so that Ctrl+N does nothing: what follows is no caption.
+# A part cannot have children, so Ctrl+N does nothing and the text typed next is not a caption.
 for name in Xenon Yttrium Zinc; do
   keys ctrl+n
   type_text "$name"

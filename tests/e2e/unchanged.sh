@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A menu that is opened and saved is the same, byte for byte; closing and exiting ask nothing then.
+# Opening and saving a menu leaves its file unchanged, byte for byte; closing and exiting then ask no question.
 source "$(dirname "$0")/station.bash"
 
 start "$program"
