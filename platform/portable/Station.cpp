@@ -25,7 +25,7 @@ std::filesystem::path DefaultStationFolder() {
     if (const std::string folder = Environment("NESKMANAGER_STATION"); !folder.empty())
         return std::filesystem::absolute(folder).lexically_normal();
     std::filesystem::path data = Environment("XDG_DATA_HOME");
-    // The XDG base directory specification requires that a relative path is ignored.
+    // The XDG base directory rules require that a relative path is ignored.
     if (!data.is_absolute()) data = std::filesystem::path(Environment("HOME")) / ".local" / "share";
     return data / "neskmanager" / "station";
 }

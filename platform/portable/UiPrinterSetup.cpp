@@ -42,7 +42,7 @@ Printers FindPrinters(const std::string& wanted) {
     return printers;
 }
 
-// The part of a dialog with the given builder name; null when there is none.
+// Finds the widget of a dialog that has the given builder name. Returns null if no widget has that name.
 GtkWidget* FindPart(GtkWidget* whole, std::string_view name) {
     const char* const own = GTK_IS_BUILDABLE(whole) ? gtk_buildable_get_name(GTK_BUILDABLE(whole)) : nullptr;
     if (own != nullptr && own == name) return whole;
