@@ -1,0 +1,87 @@
+// Rows of a tree view, dragged with the mouse.
+
+#include "gui/TreeViewFixture.h"
+
+namespace nesk::testing {
+namespace {
+
+using platform::TreeDrop;
+using platform::TreeNode;
+using platform::TreeView;
+
+TEST_F(TreeViewTest, ARowIsDraggedBetweenOthers) {
+    Show();
+    view->Expand(*games);
+    Settle();
+    Drag(games->Child(0), PointIn(games->Child(2), 0.9));
+    EXPECT_EQ(dropped, "Chess moved after Open file");
+    Drag(games->Child(3), PointIn(games->Child(0), 0.1));
+    EXPECT_EQ(dropped, "Open folder moved before Chess");
+}
+
+TEST_F(TreeViewTest, ARowIsDraggedIntoAnother) {
+    Show();
+    view->Expand(*games);
+    Settle();
+    TreeDrop marked;
+    Drag(games->Child(1), PointIn(*many), [&] { marked = view->Marked(); });
+    EXPECT_EQ(dropped, "Go moved into Long menu");
+    EXPECT_EQ(marked.node, many);
+    EXPECT_EQ(marked.where, TreeDrop::Where::On);
+    EXPECT_EQ(view->Marked().node, nullptr) << "the mark goes with the drag";
+}
+
+#ifdef NESK_PORTABLE_STATION
+// During a drag Wine does not notice a simulated key.
+TEST_F(TreeViewTest, ControlCopies) {
+    Show();
+    view->Expand(*games);
+    Settle();
+    Drag(games->Child(1), PointIn(*many), nullptr, WXK_CONTROL);
+    EXPECT_EQ(dropped, "Go copied into Long menu");
+}
+#endif
+
+TEST_F(TreeViewTest, SeveralRowsAreDraggedTogether) {
+    Show(true);
+    view->Expand(*games);
+    view->SelectAll({&games->Child(0), &games->Child(1)}, &games->Child(1));
+    Settle();
+    Drag(games->Child(0), PointIn(*many));
+    EXPECT_EQ(dropped, "Chess Go moved into Long menu");
+}
+
+TEST_F(TreeViewTest, WhatMayNotBeIsNotDropped) {
+    Show();
+    view->Expand(*games);
+    view->Append(games->Child(1), Leaf("Inner"));
+    Settle();
+    Drag(games->Child(0), PointIn(games->Child(1)));
+    EXPECT_EQ(dropped, "Chess moved into Go") << "which can hold others";
+    dropped.clear();
+    Drag(*games, PointIn(games->Child(1)));
+    EXPECT_EQ(dropped, "") << "into its own subtree";
+    view->on.mayDrop = [](const std::vector<TreeNode*>&, const TreeDrop&) { return false; };
+    Drag(games->Child(0), PointIn(*many));
+    EXPECT_EQ(dropped, "");
+}
+
+TEST_F(TreeViewTest, ADragCanBeCalledOff) {
+    Show();
+    view->Expand(*games);
+    Settle();
+    Drag(games->Child(1), PointIn(*many), [] { wxUIActionSimulator().Char(WXK_ESCAPE); });
+    EXPECT_EQ(dropped, "");
+    EXPECT_EQ(view->Marked().node, nullptr);
+}
+
+TEST_F(TreeViewTest, BelowAnOpenNodeIsItsFirstChild) {
+    Show();
+    view->Expand(*games);
+    Settle();
+    Drag(*tools, PointIn(*games, 0.95));
+    EXPECT_EQ(dropped, "Tools moved before Chess");
+}
+
+} // namespace
+} // namespace nesk::testing
