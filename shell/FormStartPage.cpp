@@ -98,8 +98,10 @@ void FormStartPage::ShowChoices(const StartChoices& choices) {
     for (const StepButton& info : StepButtons) {
         wxButton* button = MemberOf(info.step);
         if (button == nullptr) continue;
-        // The language may have changed together with the station.
-        button->SetLabel(ResText(info.text));
+        // The language may have changed together with the station. On GTK, a new label stays blank until the
+        // next frame, so an equal one is left alone.
+        const wxString text = ResText(info.text);
+        if (button->GetLabel() != text) button->SetLabel(text);
         // A button that stays visible is not hidden in between: on Windows it would lose the focus.
         const auto& steps = m_choices.steps;
         button->Show(std::find(steps.begin(), steps.end(), info.step) != steps.end());

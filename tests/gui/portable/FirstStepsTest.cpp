@@ -82,9 +82,13 @@ TEST_F(FirstStepsTest, AStationWhoseSettingsAreDamagedLeavesTheButtonsTheirTexts
     dialogs.Answer(wxID_OK);
     Take(window->pgStart->cmdOpenStation);
     EXPECT_EQ(platform::StationFolderName(), damaged.string());
-    EXPECT_EQ(DrawnText(*window->pgStart->cmdChooseRoot), "Choose the root folder...");
-    EXPECT_EQ(DrawnText(*window->pgStart->cmdCreateStation), "Create a station...");
-    EXPECT_EQ(DrawnText(*window->pgStart->cmdOpenStation), "Open another station...");
+    // A changed label gets its place with the next frame.
+    const auto shows = [](const wxButton* button, const std::string& text) {
+        return WaitUntil([&] { return DrawnText(*button) == text; });
+    };
+    EXPECT_TRUE(shows(window->pgStart->cmdChooseRoot, "Choose the root folder..."));
+    EXPECT_TRUE(shows(window->pgStart->cmdCreateStation, "Create a station..."));
+    EXPECT_TRUE(shows(window->pgStart->cmdOpenStation, "Open another station..."));
 }
 
 TEST_F(FirstStepsTest, CallingOffChangesNothing) {
