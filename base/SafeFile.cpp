@@ -4,6 +4,7 @@
 #include "base/Messages.h"
 #include "base/Paths.h"
 #include "platform/ErrorCode.h"
+#include "platform/TemporaryName.h"
 
 #include <utility>
 
@@ -12,9 +13,6 @@ namespace nesk {
 namespace {
 
 namespace ErrorCode = platform::ErrorCode;
-
-// Number of names tried for the new file; other editors that save at the same time may use some of them.
-constexpr int TemporaryNames = 100;
 
 // The error of a failed step. PathNotFound means that the folder is missing, so the message names the folder.
 NeskError Failure(int result, const std::string& path) {
@@ -46,9 +44,8 @@ SafeFile::~SafeFile() {
 void SafeFile::CreateTemporary() {
     int result = ErrorCode::AlreadyExists;
     std::string name;
-    for (int i = 1; i <= TemporaryNames && result == ErrorCode::AlreadyExists; ++i) {
-        // Users do not give their own files such names, so a file left by a killed editor can be removed.
-        name = m_path + ".nesk" + (i > 1 ? std::to_string(i) : "") + "~";
+    for (int i = 1; i <= platform::TemporaryNames && result == ErrorCode::AlreadyExists; ++i) {
+        name = platform::TemporaryName(m_path, i);
         result = m_files.CreateNew(name, m_writer);
         if (result == ErrorCode::AlreadyExists && m_files.RemoveAbandoned(name) == ErrorCode::Success)
             result = m_files.CreateNew(name, m_writer);

@@ -1,4 +1,5 @@
 #include "base/Messages.h"
+#include "platform/Utf8.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
@@ -22,7 +23,7 @@ constexpr std::size_t LongestArgument = 1000;
 std::string Shortened(const std::string& text) {
     if (text.size() <= LongestArgument) return text;
     std::size_t length = LongestArgument;
-    while (length > 0 && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80)
+    while (length > 0 && platform::ContinuesCharacter(text[length]))
         --length;
     return text.substr(0, length) + "...";
 }

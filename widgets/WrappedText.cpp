@@ -1,5 +1,7 @@
 #include "widgets/WrappedText.h"
 
+#include "platform/Utf8.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -10,17 +12,12 @@ namespace {
 // A zero-width character marks this line break, to distinguish it from the line breaks of the text.
 constexpr std::string_view WordBreak = "\xE2\x80\x8B\n";
 
-// True for the first byte of a character.
-bool BeginsCharacter(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-}
-
 // The start of the character at `at`. When this is the first character, the position after it.
 std::size_t CharacterAt(std::string_view text, std::size_t at) {
-    while (at > 0 && at < text.size() && !BeginsCharacter(text[at]))
+    while (at > 0 && at < text.size() && platform::ContinuesCharacter(text[at]))
         --at;
     if (at == 0)
-        for (at = 1; at < text.size() && !BeginsCharacter(text[at]);)
+        for (at = 1; at < text.size() && platform::ContinuesCharacter(text[at]);)
             ++at;
     return std::min(at, text.size());
 }

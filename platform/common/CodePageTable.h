@@ -8,6 +8,16 @@
 
 namespace nesk::platform::common {
 
+/// The bytes of a character as one number: first * 256 + second for two bytes. 0 for no bytes and for more
+/// than two.
+constexpr std::uint16_t CodeOf(std::string_view bytes) {
+    if (bytes.empty() || bytes.size() > 2) return 0;
+    std::uint16_t code = 0;
+    for (const char c : bytes)
+        code = static_cast<std::uint16_t>(code * 256 + static_cast<unsigned char>(c));
+    return code;
+}
+
 /// An ANSI code page as Windows defines it: bytes below 0x80 are ASCII, every other character takes one or
 /// two bytes. Tables are immutable, so any thread may use them.
 class CodePageTable {
@@ -35,7 +45,7 @@ public:
         return character;
     }
 
-    /// The bytes of a character; a two-byte character is first * 256 + second. 0 when the code page lacks the
+    /// The bytes of a character in the form of CodeOf. 0 when the code page lacks the
     /// character, and for U+0000 to U+007F. For a character with several codes this is the code that Windows
     /// writes. Every character returned by Decode can be encoded.
     std::uint16_t Encode(char32_t character) const {

@@ -3,8 +3,8 @@
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
 #include "platform/TextEncoding.h"
+#include "platform/Utf8.h"
 #include "platform/common/ProfileText.h"
-#include "platform/common/Utf8.h"
 
 #include <algorithm>
 #include <memory>

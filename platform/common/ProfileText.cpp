@@ -2,7 +2,7 @@
 
 #include "platform/ErrorCode.h"
 #include "platform/TextEncoding.h"
-#include "platform/common/Utf8.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 
@@ -49,7 +49,7 @@ bool ProfileLine::NameIs(std::string_view text) const {
     if (kept.size() < name.Length()) return false;
     std::string utf8;
     for (const char32_t character : kept)
-        common::Utf8Append(utf8, character);
+        Utf8Append(utf8, character);
     return EqualNoCase(utf8, text);
 }
 
@@ -67,12 +67,12 @@ std::string ProfileLine::Value(std::size_t longest) const {
     std::string text;
     std::size_t bytes = 0;
     for (char32_t character : content) {
-        const bool single = character < 0x80 || character >= common::EscapeBase;
+        const bool single = character < 0x80 || character >= EscapeBase;
         const std::uint16_t code = single ? std::uint16_t{1} : codePage.Encode(character);
         if (code == 0) character = '?';
         bytes += code > 0xFF ? 2 : 1;
         if (bytes > longest) break;
-        common::Utf8Append(text, character);
+        Utf8Append(text, character);
     }
     return text;
 }
@@ -123,7 +123,7 @@ bool ProfileReader::NextCharacter(char32_t& character) {
         // decoded.
         Require(2);
         character = m_codePage.Decode({m_buffer.data() + m_at, m_end - m_at}, length);
-        if (character == 0) character = common::EscapeBase + byte;
+        if (character == 0) character = EscapeBase + byte;
     }
     m_at += length;
     return true;

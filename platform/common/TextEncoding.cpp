@@ -1,8 +1,8 @@
 #include "platform/TextEncoding.h"
 
+#include "platform/Utf8.h"
 #include "platform/common/CodePageTable.h"
 #include "platform/common/StationText.h"
-#include "platform/common/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -13,8 +13,8 @@ namespace nesk::platform {
 
 namespace {
 
+using common::CodeOf;
 using common::CodePageTable;
-using common::EscapeBase;
 
 struct LanguageCodePage {
     int languageId;
@@ -28,14 +28,6 @@ constexpr std::array<LanguageCodePage, 25> Languages{{
     {1049, 1251}, {1058, 1251}, {1059, 1251}, {1032, 1253}, {1055, 1254}, {1037, 1255}, {1025, 1256},
     {1061, 1257}, {1062, 1257}, {1063, 1257}, {1066, 1258},
 }};
-
-// The bytes of one character in the form of CodePageTable::Encode.
-std::uint16_t CodeOf(std::string_view bytes) {
-    unsigned code = 0;
-    for (const char c : bytes)
-        code = code * 256 + static_cast<unsigned char>(c);
-    return static_cast<std::uint16_t>(code);
-}
 
 // Checks eight bytes at a time: the function is called for every text that is loaded or saved, and nearly all
 // of them are ASCII.
@@ -66,7 +58,7 @@ int CodePage() {
 std::string FromAnsi(std::string_view bytes) {
     if (IsAscii(bytes)) return std::string(bytes);
     const CodePageTable& codePage = common::SelectedCodePage();
-    if (codePage.CodePage() == CodePageTable::Utf8) return common::Utf8FromBytes(bytes);
+    if (codePage.CodePage() == CodePageTable::Utf8) return Utf8FromBytes(bytes);
     std::string text;
     text.reserve(bytes.size() * 2);
     bool afterKept = false;
@@ -84,7 +76,7 @@ std::string FromAnsi(std::string_view bytes) {
                    (afterKept && codePage.Encode(character) != CodeOf(bytes.substr(0, length)));
             // Only the offending byte is escaped; the next byte may begin a valid character.
             if (keep) length = 1;
-            common::Utf8Append(text, keep ? EscapeBase + byte : char32_t{character});
+            Utf8Append(text, keep ? EscapeBase + byte : char32_t{character});
         }
         afterKept = keep;
         bytes.remove_prefix(length);
@@ -99,9 +91,9 @@ std::optional<std::string> ToAnsi(std::string_view text) {
     std::string bytes;
     bytes.reserve(text.size());
     while (!text.empty()) {
-        const std::size_t length = common::Utf8Length(text);
+        const std::size_t length = Utf8Length(text);
         if (length == 0) return std::nullopt;
-        const char32_t character = common::Utf8Decode(text.substr(0, length));
+        const char32_t character = Utf8Decode(text.substr(0, length));
         text.remove_prefix(length);
         if (character < 0x80) {
             bytes += static_cast<char>(character);
@@ -110,7 +102,7 @@ std::optional<std::string> ToAnsi(std::string_view text) {
             // corrupt the file.
             bytes += static_cast<char>(character - EscapeBase);
         } else if (isUtf8) {
-            common::Utf8Append(bytes, character);
+            Utf8Append(bytes, character);
         } else {
             const std::uint16_t code = codePage.Encode(character);
             if (code == 0) return std::nullopt;
@@ -123,7 +115,7 @@ std::optional<std::string> ToAnsi(std::string_view text) {
 
 std::string FirstNotEncodable(std::string_view text) {
     while (!text.empty()) {
-        const std::string_view character = text.substr(0, std::max<std::size_t>(common::Utf8Length(text), 1));
+        const std::string_view character = text.substr(0, std::max<std::size_t>(Utf8Length(text), 1));
         if (!ToAnsi(character)) return std::string(character);
         text.remove_prefix(character.size());
     }
@@ -135,13 +127,13 @@ std::string ToUpper(std::string_view text) {
     upper.reserve(text.size());
     while (!text.empty()) {
         const char c = text.front();
-        const std::size_t length = common::Utf8Length(text);
+        const std::size_t length = Utf8Length(text);
         if (static_cast<unsigned char>(c) < 0x80) {
             upper += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
         } else if (length == 0) {
             upper += c;
         } else {
-            common::Utf8Append(upper, common::UpperCase(common::Utf8Decode(text.substr(0, length))));
+            Utf8Append(upper, common::UpperCase(Utf8Decode(text.substr(0, length))));
         }
         text.remove_prefix(length == 0 ? 1 : length);
     }

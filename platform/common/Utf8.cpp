@@ -1,6 +1,6 @@
-#include "platform/common/Utf8.h"
+#include "platform/Utf8.h"
 
-namespace nesk::platform::common {
+namespace nesk::platform {
 
 std::size_t Utf8Length(std::string_view text) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
@@ -9,12 +9,21 @@ std::size_t Utf8Length(std::string_view text) {
     const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
     if (lead < 0xC2 || lead > 0xF4 || text.size() < length) return 0;
     for (std::size_t i = 1; i < length; ++i)
-        if ((byte(i) & 0xC0) != 0x80) return 0;
+        if (!ContinuesCharacter(text[i])) return 0;
     const unsigned char second = byte(1);
     const bool overlong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
     const bool surrogate = lead == 0xED && second > 0x9F;
     const bool tooLarge = lead == 0xF4 && second > 0x8F;
     return overlong || surrogate || tooLarge ? 0 : length;
+}
+
+bool IsUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = Utf8Length(text);
+        if (length == 0) return false;
+        text.remove_prefix(length);
+    }
+    return true;
 }
 
 char32_t Utf8Decode(std::string_view character) {
@@ -65,4 +74,4 @@ std::string Utf8FromBytes(std::string_view bytes) {
     return text;
 }
 
-} // namespace nesk::platform::common
+} // namespace nesk::platform

@@ -1,7 +1,7 @@
 #include "platform/portable/FileNames.h"
 
 #include "platform/TextEncoding.h"
-#include "platform/common/Utf8.h"
+#include "platform/Utf8.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -9,8 +9,6 @@
 namespace nesk::platform::portable {
 
 namespace {
-
-using common::Utf8Length;
 
 // The four bytes of U+10FE00 + byte: F4 8F B8..BB 80..BF.
 constexpr std::string_view EscapeLead = "\xF4\x8F";
@@ -30,7 +28,7 @@ std::size_t CharacterLength(std::string_view text) {
 } // namespace
 
 std::string NameFromHost(std::string_view bytes) {
-    return common::Utf8FromBytes(bytes);
+    return Utf8FromBytes(bytes);
 }
 
 std::string NameToHost(std::string_view name) {

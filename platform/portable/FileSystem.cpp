@@ -1,6 +1,7 @@
 #include "platform/FileSystem.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/TemporaryName.h"
 #include "platform/portable/FileHandle.h"
 #include "platform/portable/FileLock.h"
 #include "platform/portable/FileNames.h"
@@ -394,10 +395,9 @@ private:
     // Creates the temporary file for a copy; returns 0 or an errno value. A file left by a killed program is
     // deleted; a file in use by another program is skipped.
     static int CreateBeside(const fs::path& target, fs::path& temporary, FileHandle& handle) {
-        constexpr int Names = 100;
         int error = EEXIST;
-        for (int i = 1; i <= Names && error == EEXIST; ++i) {
-            temporary = target.string() + ".nesk" + (i > 1 ? std::to_string(i) : "") + "~";
+        for (int i = 1; i <= TemporaryNames && error == EEXIST; ++i) {
+            temporary = TemporaryName(target.string(), i);
             error = portable::CreateLocked(temporary, handle);
             if (error == EEXIST && portable::RemoveUnlocked(temporary) == 0)
                 error = portable::CreateLocked(temporary, handle);

@@ -1,7 +1,5 @@
-#include "platform/HelpViewer.h"
+#include "platform/common/HelpStart.h"
 
-#include "platform/ErrorCode.h"
-#include "platform/FileSystem.h"
 #include "platform/portable/Station.h"
 #include "platform/portable/ViewerProcess.h"
 
@@ -19,12 +17,6 @@ portable::ViewerProcess& Viewer() {
     return viewer;
 }
 
-bool FileExists(const std::string& file) {
-    std::uint32_t attributes = 0;
-    return StationFiles().Attributes(file, attributes) == ErrorCode::Success &&
-           (attributes & FileAttribute::Directory) == 0;
-}
-
 std::string ViewerName() {
     const char* name = std::getenv("NESKMANAGER_HELPVIEWER");
     return name != nullptr && *name != '\0' ? name : "xchm";
@@ -32,8 +24,7 @@ std::string ViewerName() {
 
 } // namespace
 
-HelpResult ShowHtmlHelp(void*, const std::string& file, unsigned command, std::uint32_t data) {
-    if (!FileExists(file)) return HelpResult::FileMissing;
+HelpResult common::StartHtmlHelp(void*, const std::string& file, unsigned command, std::uint32_t data) {
     std::vector<std::string> arguments{ViewerName()};
     if (command == HtmlHelpCommand::Topic) arguments.insert(arguments.end(), {"-c", std::to_string(data)});
     arguments.push_back(portable::ToHostPath(file).string());
@@ -47,8 +38,8 @@ HelpResult ShowHtmlHelp(void*, const std::string& file, unsigned command, std::u
     }
 }
 
-HelpResult ShowClassicHelp(void*, const std::string& file, unsigned, std::uint32_t) {
-    return FileExists(file) ? HelpResult::FormatNotSupported : HelpResult::FileMissing;
+HelpResult common::StartClassicHelp(void*, const std::string&, unsigned, std::uint32_t) {
+    return HelpResult::FormatNotSupported;
 }
 
 } // namespace nesk::platform

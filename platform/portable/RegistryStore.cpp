@@ -2,6 +2,7 @@
 
 #include "platform/ErrorCode.h"
 #include "platform/TextEncoding.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 #include <utility>
@@ -90,8 +91,8 @@ std::vector<std::string> Levels(const std::string& path) {
 }
 
 std::size_t CharacterCount(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(
-        text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+    return static_cast<std::size_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return !ContinuesCharacter(c); }));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
 #include "platform/TextEncoding.h"
+#include "platform/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -50,32 +51,6 @@ std::optional<std::string> ReadWhole(const std::string& path) {
         content.append(buffer.data(), count);
         if (content.size() > maxFileSize) return std::nullopt;
     }
-}
-
-// Length in bytes of the first UTF-8 character of a non-empty text; 0 when it is malformed.
-std::size_t CharacterLength(std::string_view text) {
-    const auto byte = [text](std::size_t index) { return static_cast<unsigned char>(text[index]); };
-    const unsigned lead = byte(0);
-    if (lead < 0x80) return 1;
-    if (lead < 0xC2 || lead > 0xF4) return 0;
-    const std::size_t length = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-    if (text.size() < length) return 0;
-    for (std::size_t index = 1; index < length; ++index)
-        if ((byte(index) & 0xC0U) != 0x80) return 0;
-    // Rejects overlong forms, surrogates, and code points beyond U+10FFFF.
-    const unsigned second = byte(1);
-    if ((lead == 0xE0 && second < 0xA0) || (lead == 0xED && second >= 0xA0)) return 0;
-    if ((lead == 0xF0 && second < 0x90) || (lead == 0xF4 && second >= 0x90)) return 0;
-    return length;
-}
-
-bool IsUtf8(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t length = CharacterLength(text);
-        if (length == 0) return false;
-        text.remove_prefix(length);
-    }
-    return true;
 }
 
 std::optional<std::string> Unescape(std::string_view text) {
@@ -132,7 +107,7 @@ std::string Encode(std::string_view text, std::size_t capacity) {
         return std::move(*whole);
     std::string bytes;
     while (!text.empty()) {
-        const std::size_t length = CharacterLength(text);
+        const std::size_t length = Utf8Length(text);
         const std::string character = ToAnsi(text.substr(0, length)).value_or("?");
         if (bytes.size() + character.size() > capacity) break;
         bytes += character;

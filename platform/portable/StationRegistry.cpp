@@ -3,6 +3,7 @@
 #include "platform/ErrorCode.h"
 #include "platform/Registry.h"
 #include "platform/TextEncoding.h"
+#include "platform/Utf8.h"
 #include "platform/portable/BusyWait.h"
 #include "platform/portable/RegistryStore.h"
 #include "platform/portable/Station.h"
@@ -44,7 +45,7 @@ std::string Narrow(const std::string& text) {
     std::string bytes;
     for (std::size_t at = 0; at < text.size();) {
         std::size_t length = 1;
-        while (at + length < text.size() && (static_cast<unsigned char>(text[at + length]) & 0xC0) == 0x80)
+        while (at + length < text.size() && ContinuesCharacter(text[at + length]))
             ++length;
         bytes += ToAnsi(std::string_view(text).substr(at, length)).value_or("?");
         at += length;

@@ -1,7 +1,5 @@
-#include "platform/HelpViewer.h"
+#include "platform/common/HelpStart.h"
 
-#include "platform/ErrorCode.h"
-#include "platform/FileSystem.h"
 #include "platform/TextEncoding.h"
 #include "platform/windows/HtmlHelpLibrary.h"
 #include "platform/windows/WinHelp.h"
@@ -12,12 +10,6 @@
 namespace nesk::platform {
 
 namespace {
-
-bool FileExists(const std::string& file) {
-    std::uint32_t attributes = 0;
-    return StationFiles().Attributes(file, attributes) == ErrorCode::Success &&
-           (attributes & FileAttribute::Directory) == 0;
-}
 
 windows::WinHelpFunction& ClassicViewer() {
     static windows::WinHelpFunction function = ::WinHelpA;
@@ -32,16 +24,15 @@ windows::WinHelpFunction windows::SetWinHelp(WinHelpFunction function) {
     return before;
 }
 
-HelpResult ShowHtmlHelp(void* owner, const std::string& file, unsigned command, std::uint32_t data) {
+HelpResult common::StartHtmlHelp(void* owner, const std::string& file, unsigned command, std::uint32_t data) {
     static windows::HtmlHelpLibrary viewer(L"hhctrl.ocx");
-    if (!FileExists(file)) return HelpResult::FileMissing;
     const std::optional<std::string> path = ToAnsi(file);
     if (!path) return HelpResult::Failed;
     return viewer.Show(static_cast<HWND>(owner), path->c_str(), command, data);
 }
 
-HelpResult ShowClassicHelp(void* owner, const std::string& file, unsigned command, std::uint32_t data) {
-    if (!FileExists(file)) return HelpResult::FileMissing;
+HelpResult common::StartClassicHelp(void* owner, const std::string& file, unsigned command,
+                                    std::uint32_t data) {
     const std::optional<std::string> path = ToAnsi(file);
     if (!path) return HelpResult::Failed;
     return ClassicViewer()(static_cast<HWND>(owner), path->c_str(), command, data) != FALSE
