@@ -58,7 +58,7 @@ AddChange::AddChange(std::string parentId, std::string caption, std::string menu
 AddChange::~AddChange() = default;
 
 std::size_t AddChange::Bytes() const {
-    return sizeof *this + m_caption.size() + BytesOf(m_removed.get());
+    return sizeof *this + m_parentId.size() + m_caption.size() + m_id.size() + BytesOf(m_removed.get());
 }
 
 MenuEvent AddChange::Do(Menu& menu) {
@@ -86,7 +86,7 @@ RemoveChange::RemoveChange(std::string id) : m_id(std::move(id)) {}
 RemoveChange::~RemoveChange() = default;
 
 std::size_t RemoveChange::Bytes() const {
-    return sizeof *this + BytesOf(m_removed.get());
+    return sizeof *this + m_id.size() + m_parentId.size() + BytesOf(m_removed.get());
 }
 
 MenuEvent RemoveChange::Do(Menu& menu) {
@@ -107,7 +107,7 @@ MenuEvent RemoveChange::Undo(Menu& menu) {
 MoveChange::MoveChange(std::string id, Direction direction) : m_id(std::move(id)), m_direction(direction) {}
 
 std::size_t MoveChange::Bytes() const {
-    return sizeof *this;
+    return sizeof *this + m_id.size();
 }
 
 MenuEvent MoveChange::Do(Menu& menu) {
@@ -128,7 +128,7 @@ CaptionChange::CaptionChange(std::string id, std::string caption)
     : m_id(std::move(id)), m_other(std::move(caption)) {}
 
 std::size_t CaptionChange::Bytes() const {
-    return sizeof *this + m_other.size();
+    return sizeof *this + m_id.size() + m_other.size();
 }
 
 MenuEvent CaptionChange::Do(Menu& menu) {
@@ -152,7 +152,7 @@ GraphicChange::GraphicChange(std::string id, std::string graphic)
     : m_id(std::move(id)), m_other(std::move(graphic)) {}
 
 std::size_t GraphicChange::Bytes() const {
-    return sizeof *this + m_other.size();
+    return sizeof *this + m_id.size() + m_other.size();
 }
 
 MenuEvent GraphicChange::Do(Menu& menu) {
@@ -175,8 +175,9 @@ MenuEvent GraphicChange::Exchange(Menu& menu) {
 PartChange::PartChange(std::string id, PartFields fields) : m_id(std::move(id)), m_other(std::move(fields)) {}
 
 std::size_t PartChange::Bytes() const {
-    return sizeof *this + m_other.graphic.size() + m_other.preview.size() + m_other.programId.size() +
-           m_other.helpFile.size() + m_other.historyDir.size() + m_other.historyTitle.size();
+    return sizeof *this + m_id.size() + m_other.graphic.size() + m_other.preview.size() +
+           m_other.programId.size() + m_other.helpFile.size() + m_other.historyDir.size() +
+           m_other.historyTitle.size();
 }
 
 MenuEvent PartChange::Do(Menu& menu) {

@@ -23,7 +23,9 @@ public:
     static std::optional<NeskError> WhyNot(const Menu& menu, const std::string& id,
                                            const std::string& parentId);
 
-    std::size_t Bytes() const override { return sizeof *this; }
+    std::size_t Bytes() const override {
+        return sizeof *this + m_id.size() + m_newId.size() + m_parentId.size();
+    }
 
 protected:
     /// Raises the error of WhyNot, and Overflow when the new parent has no counter left.

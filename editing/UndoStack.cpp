@@ -7,7 +7,9 @@ namespace nesk {
 void UndoStack::Push(std::unique_ptr<MenuChange> change, ChangeName name) {
     if (m_saved && *m_saved > m_done) m_saved.reset();
     DropRedo();
-    const std::size_t bytes = change->Bytes();
+    std::size_t bytes = sizeof(Step) + change->Bytes();
+    for (const std::string& argument : name.arguments)
+        bytes += sizeof argument + argument.size();
     m_bytes += bytes;
     m_steps.push_back({std::move(change), std::move(name), bytes});
     ++m_done;

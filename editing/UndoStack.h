@@ -54,15 +54,15 @@ public:
     /// True when the current state is the one on disk.
     bool IsAtSaved() const { return m_saved == m_done; }
 
-    /// Total memory of all changes, measured when they were added, in bytes.
+    /// Total memory of all changes and their names, measured when they were added, in bytes.
     std::size_t Bytes() const { return m_bytes; }
 
 private:
     struct Step {
         std::unique_ptr<MenuChange> change;
         ChangeName name;
-        std::size_t
-            bytes; // measured when the change was added, because counting a large removed submenu is slow
+        // Measured when the change was added, because counting a large removed submenu is slow.
+        std::size_t bytes;
     };
 
     void DropRedo();

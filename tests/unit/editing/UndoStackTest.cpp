@@ -19,7 +19,17 @@ private:
 
 class UndoStackTest : public ::testing::Test {
 protected:
-    void Push(int name, std::size_t bytes = 10) { m_stack.Push(std::make_unique<Idle>(bytes), {name, {}}); }
+    // Pushes a change that takes `bytes` with everything that the stack stores of it.
+    void Push(int name, std::size_t bytes = 1000) {
+        m_stack.Push(std::make_unique<Idle>(bytes - OwnBytes()), {name, {}});
+    }
+
+    // What the stack itself needs for a change.
+    static std::size_t OwnBytes() {
+        UndoStack stack;
+        stack.Push(std::make_unique<Idle>(0), {1, {}});
+        return stack.Bytes();
+    }
 
     static std::string Numbers(const std::vector<ChangeName>& names) {
         std::string text;
@@ -30,7 +40,7 @@ protected:
     std::string ToUndo() const { return Numbers(m_stack.UndoNames()); }
     std::string ToRedo() const { return Numbers(m_stack.RedoNames()); }
 
-    UndoStack m_stack{100};
+    UndoStack m_stack{10000};
 };
 
 TEST_F(UndoStackTest, IsEmptyAndSavedAtFirst) {
@@ -60,7 +70,7 @@ TEST_F(UndoStackTest, ANewChangeDropsWhatWasTakenBack) {
     Push(3);
     EXPECT_EQ(ToUndo(), "3 1");
     EXPECT_EQ(ToRedo(), "");
-    EXPECT_EQ(m_stack.Bytes(), 20U);
+    EXPECT_EQ(m_stack.Bytes(), 2000U);
 }
 
 TEST_F(UndoStackTest, KnowsTheSavedState) {
@@ -91,35 +101,42 @@ TEST_F(UndoStackTest, ASavedStateThatWasDroppedIsNeverReached) {
 }
 
 TEST_F(UndoStackTest, TheOldestAreDroppedWhereTheyTakeTooMuch) {
-    Push(1, 40);
+    Push(1, 4000);
     m_stack.MarkSaved();
-    Push(2, 40);
-    Push(3, 20);
+    Push(2, 4000);
+    Push(3, 2000);
     EXPECT_EQ(ToUndo(), "3 2 1") << "exactly the limit";
-    Push(4, 41);
+    Push(4, 4100);
     EXPECT_EQ(ToUndo(), "4 3");
-    EXPECT_EQ(m_stack.Bytes(), 61U);
+    EXPECT_EQ(m_stack.Bytes(), 6100U);
     m_stack.Undone();
     m_stack.Undone();
     EXPECT_EQ(m_stack.ToUndo(), nullptr);
     EXPECT_FALSE(m_stack.IsAtSaved()) << "the state on disk came before what was dropped";
     m_stack.MarkSaved();
-    Push(5, 1000);
+    Push(5, 100000);
     EXPECT_EQ(ToUndo(), "5") << "the newest stays, whatever it takes";
 }
 
 TEST_F(UndoStackTest, TheSavedStateMovesWithWhatIsLeft) {
-    Push(1, 60);
-    Push(2, 10);
+    Push(1, 6000);
+    Push(2, 1000);
     m_stack.MarkSaved();
-    Push(3, 40);
+    Push(3, 4000);
     EXPECT_EQ(ToUndo(), "3 2");
     m_stack.Undone();
     EXPECT_TRUE(m_stack.IsAtSaved());
-    Push(4, 90);
+    Push(4, 9000);
     EXPECT_EQ(ToUndo(), "4 2");
     m_stack.Undone();
     EXPECT_TRUE(m_stack.IsAtSaved());
+}
+
+TEST_F(UndoStackTest, CountsTheNames) {
+    m_stack.Push(std::make_unique<Idle>(0), {1, {std::string(7000, 'x')}});
+    m_stack.Push(std::make_unique<Idle>(0), {2, {std::string(7000, 'x')}});
+    EXPECT_EQ(ToUndo(), "2");
+    EXPECT_GT(m_stack.Bytes(), 7000 + OwnBytes());
 }
 
 TEST_F(UndoStackTest, ClearingForgetsEverything) {
