@@ -46,13 +46,13 @@ void FileHash::AddWords(const char* words) {
 void FileHash::Add(std::string_view bytes) {
     m_state = State::Readable;
     if (bytes.empty()) return;
-    const auto begun = static_cast<std::size_t>(m_size % m_rest.size());
+    const auto pending = static_cast<std::size_t>(m_size % m_rest.size());
     m_size += bytes.size();
-    if (begun > 0) {
-        const std::size_t count = std::min(bytes.size(), m_rest.size() - begun);
-        std::memcpy(m_rest.data() + begun, bytes.data(), count);
+    if (pending > 0) {
+        const std::size_t count = std::min(bytes.size(), m_rest.size() - pending);
+        std::memcpy(m_rest.data() + pending, bytes.data(), count);
         bytes.remove_prefix(count);
-        if (begun + count < m_rest.size()) return;
+        if (pending + count < m_rest.size()) return;
         AddWords(m_rest.data());
         m_rest.fill(0);
     }

@@ -76,7 +76,7 @@ void SafeFile::Commit(const Backup& backup) {
         KeepBackup(backup);
     } else if (found == ErrorCode::FileNotFound) {
         // Other users may need to read it: the operator interface may run as another user.
-        m_files.GiveUsualRights(m_temporary);
+        m_files.ApplyDefaultRights(m_temporary);
     } else {
         // An existing file whose attributes cannot be read must not be replaced.
         throw Failure(found, m_path);

@@ -7,7 +7,7 @@ namespace {
 // Runs `step` for each item of a range. When a step fails, runs `back` for the items before it in reverse
 // order.
 template <typename Iterator, typename Step, typename Back>
-bool AllOrNone(Iterator first, Iterator last, Step step, Back back) {
+bool RunAllOrGoBack(Iterator first, Iterator last, Step step, Back back) {
     Iterator at = first;
     const auto goBack = [&] {
         while (at != first)
@@ -29,13 +29,13 @@ bool AllOrNone(Iterator first, Iterator last, Step step, Back back) {
 } // namespace
 
 bool CompoundChange::Apply(Menu& menu, const MenuEventHandler& report) {
-    return AllOrNone(
+    return RunAllOrGoBack(
         m_changes.begin(), m_changes.end(), [&](MenuChange& change) { return change.Apply(menu, report); },
         [&](MenuChange& change) { change.Revert(menu, report); });
 }
 
 bool CompoundChange::Revert(Menu& menu, const MenuEventHandler& report) {
-    return AllOrNone(
+    return RunAllOrGoBack(
         m_changes.rbegin(), m_changes.rend(), [&](MenuChange& change) { return change.Revert(menu, report); },
         [&](MenuChange& change) { change.Apply(menu, report); });
 }

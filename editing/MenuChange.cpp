@@ -35,7 +35,7 @@ bool Report(const MenuEvent& event, const MenuEventHandler& report) {
 }
 
 // Removes an item from its parent, and stores its former place in `parentId` and `position`.
-std::unique_ptr<MenuItem> TakeOut(MenuItem& item, std::string& parentId, int& position) {
+std::unique_ptr<MenuItem> Detach(MenuItem& item, std::string& parentId, int& position) {
     MenuItemCollection& siblings = item.ParentMenu()->SubMenus();
     parentId = item.ParentMenu()->ID();
     position = siblings.PositionOf(item);
@@ -77,7 +77,7 @@ MenuEvent AddChange::Undo(Menu& menu) {
     if (item == nullptr) return {};
     int position = 0;
     m_memory = menu.Memory();
-    m_removed = TakeOut(*item, m_parentId, position);
+    m_removed = Detach(*item, m_parentId, position);
     return PlainEvent(MenuEvent::Kind::Removed, m_id);
 }
 
@@ -93,7 +93,7 @@ MenuEvent RemoveChange::Do(Menu& menu) {
     MenuItem* item = FindItem(menu, m_id);
     if (item == nullptr) return {};
     m_memory = menu.Memory();
-    m_removed = TakeOut(*item, m_parentId, m_position);
+    m_removed = Detach(*item, m_parentId, m_position);
     return PlainEvent(MenuEvent::Kind::Removed, m_id);
 }
 

@@ -35,7 +35,7 @@ NeskError NoMemory(const char* source, int messageId, const std::string& path) {
 } // namespace
 
 MenuEditor::MenuEditor(platform::FileSystem& files, std::size_t undoLimit)
-    : m_files(files), m_deadRoomLimit(undoLimit), m_history(undoLimit) {}
+    : m_files(files), m_deadMemoryLimit(undoLimit), m_history(undoLimit) {}
 
 MenuEditor::~MenuEditor() = default;
 
@@ -91,7 +91,7 @@ void MenuEditor::Close() {
 
 // The arena frees no memory while the menu is open, and hundreds of thousands of edits would fill it.
 void MenuEditor::CompactWhenWasteful() {
-    if (m_menu->Memory()->Bytes() < m_bytesBefore + m_deadRoomLimit) return;
+    if (m_menu->Memory()->Bytes() < m_bytesBefore + m_deadMemoryLimit) return;
     try {
         std::unique_ptr<Menu> compacted = m_menu->Compacted();
         ForgetChanges();

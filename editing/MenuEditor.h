@@ -70,7 +70,7 @@ public:
     ///                   replaced texts and removed entries, which a save then frees. The save also drops the
     ///                   history, because the history may refer to such entries
     explicit MenuEditor(platform::FileSystem& files = platform::StationFiles(),
-                        std::size_t undoLimit = UndoStack::UsualLimit);
+                        std::size_t undoLimit = UndoStack::DefaultLimit);
     ~MenuEditor();
     MenuEditor(const MenuEditor&) = delete;
     MenuEditor& operator=(const MenuEditor&) = delete;
@@ -204,7 +204,7 @@ private:
     platform::FileSystem& m_files;
     std::vector<MenuEditorListener*> m_listeners;
     std::unique_ptr<Menu> m_menu;
-    std::size_t m_deadRoomLimit;
+    std::size_t m_deadMemoryLimit;
     std::size_t m_bytesBefore = 0; // size of the menu's arena when it had no unused memory
     UndoStack m_history;           // its changes may refer to items of the menu
     std::optional<ChangeName> m_group;

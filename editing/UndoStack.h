@@ -25,10 +25,10 @@ struct ChangeName {
 /// newest change always stays.
 class UndoStack {
 public:
-    static constexpr std::size_t UsualLimit = std::size_t{64} << 20;
+    static constexpr std::size_t DefaultLimit = std::size_t{64} << 20;
 
     /// @param limit  maximum sum of MenuChange::Bytes, in bytes
-    explicit UndoStack(std::size_t limit = UsualLimit) : m_limit(limit) {}
+    explicit UndoStack(std::size_t limit = DefaultLimit) : m_limit(limit) {}
 
     /// Adds a change that has just been made. Drops the changes that were undone.
     void Push(std::unique_ptr<MenuChange> change, ChangeName name);

@@ -10,14 +10,14 @@ namespace nesk {
 
 /// A reference to a text in an arena. It has the size of a pointer, because the text's length is stored
 /// before the text.
-class KeptText {
+class ArenaText {
 public:
     /// The empty text.
-    constexpr KeptText() = default;
+    constexpr ArenaText() = default;
 
     /// A text that is not in an arena.
     /// @param counted  the length as one byte, less than LongLength, followed by the text
-    static constexpr KeptText Counted(const char* counted) { return KeptText(counted); }
+    static constexpr ArenaText Counted(const char* counted) { return ArenaText(counted); }
 
     constexpr operator std::string_view() const {
         if (m_at == nullptr) return {};
@@ -34,7 +34,7 @@ private:
     // This value in the length byte means that the full length follows.
     static constexpr unsigned char LongLength = 255;
 
-    explicit constexpr KeptText(const char* at) : m_at(at) {}
+    explicit constexpr ArenaText(const char* at) : m_at(at) {}
 
     const char* m_at = nullptr; // points to the length
 };
@@ -57,22 +57,22 @@ public:
     void* Allocate(std::size_t size, std::size_t alignment) {
         const std::size_t gap = (alignment - reinterpret_cast<std::size_t>(m_at) % alignment) % alignment;
         if (size + gap > static_cast<std::size_t>(m_end - m_at)) return AllocateInNewBlock(size);
-        char* const room = m_at + gap;
-        m_at = room + size;
-        return room;
+        char* const memory = m_at + gap;
+        m_at = memory + size;
+        return memory;
     }
 
     /// Copies a text into the arena.
-    KeptText Keep(std::string_view text) {
+    ArenaText Keep(std::string_view text) {
         if (text.empty()) return {};
-        const bool isLong = text.size() >= KeptText::LongLength;
-        const std::size_t front = isLong ? 1 + sizeof(std::size_t) : 1;
-        auto* const room = static_cast<char*>(Allocate(front + text.size(), 1));
+        const bool isLong = text.size() >= ArenaText::LongLength;
+        const std::size_t header = isLong ? 1 + sizeof(std::size_t) : 1;
+        auto* const memory = static_cast<char*>(Allocate(header + text.size(), 1));
         const std::size_t length = text.size();
-        *room = static_cast<char>(isLong ? KeptText::LongLength : length);
-        if (isLong) std::memcpy(room + 1, &length, sizeof length);
-        std::memcpy(room + front, text.data(), length);
-        return KeptText(room);
+        *memory = static_cast<char>(isLong ? ArenaText::LongLength : length);
+        if (isLong) std::memcpy(memory + 1, &length, sizeof length);
+        std::memcpy(memory + header, text.data(), length);
+        return ArenaText(memory);
     }
 
     /// Bytes taken from the system, used or not.

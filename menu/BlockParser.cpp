@@ -40,7 +40,7 @@ std::string_view TakeWord(std::string_view& text) {
     return word;
 }
 
-bool LiesIn(std::string_view text, const std::string& holder) {
+bool PointsInto(std::string_view text, const std::string& holder) {
     return text.data() >= holder.data() && text.data() <= holder.data() + holder.size();
 }
 
@@ -89,8 +89,8 @@ std::string BlockParser::ExpandTabs(std::string_view source) {
 
 // Reading on replaces the reader's block, so Key and Value must be copied if they point into it.
 void BlockParser::KeepTexts() {
-    if (!LiesIn(m_key, m_keyText)) m_keyText = m_key;
-    if (!LiesIn(m_value, m_valueText)) m_valueText = m_value;
+    if (!PointsInto(m_key, m_keyText)) m_keyText = m_key;
+    if (!PointsInto(m_value, m_valueText)) m_valueText = m_value;
     m_key = m_keyText;
     m_value = m_valueText;
 }
@@ -111,7 +111,7 @@ bool BlockParser::ReadLine(LineReader::Line& line) {
 
 // Returns the token of the next line when no parsing is needed: the line is the end of a block, or the same
 // block start as the last one.
-std::optional<std::int16_t> BlockParser::NextIsUsual() {
+std::optional<std::int16_t> BlockParser::ReadCommonLine() {
     static constexpr LineScan::LineStart end("END", LineEnd);
     if (!m_reader || m_currentLine == LastLine) return std::nullopt;
     std::optional<std::int16_t> token;
@@ -126,7 +126,7 @@ std::optional<std::int16_t> BlockParser::NextIsUsual() {
 }
 
 std::int16_t BlockParser::GetAnyToken() {
-    if (const auto token = NextIsUsual()) return *token;
+    if (const auto token = ReadCommonLine()) return *token;
     LineReader::Line line{};
     do {
         if (!ReadLine(line)) return TokenEndFile;
@@ -147,7 +147,7 @@ bool BlockParser::ParseKeyValue(const LineReader::Line& line) {
     m_key = TrimRight({line.first, static_cast<std::size_t>(line.equals - line.first)});
     m_value = TrimLeft({line.equals + 1, static_cast<std::size_t>(line.last - line.equals - 1)});
     // Nearly all lines that this program writes skip these conversions.
-    if (m_key.size() > LineScan::LongestStart || LineScan::HasLowerCase(m_key.data(), m_key.size()) ||
+    if (m_key.size() > LineScan::MaxStartLength || LineScan::HasLowerCase(m_key.data(), m_key.size()) ||
         !(line.isPlain || MenuText::IsPlain(m_key))) {
         m_keyText = platform::ToUpper(platform::FromAnsi(ExpandTabs(m_key)));
         m_key = m_keyText;
@@ -181,7 +181,7 @@ bool BlockParser::ParseBlock(std::string_view line) {
     m_blockName = platform::FromAnsi(TakeWord(rest));
     m_blockLine = line;
     m_blockStart.reset();
-    if (line.size() + LineEnd.size() <= LineScan::LongestStart) m_blockStart.emplace(line, LineEnd);
+    if (line.size() + LineEnd.size() <= LineScan::MaxStartLength) m_blockStart.emplace(line, LineEnd);
     return true;
 }
 

@@ -85,7 +85,7 @@ private:
     static constexpr std::int32_t LastLine = std::numeric_limits<std::int32_t>::max();
 
     std::int16_t GetAnyToken();
-    std::optional<std::int16_t> NextIsUsual();
+    std::optional<std::int16_t> ReadCommonLine();
     static std::string ExpandTabs(std::string_view source);
     bool ParseKeyValue(const LineReader::Line& line);
     static bool ParseEnd(std::string_view line);

@@ -50,7 +50,7 @@ LineReader::Line LineReader::LineTo(const char* end) const {
 
 bool LineReader::Next(Line& line) {
     while (!NextInBlock(line)) {
-        if (ReadOn()) continue;
+        if (ReadMore()) continue;
         // The last line may have no line end.
         if (m_at == m_end) return false;
         line = LineTo(m_end);
@@ -62,23 +62,23 @@ bool LineReader::Next(Line& line) {
 
 // Moves the incomplete line to the front of the block and fills the rest of the block. Returns false at the
 // end of the file.
-bool LineReader::ReadOn() {
+bool LineReader::ReadMore() {
     if (m_atEnd) return false;
-    const auto begun = static_cast<std::size_t>(m_end - m_at);
+    const auto unread = static_cast<std::size_t>(m_end - m_at);
     const auto searched = static_cast<std::size_t>(std::max(m_at, m_searched) - m_at);
-    if (begun > LongestLine) {
+    if (unread > MaxLineLength) {
         m_at = m_end;
         throw NeskError(RuntimeError::OutOfMemory, "BlockParser.GetToken", Message::LineTooLong,
-                        {std::to_string(LongestLine >> 20)});
+                        {std::to_string(MaxLineLength >> 20)});
     }
-    std::memmove(m_block.data(), m_at, begun);
-    if (begun + LineScan::Padding == m_block.size()) m_block.resize(begun * 2 + LineScan::Padding);
+    std::memmove(m_block.data(), m_at, unread);
+    if (unread + LineScan::Padding == m_block.size()) m_block.resize(unread * 2 + LineScan::Padding);
     m_at = m_block.data();
-    m_end = m_at + begun;
+    m_end = m_at + unread;
     m_searched = m_at + searched;
     std::size_t count = 0;
     try {
-        count = m_source->Read(m_block.data() + begun, m_block.size() - LineScan::Padding - begun);
+        count = m_source->Read(m_block.data() + unread, m_block.size() - LineScan::Padding - unread);
     } catch (const NeskError&) {
         // Reading can be retried. It then continues after the incomplete line, which is dropped.
         m_at = m_end = m_searched = m_block.data();
@@ -86,7 +86,7 @@ bool LineReader::ReadOn() {
         throw;
     }
     m_end += count;
-    std::memset(m_block.data() + begun + count, 0, LineScan::Padding);
+    std::memset(m_block.data() + unread + count, 0, LineScan::Padding);
     m_atEnd = count == 0;
     return true;
 }

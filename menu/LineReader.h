@@ -15,7 +15,7 @@ namespace nesk {
 class LineReader {
 public:
     /// Longest line that is read, in bytes.
-    static constexpr std::size_t LongestLine = std::size_t{1} << 27;
+    static constexpr std::size_t MaxLineLength = std::size_t{1} << 27;
 
     /// A line without its line end, and without leading and trailing spaces and tabs.
     struct Line {
@@ -71,14 +71,14 @@ public:
 
     /// Gets the next line. When the current block does not contain all of it, the reader reads on, and lines
     /// returned before become invalid. Returns false at the end, and again on every further call. Raises the
-    /// run-time error of a failed read, and OutOfMemory for a line longer than LongestLine.
+    /// run-time error of a failed read, and OutOfMemory for a line longer than MaxLineLength.
     bool Next(Line& line);
 
 private:
     static bool IsBlank(char c) { return c == ' ' || c == '\t'; }
     bool TakeAnyLine(Line& line);
     Line LineTo(const char* end) const;
-    bool ReadOn();
+    bool ReadMore();
 
     std::unique_ptr<ByteSource> m_source;
     std::vector<char> m_block; // zeros follow the bytes read

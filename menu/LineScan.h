@@ -19,14 +19,14 @@ namespace nesk::LineScan {
 constexpr std::size_t Padding = 64;
 
 /// Longest text that HasLowerCase and StartsWith can handle.
-constexpr std::size_t LongestStart = 16;
+constexpr std::size_t MaxStartLength = 16;
 
 /// A text that a line may begin with, stored so that 16 bytes can be compared at once.
 struct LineStart {
-    std::array<char, LongestStart> bytes{}; // followed by zeros
+    std::array<char, MaxStartLength> bytes{}; // followed by zeros
     std::size_t length = 0;
 
-    /// Joins two texts. Together they have at most LongestStart characters.
+    /// Joins two texts. Together they have at most MaxStartLength characters.
     constexpr LineStart(std::string_view text, std::string_view end) : length(text.size() + end.size()) {
         std::copy(end.begin(), end.end(), std::copy(text.begin(), text.end(), bytes.begin()));
     }
@@ -70,7 +70,7 @@ inline const char* FindLineEnd(const char* first, const char* last) {
     return std::find_if(first, last, [](char c) { return c == '\r' || c == '\n'; });
 }
 
-/// True when a text of at most LongestStart characters contains a lower-case letter.
+/// True when a text of at most MaxStartLength characters contains a lower-case letter.
 inline bool HasLowerCase(const char* first, std::size_t length) {
     return std::any_of(first, first + length, [](char c) { return c >= 'a' && c <= 'z'; });
 }

@@ -74,7 +74,7 @@ protected:
     void SetArena(Arena& arena) { m_arena = &arena; }
 
     /// A copy of the text in the arena.
-    KeptText Kept(std::string_view text) const { return m_arena->Keep(text); }
+    ArenaText Kept(std::string_view text) const { return m_arena->Keep(text); }
 
     /// Deletes all entries below this one.
     void ReleaseChildren();
@@ -89,8 +89,8 @@ private:
     friend class MenuItem; // it uses its parent's m_arena
 
     Arena* m_arena = nullptr;
-    KeptText m_caption;
-    KeptText m_graphic;
+    ArenaText m_caption;
+    ArenaText m_graphic;
     std::unique_ptr<MenuItemCollection> m_subMenus;
 
 protected:

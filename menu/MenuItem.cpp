@@ -10,8 +10,8 @@ namespace nesk {
 namespace {
 
 // Nearly all items have one of these two types, so their names are not stored in the arena.
-constexpr KeptText Part = KeptText::Counted("\14Part Program");
-constexpr KeptText Submenu = KeptText::Counted("\4Menu");
+constexpr ArenaText Part = ArenaText::Counted("\14Part Program");
+constexpr ArenaText Submenu = ArenaText::Counted("\4Menu");
 static_assert(Part == MenuItem::PartType && Submenu == MenuItem::SubmenuType);
 
 } // namespace

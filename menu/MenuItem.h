@@ -93,12 +93,12 @@ private:
 
     std::int32_t m_counter = 0; // placed here to use the padding after the base class
     MenuEntry* m_parent = nullptr;
-    KeptText m_menuType;
-    KeptText m_preview;
-    KeptText m_helpFile;
-    KeptText m_programId;
-    KeptText m_historyDir;
-    KeptText m_historyTitle;
+    ArenaText m_menuType;
+    ArenaText m_preview;
+    ArenaText m_helpFile;
+    ArenaText m_programId;
+    ArenaText m_historyDir;
+    ArenaText m_historyTitle;
     std::int32_t m_helpTopic = 0;
 };
 

@@ -12,7 +12,7 @@ namespace nesk {
 
 namespace {
 
-constexpr std::size_t FirstRoom = 4;
+constexpr std::size_t FirstCapacity = 4;
 
 } // namespace
 
@@ -56,19 +56,19 @@ std::size_t MenuItemCollection::CheckedIndex(int position, std::size_t count) {
     return static_cast<std::size_t>(position) - 1;
 }
 
-void MenuItemCollection::CheckRoom() const {
+void MenuItemCollection::CheckCapacity() const {
     if (m_items.size() >= static_cast<std::size_t>(MaxCount))
         throw NeskError(RuntimeError::Overflow, "MenuItemCollection.Add", Message::TooManyChildren);
 }
 
 // Reserves memory for one more child. When the allocation fails, items and counters are unchanged and stay
 // consistent.
-void MenuItemCollection::MakeRoom() {
+void MenuItemCollection::Grow() {
     if (m_items.size() < std::min(m_items.capacity(), m_counters.capacity())) return;
     // Most menus have only a few entries.
-    const std::size_t room = std::max(FirstRoom, m_items.size() * 2);
-    m_items.reserve(room);
-    m_counters.reserve(room);
+    const std::size_t capacity = std::max(FirstCapacity, m_items.size() * 2);
+    m_items.reserve(capacity);
+    m_counters.reserve(capacity);
 }
 
 MenuItem& MenuItemCollection::Item(int position) {
@@ -80,7 +80,7 @@ const MenuItem& MenuItemCollection::Item(int position) const {
 }
 
 std::unique_ptr<MenuItem> MenuItemCollection::NewItem() {
-    CheckRoom();
+    CheckCapacity();
     return MenuItem::Create(*m_owner);
 }
 
@@ -105,14 +105,14 @@ MenuItem& MenuItemCollection::Append(std::unique_ptr<MenuItem>&& item) {
 }
 
 void MenuItemCollection::ReserveOne() {
-    CheckRoom();
-    MakeRoom();
+    CheckCapacity();
+    Grow();
 }
 
 MenuItem& MenuItemCollection::Insert(int position, std::unique_ptr<MenuItem>&& item) {
-    CheckRoom();
+    CheckCapacity();
     const auto index = static_cast<std::ptrdiff_t>(CheckedIndex(position, m_items.size() + 1));
-    MakeRoom();
+    Grow();
     m_counters.insert(m_counters.begin() + index, item->Counter());
     return **m_items.insert(m_items.begin() + index, item.release());
 }

@@ -97,8 +97,8 @@ private:
     explicit MenuItemCollection(Arena& arena);
     std::size_t IndexOfCounter(std::int32_t counter) const;
     static std::size_t CheckedIndex(int position, std::size_t count);
-    void CheckRoom() const;
-    void MakeRoom();
+    void CheckCapacity() const;
+    void Grow();
     void Swap(std::size_t a, std::size_t b);
     void ReleaseLast();
 

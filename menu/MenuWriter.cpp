@@ -23,7 +23,7 @@ constexpr std::string_view LineEnd = "\r\n";
 constexpr std::size_t BufferSize = std::size_t{1} << 18;
 // Limits the indent, which readers skip. Without a limit, the file size would grow with the square of the
 // depth.
-constexpr std::size_t DeepestIndent = 64;
+constexpr std::size_t MaxIndent = 64;
 
 char* Put(char* at, std::string_view text) {
     return std::copy(text.begin(), text.end(), at);
@@ -94,12 +94,12 @@ void MenuWriter::BeginItem(const MenuItem& item, std::size_t level) {
 
 // Makes room for a line with a key and `length` more characters, and writes the indent.
 inline char* MenuWriter::BeginLine(std::size_t level, std::size_t length) {
-    constexpr std::size_t around = DeepestIndent + LineScan::LongestStart + LineEnd.size();
-    if (length + around > m_buffer.size() - m_used) MakeRoom(length + around);
+    constexpr std::size_t overhead = MaxIndent + LineScan::MaxStartLength + LineEnd.size();
+    if (length + overhead > m_buffer.size() - m_used) ReserveInBuffer(length + overhead);
     char* const at = m_buffer.data() + m_used;
     // A fixed count is faster than a variable one.
-    std::memset(at, '\t', DeepestIndent);
-    return at + std::min(level, DeepestIndent);
+    std::memset(at, '\t', MaxIndent);
+    return at + std::min(level, MaxIndent);
 }
 
 // Ends the current line. The line counts as written only after this call.
@@ -129,7 +129,7 @@ void MenuWriter::WriteLine(std::size_t level, std::string_view text) {
     EndLine(Put(BeginLine(level, text.size()), text));
 }
 
-void MenuWriter::MakeRoom(std::size_t size) {
+void MenuWriter::ReserveInBuffer(std::size_t size) {
     FlushBuffer();
     // The buffer grows only for a line with a very long value.
     if (size > m_buffer.size()) m_buffer.resize(size);

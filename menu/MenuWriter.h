@@ -40,7 +40,7 @@ private:
     void WriteLine(std::size_t level, std::string_view text);
     char* BeginLine(std::size_t level, std::size_t length);
     void EndLine(char* end);
-    void MakeRoom(std::size_t size);
+    void ReserveInBuffer(std::size_t size);
     void FlushBuffer();
 
     ByteSink& m_sink;

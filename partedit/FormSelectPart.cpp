@@ -134,7 +134,7 @@ void FormSelectPart::BuildTree(const std::string& path, const std::string& text)
     tvMain->Expand(root);
     tree.SetCursor(before);
     cmdSelectDrive->Enable();
-    TellUnreadable();
+    ListUnreadable();
 }
 
 // The user did not make this selection, so the result of an earlier selection must stay.
@@ -214,7 +214,7 @@ void FormSelectPart::OnUnreadable(const std::string& path, int code, std::uint32
     m_skipsUnreadable = box.ShowModal() != wxID_OK;
 }
 
-void FormSelectPart::TellUnreadable() {
+void FormSelectPart::ListUnreadable() {
     if (m_unreadable.empty()) return;
     std::string text = FormatResString(Message::PartTreeUnreadableList, m_unreadable.size());
     for (const std::string& place : m_unreadable)

@@ -47,7 +47,7 @@ private:
     void SelectDrive();
     void Choose(const platform::TreeNode* node);
     void Preselect(platform::TreeNode& part);
-    void TellUnreadable();
+    void ListUnreadable();
     void Close(int result);
     void ShowProgress(std::size_t foldersRead);
 

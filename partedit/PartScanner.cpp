@@ -132,21 +132,21 @@ public:
     explicit Scan(PartScanVisitor& visitor) : m_visitor(visitor) {}
 
     bool Run(const std::string& root, PartScanVisitor::Node node) {
-        if (!GoesOn()) return false;
+        if (!ShouldContinue()) return false;
         Contents contents = ReadFolder(root, true).contents;
         ++m_foldersRead;
         if (!Enter(root, node, std::move(contents))) return false;
         // There is no recursion, because deeply nested folders could overflow the machine stack.
         while (!m_levels.empty()) {
             Level& level = m_levels.back();
-            const bool goesOn = level.entered < level.folders.size() ? EnterNext(level) : TellParts(level);
+            const bool goesOn = level.entered < level.folders.size() ? EnterNext(level) : ReportParts(level);
             if (!goesOn) return false;
         }
-        return GoesOn();
+        return ShouldContinue();
     }
 
 private:
-    bool GoesOn() { return m_visitor.OnProgress(m_foldersRead); }
+    bool ShouldContinue() { return m_visitor.OnProgress(m_foldersRead); }
 
     // Reports what could not be read in a folder, and reads each folder in it.
     bool Enter(std::string path, PartScanVisitor::Node node, Contents contents) {
@@ -154,7 +154,7 @@ private:
             m_visitor.OnUnreadable(place.path, place.code, place.attributes);
         Level level{node, std::move(path), {}, {}};
         for (Contents::Folder& inner : contents.folders) {
-            if (!GoesOn()) return false;
+            if (!ShouldContinue()) return false;
             std::string innerPath = Join(level.path, inner.name);
             FolderRead read = ReadFolder(innerPath, false);
             ++m_foldersRead;
@@ -167,7 +167,7 @@ private:
     }
 
     bool EnterNext(Level& level) {
-        if (!GoesOn()) return false;
+        if (!ShouldContinue()) return false;
         Entry folder = std::move(level.folders[level.entered++]);
         const PartScanVisitor::Node child = m_visitor.OnFolder(level.node, folder.path, folder.name);
         // Only a link can lead to a folder that was already entered.
@@ -178,9 +178,9 @@ private:
         return Enter(std::move(folder.path), child, std::move(folder.contents));
     }
 
-    bool TellParts(const Level& level) {
+    bool ReportParts(const Level& level) {
         for (const Entry& part : level.parts) {
-            if (!GoesOn()) return false;
+            if (!ShouldContinue()) return false;
             m_visitor.OnPart(level.node, part.path, part.name, part.partName);
         }
         m_levels.pop_back();

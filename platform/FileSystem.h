@@ -99,7 +99,7 @@ public:
 
     /// Gives a file made by CreateNew the access rights that the user's new files usually have. If that is
     /// not possible, the file remains accessible to the user alone.
-    virtual void GiveUsualRights(const std::string& /*path*/) {}
+    virtual void ApplyDefaultRights(const std::string& /*path*/) {}
 
     /// Copies the contents of `path` to `copy` atomically: afterwards `copy` is either the whole file or
     /// unchanged. If `mayReplace` is false and `copy` exists, returns AlreadyExists.

@@ -132,21 +132,21 @@ void NeskRegistry::ReadSampleSize(RegEntry& entry) {
     Guarded([&] { SampleSize = modConvert::CInt(entry.GetString("SampleSize")); });
 }
 
-void NeskRegistry::ReadWhatWasNotRead(RegEntry& entry) {
-    const auto demandAnswer = [&](const char* name) {
+void NeskRegistry::ReadSkippedSettings(RegEntry& entry) {
+    const auto requireValue = [&](const char* name) {
         if (!IsAnswer(entry.LastResult()))
             throw NeskError(5002, "NeskRegistry.Save", Message::RegValueNotWritten, {name});
     };
     for (const Unread& text : m_unread) {
         if (this->*text.field != text.value) continue;
         std::string stored = entry.GetString(text.name);
-        demandAnswer(text.name);
+        requireValue(text.name);
         this->*text.field = std::move(stored);
     }
     m_unread.clear();
     if (m_sampleSizeUnread && SampleSize == m_unreadSampleSize) {
         ReadSampleSize(entry);
-        demandAnswer("SampleSize");
+        requireValue("SampleSize");
     }
     m_sampleSizeUnread = false;
 }
@@ -161,7 +161,7 @@ void NeskRegistry::Save() {
                 entry.SetString(setting.name, this->*setting.field);
         };
         entry.CreateKey(ProductKey);
-        ReadWhatWasNotRead(entry);
+        ReadSkippedSettings(entry);
         writeTexts(Directories);
         entry.SetString("HistoryMaxParts", std::to_string(HistoryMaxParts));
         entry.SetString("SampleSize", std::to_string(SampleSize));

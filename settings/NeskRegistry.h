@@ -59,7 +59,7 @@ private:
     };
 
     void ReadSampleSize(RegEntry& entry);
-    void ReadWhatWasNotRead(RegEntry& entry);
+    void ReadSkippedSettings(RegEntry& entry);
 
     std::vector<Unread> m_unread;
     bool m_sampleSizeUnread = false;

@@ -19,7 +19,7 @@ namespace {
 
 using modUtilities::Trim;
 
-constexpr double MostParts = 999;
+constexpr double MaxPartsLimit = 999;
 
 // A box with a check of its own, and the text of its label.
 struct CheckedBox {
@@ -133,7 +133,7 @@ std::optional<Fault> Check(const OptionsFields& fields, Numbers& numbers) {
 
     // More than half a part is rounded up to one, but a number above the maximum is not rounded down to it.
     const double maxParts = modConvert::Val(Trim(fields.maxParts));
-    if (maxParts > MostParts || maxParts < 0 || modConvert::CInt(maxParts) < 1)
+    if (maxParts > MaxPartsLimit || maxParts < 0 || modConvert::CInt(maxParts) < 1)
         return Fault{Field::MaxParts, modStringRes::LoadResString(Message::OptionsMaxPartsRange),
                      NumberText(maxParts), ""};
     numbers.maxParts = modConvert::CInt(maxParts);

@@ -22,7 +22,7 @@ constexpr std::size_t LongestText = 255;
 // One byte of a name buffer is reserved, so that a name always has room for its terminating zero.
 constexpr std::uint32_t NameBufferSize = 256;
 constexpr std::uint32_t NameCapacity = NameBufferSize - 1;
-constexpr std::uint32_t LongestValueName = 16384;
+constexpr std::uint32_t MaxValueNameLength = 16384;
 
 std::int16_t Count(std::size_t count, const char* source) {
     if (count > static_cast<std::size_t>(std::numeric_limits<std::int16_t>::max()))
@@ -239,7 +239,7 @@ std::int16_t RegEntry::Query(std::vector<std::string>& colKeys) {
 
 std::vector<RegValue> RegEntry::Values(RegKey key) {
     std::vector<RegValue> values;
-    std::vector<char> name(LongestValueName);
+    std::vector<char> name(MaxValueNameLength);
     std::vector<char> data(LongestText + 1);
     for (std::uint32_t index = 0;; ++index) {
         auto nameSize = static_cast<std::uint32_t>(name.size());

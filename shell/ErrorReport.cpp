@@ -17,12 +17,12 @@ void Show(const std::string& text) {
 }
 
 // A text from a damaged file may be longer than any window can show.
-constexpr std::size_t LongestArgument = 1000;
+constexpr std::size_t MaxArgumentLength = 1000;
 
 // The beginning of a text, cut at a character boundary.
 std::string Shortened(const std::string& text) {
-    if (text.size() <= LongestArgument) return text;
-    std::size_t length = LongestArgument;
+    if (text.size() <= MaxArgumentLength) return text;
+    std::size_t length = MaxArgumentLength;
     while (length > 0 && platform::ContinuesCharacter(text[length]))
         --length;
     return text.substr(0, length) + "...";

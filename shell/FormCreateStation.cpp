@@ -25,7 +25,7 @@ using modUtilities::ToWx;
 namespace {
 
 constexpr std::int32_t HelpTopic = 33011;
-constexpr int LongestLine = 460;
+constexpr int MaxTextWidth = 460;
 
 } // namespace
 
@@ -50,7 +50,7 @@ FormCreateStation::FormCreateStation(wxWindow* parent)
     lblUsual = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblUsual");
     const std::string usual =
         modStringRes::FormatResString(Message::StationUsual, platform::UsualStationFolder());
-    lblUsual->SetLabelText(ToWx(WrappedText(usual, FromDIP(LongestLine), [this](std::string_view piece) {
+    lblUsual->SetLabelText(ToWx(WrappedText(usual, FromDIP(MaxTextWidth), [this](std::string_view piece) {
         return lblUsual->GetTextExtent(ToWx(piece)).x;
     })));
 

@@ -43,7 +43,7 @@ int IdOf(MainCommand command) {
 constexpr int SmallestSide = 140;
 
 // The initial window size, for a font of the usual height and a screen with enough room.
-wxSize UsualSize() {
+wxSize DefaultSize() {
     return wxWindow::FromDIP(wxSize(720, 640), nullptr);
 }
 constexpr int UsualCharHeight = 17;
@@ -52,7 +52,7 @@ constexpr int UsualCharHeight = 17;
 
 FormMain::FormMain()
     // Setting the size here avoids the display queries that wx makes to compute a default.
-    : wxFrame(nullptr, wxID_ANY, "", wxDefaultPosition, UsualSize(), wxDEFAULT_FRAME_STYLE, "FormMain") {
+    : wxFrame(nullptr, wxID_ANY, "", wxDefaultPosition, DefaultSize(), wxDEFAULT_FRAME_STYLE, "FormMain") {
     BuildMenuBar();
     BuildControls();
     modUtilities::SetFormFont(*this);
@@ -130,7 +130,7 @@ void FormMain::PlaceOnScreen() {
     const wxRect screen = wxDisplay(this).GetClientArea();
     // A larger font needs a larger window.
     const double scale = std::max(1.0, static_cast<double>(GetCharHeight()) / FromDIP(UsualCharHeight));
-    const wxSize wanted = UsualSize() * scale;
+    const wxSize wanted = DefaultSize() * scale;
     SetMinClientSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
     SetSize(std::min(wanted.x, screen.width), std::min(wanted.y, screen.height));
     // Setting the client size makes the window appear at once. Otherwise wx waits until the window manager

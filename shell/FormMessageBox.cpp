@@ -27,7 +27,7 @@ namespace {
 
 // Limits of the text width in device-independent pixels: the widest text that is easy to read, and the
 // narrowest box that still looks like a window.
-constexpr int LongestLine = 480;
+constexpr int MaxTextWidth = 480;
 constexpr int ShortestLine = 160;
 constexpr int IconSize = 32;
 constexpr int Margin = 12;
@@ -133,7 +133,7 @@ void FormMessageBox::MakeText(const std::string& text) {
     dc.SetFont(font);
     const auto widthOf = [&dc](std::string_view piece) { return dc.GetTextExtent(ToWx(piece)).x; };
     const wxRect screen = wxDisplay(this).GetClientArea();
-    const int longest = std::min(FromDIP(LongestLine), screen.width * 3 / 4);
+    const int longest = std::min(FromDIP(MaxTextWidth), screen.width * 3 / 4);
     int width = FromDIP(ShortestLine);
     const std::vector<std::string_view> lines = WrappedLines(text, longest, widthOf);
     for (const std::string_view line : lines)

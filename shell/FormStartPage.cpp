@@ -22,7 +22,7 @@ using modUtilities::ToWx;
 namespace {
 
 // The widest text that is easy to read, in device-independent pixels.
-constexpr int LongestLine = 520;
+constexpr int MaxTextWidth = 520;
 constexpr int Margin = 24;
 constexpr float HeadingScale = 1.4F;
 
@@ -121,8 +121,8 @@ void FormStartPage::ShowChoices(const StartChoices& choices) {
 }
 
 void FormStartPage::WrapTexts() {
-    const int room = GetClientSize().x - 2 * FromDIP(Margin);
-    const int width = std::max(std::min(room, FromDIP(LongestLine)), FromDIP(Margin));
+    const int available = GetClientSize().x - 2 * FromDIP(Margin);
+    const int width = std::max(std::min(available, FromDIP(MaxTextWidth)), FromDIP(Margin));
     if (width == m_wrappedAt) return;
     m_wrappedAt = width;
     const auto wrap = [width](wxStaticText& label, const std::string& text) {

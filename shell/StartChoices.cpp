@@ -25,7 +25,7 @@ StartState::Root LookUpRoot(const std::string& root) {
     return result == platform::ErrorCode::AccessDenied ? StartState::Root::Denied : StartState::Root::Missing;
 }
 
-bool IsThere(const std::string& path) {
+bool Exists(const std::string& path) {
     std::uint32_t attributes = 0;
     const int result = platform::StationFiles().Attributes(path, attributes);
     return result != platform::ErrorCode::FileNotFound && result != platform::ErrorCode::PathNotFound;
@@ -40,14 +40,14 @@ StartState StartChoices::LookUp(const NeskRegistry& settings) {
     state.root = settings.NeskRoot;
     state.rootState = LookUpRoot(state.root);
     state.menuFile = settings.MenuPath();
-    state.menuExists = state.rootState == StartState::Root::Exists && IsThere(state.menuFile);
+    state.menuExists = state.rootState == StartState::Root::Exists && Exists(state.menuFile);
     return state;
 }
 
 StartChoices StartChoices::For(const StartState& state) {
     StartChoices choices;
     const bool hasFolder = state.stationState != StationFolderState::NotApplicable;
-    const auto say = [&](int headingNumber, const std::string& explanation) {
+    const auto describe = [&](int headingNumber, const std::string& explanation) {
         choices.heading = LoadResString(headingNumber);
         choices.text = explanation;
     };
@@ -56,34 +56,34 @@ StartChoices StartChoices::For(const StartState& state) {
     // A root folder outside the station can exist when the station does not.
     if (isLost && state.rootState != StartState::Root::Exists) {
         const bool denied = state.stationState == StationFolderState::Denied;
-        say(denied ? Message::StartStationClosed : Message::StartNoStation,
-            FormatResString(denied ? Message::StartStationClosedText : Message::StartNoStationText,
-                            state.station));
+        describe(denied ? Message::StartStationClosed : Message::StartNoStation,
+                 FormatResString(denied ? Message::StartStationClosedText : Message::StartNoStationText,
+                                 state.station));
         choices.steps = {StartStep::CreateStation, StartStep::OpenStation};
         return choices;
     }
     if (state.stationState == StationFolderState::Empty && state.rootState == StartState::Root::NotSet) {
-        say(Message::StartNoStation, FormatResString(Message::StartEmptyStationText, state.station));
+        describe(Message::StartNoStation, FormatResString(Message::StartEmptyStationText, state.station));
         choices.steps = {StartStep::CreateStation, StartStep::OpenStation};
         return choices;
     }
     switch (state.rootState) {
     case StartState::Root::Exists:
-        say(Message::StartNothingOpen,
-            FormatResString(state.menuExists ? Message::StartMenuText : Message::StartNoMenuText,
-                            state.menuFile));
+        describe(Message::StartNothingOpen,
+                 FormatResString(state.menuExists ? Message::StartMenuText : Message::StartNoMenuText,
+                                 state.menuFile));
         choices.steps = {StartStep::OpenMenu};
         break;
     case StartState::Root::NotSet:
-        say(Message::StartNoRoot, LoadResString(Message::StartNoRootText));
+        describe(Message::StartNoRoot, LoadResString(Message::StartNoRootText));
         choices.steps = {StartStep::ChooseRoot};
         break;
     case StartState::Root::Missing:
-        say(Message::StartRootGone, FormatResString(Message::StartRootGoneText, state.root));
+        describe(Message::StartRootGone, FormatResString(Message::StartRootGoneText, state.root));
         choices.steps = {StartStep::ChooseRoot};
         break;
     case StartState::Root::Denied:
-        say(Message::StartRootClosed, FormatResString(Message::StartRootClosedText, state.root));
+        describe(Message::StartRootClosed, FormatResString(Message::StartRootClosedText, state.root));
         choices.steps = {StartStep::ChooseRoot};
         break;
     }

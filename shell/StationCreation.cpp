@@ -101,8 +101,8 @@ std::string FreeFolder() {
         const StationFolderState state = platform::LookUpStationFolder(folder);
         return state == StationFolderState::Missing || state == StationFolderState::Empty;
     };
-    constexpr int mostTries = 100;
-    for (int number = 2; number <= mostTries && !isFree(); ++number)
+    constexpr int maxTries = 100;
+    for (int number = 2; number <= maxTries && !isFree(); ++number)
         folder = usual + "-" + std::to_string(number);
     return folder;
 }

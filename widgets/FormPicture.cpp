@@ -40,7 +40,7 @@ FormPicture::FormPicture(wxWindow* parent, const char* hostName, const char* pic
 
 void FormPicture::SetPath(const std::string& path) {
     m_path = path;
-    m_image = PictureChoice::NamesPicture(path) ? LoadPicture(path) : wxImage();
+    m_image = PictureChoice::IsPictureName(path) ? LoadPicture(path) : wxImage();
     SetToolTip(modUtilities::ToWx(path));
     m_picture->SetToolTip(modUtilities::ToWx(path));
     Place();

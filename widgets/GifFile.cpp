@@ -39,7 +39,7 @@ bool SkipBlocks(std::string_view bytes, std::size_t& at) {
 
 // True when an extension has the length that wx expects. wx skips a graphics extension by its usual length
 // instead of reading the length.
-bool HasUsualLength(std::string_view bytes, std::size_t at) {
+bool HasDefinedLength(std::string_view bytes, std::size_t at) {
     if (at + 2 > bytes.size() || bytes[at + 1] != GraphicsMark) return true;
     return at + GraphicsLength <= bytes.size() && Byte(bytes, at + 2) == GraphicsLength - 4 &&
            Byte(bytes, at + GraphicsLength - 1) == 0;
@@ -51,7 +51,7 @@ std::optional<GifPicture> FirstGifPicture(std::string_view bytes) {
     if (!bytes.starts_with("GIF8") || bytes.size() < HeaderLength) return std::nullopt;
     std::size_t at = HeaderLength + ColoursLength(Byte(bytes, 10));
     while (at < bytes.size() && bytes[at] == ExtensionMark) {
-        if (!HasUsualLength(bytes, at)) return std::nullopt;
+        if (!HasDefinedLength(bytes, at)) return std::nullopt;
         at += 2;
         if (!SkipBlocks(bytes, at)) return std::nullopt;
     }

@@ -4,7 +4,7 @@
 
 namespace nesk::PictureChoice {
 
-bool NamesPicture(const std::string& path) {
+bool IsPictureName(const std::string& path) {
     return !path.empty() && !path.ends_with('\\');
 }
 

@@ -6,7 +6,7 @@
 namespace nesk::PictureChoice {
 
 /// True when the path can name a picture file: it is not empty and does not end in "\".
-bool NamesPicture(const std::string& path);
+bool IsPictureName(const std::string& path);
 
 /// The rectangle of a picture inside its host, in pixels.
 struct Placement {

@@ -78,14 +78,14 @@ void SelectAllOnFocus(wxTextCtrl& box) {
         modUtilities::SelectAllText(box, true);
     });
     // A click that sets the focus also moves the caret when the mouse button is released.
-    const auto gains = std::make_shared<bool>(false);
-    box.Bind(wxEVT_LEFT_DOWN, [&box, gains](wxMouseEvent& event) {
+    const auto gainsFocus = std::make_shared<bool>(false);
+    box.Bind(wxEVT_LEFT_DOWN, [&box, gainsFocus](wxMouseEvent& event) {
         event.Skip();
-        *gains = !box.HasFocus();
+        *gainsFocus = !box.HasFocus();
     });
-    box.Bind(wxEVT_LEFT_UP, [&box, gains](wxMouseEvent& event) {
+    box.Bind(wxEVT_LEFT_UP, [&box, gainsFocus](wxMouseEvent& event) {
         event.Skip();
-        if (!std::exchange(*gains, false)) return;
+        if (!std::exchange(*gainsFocus, false)) return;
         box.CallAfter([&box] {
             // A selection made by dragging is kept.
             if (box.HasFocus() && box.GetStringSelection().empty()) modUtilities::SelectAllText(box, true);

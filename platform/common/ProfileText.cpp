@@ -77,11 +77,11 @@ std::string ProfileLine::Value(std::size_t longest) const {
     return text;
 }
 
-ProfileReader::ProfileReader(FileReader& file, std::size_t longestName, std::size_t longestValue)
+ProfileReader::ProfileReader(FileReader& file, std::size_t maxNameLength, std::size_t maxValueLength)
     : m_file(file)
     , m_codePage(common::CodePageTable::Get(CodePage()))
-    , m_longestName(longestName)
-    , m_longestValue(longestValue) {
+    , m_maxNameLength(maxNameLength)
+    , m_maxValueLength(maxValueLength) {
     m_wide = Require(2) && m_buffer[0] == '\xFF' && m_buffer[1] == '\xFE';
     if (m_wide) m_at = 2;
 }
@@ -93,9 +93,9 @@ bool ProfileReader::Require(std::size_t count) {
                   m_buffer.begin() + static_cast<std::ptrdiff_t>(m_end), m_buffer.begin());
         m_end -= m_at;
         m_at = 0;
-        const std::size_t room = std::min(m_buffer.size() - m_end, m_left);
+        const std::size_t size = std::min(m_buffer.size() - m_end, m_left);
         std::size_t got = 0;
-        if (room == 0 || m_file.Read(m_buffer.data() + m_end, room, got) != ErrorCode::Success || got == 0)
+        if (size == 0 || m_file.Read(m_buffer.data() + m_end, size, got) != ErrorCode::Success || got == 0)
             return false;
         m_end += got;
         m_left -= got;
@@ -131,9 +131,9 @@ bool ProfileReader::NextCharacter(char32_t& character) {
 
 bool ProfileReader::Next(ProfileLine& line) {
     line.kind = ProfileLine::Kind::Other;
-    line.name.Clear(m_longestName + 1);
+    line.name.Clear(m_maxNameLength + 1);
     // One more character than the value, for its opening quote.
-    line.value.Clear(m_longestValue + 1);
+    line.value.Clear(m_maxValueLength + 1);
     enum class Part { Start, Header, Name, Value, Ignored } part = Part::Start;
     bool any = false;
     for (char32_t character = 0; !m_ended && NextCharacter(character);) {

@@ -62,9 +62,9 @@ public:
     /// The maximum number of bytes read from a file. With a longer search the program would seem to hang.
     static constexpr std::size_t LargestText = std::size_t{64} << 20;
 
-    /// @param longestName   length of the longest name to be compared
-    /// @param longestValue  length of the longest value to be read
-    ProfileReader(FileReader& file, std::size_t longestName, std::size_t longestValue);
+    /// @param maxNameLength   length of the longest name to be compared
+    /// @param maxValueLength  length of the longest value to be read
+    ProfileReader(FileReader& file, std::size_t maxNameLength, std::size_t maxValueLength);
 
     /// Reads the next line. Returns false at the end of the text: the end of the file, a byte 26 (the end
     /// mark of old editors), a read error, or LargestText.
@@ -76,8 +76,8 @@ private:
 
     FileReader& m_file;
     const common::CodePageTable& m_codePage;
-    std::size_t m_longestName;
-    std::size_t m_longestValue;
+    std::size_t m_maxNameLength;
+    std::size_t m_maxValueLength;
     std::array<char, 16384> m_buffer{};
     std::size_t m_at = 0;
     std::size_t m_end = 0;

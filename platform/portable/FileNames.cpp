@@ -56,13 +56,13 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
     std::string_view n = upperName;
     std::string_view p = upperPattern;
     // Position to resume from when the text after the last "*" does not match.
-    bool haveStar = false;
+    bool hasStar = false;
     std::string_view starPattern;
     std::string_view starName;
     while (!n.empty()) {
         if (!p.empty() && p.front() == '*') {
             p.remove_prefix(1);
-            haveStar = true;
+            hasStar = true;
             starPattern = p;
             starName = n;
         } else if (!p.empty() && p.front() == '?') {
@@ -71,7 +71,7 @@ bool MatchesPattern(std::string_view name, std::string_view pattern) {
         } else if (!p.empty() && p.front() == n.front()) {
             p.remove_prefix(1);
             n.remove_prefix(1);
-        } else if (haveStar) {
+        } else if (hasStar) {
             starName.remove_prefix(CharacterLength(starName));
             n = starName;
             p = starPattern;

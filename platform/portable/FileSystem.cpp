@@ -47,7 +47,7 @@ constexpr mode_t AccessRights = 0777;
 // @param own      sets owner and group, where -1 keeps the current one; returns the result of chown
 // @param protect  sets access rights; returns the result of chmod
 template <typename Own, typename Protect>
-int TakeOverRights(const struct stat& from, Own own, Protect protect) {
+int TransferRights(const struct stat& from, Own own, Protect protect) {
     mode_t rights = from.st_mode & AccessRights;
     // Only root may change the owner; other users may only choose among their own groups.
     if (own(from.st_uid, from.st_gid) != 0 && own(static_cast<uid_t>(-1), from.st_gid) != 0) {
@@ -160,7 +160,7 @@ public:
 
     int SetRightsOf(const struct stat& from) {
         const int handle = m_handle.Get();
-        return TakeOverRights(
+        return TransferRights(
             from, [handle](uid_t owner, gid_t group) { return ::fchown(handle, owner, group); },
             [handle](mode_t rights) { return ::fchmod(handle, rights); });
     }
@@ -309,12 +309,12 @@ public:
         const fs::path target = ToHostPath(to);
         struct stat status {};
         if (::stat(source.c_str(), &status) != 0) return MissingCode(source, errno);
-        return TakeOverRights(
+        return TransferRights(
             status, [&](uid_t owner, gid_t group) { return ::chown(target.c_str(), owner, group); },
             [&](mode_t rights) { return ::chmod(target.c_str(), rights); });
     }
 
-    void GiveUsualRights(const std::string& path) override {
+    void ApplyDefaultRights(const std::string& path) override {
         // The mask can only be read by setting it. A file created by another thread in between gets too few
         // rights rather than too many.
         const mode_t mask = ::umask(S_IRWXG | S_IRWXO);

@@ -56,16 +56,16 @@ int CopyStation(const fs::path& from, const fs::path& to) {
     return error ? ErrorFrom(error) : ErrorCode::Success;
 }
 
-class StationBeside final : public NewStationFolder {
+class PendingStation final : public NewStationFolder {
 public:
-    StationBeside(fs::path folder, fs::path beside)
+    PendingStation(fs::path folder, fs::path beside)
         : m_folder(std::move(folder)), m_beside(std::move(beside)), m_former(portable::StationFolder()) {
         portable::UseStation(m_beside);
     }
-    StationBeside(const StationBeside&) = delete;
-    StationBeside& operator=(const StationBeside&) = delete;
+    PendingStation(const PendingStation&) = delete;
+    PendingStation& operator=(const PendingStation&) = delete;
 
-    ~StationBeside() override {
+    ~PendingStation() override {
         if (m_finished) return;
         portable::UseStation(m_former);
         std::error_code error;
@@ -96,7 +96,7 @@ private:
 
 // The station whose drives contain a folder, because a folder dialog may have descended into them; otherwise
 // the folder itself.
-std::string StationAround(const std::string& folder) {
+std::string EnclosingStation(const std::string& folder) {
     if (IsStation(folder)) return folder;
     for (fs::path at(folder); at.has_relative_path(); at = at.parent_path()) {
         std::error_code error;
@@ -130,7 +130,7 @@ StationFolderState LookUpStationFolder(const std::string& folder) {
 }
 
 int UseStationFolder(const std::string& chosen) {
-    const std::string folder = StationAround(chosen);
+    const std::string folder = EnclosingStation(chosen);
     switch (LookUpStationFolder(folder)) {
     case StationFolderState::Usable: break;
     case StationFolderState::Denied: return ErrorCode::AccessDenied;
@@ -173,7 +173,7 @@ int BeginStationFolder(const std::string& folder, bool example, std::unique_ptr<
         fs::remove_all(beside, error);
         return result;
     }
-    station = std::make_unique<StationBeside>(target, beside);
+    station = std::make_unique<PendingStation>(target, beside);
     return ErrorCode::Success;
 }
 

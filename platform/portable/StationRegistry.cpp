@@ -33,7 +33,7 @@ constexpr std::uint32_t AnyWrite = SetValue | CreateSubKey;
 // a caller that opens several keys in a row must not wait for each.
 constexpr std::chrono::seconds BusyAnswer{2};
 
-constexpr std::size_t LongestValueName = 16383;
+constexpr std::size_t MaxValueNameLength = 16383;
 
 bool IsText(std::uint32_t type) {
     return type == RegType::Text || type == RegType::ExpandText || type == RegType::MultiText;
@@ -104,7 +104,7 @@ public:
     }
 
     int SetValue(RegKey key, const std::string& name, std::uint32_t type, std::string_view data) override {
-        if (name.size() > LongestValueName) return ErrorCode::InvalidParameter;
+        if (name.size() > MaxValueNameLength) return ErrorCode::InvalidParameter;
         std::int64_t row = 0;
         if (const int result = Use(key, Right::SetValue, row); result != ErrorCode::Success) return result;
         const std::string stored = IsText(type) ? FromAnsi(data) : std::string(data);

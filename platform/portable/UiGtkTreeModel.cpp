@@ -91,7 +91,7 @@ gboolean Previous(GtkTreeModel*, GtkTreeIter* iter) {
                                                                    : &node.Parent()->Child(node.Index() - 1));
 }
 
-gboolean Nth(GtkTreeModel* model, GtkTreeIter* iter, GtkTreeIter* parent, gint n) {
+gboolean ChildAt(GtkTreeModel* model, GtkTreeIter* iter, GtkTreeIter* parent, gint n) {
     if (parent == nullptr) return Put(iter, n == 0 ? Of(model).root : nullptr);
     const TreeNode& node = *NodeIn(parent);
     const auto index = static_cast<std::size_t>(n);
@@ -99,7 +99,7 @@ gboolean Nth(GtkTreeModel* model, GtkTreeIter* iter, GtkTreeIter* parent, gint n
 }
 
 gboolean Children(GtkTreeModel* model, GtkTreeIter* iter, GtkTreeIter* parent) {
-    return Nth(model, iter, parent, 0);
+    return ChildAt(model, iter, parent, 0);
 }
 
 gboolean HasChild(GtkTreeModel*, GtkTreeIter* iter) {
@@ -127,7 +127,7 @@ void InitInterface(GtkTreeModelIface* interface) {
     interface->iter_children = Children;
     interface->iter_has_child = HasChild;
     interface->iter_n_children = ChildCount;
-    interface->iter_nth_child = Nth;
+    interface->iter_nth_child = ChildAt;
     interface->iter_parent = Parent;
 }
 

@@ -65,14 +65,14 @@ void RemoveAbandonedFiles(const std::wstring& front) {
 
 void RestoreInterrupted(const std::wstring& path) {
     if (path.empty() || ::GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES) return;
-    std::wstring youngest;
+    std::wstring newest;
     std::uint64_t written = 0;
     ForEachNumbered(path + ReplacedMark, [&](const std::wstring& old, const WIN32_FIND_DATAW& found) {
-        if (!youngest.empty() && Ticks(found.ftLastWriteTime) <= written) return;
-        youngest = old;
+        if (!newest.empty() && Ticks(found.ftLastWriteTime) <= written) return;
+        newest = old;
         written = Ticks(found.ftLastWriteTime);
     });
-    if (!youngest.empty()) ::MoveFileExW(youngest.c_str(), path.c_str(), MOVEFILE_WRITE_THROUGH);
+    if (!newest.empty()) ::MoveFileExW(newest.c_str(), path.c_str(), MOVEFILE_WRITE_THROUGH);
 }
 
 } // namespace nesk::platform::windows

@@ -43,9 +43,9 @@ void AddDialogNote(HWND dialog, const std::wstring& text) {
     // The usual margin of a dialog, in the units of its font.
     RECT margin{7, 7, 0, 0};
     ::MapDialogRect(dialog, &margin);
-    RECT room{};
-    ::GetClientRect(dialog, &room);
-    const int width = room.right - 2 * margin.left;
+    RECT client{};
+    ::GetClientRect(dialog, &client);
+    const int width = client.right - 2 * margin.left;
     auto font = reinterpret_cast<HFONT>(::SendMessageW(dialog, WM_GETFONT, 0, 0));
     if (font == nullptr) font = static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
     const int height = HeightOf(dialog, font, text, width);

@@ -450,7 +450,7 @@ public:
             EXPECT_NE(dynamic_cast<FormDirectories*>(parent), nullptr);
             EXPECT_TRUE(wxIsBusy());
             ++shown;
-            begun = values;
+            initial = values;
             asked = texts;
             if (!confirmed) return platform::PrinterSetupResult::Cancelled;
             values.orientation = "2";
@@ -466,7 +466,7 @@ public:
     bool confirmed = true;
     std::string standIn; // printer that replaces one that is not on the machine
     int shown = 0;
-    platform::PrinterValues begun; // values that the dialog started with
+    platform::PrinterValues initial; // values that the dialog started with
     platform::PrinterSetupTexts asked;
 
 private:
@@ -499,7 +499,7 @@ TEST_F(FormDirectoriesTest, PrinterValuesAreStoredOnOk) {
         Click(form.cmdOK);
     }));
     EXPECT_EQ(printer.shown, 3);
-    EXPECT_EQ(printer.begun, (platform::PrinterValues{"Laser", "", "1", "9", "", "", "75"}));
+    EXPECT_EQ(printer.initial, (platform::PrinterValues{"Laser", "", "1", "9", "", "", "75"}));
     EXPECT_EQ(Saved("PrinterDevice"), "Laser");
     EXPECT_EQ(Saved("PrinterOrientation"), "2");
     EXPECT_EQ(Saved("PrinterPaperSize"), "8");

@@ -110,7 +110,7 @@ private:
     fs::path Store() const { return m_station.Folder() / "registry.db"; }
     bool LoadMeanwhile() const;
     bool IsSound() const;
-    bool CheckValues(int begun, int ended);
+    bool CheckValues(int started, int ended);
     const Values& Version(int save) const {
         if (save == 0) return m_before;
         return save % 2 == 1 ? m_odd : m_even;
@@ -181,7 +181,7 @@ bool Killer::CheckFolder() const {
     return true;
 }
 
-bool Killer::CheckValues(int begun, int ended) {
+bool Killer::CheckValues(int started, int ended) {
     // The store is opened anew and closed afterwards, so that the next process has it to itself.
     platform::portable::UseStation(m_station.Folder());
     Values stored;
@@ -202,10 +202,10 @@ bool Killer::CheckValues(int begun, int ended) {
             return Fail(std::string(Fields[i].name) + " is loaded as " + loaded.*Fields[i].field);
     platform::portable::UseStation("/nonexistent/station");
 
-    const bool known = stored == Version(ended) || stored == Version(begun);
-    if (begun > ended && stored != Version(begun)) ++m_takenBack;
+    const bool known = stored == Version(ended) || stored == Version(started);
+    if (started > ended && stored != Version(started)) ++m_takenBack;
     std::string text = "the values are neither those of save " + std::to_string(ended) +
-                       " nor those of save " + std::to_string(begun) + ":";
+                       " nor those of save " + std::to_string(started) + ":";
     for (const std::string& value : stored)
         text += "\n  " + value;
     m_before = std::move(stored);

@@ -90,7 +90,7 @@ TEST_F(LineReaderTest, LinesGivenBeforeStayValidWithinABlock) {
 
 TEST_F(LineReaderTest, ALineThatIsTooLongIsRefused) {
     station.Write(Path, "");
-    std::filesystem::resize_file(TempStation::Host(Path), LineReader::LongestLine * 2 + 1);
+    std::filesystem::resize_file(TempStation::Host(Path), LineReader::MaxLineLength * 2 + 1);
     LineReader reader(std::make_unique<FileSource>(Path));
     LineReader::Line line{};
     const NeskError error = testing::ErrorOf([&] { reader.Next(line); });

@@ -41,7 +41,7 @@ inline std::string LineScanDifference(const PaddedText& text, std::size_t from) 
         if (LineScan::FindEquals(first, end) != Scalar::FindEquals(first, end)) return "FindEquals";
         if (LineScan::FindLineEnd(first, end) != Scalar::FindLineEnd(first, end)) return "FindLineEnd";
     }
-    const std::size_t most = std::min(LongestStart, text.Size() - from);
+    const std::size_t most = std::min(MaxStartLength, text.Size() - from);
     for (std::size_t length = 0; length <= most; ++length) {
         if (LineScan::HasLowerCase(first, length) != Scalar::HasLowerCase(first, length))
             return "HasLowerCase";

@@ -43,7 +43,7 @@ protected:
 TEST_F(MenuFileErrorsTest, ALineThatIsTooLongIsNamed) {
     const std::string front = "BLOCK MENU\nCAPTION=x\n";
     station.Write(Path, front);
-    fs::resize_file(TempStation::Host(Path), front.size() + LineReader::LongestLine * 2 + 1);
+    fs::resize_file(TempStation::Host(Path), front.size() + LineReader::MaxLineLength * 2 + 1);
     const NeskError error = ErrorOf([&] { m_menu.LoadFromFile(Path); });
     EXPECT_EQ(error.messageId, Message::LineTooLong);
     EXPECT_EQ(error.line, 3);

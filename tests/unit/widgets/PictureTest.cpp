@@ -14,10 +14,10 @@ using PictureChoice::Placement;
 class PictureTest : public testing::CoreTest {};
 
 TEST_F(PictureTest, OnlyFilesAreShown) {
-    EXPECT_FALSE(PictureChoice::NamesPicture(""));
-    EXPECT_FALSE(PictureChoice::NamesPicture("C:\\Pictures\\"));
-    EXPECT_TRUE(PictureChoice::NamesPicture("C:\\Pictures\\a.bmp"));
-    EXPECT_TRUE(PictureChoice::NamesPicture("a.bmp"));
+    EXPECT_FALSE(PictureChoice::IsPictureName(""));
+    EXPECT_FALSE(PictureChoice::IsPictureName("C:\\Pictures\\"));
+    EXPECT_TRUE(PictureChoice::IsPictureName("C:\\Pictures\\a.bmp"));
+    EXPECT_TRUE(PictureChoice::IsPictureName("a.bmp"));
 }
 
 TEST_F(PictureTest, EachSideIsSqueezedByItselfAndThePictureCentred) {
