@@ -56,7 +56,7 @@ void MenuWriter::WriteItems(std::span<const MenuItem* const> items, std::size_t 
     FlushBuffer();
 }
 
-// Writes the items below an entry, and the ends of all blocks. The entry's block has been begun at `level`.
+// Writes the items below an entry, and the ends of all blocks. The entry's block started at `level`.
 void MenuWriter::WriteBelow(const MenuEntry& entry, std::size_t level) {
     // An entry whose block is open, and the number of its children already written. There is no recursion,
     // because a deeply nested menu could overflow the machine stack.

@@ -78,7 +78,7 @@ private:
 
     NativeTreeControl& m_control;
     TreeStyle m_style;
-    bool m_mayEdit = false; // edits are begun by the program only, not by a slow second click
+    bool m_mayEdit = false; // only the program starts an edit; a slow second click does not
     bool m_restoring = false;
 };
 
