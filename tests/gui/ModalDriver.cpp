@@ -33,10 +33,6 @@ void ModalDriver::OnTimer() {
     }
 }
 
-bool IsOpen(const wxDialog& dialog) {
-    return dialog.IsModal() && dialog.IsShown();
-}
-
 void PressButton(wxWindow* button) {
     ASSERT_NE(button, nullptr);
     ASSERT_TRUE(button->IsEnabled()) << button->GetName();

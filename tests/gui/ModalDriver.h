@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gui/UiDriver.h"
+
 #include <functional>
 
 #include <wx/dialog.h>
@@ -23,11 +25,6 @@ private:
     int m_ticks = 0;
     bool m_done = false;
 };
-
-/// Returns whether a modal dialog is waiting for an answer. IsModal is not enough on every toolkit: on
-/// Windows it stays true until the call that showed the dialog returns, although the dialog is already
-/// answered and hidden.
-bool IsOpen(const wxDialog& dialog);
 
 /// Presses a button of a dialog. A missing, hidden or disabled button fails the test.
 void PressButton(wxWindow* button);
