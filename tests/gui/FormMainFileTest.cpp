@@ -44,7 +44,7 @@ protected:
 
     // The text of the page without the line breaks of its wrapping.
     std::string PageText() const {
-        std::string text = FromWx(window->pgStart->lblText->GetLabelText());
+        std::string text = TextOf(window->pgStart->lblText);
         for (char& c : text)
             if (c == '\n') c = ' ';
         return text;
@@ -58,13 +58,6 @@ protected:
              {page.cmdOpenMenu, page.cmdChooseRoot, page.cmdCreateStation, page.cmdOpenStation})
             if (button != nullptr && button->IsShown()) names += FromWx(button->GetName()) + " ";
         return names;
-    }
-
-    static void Press(wxButton* button) {
-        wxCommandEvent event(wxEVT_BUTTON, button->GetId());
-        event.SetEventObject(button);
-        button->ProcessWindowEvent(event);
-        Settle();
     }
 
     // Sets the answer of the dialog for a file name; the dialog's request is recorded.
@@ -104,10 +97,10 @@ TEST_F(FormMainFileTest, TheNextStepOpensTheMenu) {
     EXPECT_TRUE(window->pgStart->IsShown());
     EXPECT_FALSE(window->tvMain->Window().IsShown());
     EXPECT_EQ(Steps(), "cmdOpenMenu " + m_stationSteps);
-    EXPECT_EQ(FromWx(window->pgStart->lblHeading->GetLabelText()), LoadResString(Message::StartNothingOpen));
+    EXPECT_EQ(TextOf(window->pgStart->lblHeading), LoadResString(Message::StartNothingOpen));
     EXPECT_NE(PageText().find(MenuPath), std::string::npos) << PageText();
     EXPECT_TRUE(WaitUntil([&] { return window->pgStart->cmdOpenMenu->HasFocus(); }));
-    MainWindowTest::Press(WXK_RETURN);
+    Press(WXK_RETURN);
     EXPECT_TRUE(WaitUntil([&] { return window->Editor().IsOpen(); }));
     EXPECT_FALSE(window->pgStart->IsShown());
     EXPECT_TRUE(window->tvMain->Window().IsShown());
@@ -122,7 +115,7 @@ TEST_F(FormMainFileTest, WithoutARootFolderTheOptionsAreOffered) {
     OpenWindow();
     EXPECT_EQ(Steps(), "cmdChooseRoot " + m_stationSteps);
     dialogs.Answer(wxID_CANCEL);
-    Press(window->pgStart->cmdChooseRoot);
+    Click(window->pgStart->cmdChooseRoot);
     EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32035));
 }
 

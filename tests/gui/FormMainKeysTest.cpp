@@ -7,7 +7,6 @@
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/timer.h>
-#include <wx/uiaction.h>
 
 namespace nesk::testing {
 namespace {
@@ -222,9 +221,8 @@ TEST_F(FormMainKeysTest, TheContextMenuHasTheCommandsOfTheMenu) {
     std::deque<int> keys{WXK_DOWN, WXK_DOWN, WXK_RETURN};
     wxTimer timer;
     timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-        wxUIActionSimulator simulator;
         if (keys.empty()) return timer.Stop();
-        simulator.Char(keys.front());
+        SendKey(keys.front());
         keys.pop_front();
     });
     timer.Start(200);

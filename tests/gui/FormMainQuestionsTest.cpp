@@ -2,7 +2,7 @@
 
 #include "gui/GuiFixture.h"
 
-#include <wx/menu.h>
+#include <wx/defs.h>
 
 namespace nesk::testing {
 namespace {
@@ -18,7 +18,7 @@ protected:
 TEST_F(FormMainQuestionsTest, RemovingIsAnsweredByYesOrNo) {
     WriteMenu(SmallMenu);
     OpenWindow();
-    Click(window->mnuFileOpen);
+    ASSERT_TRUE(Click(window->mnuFileOpen));
     Select("R.2");
     dialogs.Answer(wxID_NO);
     ASSERT_TRUE(Click(window->mnuMenuRemove));
@@ -29,10 +29,9 @@ TEST_F(FormMainQuestionsTest, RemovingIsAnsweredByYesOrNo) {
 TEST_F(FormMainQuestionsTest, ThatTheRootStaysIsOnlyConfirmed) {
     WriteMenu(SmallMenu);
     OpenWindow();
-    Click(window->mnuFileOpen);
+    ASSERT_TRUE(Click(window->mnuFileOpen));
     dialogs.Answer(wxID_OK);
-    wxCommandEvent command(wxEVT_MENU, window->mnuMenuRemove->GetId());
-    window->ProcessWindowEvent(command);
+    ClickDisabled(window->mnuMenuRemove);
     EXPECT_EQ(Buttons(), wxOK);
 }
 

@@ -155,7 +155,7 @@ TEST_F(FormMainTest, MovingKeepsTheSubtreeAndTheSelection) {
     ASSERT_TRUE(Click(window->mnuMenuUp));
     EXPECT_EQ(TreeText(), "Main Menu\n Brackets\n  Angle\n First\n Last\n");
     EXPECT_EQ(window->tvMain->SelectedKey(), "R.2");
-    EXPECT_FALSE(Click(window->mnuMenuUp)) << "it is the first now";
+    EXPECT_FALSE(window->mnuMenuUp->IsEnabled()) << "it is the first now";
     ASSERT_TRUE(Click(window->mnuMenuDown));
     ASSERT_TRUE(Click(window->mnuMenuDown));
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Last\n Brackets\n  Angle\n");
@@ -209,8 +209,7 @@ TEST_F(FormMainTest, TheRootIsNotRemoved) {
     OpenSmallMenu();
     EXPECT_FALSE(window->mnuMenuRemove->IsEnabled());
     dialogs.Answer(wxID_OK);
-    wxCommandEvent event(wxEVT_MENU, window->mnuMenuRemove->GetId());
-    window->ProcessWindowEvent(event);
+    ClickDisabled(window->mnuMenuRemove);
     EXPECT_EQ(dialogs.shown.at(0).text, LoadResString(32020));
     EXPECT_EQ(dialogs.shown.at(0).title, LoadResString(32015));
     EXPECT_NE(dialogs.shown.at(0).style & wxICON_INFORMATION, 0);
@@ -454,7 +453,7 @@ TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
 TEST_F(FormMainTest, ControlsAreFoundByName) {
     OpenWindow();
     for (const char* name : {"tvMain", "sbMain", "pgStart"})
-        EXPECT_NE(wxWindow::FindWindowByName(name, window), nullptr) << name;
+        Find(*window, name);
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 #include "shell/FormStatusBar.h"
 
+#include "gui/UiDriver.h"
+
 #include <gtest/gtest.h>
 
-#include <wx/app.h>
 #include <wx/frame.h>
-#include <wx/utils.h>
 
 namespace nesk::testing {
 namespace {
@@ -50,10 +50,7 @@ TEST_F(FormStatusBarTest, ALongPathLeavesRoomForTheExplanation) {
     EXPECT_LE(WidthOf(FormStatusBar::PathPanel), 500);
     EXPECT_GE(WidthOf(FormStatusBar::PathPanel), 400);
     bar->GetParent()->SetClientSize(1000, 100);
-    for (int i = 0; i < 200 && bar->GetClientSize().x < 900; ++i) {
-        wxMilliSleep(10);
-        wxTheApp->Yield(true);
-    }
+    EXPECT_TRUE(WaitUntil([&] { return bar->GetClientSize().x >= 900; }));
     EXPECT_GE(WidthOf(FormStatusBar::PathPanel), 700) << "it grows with the bar";
 }
 

@@ -4,18 +4,13 @@
 #include "shell/Startup.h"
 #include "widgets/UiUtilities.h"
 
-#include <chrono>
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <stdexcept>
 
-#include <wx/app.h>
-#include <wx/evtloop.h>
 #include <wx/infobar.h>
-#include <wx/menu.h>
 #include <wx/msgdlg.h>
-#include <wx/stopwatch.h>
-#include <wx/uiaction.h>
 
 namespace nesk::testing {
 
@@ -89,50 +84,7 @@ std::string MainWindowTest::MenuOnDisk() const {
 
 void MainWindowTest::OpenWindow() {
     window = new FormMain;
-    window->Show();
-    window->Raise();
-    ASSERT_TRUE(WaitUntil([&] { return window->IsActive(); }));
-    Settle();
-}
-
-bool MainWindowTest::Click(const wxMenuItem* item) {
-    const bool enabled = item->IsEnabled();
-    if (enabled) window->ProcessCommand(item->GetId());
-    Settle();
-    return enabled;
-}
-
-void MainWindowTest::Settle() {
-    for (int i = 0; i < 20; ++i) {
-        while (wxEventLoop::GetActive()->Pending())
-            wxEventLoop::GetActive()->Dispatch();
-        wxTheApp->ProcessPendingEvents();
-        wxEventLoop::GetActive()->ProcessIdle();
-    }
-}
-
-bool MainWindowTest::WaitUntil(const std::function<bool()>& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline) return false;
-        wxMilliSleep(5);
-        Settle();
-    }
-    return true;
-}
-
-void MainWindowTest::Type(const std::string& text) {
-    wxUIActionSimulator simulator;
-    simulator.Text(text.c_str());
-    wxMilliSleep(50);
-    Settle();
-}
-
-void MainWindowTest::Press(int key, int modifiers) {
-    wxUIActionSimulator simulator;
-    simulator.Char(key, modifiers);
-    wxMilliSleep(50);
-    Settle();
+    ShowActive(*window);
 }
 
 void MainWindowTest::Select(const std::string& id) {
@@ -173,21 +125,11 @@ wxPoint MainWindowTest::MiddleOf(const std::string& id) const {
 }
 
 void MainWindowTest::ClickRow(const std::string& id, int button) {
-    wxUIActionSimulator simulator;
-    simulator.MouseMove(MiddleOf(id));
-    Settle();
-    simulator.MouseClick(button);
-    wxMilliSleep(50);
-    Settle();
+    ClickPoint(MiddleOf(id), button);
 }
 
 void MainWindowTest::DoubleClickRow(const std::string& id) {
-    wxUIActionSimulator simulator;
-    simulator.MouseMove(MiddleOf(id));
-    Settle();
-    simulator.MouseDblClick();
-    wxMilliSleep(50);
-    Settle();
+    DoubleClickPoint(MiddleOf(id));
 }
 
 } // namespace nesk::testing

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "gui/UiDriver.h"
 #include "shell/FormMain.h"
 #include "shell/FormMenuTree.h"
 #include "unit/platform/TempStation.h"
 
 #include <deque>
-#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -58,19 +58,6 @@ protected:
 
     /// Opens the main window.
     void OpenWindow();
-
-    /// Runs a command as a click in the menu does. Returns false if the command is disabled.
-    bool Click(const wxMenuItem* item);
-
-    /// Processes pending events until none are left.
-    static void Settle();
-
-    /// Types a text, or presses a key, into the control that has the focus.
-    static void Type(const std::string& text);
-    static void Press(int key, int modifiers = 0);
-
-    /// Waits until a condition holds. Returns false if it does not hold within five seconds.
-    static bool WaitUntil(const std::function<bool()>& condition);
 
     /// Selects an entry by its id.
     void Select(const std::string& id);

@@ -1,13 +1,12 @@
 #include "gui/TreeIcons.h"
 
+#include "gui/UiDriver.h"
 #include "widgets/UiIcons.h"
 
 #include <algorithm>
 #include <cstdlib>
 
-#include <wx/evtloop.h>
 #include <wx/image.h>
-#include <wx/utils.h>
 #include <wx/window.h>
 
 namespace nesk::testing {
@@ -52,13 +51,12 @@ bool HasIcon(platform::TreeView& tree, const platform::TreeNode& node, std::stri
     const wxImage picture = IconBundle(key, size).GetBitmap(size).ConvertToImage();
     // A window is laid out and painted at a tick of its clock, 60 times a second. Before that, it is drawn
     // empty.
-    for (int i = 0; i < 20; ++i) {
-        wxMilliSleep(20);
-        wxEventLoopBase::GetActive()->YieldFor(wxEVT_CATEGORY_ALL);
-        const wxRect row = tree.RowRect(node);
-        if (!row.IsEmpty() && IsIn(picture, Drawn(tree.Window()), row)) return true;
-    }
-    return false;
+    return WaitUntil(
+        [&] {
+            const wxRect row = tree.RowRect(node);
+            return !row.IsEmpty() && IsIn(picture, Drawn(tree.Window()), row);
+        },
+        std::chrono::milliseconds(500));
 }
 
 } // namespace nesk::testing

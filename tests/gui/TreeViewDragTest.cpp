@@ -70,7 +70,7 @@ TEST_F(TreeViewTest, ADragCanBeCalledOff) {
     Show();
     view->Expand(*games);
     Settle();
-    Drag(games->Child(1), PointIn(*many), [] { wxUIActionSimulator().Char(WXK_ESCAPE); });
+    Drag(games->Child(1), PointIn(*many), [] { SendKey(WXK_ESCAPE); });
     EXPECT_EQ(dropped, "");
     EXPECT_EQ(view->Marked().node, nullptr);
 }

@@ -10,8 +10,6 @@
 #include <vector>
 
 #include <wx/frame.h>
-#include <wx/timer.h>
-#include <wx/uiaction.h>
 #include <wx/utils.h>
 
 namespace nesk::testing {
@@ -57,11 +55,8 @@ protected:
         tools = &view->Append(*root, std::make_unique<platform::TreeNode>("Tools", 0, "", true));
         view->Expand(*root);
         view->Select(root);
-        frame->Show();
-        frame->Raise();
-        ASSERT_TRUE(WaitUntil([&] { return frame->IsActive(); }));
-        view->Window().SetFocus();
-        Settle();
+        ShowActive(*frame);
+        Focus(&view->Window());
         selections = 0;
     }
 
@@ -90,47 +85,15 @@ protected:
     }
     wxPoint OnScreen(wxPoint point) const { return view->Window().ClientToScreen(point); }
 
-    void ClickAt(const platform::TreeNode& node, int modifier = 0, int button = wxMOUSE_BTN_LEFT) {
-        wxUIActionSimulator simulator;
-        simulator.MouseMove(OnScreen(PointIn(node)));
-        Settle();
-        if (modifier != 0) simulator.KeyDown(modifier);
-        simulator.MouseClick(button);
-        if (modifier != 0) simulator.KeyUp(modifier);
-        wxMilliSleep(50);
-        Settle();
+    void ClickAt(const platform::TreeNode& node, int key = 0, int button = wxMOUSE_BTN_LEFT) {
+        ClickPoint(OnScreen(PointIn(node)), button, key);
     }
 
     // Drags a row to a point. `held` runs before the button is released.
     void Drag(const platform::TreeNode& from, wxPoint to, const std::function<void()>& held = nullptr,
-              int modifier = 0) {
-        // On Windows the drag blocks until it ends, so a timer makes its steps.
-        std::vector<std::function<void()>> steps;
-        wxUIActionSimulator simulator;
-        const wxPoint begin = OnScreen(PointIn(from)), end = OnScreen(to);
-        for (int i = 1; i <= 10; ++i)
-            steps.push_back([&simulator, begin, end, i] {
-                simulator.MouseMove(
-                    wxPoint(begin.x + (end.x - begin.x) * i / 10, begin.y + (end.y - begin.y) * i / 10));
-            });
-        if (modifier != 0) steps.push_back([&] { simulator.KeyDown(modifier); });
-        for (int i = 0; i < 4; ++i)
-            steps.push_back([&simulator, end, i] { simulator.MouseMove(wxPoint(end.x + i % 2, end.y)); });
-        if (held) steps.push_back(held);
-        steps.push_back([&] { simulator.MouseUp(); });
-        if (modifier != 0) steps.push_back([&] { simulator.KeyUp(modifier); });
-        simulator.MouseMove(begin);
-        Settle();
-        std::size_t next = 0;
-        wxTimer timer;
-        timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-            if (next < steps.size()) steps[next++]();
-        });
-        timer.Start(40);
-        simulator.MouseDown();
-        EXPECT_TRUE(WaitUntil([&] { return next == steps.size() && view->Dragged().empty(); }));
-        timer.Stop();
-        Settle();
+              int key = 0) {
+        DragMouse(OnScreen(PointIn(from)), OnScreen(to), key, held,
+                  [this] { return view->Dragged().empty(); });
     }
 
     wxFrame* frame = nullptr;

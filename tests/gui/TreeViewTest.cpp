@@ -10,7 +10,7 @@ using platform::TreeView;
 
 TEST_F(TreeViewTest, IsFoundByItsName) {
     Show();
-    EXPECT_EQ(wxWindow::FindWindowByName("tree", frame), &view->Window());
+    EXPECT_EQ(Find(*frame, "tree"), &view->Window());
 }
 
 TEST_F(TreeViewTest, ArrowsGoThroughRowsAndLevels) {
@@ -80,6 +80,7 @@ TEST_F(TreeViewTest, TypingSearchesAndOpensNothing) {
     Type("open fo");
     EXPECT_EQ(Selected(), "Open folder ");
     EXPECT_EQ(activated, 0);
+    // What is typed later begins another search.
     wxMilliSleep(static_cast<unsigned long>(platform::TypeAhead::Pause.count()) + 100);
     Press(WXK_SPACE);
     EXPECT_EQ(Selected(), "Open folder ");
@@ -153,14 +154,7 @@ TEST_F(TreeViewTest, StarExpandsAllBelow) {
 
 TEST_F(TreeViewTest, ADoubleClickActivatesOrExpands) {
     Show();
-    const auto doubleClick = [&](const TreeNode& node) {
-        wxUIActionSimulator simulator;
-        simulator.MouseMove(OnScreen(PointIn(node)));
-        Settle();
-        simulator.MouseDblClick();
-        wxMilliSleep(50);
-        Settle();
-    };
+    const auto doubleClick = [&](const TreeNode& node) { DoubleClickPoint(OnScreen(PointIn(node))); };
     doubleClick(*games);
     EXPECT_TRUE(games->IsExpanded());
     view->on.activated = [](TreeNode&) { return true; };
@@ -200,7 +194,7 @@ TEST_F(TreeViewTest, TheContextMenuByKeyIsAtTheSelectedRow) {
         about = node;
         where = at;
     };
-    wxUIActionSimulator().MouseMove(OnScreen(PointIn(*root)));
+    MoveMouse(OnScreen(PointIn(*root)));
     view->Expand(*many);
     view->Select(&many->Child(50));
     Settle();
@@ -340,11 +334,10 @@ TEST_F(TreeViewTest, AnEditIsEndedByTheProgramInBothWays) {
 TEST_F(TreeViewTest, ASlowSecondClickEditsNothing) {
     Show();
     ClickAt(*games);
-    wxMilliSleep(600);
+    constexpr int longerThanADoubleClick = 600;
+    wxMilliSleep(longerThanADoubleClick);
     ClickAt(*games);
-    wxMilliSleep(700);
-    Settle();
-    EXPECT_EQ(view->Edited(), nullptr);
+    EXPECT_FALSE(WaitUntil([&] { return view->Edited() != nullptr; }, std::chrono::milliseconds(700)));
 }
 
 TEST_F(TreeViewTest, SeveralRowsAreSelectedByMouse) {

@@ -31,13 +31,6 @@ protected:
             return confirm ? folder : std::string();
         });
     }
-
-    void Take(wxButton* step) {
-        wxCommandEvent event(wxEVT_BUTTON, step->GetId());
-        event.SetEventObject(step);
-        step->ProcessWindowEvent(event);
-        Settle();
-    }
 };
 
 TEST_F(FirstStepsTest, AStationThatIsOpenedBringsItsSettings) {
@@ -49,7 +42,7 @@ TEST_F(FirstStepsTest, AStationThatIsOpenedBringsItsSettings) {
     entry.SetString("NeskRoot", "C:\\Neskroot");
     // The dialog starts with the station in use.
     AnswerFolder(true);
-    Take(window->pgStart->cmdOpenStation);
+    Click(window->pgStart->cmdOpenStation);
     EXPECT_EQ(NeskRegistry::Instance().NeskRoot, "C:\\Neskroot");
     EXPECT_TRUE(window->pgStart->cmdOpenMenu->IsShown());
     EXPECT_FALSE(window->pgStart->cmdChooseRoot->IsShown());
@@ -80,7 +73,7 @@ TEST_F(FirstStepsTest, AStationWhoseSettingsAreDamagedLeavesTheButtonsTheirTexts
     std::ofstream(damaged / "registry.db") << std::string(5000, 'x');
     SetStationFolderChooser([&](wxWindow*, int, const std::string&) { return damaged.string(); });
     dialogs.Answer(wxID_OK);
-    Take(window->pgStart->cmdOpenStation);
+    Click(window->pgStart->cmdOpenStation);
     EXPECT_EQ(platform::StationFolderName(), damaged.string());
     // A changed label gets its place with the next frame.
     const auto shows = [](const wxButton* button, const std::string& text) {
@@ -95,9 +88,9 @@ TEST_F(FirstStepsTest, CallingOffChangesNothing) {
     OpenWindow();
     const wxMenuBar* bar = window->GetMenuBar();
     AnswerFolder(false);
-    Take(window->pgStart->cmdOpenStation);
+    Click(window->pgStart->cmdOpenStation);
     dialogs.Answer(wxID_CANCEL);
-    Take(window->pgStart->cmdCreateStation);
+    Click(window->pgStart->cmdCreateStation);
     EXPECT_EQ(window->GetMenuBar(), bar);
     EXPECT_EQ(NeskRegistry::Instance().NeskRoot, "C:\\Neskroot") << "the settings were not read anew";
     EXPECT_EQ(platform::StationFolderName(), station.Folder().string());
@@ -109,7 +102,7 @@ TEST_F(FirstStepsTest, AFolderWithoutAStationIsRefused) {
     std::filesystem::remove(station.Folder() / "registry.db");
     AnswerFolder(true);
     dialogs.Answer(wxID_OK);
-    Take(window->pgStart->cmdOpenStation);
+    Click(window->pgStart->cmdOpenStation);
     ASSERT_EQ(dialogs.shown.size(), 1u);
     EXPECT_NE(dialogs.shown[0].text.find(station.Folder().string()), std::string::npos)
         << dialogs.shown[0].text;

@@ -23,7 +23,7 @@ TEST_F(MainWindowTest, ContentsOfClassicHelpIsItsGeneralTopic) {
     asked.clear();
     const platform::windows::WinHelpFunction before = platform::windows::SetWinHelp(Note);
     OpenWindow();
-    Click(window->mnuHelpContents);
+    EXPECT_TRUE(Click(window->mnuHelpContents));
     platform::windows::SetWinHelp(before);
     modHelp::SetHelpFile(1033, "OV");
     EXPECT_EQ(asked, "1|33000\n");
