@@ -1,6 +1,7 @@
 // Checks of every dialog: its help topic, its access keys, its default button.
 
 #include "gui/Recorders.h"
+#include "gui/UiDriver.h"
 #include "unit/CoreFixture.h"
 
 #include "menu/FormEditMenu.h"
@@ -92,16 +93,15 @@ TEST_P(AllDialogsTest, HelpShowsItsTopic) {
         return;
     }
     ASSERT_NE(dialog->cmdHelp, nullptr);
-    wxCommandEvent press(wxEVT_BUTTON, dialog->cmdHelp->GetId());
-    dialog->cmdHelp->ProcessWindowEvent(press);
+    ShowActive(*dialog);
+    Click(dialog->cmdHelp);
     EXPECT_EQ(help.Shown(), std::to_string(GetParam().helpTopic));
 }
 
 TEST_P(AllDialogsTest, F1ShowsTheSameTopic) {
     const std::unique_ptr<FormDialog> dialog = GetParam().make();
-    wxKeyEvent key(wxEVT_CHAR_HOOK);
-    key.m_keyCode = WXK_F1;
-    dialog->ProcessWindowEvent(key);
+    ShowActive(*dialog);
+    Press(WXK_F1);
     if (GetParam().helpTopic == 0) {
         EXPECT_FALSE(help.WasCalled());
         return;
@@ -123,7 +123,7 @@ TEST_P(AllDialogsTest, EnterIsOkAndTheNamesAreGiven) {
     EXPECT_EQ(FromWx(dialog->GetName()), GetParam().name);
     EXPECT_FALSE(FromWx(dialog->GetTitle()).empty());
     for (const char* name : {"cmdOK", "cmdCancel"})
-        EXPECT_NE(wxWindow::FindWindowByName(name, dialog.get()), nullptr) << name;
+        Find(*dialog, name);
 }
 
 INSTANTIATE_TEST_SUITE_P(

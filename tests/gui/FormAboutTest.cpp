@@ -15,12 +15,12 @@ class FormAboutTest : public SettingsDialogTest {};
 TEST_F(FormAboutTest, ItsTextCanBeSelectedAndEscapeClosesIt) {
     FormAbout dialog(nullptr);
     const ModalDriver driver(dialog, [&] {
-        const std::string text = modUtilities::FromWx(dialog.txtAbout->GetValue());
+        const std::string text = TextOf(dialog.txtAbout);
         EXPECT_NE(text.find(ProgramVersion()), std::string::npos);
         EXPECT_NE(text.find("wxWidgets 3."), std::string::npos) << text;
         EXPECT_FALSE(dialog.txtAbout->IsEditable());
         EXPECT_FALSE(dialog.cmdCancel->IsShown()) << "there is nothing to call off";
-        dialog.txtAbout->SetFocus();
+        Focus(dialog.txtAbout);
         Press('A', wxMOD_CONTROL);
         EXPECT_TRUE(
             WaitUntil([&] { return modUtilities::FromWx(dialog.txtAbout->GetStringSelection()) == text; }));

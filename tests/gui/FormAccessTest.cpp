@@ -6,8 +6,6 @@
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
-#include <wx/clipbrd.h>
-#include <wx/dataobj.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -26,7 +24,7 @@ protected:
         FormAccess dialog(nullptr);
         const ModalDriver driver(dialog, [&] {
             act(dialog);
-            if (IsOpen(dialog)) PressButton(dialog.cmdCancel);
+            if (IsOpen(dialog)) Click(dialog.cmdCancel);
         });
         dialog.Invoke();
     }
@@ -52,20 +50,18 @@ TEST_F(FormAccessTest, ShowsItsTextsAndNoCode) {
         EXPECT_TRUE(dialog.txtCode1->HasFlag(wxTE_PASSWORD));
         EXPECT_TRUE(dialog.txtCode2->HasFlag(wxTE_PASSWORD));
         for (const char* name : {"lblAccessCode", "txtCode1", "lblReenter", "txtCode2", "chkShow"})
-            EXPECT_NE(wxWindow::FindWindowByName(name, &dialog), nullptr) << name;
+            Find(dialog, name);
     });
 }
 
 TEST_F(FormAccessTest, SaysWhetherThereIsACode) {
     Show([](FormAccess& dialog) {
-        EXPECT_EQ(FromWx(dialog.lblState->GetLabelText()),
-                  "An access code is set. Leave both fields empty to remove it.");
+        EXPECT_EQ(TextOf(dialog.lblState), "An access code is set. Leave both fields empty to remove it.");
         EXPECT_TRUE(dialog.GetClientRect().Contains(dialog.lblState->GetRect()));
     });
     NeskRegistry::Instance().ExitKey = "";
     Show([](FormAccess& dialog) {
-        EXPECT_EQ(FromWx(dialog.lblState->GetLabelText()),
-                  "No access code is set. Leave both fields empty to keep it so.");
+        EXPECT_EQ(TextOf(dialog.lblState), "No access code is set. Leave both fields empty to keep it so.");
     });
 }
 
@@ -96,13 +92,10 @@ TEST_F(FormAccessTest, OnlyDigitsAppear) {
 
 TEST_F(FormAccessTest, PastedTextIsReducedToItsDigits) {
     Show([](FormAccess& dialog) {
-        ASSERT_TRUE(wxTheClipboard->Open());
-        wxTheClipboard->SetData(new wxTextDataObject("code 56-78"));
-        wxTheClipboard->Close();
         for (wxTextCtrl** box : {&dialog.txtCode1, &dialog.txtCode2}) {
-            (*box)->SetFocus();
+            Focus(*box);
             Type("12");
-            Press('V', wxMOD_CONTROL);
+            Paste("code 56-78");
             EXPECT_TRUE(WaitUntil([&] { return (*box)->GetValue() == "125678"; })) << (*box)->GetValue();
         }
     });
@@ -114,8 +107,8 @@ TEST_F(FormAccessTest, DifferentCodesAreRefusedAndKept) {
         Press(WXK_TAB);
         Type("12345");
         Expect();
-        dialog.txtCode1->SetFocus();
-        PressButton(dialog.cmdOK);
+        Focus(dialog.txtCode1);
+        Click(dialog.cmdOK);
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_EQ(messages[0].text, LoadResString(32014));
         EXPECT_EQ(messages[0].title, LoadResString(32015));
@@ -139,7 +132,7 @@ TEST_F(FormAccessTest, DifferentCodesAreRefusedAndKept) {
 TEST_F(FormAccessTest, TwoEmptyFieldsRemoveTheCode) {
     NeskRegistry::Instance().Save();
     ASSERT_EQ(StoredCode(), "77");
-    Show([](FormAccess& dialog) { PressButton(dialog.cmdOK); });
+    Show([](FormAccess& dialog) { Click(dialog.cmdOK); });
     EXPECT_EQ(NeskRegistry::Instance().ExitKey, "");
     EXPECT_EQ(StoredCode(), "");
 }
@@ -153,7 +146,7 @@ TEST_F(FormAccessTest, EscapeAndCancelChangeNothing) {
             if (byKey)
                 Press(WXK_ESCAPE);
             else
-                PressButton(dialog.cmdCancel);
+                Click(dialog.cmdCancel);
             EXPECT_FALSE(IsOpen(dialog));
         });
         EXPECT_EQ(NeskRegistry::Instance().ExitKey, "77");
@@ -194,10 +187,7 @@ TEST_F(FormAccessTest, TheCodeIsShownOnRequestAndHiddenAgain) {
 
 TEST_F(FormAccessTest, NoMoreDigitsThanCanBeStored) {
     Show([](FormAccess& dialog) {
-        ASSERT_TRUE(wxTheClipboard->Open());
-        wxTheClipboard->SetData(new wxTextDataObject(wxString('7', AccessCode::MaxLength)));
-        wxTheClipboard->Close();
-        Press('V', wxMOD_CONTROL);
+        Paste(std::string(AccessCode::MaxLength, '7'));
         EXPECT_TRUE(WaitUntil([&] { return dialog.txtCode1->GetValue().length() == AccessCode::MaxLength; }));
         Type("8");
         EXPECT_EQ(dialog.txtCode1->GetValue(), wxString('7', AccessCode::MaxLength));

@@ -21,13 +21,11 @@
 #include <utility>
 #include <vector>
 
-#include <wx/app.h>
 #include <wx/button.h>
 #include <wx/filedlg.h>
 #include <wx/settings.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
-#include <wx/utils.h>
 
 namespace nesk::testing {
 namespace {
@@ -66,14 +64,6 @@ protected:
     PartInfoRecorder editor{station};
     Menu menu;
     MenuItem* item = nullptr;
-    static bool WaitUntil(const std::function<bool()>& condition) {
-        for (int i = 0; i < 200 && !condition(); ++i) {
-            wxMilliSleep(10);
-            wxTheApp->Yield(true);
-        }
-        return condition();
-    }
-
     std::vector<std::string> messages;
 
 private:
@@ -84,8 +74,8 @@ TEST_F(FormEditPartTest, ShowsTheItem) {
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
         EXPECT_EQ(FromWx(dialog.GetTitle()), FormatResString(32029, "Angle"));
-        EXPECT_EQ(FromWx(dialog.txtPartName->GetValue()), "@D:\\Parts\\Bracket\\partinfo.ini@");
-        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), FormatResString(32027, "Bracket 7"));
+        EXPECT_EQ(TextOf(dialog.txtPartName), "@D:\\Parts\\Bracket\\partinfo.ini@");
+        EXPECT_EQ(TextOf(dialog.lblDescription), FormatResString(32027, "Bracket 7"));
         EXPECT_TRUE(dialog.cmdSlideShow->IsEnabled());
         EXPECT_EQ(dialog.picItemHost->Path(), "C:\\a.bmp");
         EXPECT_EQ(dialog.picPreviewHost->Path(), "C:\\b.bmp");
@@ -96,8 +86,8 @@ TEST_F(FormEditPartTest, ShowsTheItem) {
                                  "picPreview",     "cmdPreviewSelect", "cmdPreviewDelete",
                                  "Frame3",         "cmdHelpFile",      "cmdHistory",
                                  "cmdOK",          "cmdCancel",        "cmdHelp"})
-            EXPECT_NE(wxWindow::FindWindowByName(name, &dialog), nullptr) << name;
-        PressButton(dialog.cmdOK);
+            Find(dialog, name);
+        Click(dialog.cmdOK);
     });
     const PartFields before = PartFieldsOf(*item);
     EXPECT_TRUE(dialog.Edit(item));
@@ -120,7 +110,7 @@ TEST_F(FormEditPartTest, EveryControlHasItsText) {
                                                             {dialog.cmdMenuSelect, 32066},
                                                             {dialog.cmdMenuDelete, 32065}};
     for (const auto& [button, text] : pictureTexts) {
-        EXPECT_EQ(FromWx(button->GetLabelText()), LoadResString(text)) << text;
+        EXPECT_EQ(TextOf(button), LoadResString(text)) << text;
         EXPECT_NE(button->GetLabel(), button->GetLabelText()) << "it has an access key";
     }
 }
@@ -128,14 +118,14 @@ TEST_F(FormEditPartTest, EveryControlHasItsText) {
 TEST_F(FormEditPartTest, AccessKeysPressTheButtonsOfThePictures) {
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        PressKey('E', wxMOD_ALT);
+        Press('E', wxMOD_ALT);
         EXPECT_TRUE(WaitUntil([&] { return dialog.picItemHost->Path().empty(); }));
         EXPECT_FALSE(dialog.picPreviewHost->Path().empty());
         // Wine does not find the access keys of a group while the focus is in another group.
-        dialog.txtPartName->SetFocus();
-        PressKey('O', wxMOD_ALT);
+        Focus(dialog.txtPartName);
+        Press('O', wxMOD_ALT);
         EXPECT_TRUE(WaitUntil([&] { return dialog.picPreviewHost->Path().empty(); }));
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Edit(item);
 }
@@ -146,13 +136,13 @@ TEST_F(FormEditPartTest, OnlyAPictureThatIsThereIsRemoved) {
     ModalDriver driver(dialog, [&] {
         EXPECT_TRUE(dialog.cmdMenuDelete->IsEnabled());
         EXPECT_FALSE(dialog.cmdPreviewDelete->IsEnabled());
-        dialog.cmdMenuDelete->SetFocus();
-        PressButton(dialog.cmdMenuDelete);
+        Focus(dialog.cmdMenuDelete);
+        Click(dialog.cmdMenuDelete);
         EXPECT_FALSE(dialog.cmdMenuDelete->IsEnabled());
         EXPECT_TRUE(dialog.cmdMenuSelect->HasFocus()) << "the keyboard goes on from here";
         dialog.picPreviewHost->SetPath("C:\\new.bmp");
         EXPECT_TRUE(dialog.cmdPreviewDelete->IsEnabled());
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Edit(item);
 }
@@ -165,7 +155,7 @@ TEST_F(FormEditPartTest, HelpAndHistoryAreShown) {
                                                                    {dialog.txtHistoryDir, "D:\\History"},
                                                                    {dialog.txtHistoryTitle, "Angles"}};
         for (const auto& [box, text] : boxes) {
-            EXPECT_EQ(FromWx(box->GetValue()), text);
+            EXPECT_EQ(TextOf(box), text);
             EXPECT_FALSE(box->IsEditable()) << text;
             EXPECT_EQ(box->GetBackgroundColour(), wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE))
                 << "it looks as if it cannot be edited";
@@ -173,7 +163,7 @@ TEST_F(FormEditPartTest, HelpAndHistoryAreShown) {
         }
         for (const wxTextCtrl* path : {dialog.txtHelpFile, dialog.txtHistoryDir})
             EXPECT_EQ(path->GetInsertionPoint(), path->GetLastPosition()) << "its end is in view";
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Edit(item);
 }
@@ -181,14 +171,13 @@ TEST_F(FormEditPartTest, HelpAndHistoryAreShown) {
 TEST_F(FormEditPartTest, SaysWhatIsWrongWithThePart) {
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        EXPECT_EQ(FromWx(dialog.lblProblem->GetLabelText()), "");
-        dialog.txtPartName->SetValue("@D:\\Parts\\None\\partinfo.ini@");
-        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), FormatResString(32027, ""));
-        EXPECT_EQ(FromWx(dialog.lblProblem->GetLabelText()),
-                  "The file D:\\Parts\\None\\partinfo.ini does not exist.");
-        dialog.txtPartName->SetValue("BRACKET");
-        EXPECT_EQ(FromWx(dialog.lblProblem->GetLabelText()), "");
-        PressButton(dialog.cmdCancel);
+        EXPECT_EQ(TextOf(dialog.lblProblem), "");
+        Fill(dialog.txtPartName, "@D:\\Parts\\None\\partinfo.ini@");
+        EXPECT_EQ(TextOf(dialog.lblDescription), FormatResString(32027, ""));
+        EXPECT_EQ(TextOf(dialog.lblProblem), "The file D:\\Parts\\None\\partinfo.ini does not exist.");
+        Fill(dialog.txtPartName, "BRACKET");
+        EXPECT_EQ(TextOf(dialog.lblProblem), "");
+        Click(dialog.cmdCancel);
     });
     dialog.Edit(item);
 }
@@ -220,7 +209,7 @@ TEST_F(FormEditPartTest, TheSmallLayoutShowsTheMenuPicture) {
         EXPECT_EQ(compact.picCompact->Path(), "C:\\a.bmp");
         compact.picItemHost->SetPath("C:\\b.bmp");
         EXPECT_EQ(compact.picCompact->Path(), "C:\\b.bmp");
-        PressButton(compact.cmdCancel);
+        Click(compact.cmdCancel);
     });
     compact.Edit(item);
 }
@@ -228,15 +217,15 @@ TEST_F(FormEditPartTest, TheSmallLayoutShowsTheMenuPicture) {
 TEST_F(FormEditPartTest, TheDescriptionFollowsTheText) {
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        dialog.txtPartName->SetValue("BRACKET");
-        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), LoadResString(32028));
+        Fill(dialog.txtPartName, "BRACKET");
+        EXPECT_EQ(TextOf(dialog.lblDescription), LoadResString(32028));
         EXPECT_FALSE(dialog.cmdSlideShow->IsEnabled());
-        dialog.txtPartName->SetValue("@");
-        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), FormatResString(32027, ""));
+        Fill(dialog.txtPartName, "@");
+        EXPECT_EQ(TextOf(dialog.lblDescription), FormatResString(32027, ""));
         EXPECT_TRUE(dialog.cmdSlideShow->IsEnabled());
-        dialog.txtPartName->SetValue("two\nlines");
-        EXPECT_EQ(FromWx(dialog.txtPartName->GetValue()), "two lines");
-        PressButton(dialog.cmdOK);
+        Fill(dialog.txtPartName, "two\nlines");
+        EXPECT_EQ(TextOf(dialog.txtPartName), "two lines");
+        Click(dialog.cmdOK);
     });
     EXPECT_TRUE(dialog.Edit(item));
     EXPECT_EQ(item->ProgramID(), "two lines") << "a plain program name is stored as it stands";
@@ -247,9 +236,9 @@ TEST_F(FormEditPartTest, TheDescriptionFollowsTheText) {
 TEST_F(FormEditPartTest, CancelLeavesThePictures) {
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdMenuDelete);
-        PressButton(dialog.cmdPreviewDelete);
-        PressKey(WXK_ESCAPE);
+        Click(dialog.cmdMenuDelete);
+        Click(dialog.cmdPreviewDelete);
+        Press(WXK_ESCAPE);
     });
     EXPECT_FALSE(dialog.Edit(item));
     EXPECT_EQ(item->Graphic(), "C:\\a.bmp");
@@ -259,9 +248,9 @@ TEST_F(FormEditPartTest, CancelLeavesThePictures) {
 TEST_F(FormEditPartTest, DeletedPicturesAreGoneOnOk) {
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdMenuDelete);
-        PressButton(dialog.cmdPreviewDelete);
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdMenuDelete);
+        Click(dialog.cmdPreviewDelete);
+        Click(dialog.cmdOK);
     });
     EXPECT_TRUE(dialog.Edit(item));
     EXPECT_EQ(item->Graphic(), "");
@@ -274,10 +263,10 @@ TEST_F(FormEditPartTest, TheInformationEditorGetsItsThreeArguments) {
     editor.Install("D:\\Parts\\Bracket\\partinfo.ini");
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdSlideShow);
+        Click(dialog.cmdSlideShow);
         EXPECT_EQ(editor.Log(), "D:\\Parts\\Bracket|D:\\Parts\\Bracket\\partinfo.ini|1033|");
-        EXPECT_EQ(FromWx(dialog.lblDescription->GetLabelText()), FormatResString(32027, "Renamed"));
-        PressButton(dialog.cmdCancel);
+        EXPECT_EQ(TextOf(dialog.lblDescription), FormatResString(32027, "Renamed"));
+        Click(dialog.cmdCancel);
     });
     dialog.Edit(item);
     EXPECT_TRUE(messages.empty());
@@ -291,9 +280,9 @@ TEST_F(FormEditPartTest, TheInformationEditorGetsTheLanguageOfTheProgram) {
     settings.SetString("DefaultLanguage", "1031");
     Startup::InitLanguage();
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdSlideShow);
+        Click(dialog.cmdSlideShow);
         EXPECT_EQ(editor.Log(), "D:\\Parts\\Bracket|D:\\Parts\\Bracket\\partinfo.ini|1031|");
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Edit(item);
     settings.SetString("DefaultLanguage", "");
@@ -303,14 +292,14 @@ TEST_F(FormEditPartTest, TheInformationEditorGetsTheLanguageOfTheProgram) {
 TEST_F(FormEditPartTest, AMissingOrFailingEditorGivesAMessage) {
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdSlideShow);
+        Click(dialog.cmdSlideShow);
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_EQ(messages[0], FormatResString(34301, platform::PartInfoEditorName()));
         editor.InstallFailing();
-        PressButton(dialog.cmdSlideShow);
+        Click(dialog.cmdSlideShow);
         ASSERT_EQ(messages.size(), 2u);
         EXPECT_TRUE(IsOpen(dialog)) << "the dialog stays open";
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Edit(item);
 }
@@ -320,9 +309,9 @@ TEST_F(FormEditPartTest, AReferenceWithoutAFolderStartsNoEditor) {
     item->SetProgramID("@");
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdSlideShow);
+        Click(dialog.cmdSlideShow);
         EXPECT_EQ(editor.Log(), "");
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Edit(item);
     EXPECT_TRUE(messages.empty());
@@ -336,9 +325,9 @@ TEST_F(FormEditPartTest, TheInformationEditorGetsAReferenceAsItIs) {
     item->SetProgramID("@" + folder + "\\partinfo.ini@");
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdSlideShow);
+        Click(dialog.cmdSlideShow);
         EXPECT_EQ(editor.Log(), folder + "|" + folder + "\\partinfo.ini|1033|");
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Edit(item);
     EXPECT_TRUE(messages.empty());
@@ -347,14 +336,14 @@ TEST_F(FormEditPartTest, TheInformationEditorGetsAReferenceAsItIs) {
 
 TEST_F(FormEditPartTest, TheInformationEditorIsGivenNoOption) {
     editor.Install("D:\\Parts\\Bracket\\partinfo.ini");
-    FormEditPart dialog(nullptr, WideScreen);
     for (const char* reference : {"@--run=x\\partinfo.ini@", "@-x\\@"}) {
         messages.clear();
         item->SetProgramID(reference);
+        FormEditPart dialog(nullptr, WideScreen);
         ModalDriver driver(dialog, [&] {
-            PressButton(dialog.cmdSlideShow);
+            Click(dialog.cmdSlideShow);
             EXPECT_EQ(messages, std::vector{FormatResString(34302, platform::PartInfoEditorName())});
-            PressButton(dialog.cmdCancel);
+            Click(dialog.cmdCancel);
         });
         dialog.Edit(item);
     }
@@ -365,13 +354,13 @@ TEST_F(FormEditPartTest, TheInformationEditorIsGivenNoOption) {
 TEST_F(FormEditPartTest, ATextThatCannotBeStoredKeepsTheDialogOpen) {
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        dialog.txtPartName->SetValue(ToWx("部品"));
-        PressButton(dialog.cmdOK);
+        Fill(dialog.txtPartName, "部品");
+        Click(dialog.cmdOK);
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].find("部"), std::string::npos);
         EXPECT_TRUE(IsOpen(dialog));
-        dialog.txtPartName->SetValue("PART");
-        PressButton(dialog.cmdOK);
+        Fill(dialog.txtPartName, "PART");
+        Click(dialog.cmdOK);
     });
     EXPECT_TRUE(dialog.Edit(item));
     EXPECT_EQ(item->ProgramID(), "PART");
@@ -383,8 +372,8 @@ TEST_F(FormEditPartTest, WhatWasNotEditedIsStoredAsItWas) {
         item->SetProgramID(program);
         FormEditPart dialog(nullptr, WideScreen);
         ModalDriver driver(dialog, [&] {
-            PressButton(dialog.cmdMenuDelete);
-            PressButton(dialog.cmdOK);
+            Click(dialog.cmdMenuDelete);
+            Click(dialog.cmdOK);
         });
         EXPECT_TRUE(dialog.Edit(item));
         EXPECT_TRUE(item->ProgramID() == program) << item->ProgramID().size();
@@ -398,8 +387,8 @@ TEST_F(FormEditPartTest, AnEditedTextTakesThePlaceOfOneThatNoBoxHolds) {
     item->SetProgramID(std::string("BRACKET\0 7", 10));
     FormEditPart dialog(nullptr, WideScreen);
     ModalDriver driver(dialog, [&] {
-        dialog.txtPartName->SetValue("BRACKET 8");
-        PressButton(dialog.cmdOK);
+        Fill(dialog.txtPartName, "BRACKET 8");
+        Click(dialog.cmdOK);
     });
     EXPECT_TRUE(dialog.Edit(item));
     EXPECT_EQ(item->ProgramID(), "BRACKET 8");

@@ -10,20 +10,13 @@
 #include <string>
 #include <vector>
 
-#include <wx/app.h>
 #include <wx/button.h>
-#include <wx/clipbrd.h>
-#include <wx/dataobj.h>
 #include <wx/display.h>
-#include <wx/evtloop.h>
 #include <wx/frame.h>
 #include <wx/modalhook.h>
 #include <wx/sizer.h>
 #include <wx/statbmp.h>
 #include <wx/textctrl.h>
-#include <wx/timer.h>
-#include <wx/uiaction.h>
-#include <wx/utils.h>
 
 namespace nesk::testing {
 namespace {
@@ -41,29 +34,10 @@ protected:
 
     static std::int16_t ShowIn(FormMessageBox& box, const std::string& text, std::int16_t options,
                                const std::function<void(FormMessageBox&)>& act) {
-        wxTimer timer;
-        int tries = 0;
-        timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-            if (!box.IsActive() && ++tries < 100) return;
-            timer.Stop();
-            act(box);
-        });
-        timer.Start(20);
+        const ModalDriver driver(box, [&] { act(box); });
         const std::int16_t result = box.Initialize(text, options, "Title");
         EXPECT_EQ(result, box.ReturnCode());
         return result;
-    }
-
-    static void Press(int key, int modifiers = 0) {
-        wxUIActionSimulator simulator;
-        simulator.Char(key, modifiers);
-    }
-
-    static void Settle() {
-        for (int i = 0; i < 10; ++i) {
-            wxMilliSleep(10);
-            wxTheApp->Yield(true);
-        }
     }
 
     // Returns whether the end of the text is visible in its box without scrolling.
@@ -72,31 +46,23 @@ protected:
         return end.x >= 0 && end.y >= 0 &&
                end.y + box.lblMsg->GetCharHeight() <= box.lblMsg->GetClientSize().y + 2;
     }
-
-    static std::string Clipboard() {
-        const wxClipboardLocker locker;
-        wxTextDataObject text;
-        wxTheClipboard->GetData(text);
-        return FromWx(text.GetText());
-    }
 };
 
 TEST_F(FormMessageBoxTest, ShowsTextTitleIconAndButtons) {
     const std::int16_t result = Show("Something happened & is shown", 0x33, [](FormMessageBox& box) {
         EXPECT_EQ(FromWx(box.GetTitle()), "Title");
-        EXPECT_EQ(FromWx(box.lblMsg->GetValue()), "Something happened & is shown");
+        EXPECT_EQ(TextOf(box.lblMsg), "Something happened & is shown");
         EXPECT_TRUE(box.picIcon->IsShown());
         ASSERT_EQ(box.cmdButton.size(), 3u);
         EXPECT_EQ(FromWx(box.cmdButton[0]->GetLabel()), "Yes");
         EXPECT_EQ(FromWx(box.cmdButton[1]->GetLabel()), "No");
         EXPECT_EQ(FromWx(box.cmdButton[2]->GetLabel()), "Cancel");
-        EXPECT_EQ(box.FindWindowByName("cmdButton2", &box), box.cmdButton[1]);
+        EXPECT_EQ(Find(box, "cmdButton2"), box.cmdButton[1]);
         // The buttons are in one row and inside the window.
         EXPECT_EQ(box.cmdButton[0]->GetPosition().y, box.cmdButton[2]->GetPosition().y);
         EXPECT_LT(box.cmdButton[0]->GetRect().GetRight(), box.cmdButton[1]->GetPosition().x);
         EXPECT_LE(box.cmdButton[2]->GetRect().GetRight(), box.GetClientSize().x);
-        wxCommandEvent press(wxEVT_BUTTON, box.cmdButton[1]->GetId());
-        box.cmdButton[1]->ProcessWindowEvent(press);
+        Click(box.cmdButton[1]);
     });
     EXPECT_EQ(result, modMessageBox::Result::No);
 }
@@ -130,8 +96,8 @@ TEST_F(FormMessageBoxTest, EscapeCancels) {
 TEST_F(FormMessageBoxTest, EscapeAnswersNoQuestionWithoutACancelButton) {
     const std::int16_t result = Show("Question", 4, [](FormMessageBox& box) {
         Press(WXK_ESCAPE);
-        // If Escape were an answer, the box would be closed before this letter arrives.
-        box.CallAfter([] { Press('N'); });
+        EXPECT_TRUE(IsOpen(box));
+        Press('N');
     });
     EXPECT_EQ(result, modMessageBox::Result::No);
 }
@@ -145,7 +111,8 @@ TEST_F(FormMessageBoxTest, SoDoesTheLetterWithAltAndWithNothingElse) {
     EXPECT_EQ(Show("Question", 4, [](FormMessageBox&) { Press('N', wxMOD_ALT); }), modMessageBox::Result::No);
     const std::int16_t result = Show("Question", 4, [](FormMessageBox& box) {
         Press('N', wxMOD_CONTROL);
-        box.CallAfter([] { Press('Y'); });
+        EXPECT_TRUE(IsOpen(box));
+        Press('Y');
     });
     EXPECT_EQ(result, modMessageBox::Result::Yes);
 }
@@ -183,12 +150,11 @@ TEST_F(FormMessageBoxTest, ALongPathIsBrokenAnywhere) {
         EXPECT_GT(box.lblMsg->GetSize().y, 4 * box.lblMsg->GetCharHeight());
         EXPECT_TRUE(ShowsItsEnd(box)) << "nothing of it is cut";
         EXPECT_GT(box.lblMsg->GetNumberOfLines(), 4) << "without the hyphens of the text box";
-        box.lblMsg->SetFocus();
+        Focus(box.lblMsg);
         box.lblMsg->SelectAll();
-        Settle();
         box.lblMsg->Copy();
-        Settle();
-        EXPECT_EQ(Clipboard(), "The file C:\\" + std::string(400, 'W') + "\\menu.cfg was not found.");
+        const std::string text = "The file C:\\" + std::string(400, 'W') + "\\menu.cfg was not found.";
+        EXPECT_TRUE(WaitUntil([&] { return Clipboard() == text; })) << Clipboard();
         Press(WXK_RETURN);
     });
 }
@@ -204,8 +170,8 @@ TEST_F(FormMessageBoxTest, ATextThatIsHigherThanTheScreenScrolls) {
         EXPECT_TRUE(box.cmdButton[0]->HasFocus()) << "and has the focus";
         const wxPoint before = box.lblMsg->PositionToCoords(0);
         Press(WXK_PAGEDOWN);
-        Settle();
-        EXPECT_LT(box.lblMsg->PositionToCoords(0).y, before.y) << "a key scrolls";
+        EXPECT_TRUE(WaitUntil([&] { return box.lblMsg->PositionToCoords(0).y < before.y; }))
+            << "a key scrolls";
         Press(WXK_RETURN);
     });
 }
@@ -216,15 +182,12 @@ TEST_F(FormMessageBoxTest, TheTextIsCopied) {
         EXPECT_FALSE(box.lblMsg->IsEditable());
         EXPECT_TRUE(box.cmdButton[0]->HasFocus());
         Press('C', wxMOD_CONTROL);
-        Settle();
-        EXPECT_EQ(Clipboard(), text);
-        box.lblMsg->SetFocus();
-        Settle();
+        EXPECT_TRUE(WaitUntil([&] { return Clipboard() == text; })) << Clipboard();
+        Focus(box.lblMsg);
         box.lblMsg->SetSelection(9, 20);
         Press('C', wxMOD_CONTROL);
-        Settle();
-        EXPECT_EQ(Clipboard(), "C:\\menu.cfg") << "what is selected";
-        EXPECT_EQ(FromWx(box.lblMsg->GetValue()), text);
+        EXPECT_TRUE(WaitUntil([] { return Clipboard() == "C:\\menu.cfg"; })) << "what is selected";
+        EXPECT_EQ(TextOf(box.lblMsg), text);
         Press(WXK_RETURN); // presses the default button although the text has the focus
     });
 }
@@ -237,7 +200,7 @@ TEST_F(FormMessageBoxTest, ASecondMessageOfOneBoxStartsEmpty) {
                          EXPECT_EQ(again.cmdButton.size(), 1u);
                          EXPECT_EQ(again.ReturnCode(), modMessageBox::Result::None);
                          EXPECT_FALSE(again.picIcon->IsShown());
-                         EXPECT_EQ(FromWx(again.lblMsg->GetValue()), "Second");
+                         EXPECT_EQ(TextOf(again.lblMsg), "Second");
                          int buttons = 0;
                          for (const wxWindow* child : again.GetChildren())
                              if (dynamic_cast<const wxButton*>(child) != nullptr) ++buttons;
@@ -249,7 +212,7 @@ TEST_F(FormMessageBoxTest, ASecondMessageOfOneBoxStartsEmpty) {
 
 TEST_F(FormMessageBoxTest, StandsInTheMiddleOfTheScreen) {
     auto* corner = new wxFrame(nullptr, wxID_ANY, "Corner", wxPoint(0, 0), wxSize(200, 150));
-    corner->Show();
+    ShowActive(*corner);
     Show(
         "Something happened", 48,
         [](FormMessageBox& box) {
@@ -293,7 +256,7 @@ protected:
 
 TEST_F(FormMessageBoxTest, BelongsToTheModalDialogInFront) {
     auto* const main = new wxFrame(nullptr, wxID_ANY, "Main");
-    main->Show();
+    ShowActive(*main);
     wxTheApp->SetTopWindow(main);
     OwnerRecorder recorder;
     wxDialog outer(main, wxID_ANY, "Outer");
@@ -317,13 +280,7 @@ TEST_F(FormMessageBoxTest, BelongsToTheModalDialogInFront) {
 TEST_F(FormMessageBoxTest, DisplayAndYesNo) {
     const auto answerWith = [](int key, const std::function<void(FormMessageBox&)>& show) {
         FormMessageBox box(nullptr);
-        wxTimer timer;
-        timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-            if (!box.IsActive()) return;
-            timer.Stop();
-            Press(key);
-        });
-        timer.Start(20);
+        const ModalDriver driver(box, [key] { Press(key); });
         show(box);
     };
     bool yes = false;

@@ -31,7 +31,7 @@ protected:
         FormSelectMachine dialog(nullptr);
         const ModalDriver driver(dialog, [&] {
             act(dialog);
-            if (IsOpen(dialog)) PressButton(dialog.cmdCancel);
+            if (IsOpen(dialog)) Click(dialog.cmdCancel);
         });
         return dialog.SelectMachine();
     }
@@ -52,17 +52,15 @@ protected:
         // Under Wine a click occasionally does not reach the list, for an unknown reason, so a click that did
         // not arrive is repeated.
         for (int tries = 0; tries < 3 && !arrived; ++tries) {
-            wxUIActionSimulator simulator;
-            simulator.MouseMove(list.ClientToScreen(wxPoint(20, y + height / 3)));
-            Settle();
+            const wxPoint point = list.ClientToScreen(wxPoint(20, y + height / 3));
             if (twice)
-                simulator.MouseDblClick();
+                DoubleClickPoint(point);
             else
-                simulator.MouseClick();
-            WaitUntil([&] { return arrived; }, 800);
+                ClickPoint(point);
+            arrived = WaitUntil([&] { return arrived; }, std::chrono::milliseconds(800));
         }
         list.Unbind(wxEVT_LEFT_DOWN, note);
-        const wxWindow* ok = wxWindow::FindWindowByName("cmdOK", list.GetParent());
+        const wxWindow* ok = Find(*list.GetParent(), "cmdOK");
         EXPECT_TRUE(arrived);
         EXPECT_TRUE(WaitUntil([&] { return list.GetSelection() == line && ok->IsEnabled(); }));
     }
@@ -82,7 +80,7 @@ TEST_F(FormSelectFromListTest, ShowsTheMachines) {
         Settle();
         EXPECT_EQ(dialog.lstMain->GetSelection(), wxNOT_FOUND);
         EXPECT_FALSE(dialog.cmdOK->IsEnabled());
-        EXPECT_EQ(wxWindow::FindWindowByName("lstMain", &dialog), dialog.lstMain);
+        EXPECT_EQ(Find(dialog, "lstMain"), dialog.lstMain);
     });
     EXPECT_EQ(key, "");
 }
@@ -94,7 +92,7 @@ TEST_F(FormSelectFromListTest, TheSecondOfTwoEqualNames) {
         ClickLine(*dialog.lstMain, 1);
         EXPECT_EQ(dialog.lstMain->GetSelection(), 1);
         EXPECT_TRUE(IsOpen(dialog)) << "one click chooses nothing yet";
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
     });
     EXPECT_EQ(key, "Machines\\B");
 }
@@ -129,15 +127,11 @@ TEST_F(FormSelectFromListTest, EnterWithoutASelectionDoesNothing) {
     const std::string key = Machine([](FormSelectMachine& dialog) {
         EXPECT_FALSE(dialog.cmdOK->IsEnabled());
         Press(WXK_RETURN);
-        wxMilliSleep(300);
-        Settle();
-        EXPECT_TRUE(IsOpen(dialog));
-        // Neither a double click outside the lines nor OK, if it were enabled, closes the dialog.
-        wxCommandEvent twice(wxEVT_LISTBOX_DCLICK, dialog.lstMain->GetId());
-        dialog.lstMain->ProcessWindowEvent(twice);
+        EXPECT_FALSE(WaitUntil([&] { return !IsOpen(dialog); }, std::chrono::milliseconds(300)));
+        // Neither a double click outside the lines nor OK, if it came through, closes the dialog.
+        Send(dialog.lstMain, wxEVT_LISTBOX_DCLICK);
         ASSERT_TRUE(IsOpen(dialog));
-        dialog.cmdOK->Enable();
-        PressButton(dialog.cmdOK);
+        ClickDisabled(dialog.cmdOK);
         EXPECT_TRUE(IsOpen(dialog));
     });
     EXPECT_EQ(key, "");
@@ -159,7 +153,7 @@ TEST_F(FormSelectFromListTest, EscapeForgetsTheSelection) {
     const ModalDriver driver(dialog, [&] {
         EXPECT_EQ(dialog.lstMain->GetSelection(), wxNOT_FOUND);
         EXPECT_FALSE(dialog.cmdOK->IsEnabled());
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     EXPECT_EQ(dialog.SelectMachine(), "");
 }
@@ -171,7 +165,7 @@ TEST_F(FormSelectFromListTest, TheEntryThatIsSetIsSelected) {
     const ModalDriver driver(dialog, [&] {
         EXPECT_EQ(dialog.lstMain->GetSelection(), 1);
         EXPECT_TRUE(dialog.cmdOK->IsEnabled());
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
     });
     EXPECT_EQ(dialog.SelectMachine("Machines\\B"), "Machines\\B");
     Add("Users\\U1", "Smith");
@@ -179,7 +173,7 @@ TEST_F(FormSelectFromListTest, TheEntryThatIsSetIsSelected) {
     const ModalDriver second(users, [&] {
         EXPECT_EQ(users.lstMain->GetSelection(), wxNOT_FOUND);
         EXPECT_FALSE(users.cmdOK->IsEnabled());
-        PressButton(users.cmdCancel);
+        Click(users.cmdCancel);
     });
     EXPECT_EQ(users.SelectUser("Users\\Gone"), "");
 }
@@ -204,18 +198,18 @@ TEST_F(FormSelectFromListTest, AnEmptyListSaysWhereItsEntriesComeFromAndGetsOne)
         const NextDialog<FormListName> next([this](FormListName& name) {
             EXPECT_TRUE(name.txtName->HasFocus());
             Expect();
-            PressButton(name.cmdOK);
+            Click(name.cmdOK);
             EXPECT_EQ(messages.back().text, LoadResString(34420));
             EXPECT_TRUE(IsOpen(name)) << "a name is needed";
-            name.txtName->SetValue("Bridge");
-            PressButton(name.cmdOK);
+            Fill(name.txtName, "Bridge");
+            Click(name.cmdOK);
         });
-        PressButton(dialog.cmdAdd);
+        Click(dialog.cmdAdd);
         ASSERT_EQ(dialog.lstMain->GetCount(), 1u);
         EXPECT_EQ(dialog.lstMain->GetSelection(), 0) << "the new one is chosen";
         EXPECT_FALSE(dialog.lblEmpty->IsShown());
         EXPECT_TRUE(dialog.cmdOK->IsEnabled());
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
     });
     EXPECT_EQ(key, "Machines\\M1");
     RegEntry entry;
@@ -229,16 +223,16 @@ TEST_F(FormSelectFromListTest, AnEntryIsRemovedAfterAQuestion) {
     Machine([this](FormSelectMachine& dialog) {
         ClickLine(*dialog.lstMain, 1);
         Expect(modMessageBox::Result::No);
-        PressButton(dialog.cmdRemove);
+        Click(dialog.cmdRemove);
         EXPECT_NE(messages.back().text.find("\"Arm\""), std::string::npos);
         EXPECT_EQ(dialog.lstMain->GetCount(), 2u);
         Expect(modMessageBox::Result::Yes);
-        PressButton(dialog.cmdRemove);
+        Click(dialog.cmdRemove);
         ASSERT_EQ(dialog.lstMain->GetCount(), 1u);
         EXPECT_EQ(dialog.lstMain->GetString(0), "Bridge");
         EXPECT_EQ(dialog.lstMain->GetSelection(), 0) << "the selection falls on the next entry";
         Expect(modMessageBox::Result::Yes);
-        PressButton(dialog.cmdRemove);
+        Click(dialog.cmdRemove);
         EXPECT_FALSE(dialog.cmdOK->IsEnabled());
         EXPECT_FALSE(dialog.cmdRemove->IsEnabled());
     });
@@ -254,7 +248,7 @@ TEST_F(FormSelectFromListTest, TheEntryThatIsSetCannotBeRemoved) {
         EXPECT_FALSE(dialog.cmdRemove->IsEnabled()) << "the settings name it";
         ClickLine(*dialog.lstMain, 0);
         EXPECT_TRUE(dialog.cmdRemove->IsEnabled());
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     EXPECT_EQ(dialog.SelectMachine("Machines\\B"), "");
 }
@@ -288,7 +282,7 @@ TEST_F(FormSelectFromListTest, UsersAreAListOfTheirOwn) {
         ASSERT_EQ(dialog.lstMain->GetCount(), 1u);
         EXPECT_EQ(dialog.lstMain->GetString(0), "Smith");
         ClickLine(*dialog.lstMain, 0);
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
     });
     EXPECT_EQ(dialog.SelectUser(), "Users\\U7");
 }

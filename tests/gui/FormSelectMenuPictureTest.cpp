@@ -74,12 +74,12 @@ TEST_F(PictureDialogTest, AnEmptyPathStaysEmptyOnOk) {
         EXPECT_EQ(FromWx(dialog.GetTitle()), LoadResString(32081));
         EXPECT_FALSE(dialog.picItemHost->ShowsPicture());
         // The file dialog starts in the folder of the settings.
-        PressButton(dialog.cmdMenuSelect);
+        Click(dialog.cmdMenuSelect);
         ASSERT_EQ(files.requests.size(), 1u);
         EXPECT_EQ(files.requests[0].folder, "C:\\Pictures");
         EXPECT_EQ(files.requests[0].title, LoadResString(32026));
         EXPECT_EQ(files.requests[0].file, "");
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
     });
     EXPECT_TRUE(dialog.Display(path));
     EXPECT_EQ(path, "");
@@ -92,12 +92,12 @@ TEST_F(PictureDialogTest, AChosenFileIsShownAndReturned) {
     std::string path = "C:\\Gone\\old.bmp";
     ModalDriver driver(dialog, [&] {
         EXPECT_FALSE(dialog.picItemHost->ShowsPicture());
-        PressButton(dialog.cmdMenuSelect);
+        Click(dialog.cmdMenuSelect);
         EXPECT_TRUE(dialog.picItemHost->ShowsPicture());
         const wxSize host = dialog.picItemHost->GetClientSize();
         EXPECT_EQ(dialog.picItemHost->PictureRect(), wxRect((host.x - 40) / 2, (host.y - 20) / 2, 40, 20));
-        EXPECT_EQ(FromWx(dialog.lblFile->GetLabelText()), "C:\\Pictures\\small.png");
-        PressButton(dialog.cmdOK);
+        EXPECT_EQ(TextOf(dialog.lblFile), "C:\\Pictures\\small.png");
+        Click(dialog.cmdOK);
     });
     EXPECT_TRUE(dialog.Display(path));
     EXPECT_EQ(path, "C:\\Pictures\\small.png");
@@ -106,7 +106,6 @@ TEST_F(PictureDialogTest, AChosenFileIsShownAndReturned) {
 #ifdef NESK_PORTABLE_STATION
 // Windows does not allow such names.
 TEST_F(PictureDialogTest, TheNameOfAPictureIsNothingButAName) {
-    FormSelectMenuPicture dialog(nullptr);
     for (const char* name : {"$(touch hit).png", "|touch hit", ";touch hit;.png", "-o hit.png", "%s%n.png",
                              "<b>&amp;.png", "http:hit.png", "memory:hit.png", "x.zip#zip:hit.png"}) {
         const std::string host = (station.Folder() / name).string();
@@ -115,11 +114,12 @@ TEST_F(PictureDialogTest, TheNameOfAPictureIsNothingButAName) {
         ASSERT_TRUE(image.SaveFile(wxString::FromUTF8(host.c_str()), wxBITMAP_TYPE_PNG));
         std::string path = "Z:" + host;
         std::replace(path.begin(), path.end(), '/', '\\');
+        FormSelectMenuPicture dialog(nullptr);
         ModalDriver driver(dialog, [&] {
             EXPECT_TRUE(dialog.picItemHost->ShowsPicture()) << name;
-            EXPECT_EQ(FromWx(dialog.lblFile->GetLabelText()), path);
+            EXPECT_EQ(TextOf(dialog.lblFile), path);
             EXPECT_EQ(FromWx(dialog.picItemHost->GetToolTipText()), path);
-            PressButton(dialog.cmdOK);
+            Click(dialog.cmdOK);
         });
         const std::string before = path;
         EXPECT_TRUE(dialog.Display(path));
@@ -135,8 +135,8 @@ TEST_F(PictureDialogTest, CancelAfterChoosingLeavesThePath) {
     FormSelectMenuPicture dialog(nullptr);
     std::string path = "C:\\old.bmp";
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdMenuSelect);
-        PressKey(WXK_ESCAPE);
+        Click(dialog.cmdMenuSelect);
+        Press(WXK_ESCAPE);
     });
     EXPECT_FALSE(dialog.Display(path));
     EXPECT_EQ(path, "C:\\old.bmp");
@@ -148,11 +148,11 @@ TEST_F(PictureDialogTest, DeleteEmptiesThePath) {
     std::string path = "C:\\Pictures\\small.png";
     ModalDriver driver(dialog, [&] {
         EXPECT_TRUE(dialog.picItemHost->ShowsPicture());
-        PressButton(dialog.cmdMenuDelete);
+        Click(dialog.cmdMenuDelete);
         EXPECT_FALSE(dialog.picItemHost->ShowsPicture());
-        EXPECT_EQ(FromWx(dialog.lblFile->GetLabelText()), "");
-        dialog.cmdOK->SetFocus();
-        PressKey(WXK_RETURN);
+        EXPECT_EQ(TextOf(dialog.lblFile), "");
+        Focus(dialog.cmdOK);
+        Press(WXK_RETURN);
     });
     EXPECT_TRUE(dialog.Display(path));
     EXPECT_EQ(path, "");
@@ -163,7 +163,7 @@ TEST_F(PictureDialogTest, AFolderIsNoPictureButIsReturned) {
     std::string path = "C:\\Pictures\\";
     ModalDriver driver(dialog, [&] {
         EXPECT_FALSE(dialog.picItemHost->ShowsPicture());
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
     });
     EXPECT_TRUE(dialog.Display(path));
     EXPECT_EQ(path, "C:\\Pictures\\");
@@ -202,7 +202,7 @@ TEST_F(PictureDialogTest, LargePicturesAreSqueezedInThatDirectionAlone) {
     ModalDriver driver(dialog, [&] {
         const wxSize host = dialog.picItemHost->GetClientSize();
         EXPECT_EQ(dialog.picItemHost->PictureRect(), wxRect(0, (host.y - 20) / 2, host.x, 20));
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Display(path);
 }
@@ -227,7 +227,7 @@ TEST_F(PictureDialogTest, DamagedAndHugePicturesDoNoHarm) {
             dialog.picItemHost->SetPath(std::string("C:\\Pictures\\") + name);
             EXPECT_FALSE(dialog.picItemHost->ShowsPicture()) << name;
         }
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
     });
     EXPECT_TRUE(dialog.Display(path));
     EXPECT_EQ(path, "C:\\Pictures\\missing.bmp") << "the path is not checked";
@@ -235,11 +235,11 @@ TEST_F(PictureDialogTest, DamagedAndHugePicturesDoNoHarm) {
 
 TEST_F(PictureDialogTest, EveryControlHasItsText) {
     const FormSelectMenuPicture dialog(nullptr);
-    const wxWindow* frame = wxWindow::FindWindowByName("Frame1", &dialog);
+    const wxWindow* frame = Find(dialog, "Frame1");
     ASSERT_NE(frame, nullptr);
     EXPECT_EQ(FromWx(frame->GetLabel()), LoadResString(32056));
-    EXPECT_EQ(FromWx(dialog.cmdMenuSelect->GetLabelText()), LoadResString(32066));
-    EXPECT_EQ(FromWx(dialog.cmdMenuDelete->GetLabelText()), LoadResString(32065));
+    EXPECT_EQ(TextOf(dialog.cmdMenuSelect), LoadResString(32066));
+    EXPECT_EQ(TextOf(dialog.cmdMenuDelete), LoadResString(32065));
     EXPECT_EQ(FromWx(dialog.cmdOK->GetLabel()), LoadResString(32004));
     EXPECT_EQ(FromWx(dialog.cmdCancel->GetLabel()), LoadResString(32005));
     EXPECT_EQ(FromWx(dialog.cmdHelp->GetLabel()), LoadResString(32008));
@@ -250,12 +250,12 @@ TEST_F(PictureDialogTest, TheFileDialogBeginsWithThePicture) {
     std::string path = "C:\\Pictures\\x.txt";
     NeskRegistry::Instance().DefaultBitmapDirectory = "C:\\";
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdMenuSelect);
+        Click(dialog.cmdMenuSelect);
         ASSERT_EQ(files.requests.size(), 1u);
         EXPECT_EQ(files.requests[0].file, "C:\\Pictures\\x.txt");
         EXPECT_EQ(files.requests[0].folder, "C:\\Pictures\\");
         EXPECT_EQ(files.requests[0].filter, "");
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Display(path);
 }
@@ -266,11 +266,11 @@ TEST_F(PictureDialogTest, OnlyAPictureThatIsThereIsRemoved) {
     ModalDriver driver(dialog, [&] {
         EXPECT_FALSE(dialog.cmdMenuDelete->IsEnabled());
         files.choice = "C:\\Pictures\\x.txt";
-        PressButton(dialog.cmdMenuSelect);
+        Click(dialog.cmdMenuSelect);
         EXPECT_TRUE(dialog.cmdMenuDelete->IsEnabled());
-        PressButton(dialog.cmdMenuDelete);
+        Click(dialog.cmdMenuDelete);
         EXPECT_FALSE(dialog.cmdMenuDelete->IsEnabled());
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     dialog.Display(path);
 }
@@ -299,8 +299,8 @@ private:
 TEST_F(EditMenuTest, EveryControlHasItsText) {
     FormEditMenu dialog(nullptr);
     EXPECT_EQ(FromWx(dialog.GetTitle()), LoadResString(32041)) << "until it is shown for an item";
-    EXPECT_EQ(FromWx(dialog.cmdPicture->GetLabelText()), LoadResString(32066));
-    EXPECT_EQ(FromWx(dialog.cmdDelete->GetLabelText()), LoadResString(32065));
+    EXPECT_EQ(TextOf(dialog.cmdPicture), LoadResString(32066));
+    EXPECT_EQ(TextOf(dialog.cmdDelete), LoadResString(32065));
     EXPECT_EQ(FromWx(dialog.cmdOK->GetLabel()), LoadResString(32004));
     EXPECT_EQ(FromWx(dialog.cmdCancel->GetLabel()), LoadResString(32005));
     EXPECT_EQ(FromWx(dialog.cmdHelp->GetLabel()), LoadResString(32008));
@@ -310,8 +310,8 @@ TEST_F(EditMenuTest, OkAfterDeleteStoresAnEmptyPicture) {
     FormEditMenu dialog(nullptr);
     ModalDriver driver(dialog, [&] {
         EXPECT_EQ(FromWx(dialog.GetTitle()), "Brackets");
-        PressButton(dialog.cmdDelete);
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdDelete);
+        Click(dialog.cmdOK);
     });
     EXPECT_EQ(dialog.Edit(*item), "");
     EXPECT_EQ(item->Graphic(), "C:\\Pictures\\small.png") << "the caller stores it";
@@ -322,9 +322,9 @@ TEST_F(EditMenuTest, CancelLeavesThePictureEvenAfterAnotherWasChosen) {
     files.choice = "C:\\Pictures\\other.png";
     FormEditMenu dialog(nullptr);
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdPicture);
+        Click(dialog.cmdPicture);
         EXPECT_EQ(dialog.picItemHost->Path(), "C:\\Pictures\\other.png");
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     EXPECT_EQ(dialog.Edit(*item), std::nullopt);
     EXPECT_EQ(item->Graphic(), "C:\\Pictures\\small.png");
@@ -335,8 +335,8 @@ TEST_F(EditMenuTest, OkStoresTheChosenPicture) {
     files.choice = "C:\\Pictures\\other.png";
     FormEditMenu dialog(nullptr);
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdPicture);
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdPicture);
+        Click(dialog.cmdOK);
     });
     EXPECT_EQ(dialog.Edit(*item), "C:\\Pictures\\other.png");
 }
@@ -345,10 +345,10 @@ TEST_F(EditMenuTest, APathThatCannotBeStoredIsRefused) {
     files.choice = "C:\\Pictures\\\xE6\x97\xA5.png";
     FormEditMenu dialog(nullptr);
     ModalDriver driver(dialog, [&] {
-        PressButton(dialog.cmdPicture);
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdPicture);
+        Click(dialog.cmdOK);
         ASSERT_TRUE(IsOpen(dialog)) << "the dialog stays open";
-        PressButton(dialog.cmdCancel);
+        Click(dialog.cmdCancel);
     });
     EXPECT_EQ(dialog.Edit(*item), std::nullopt);
     EXPECT_EQ(item->Graphic(), "C:\\Pictures\\small.png");
@@ -360,11 +360,11 @@ TEST_F(EditMenuTest, APathThatWasNotChangedIsNotChecked) {
     const std::string strange("C:\\a\0b.png", 10);
     item->SetGraphic(strange);
     FormEditMenu dialog(nullptr);
-    ModalDriver driver(dialog, [&] { PressButton(dialog.cmdOK); });
+    ModalDriver driver(dialog, [&] { Click(dialog.cmdOK); });
     EXPECT_TRUE(dialog.Edit(*item) == strange);
     std::string path = strange;
     FormSelectMenuPicture picture(nullptr);
-    ModalDriver second(picture, [&] { PressButton(picture.cmdOK); });
+    ModalDriver second(picture, [&] { Click(picture.cmdOK); });
     EXPECT_TRUE(picture.Display(path));
     EXPECT_TRUE(path == strange);
     EXPECT_EQ(messages, std::vector<std::string>{});

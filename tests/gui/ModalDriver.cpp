@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 #include <utility>
 
-#include <wx/button.h>
-#include <wx/uiaction.h>
-
 namespace nesk::testing {
 
 namespace {
@@ -22,29 +19,18 @@ ModalDriver::ModalDriver(wxDialog& dialog, std::function<void()> act)
 }
 
 void ModalDriver::OnTimer() {
-    ++m_ticks;
+    // The action processes events, so the timer ticks meanwhile.
+    if (m_acts) return;
     if (!m_done && IsOpen(m_dialog) && m_dialog.IsActive()) {
-        m_done = true;
+        m_done = m_acts = true;
         m_act();
-    } else if (m_ticks > MostTicks) {
+        m_acts = false;
+        m_ticks = 0;
+    } else if (++m_ticks > MostTicks) {
         m_timer.Stop();
         ADD_FAILURE() << "the dialog " << m_dialog.GetName() << " was not ended";
         if (IsOpen(m_dialog)) m_dialog.EndModal(wxID_CANCEL);
     }
-}
-
-void PressButton(wxWindow* button) {
-    ASSERT_NE(button, nullptr);
-    ASSERT_TRUE(button->IsEnabled()) << button->GetName();
-    ASSERT_TRUE(button->IsShown()) << button->GetName();
-    wxCommandEvent event(wxEVT_BUTTON, button->GetId());
-    event.SetEventObject(button);
-    button->ProcessWindowEvent(event);
-}
-
-void PressKey(int key, int modifiers) {
-    wxUIActionSimulator simulator;
-    simulator.Char(key, modifiers);
 }
 
 } // namespace nesk::testing

@@ -10,8 +10,8 @@
 namespace nesk::testing {
 
 /// Runs an action on a modal dialog as soon as the dialog is active, while the call that shows it is still
-/// waiting. The action must end the dialog. A dialog that stays open for more than five seconds is ended and
-/// fails the test.
+/// waiting. The action must end the dialog. A dialog that stays open for five seconds without the action, or
+/// after it, is ended and fails the test.
 class ModalDriver {
 public:
     ModalDriver(wxDialog& dialog, std::function<void()> act);
@@ -23,13 +23,8 @@ private:
     std::function<void()> m_act;
     wxTimer m_timer;
     int m_ticks = 0;
+    bool m_acts = false;
     bool m_done = false;
 };
-
-/// Presses a button of a dialog. A missing, hidden or disabled button fails the test.
-void PressButton(wxWindow* button);
-
-/// Presses a key in the control that has the focus.
-void PressKey(int key, int modifiers = 0);
 
 } // namespace nesk::testing

@@ -33,7 +33,7 @@ protected:
         FormCreateStation dialog(nullptr);
         const ModalDriver driver(dialog, [&] {
             act(dialog);
-            if (IsOpen(dialog)) PressButton(dialog.cmdCancel);
+            if (IsOpen(dialog)) Click(dialog.cmdCancel);
         });
         return dialog.Invoke();
     }
@@ -44,7 +44,7 @@ protected:
 TEST_F(FormCreateStationTest, ProposesTheExampleInTheUsualFolder) {
     const bool made = Show([this](FormCreateStation& dialog) {
         EXPECT_TRUE(dialog.optExample->GetValue());
-        EXPECT_EQ(FromWx(dialog.txtFolder->GetValue()), m_folder);
+        EXPECT_EQ(TextOf(dialog.txtFolder), m_folder);
         EXPECT_FALSE(dialog.txtMachine->GetValue().empty());
         EXPECT_FALSE(dialog.txtUser->GetValue().empty());
         wxString told = dialog.lblUsual->GetLabel();
@@ -79,10 +79,10 @@ TEST_F(FormCreateStationTest, BrowsingFillsInTheFolder) {
             EXPECT_EQ(folder, m_folder);
             return std::string();
         });
-        PressButton(dialog.cmdFolder);
-        EXPECT_EQ(FromWx(dialog.txtFolder->GetValue()), m_folder) << "called off";
+        Click(dialog.cmdFolder);
+        EXPECT_EQ(TextOf(dialog.txtFolder), m_folder) << "called off";
         SetStationFolderChooser([](wxWindow*, int, const std::string&) { return std::string("/x/y"); });
-        PressButton(dialog.cmdFolder);
+        Click(dialog.cmdFolder);
         EXPECT_EQ(dialog.txtFolder->GetValue(), "/x/y");
         SetStationFolderChooser({});
     });
@@ -90,21 +90,21 @@ TEST_F(FormCreateStationTest, BrowsingFillsInTheFolder) {
 
 TEST_F(FormCreateStationTest, WhatIsWrongIsToldAndGetsTheFocus) {
     Show([this](FormCreateStation& dialog) {
-        dialog.txtUser->SetValue("  ");
+        Fill(dialog.txtUser, "  ");
         Expect();
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
         EXPECT_EQ(messages.back().text, LoadResString(Message::NameNeeded));
         EXPECT_TRUE(dialog.txtUser->HasFocus());
-        dialog.txtUser->SetValue("Smith");
+        Fill(dialog.txtUser, "Smith");
         // A folder that cannot be created.
-        dialog.txtFolder->SetValue(ToWx("/proc/none/station"));
+        Fill(dialog.txtFolder, "/proc/none/station");
         Expect();
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
         EXPECT_NE(messages.back().text.find("/proc/none/station"), std::string::npos) << messages.back().text;
         EXPECT_TRUE(IsOpen(dialog));
-        dialog.txtFolder->SetValue(ToWx(station.Folder().string()));
+        Fill(dialog.txtFolder, station.Folder().string());
         Expect();
-        PressButton(dialog.cmdOK);
+        Click(dialog.cmdOK);
         EXPECT_TRUE(dialog.txtFolder->HasFocus());
         EXPECT_NE(messages.back().text.find(station.Folder().string()), std::string::npos);
         EXPECT_TRUE(IsOpen(dialog));

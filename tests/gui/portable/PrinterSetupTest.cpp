@@ -124,11 +124,7 @@ TEST(PrinterValues, AnotherPrinterLosesTheDriver) {
 // The dialog of GTK on a machine that needs no printer, because the dialog can always print to a file.
 class PrintDialogTest : public SettingsDialogTest {
 protected:
-    PrintDialogTest() {
-        m_parent->Show();
-        m_parent->Raise();
-        EXPECT_TRUE(WaitUntil([&] { return m_parent->IsActive(); }));
-    }
+    PrintDialogTest() { ShowActive(*m_parent); }
     ~PrintDialogTest() override { m_parent->Destroy(); }
 
     static GtkPrintUnixDialog* Dialog() {
@@ -346,15 +342,13 @@ TEST_F(PrintDialogTest, ConfirmedUnchangedItTakesThePrinterAlone) {
 TEST_F(PrintDialogTest, EscapeCancels) {
     PrinterValues values{"Laser", "laserdrv", "2", "8", "257", "-4", "75"};
     const PrinterValues before = values;
-    EXPECT_EQ(PrinterSetupResult::Cancelled,
-              Show(values, [](GtkPrintUnixDialog*) { PressKey(WXK_ESCAPE, 0); }));
+    EXPECT_EQ(PrinterSetupResult::Cancelled, Show(values, [](GtkPrintUnixDialog*) { Press(WXK_ESCAPE); }));
     EXPECT_EQ(values, before);
 }
 
 TEST_F(PrintDialogTest, EnterConfirms) {
     PrinterValues values;
-    EXPECT_EQ(PrinterSetupResult::Confirmed,
-              Show(values, [](GtkPrintUnixDialog*) { PressKey(WXK_RETURN, 0); }));
+    EXPECT_EQ(PrinterSetupResult::Confirmed, Show(values, [](GtkPrintUnixDialog*) { Press(WXK_RETURN); }));
     EXPECT_EQ(values.zoom, "100");
     EXPECT_NE(values.paperSize, "");
 }

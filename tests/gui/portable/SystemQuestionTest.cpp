@@ -28,17 +28,13 @@ TEST_F(SystemQuestionTest, NeitherEscapeNorTheCloseBoxTakesItAway) {
         Settle();
         EXPECT_TRUE(IsOpen(box)) << "the close box";
         Press(WXK_RETURN);
-        WaitUntil([&] { return !IsOpen(box); });
+        EXPECT_TRUE(WaitUntil([&] { return !IsOpen(box); }));
     });
     EXPECT_EQ(answer, true) << "Yes is the default";
 }
 
 TEST_F(SystemQuestionTest, NoIsAnAnswer) {
-    const auto answer = Ask([](wxDialog& box) {
-        wxWindow* no = box.FindWindow(wxID_NO);
-        ASSERT_NE(no, nullptr);
-        PressButton(no);
-    });
+    const auto answer = Ask([](wxDialog& box) { Click(box.FindWindow(wxID_NO)); });
     EXPECT_EQ(answer, false);
 }
 
