@@ -43,19 +43,12 @@ protected:
         WhenShown<FormBrowse>("FormBrowse", act);
         return FormBrowse(nullptr).Invoke(prompt, path);
     }
-
-    static void ChooseDrive(FormBrowse& form, const char* drive) {
-        ASSERT_TRUE(form.Drive1->SetStringSelection(drive));
-        wxCommandEvent event(wxEVT_CHOICE, form.Drive1->GetId());
-        event.SetEventObject(form.Drive1);
-        form.Drive1->ProcessWindowEvent(event);
-    }
 };
 
 TEST_F(FormBrowseTest, ShowsTextsAndLists) {
     Show([](FormBrowse& form) {
         EXPECT_EQ(FromWx(form.GetTitle()), "Browse for Folder");
-        EXPECT_EQ(FromWx(form.lblPrompt->GetLabelText()), "Choose R&D");
+        EXPECT_EQ(TextOf(form.lblPrompt), "Choose R&D");
         EXPECT_EQ(FromWx(form.cmdOK->GetLabel()), "OK");
         EXPECT_EQ(FromWx(form.cmdCancel->GetLabel()), "Cancel");
         EXPECT_EQ(FromWx(form.cmdHelp->GetLabel()), "&Help");
@@ -86,12 +79,12 @@ TEST_F(FormBrowseTest, TheKeyboardAloneChoosesAFolder) {
 
 TEST_F(FormBrowseTest, AccessKeysLeadToTheLists) {
     Show([](FormBrowse& form) {
-        form.cmdCancel->SetFocus();
+        Focus(form.cmdCancel);
         Press('D', wxMOD_ALT);
         Press(WXK_DOWN);
         EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "D:");
         EXPECT_EQ(form.Dir1->Path(), "D:\\");
-        form.cmdCancel->SetFocus();
+        Focus(form.cmdCancel);
         Press('F', wxMOD_ALT);
         EXPECT_TRUE(form.Dir1->Window().HasFocus());
         Press(WXK_DOWN);
@@ -140,7 +133,7 @@ TEST_F(FormBrowseTest, BeginsAtTheProgramWhenThePathDoesNotExist) {
 
 TEST_F(FormBrowseTest, AnotherDriveIsShownFromItsRoot) {
     EXPECT_EQ(Show([](FormBrowse& form) {
-                  ChooseDrive(form, "D:");
+                  Choose(form.Drive1, "D:");
                   EXPECT_EQ(form.Dir1->Path(), "D:\\");
                   form.Dir1->SetPath("D:\\Other");
                   Click(form.cmdOK);
@@ -152,7 +145,7 @@ TEST_F(FormBrowseTest, ADriveThatIsNotReadyIsReportedAndCIsShown) {
     EmptyDriveD();
     Expect();
     Show([this](FormBrowse& form) {
-        ChooseDrive(form, "D:");
+        Choose(form.Drive1, "D:");
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].text.find("D:\\"), std::string::npos) << messages[0].text;
         EXPECT_EQ(messages[0].title, LoadResString(34123));
@@ -169,7 +162,7 @@ TEST_F(FormBrowseTest, TheFallbackThatIsNotReadyIsReportedOnce) {
     Show(
         [this](FormBrowse& form) {
             station.Write("C:\\.notready", "");
-            ChooseDrive(form, "C:");
+            Choose(form.Drive1, "C:");
             EXPECT_EQ(FromWx(form.Drive1->GetStringSelection()), "C:");
             Click(form.cmdCancel);
         },
@@ -180,8 +173,8 @@ TEST_F(FormBrowseTest, TheFallbackThatIsNotReadyIsReportedOnce) {
 
 TEST_F(FormBrowseTest, ANewFolderIsMadeAndEntered) {
     const auto name = [](FormFolder& form) {
-        EXPECT_EQ(FromWx(form.lblFolder->GetLabelText()), "C:\\Data\\");
-        form.txtFolder->ChangeValue("New\\Deep");
+        EXPECT_EQ(TextOf(form.lblFolder), "C:\\Data\\");
+        Fill(form.txtFolder, "New\\Deep");
         Click(form.cmdOK);
     };
     EXPECT_EQ(Show([&](FormBrowse& form) {

@@ -18,7 +18,6 @@
 #include <wx/settings.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
-#include <wx/uiaction.h>
 #include <wx/utils.h>
 
 namespace nesk::testing {
@@ -66,7 +65,7 @@ protected:
 
     // Confirms and expects a message about a box, which then gets the focus.
     void Refused(FormDirectories& form, wxTextCtrl* box, const std::string& text) {
-        form.cmdOK->SetFocus();
+        Focus(form.cmdOK);
         Expect();
         Click(form.cmdOK);
         ASSERT_FALSE(messages.empty());
@@ -110,7 +109,7 @@ TEST_F(FormDirectoriesTest, ShowsTextsAndSettings) {
         EXPECT_TRUE(form.txtSampleSize->IsEnabled());
         for (const char* name : {"lblRoot", "txtRoot", "cmdRoot", "cmdSlides", "cmdBitmap", "cmdMachine",
                                  "cmdUser", "txtMaxParts", "txtSampleSize", "cmdHistory", "cmdPrinter"})
-            EXPECT_NE(wxWindow::FindWindowByName(name, &form), nullptr) << name;
+            Find(form, name);
         EXPECT_EQ(TabOrder(),
                   "txtRoot cmdRoot txtSlides cmdSlides txtBitmap cmdBitmap txtMachine cmdMachine "
                   "txtUser cmdUser txtMaxParts txtSampleSize cmdHistory cmdPrinter cmdOK cmdCancel "
@@ -121,16 +120,7 @@ TEST_F(FormDirectoriesTest, ShowsTextsAndSettings) {
 
 TEST_F(FormDirectoriesTest, AClickIntoANumberSelectsIt) {
     Show([](FormDirectories& form) {
-        wxUIActionSimulator mouse;
-        const auto clickInto = [&](wxTextCtrl* box) {
-            const wxRect place = box->GetScreenRect();
-            mouse.MouseMove(place.x + place.width - 10, place.y + place.height / 2);
-            Settle();
-            mouse.MouseClick();
-            wxMilliSleep(50);
-            Settle();
-        };
-        clickInto(form.txtMaxParts);
+        ClickInto(form.txtMaxParts);
         EXPECT_TRUE(form.txtMaxParts->HasFocus());
         EXPECT_EQ(Selected(form.txtMaxParts), "20");
         Type("7");
@@ -139,9 +129,9 @@ TEST_F(FormDirectoriesTest, AClickIntoANumberSelectsIt) {
         Type("5");
         constexpr int longerThanADoubleClick = 700;
         wxMilliSleep(longerThanADoubleClick);
-        clickInto(form.txtMaxParts);
+        ClickInto(form.txtMaxParts);
         EXPECT_EQ(Selected(form.txtMaxParts), "");
-        clickInto(form.txtSampleSize);
+        ClickInto(form.txtSampleSize);
         EXPECT_EQ(Selected(form.txtSampleSize), "5");
     });
 }
@@ -171,7 +161,7 @@ TEST_F(FormDirectoriesTest, AccessKeysLeadToTheBoxes) {
 
 TEST_F(FormDirectoriesTest, EnterStoresWhatWasTyped) {
     const bool confirmed = Show([](FormDirectories& form) {
-        form.txtRoot->SetFocus();
+        Focus(form.txtRoot);
         form.txtRoot->SelectAll();
         Type("C:\\Other\\");
         Press('N', wxMOD_ALT);
@@ -208,20 +198,21 @@ TEST_F(FormDirectoriesTest, EscapeStoresNothing) {
 TEST_F(FormDirectoriesTest, FaultsKeepTheDialogOpen) {
     const bool confirmed = Show([this](FormDirectories& form) {
         const std::string check = LoadResString(32067) + " ";
-        form.txtRoot->SetValue("C:\\Gone");
-        form.txtSlides->SetValue("");
-        form.txtBitmap->SetValue("C:\\Root\\x.txt");
+        Fill(form.txtRoot, "C:\\Gone");
+        Fill(form.txtSlides, "");
+        Fill(form.txtBitmap, "C:\\Root\\x.txt");
+        // Nobody can type into these two. They are empty until something is chosen.
         form.txtMachine->SetValue("");
         form.txtUser->SetValue("");
-        form.txtMaxParts->SetValue("1000");
-        form.txtSampleSize->SetValue("0021");
+        Fill(form.txtMaxParts, "1000");
+        Fill(form.txtSampleSize, "0021");
         Refused(form, form.txtRoot, check + "Root folder");
         EXPECT_EQ(form.txtRoot->GetValue(), "C:\\Gone") << "everything stays as typed";
-        form.txtRoot->SetValue("C:\\Root");
+        Fill(form.txtRoot, "C:\\Root");
         Refused(form, form.txtSlides, check + "Slide folder");
-        form.txtSlides->SetValue("C:\\Slides");
+        Fill(form.txtSlides, "C:\\Slides");
         Refused(form, form.txtBitmap, check + "Picture folder");
-        form.txtBitmap->SetValue("C:\\Pictures");
+        Fill(form.txtBitmap, "C:\\Pictures");
         Refused(form, form.txtMachine, check + "Machine");
         form.txtMachine->SetValue("Bridge");
         Refused(form, form.txtUser, check + "User");
@@ -229,15 +220,15 @@ TEST_F(FormDirectoriesTest, FaultsKeepTheDialogOpen) {
         Refused(form, form.txtMaxParts, LoadResString(32086));
         EXPECT_EQ(form.txtMaxParts->GetValue(), "1000");
         EXPECT_EQ(Selected(form.txtMaxParts), "1000");
-        form.txtMaxParts->SetValue("");
+        Fill(form.txtMaxParts, "");
         Refused(form, form.txtMaxParts, LoadResString(32086));
         EXPECT_EQ(form.txtMaxParts->GetValue(), "0");
-        form.txtMaxParts->SetValue("20");
+        Fill(form.txtMaxParts, "20");
         Refused(form, form.txtSampleSize, check + "Sample size");
         EXPECT_EQ(form.txtSampleSize->GetValue(), "21");
         EXPECT_EQ(Selected(form.txtSampleSize), "21");
         // A fault found while its own box has the focus also selects the number.
-        form.txtSampleSize->SetValue("1");
+        Fill(form.txtSampleSize, "1");
         form.txtSampleSize->SetInsertionPointEnd();
         Expect();
         Press(WXK_RETURN);
@@ -252,7 +243,7 @@ TEST_F(FormDirectoriesTest, FaultsKeepTheDialogOpen) {
 TEST_F(FormDirectoriesTest, OnlyDigitsCanBeTypedIntoTheNumbers) {
     Show([](FormDirectories& form) {
         for (wxTextCtrl* box : {form.txtMaxParts, form.txtSampleSize}) {
-            box->SetFocus();
+            Focus(box);
             box->SelectAll();
             Type("1a-.2,3 ");
             EXPECT_EQ(box->GetValue(), "123");
@@ -264,7 +255,7 @@ TEST_F(FormDirectoriesTest, OnlyDigitsCanBeTypedIntoTheNumbers) {
 
 TEST_F(FormDirectoriesTest, NamesCannotBeTyped) {
     Show([](FormDirectories& form) {
-        form.txtMachine->SetFocus();
+        Focus(form.txtMachine);
         Type("x");
         EXPECT_EQ(form.txtMachine->GetValue(), "Bridge");
         EXPECT_TRUE(form.txtUser->HasFlag(wxTE_READONLY));
@@ -287,7 +278,7 @@ TEST_F(FormDirectoriesTest, WithoutAHistoryTheNumbersAreNotUsed) {
 
 TEST_F(FormDirectoriesTest, TheHistoryDialogSwitchesTheNumbers) {
     const bool confirmed = Show([this](FormDirectories& form) {
-        form.txtMaxParts->SetValue("44");
+        Fill(form.txtMaxParts, "44");
         // Confirmed without a change: the typed text stays.
         WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& history) {
             EXPECT_EQ(history.txtHistoryDir->GetValue(), "C:\\History");
@@ -307,16 +298,16 @@ TEST_F(FormDirectoriesTest, TheHistoryDialogSwitchesTheNumbers) {
         // Another history: the numbers must be entered again.
         WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& history) {
             EXPECT_EQ(history.txtHistoryDir->GetValue(), "");
-            history.txtHistoryDir->SetValue("C:\\Other");
-            history.txtHistoryTitle->SetValue("Nuts");
+            Fill(history.txtHistoryDir, "C:\\Other");
+            Fill(history.txtHistoryTitle, "Nuts");
             Click(history.cmdOK);
         });
         Click(form.cmdHistory);
         EXPECT_TRUE(form.txtMaxParts->IsEnabled());
         EXPECT_TRUE(form.txtSampleSize->IsEnabled());
         EXPECT_EQ(form.txtMaxParts->GetValue(), "0");
-        form.txtMaxParts->SetValue("0.6");
-        form.txtSampleSize->SetValue("-3");
+        Fill(form.txtMaxParts, "0.6");
+        Fill(form.txtSampleSize, "-3");
         Click(form.cmdOK);
     });
     EXPECT_TRUE(confirmed);
@@ -336,9 +327,9 @@ TEST_F(FormDirectoriesTest, FoldersAreBrowsedFor) {
         for (const Row& row :
              {Row{form.cmdRoot, form.txtRoot, 32023}, Row{form.cmdSlides, form.txtSlides, 32024},
               Row{form.cmdBitmap, form.txtBitmap, 32073}}) {
-            const std::string before = FromWx(row.box->GetValue());
+            const std::string before = TextOf(row.box);
             const auto check = [before, row](FormBrowse& browse) {
-                EXPECT_EQ(FromWx(browse.lblPrompt->GetLabelText()), LoadResString(row.prompt));
+                EXPECT_EQ(TextOf(browse.lblPrompt), LoadResString(row.prompt));
                 EXPECT_EQ(browse.Dir1->Path(), before);
             };
             WhenShown<FormBrowse>("FormBrowse", [check](FormBrowse& browse) {
@@ -347,7 +338,7 @@ TEST_F(FormDirectoriesTest, FoldersAreBrowsedFor) {
                 Click(browse.cmdCancel);
             });
             Click(row.button);
-            EXPECT_EQ(FromWx(row.box->GetValue()), before);
+            EXPECT_EQ(TextOf(row.box), before);
             WhenShown<FormBrowse>("FormBrowse", [check](FormBrowse& browse) {
                 check(browse);
                 browse.Dir1->SetPath("C:\\Other");
@@ -369,14 +360,14 @@ TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
     const auto choose = [this](FormDirectories& form) {
         WhenShown<FormSelectMachine>("FormSelectMachine", [](FormSelectMachine& list) {
             EXPECT_EQ(list.lstMain->GetStringSelection(), "Bridge") << "the one that is set";
-            list.lstMain->SetSelection(1);
+            Choose(list.lstMain, "Gantry");
             Click(list.cmdOK);
         });
         Click(form.cmdMachine);
         EXPECT_EQ(form.txtMachine->GetValue(), "Gantry");
         WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) {
             EXPECT_EQ(list.lstMain->GetStringSelection(), "Smith");
-            list.lstMain->SetSelection(1);
+            Choose(list.lstMain, "Jones");
             Click(list.cmdOK);
         });
         Click(form.cmdUser);
@@ -409,13 +400,13 @@ TEST_F(FormDirectoriesTest, MachineAndUserAreChosen) {
 TEST_F(FormDirectoriesTest, WhatIsStoredCannotBeRemovedAfterAnotherChoice) {
     EXPECT_FALSE(Show([this](FormDirectories& form) {
         WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) {
-            list.lstMain->SetSelection(1);
+            Choose(list.lstMain, "Jones");
             Click(list.cmdOK);
         });
         Click(form.cmdUser);
         WhenShown<FormSelectUser>("FormSelectUser", [](FormSelectUser& list) {
             EXPECT_FALSE(list.cmdRemove->IsEnabled()) << "the one just chosen";
-            list.lstMain->SetFocus();
+            Focus(list.lstMain);
             Press(WXK_UP);
             EXPECT_EQ(list.lstMain->GetStringSelection(), "Smith");
             EXPECT_FALSE(list.cmdRemove->IsEnabled()) << "the one that is stored";
@@ -423,13 +414,13 @@ TEST_F(FormDirectoriesTest, WhatIsStoredCannotBeRemovedAfterAnotherChoice) {
         });
         Click(form.cmdUser);
         WhenShown<FormSelectMachine>("FormSelectMachine", [](FormSelectMachine& list) {
-            list.lstMain->SetSelection(1);
+            Choose(list.lstMain, "Gantry");
             Click(list.cmdOK);
         });
         Click(form.cmdMachine);
         WhenShown<FormSelectMachine>("FormSelectMachine", [](FormSelectMachine& list) {
             EXPECT_FALSE(list.cmdRemove->IsEnabled()) << "the one just chosen";
-            list.lstMain->SetFocus();
+            Focus(list.lstMain);
             Press(WXK_UP);
             EXPECT_EQ(list.lstMain->GetStringSelection(), "Bridge");
             EXPECT_FALSE(list.cmdRemove->IsEnabled()) << "the one that is stored";
@@ -515,9 +506,9 @@ TEST_F(FormDirectoriesTest, APrinterThatIsNotHereStaysUntilAnotherIsChosenOnPurp
     printer.standIn = "PDF";
     Expect(modMessageBox::Result::No);
     EXPECT_TRUE(Show([](FormDirectories& form) {
-        EXPECT_EQ(FromWx(form.lblPrinter->GetLabelText()), "Printer: Laser");
+        EXPECT_EQ(TextOf(form.lblPrinter), "Printer: Laser");
         Click(form.cmdPrinter);
-        EXPECT_EQ(FromWx(form.lblPrinter->GetLabelText()), "Printer: Laser");
+        EXPECT_EQ(TextOf(form.lblPrinter), "Printer: Laser");
         Click(form.cmdOK);
     }));
     EXPECT_EQ(printer.asked.title, "Printer setup") << "as the command is called";
@@ -528,7 +519,7 @@ TEST_F(FormDirectoriesTest, APrinterThatIsNotHereStaysUntilAnotherIsChosenOnPurp
     Expect(modMessageBox::Result::Yes);
     EXPECT_TRUE(Show([](FormDirectories& form) {
         Click(form.cmdPrinter);
-        EXPECT_EQ(FromWx(form.lblPrinter->GetLabelText()), "Printer: PDF");
+        EXPECT_EQ(TextOf(form.lblPrinter), "Printer: PDF");
         Click(form.cmdOK);
     }));
     EXPECT_EQ(Saved("PrinterDevice"), "PDF");
@@ -538,7 +529,7 @@ TEST_F(FormDirectoriesTest, AFailedSaveIsReportedAndClosesTheDialog) {
     // A character that the station's code page cannot store.
     NeskRegistry::Instance().HistoryTitle = "\xE6\xBC\xA2";
     const bool confirmed = Show([this](FormDirectories& form) {
-        form.txtRoot->SetValue("C:\\Other");
+        Fill(form.txtRoot, "C:\\Other");
         Expect();
         Click(form.cmdOK);
         EXPECT_FALSE(IsOpen(form));
@@ -558,7 +549,7 @@ TEST_F(FormDirectoriesTest, ARootFolderIsCreatedAfterAQuestion) {
     };
     const bool confirmed = Show(
         [&](FormDirectories& form) {
-            form.txtRoot->SetValue("C:\\New\\Menus\\");
+            Fill(form.txtRoot, "C:\\New\\Menus\\");
             answer(form, modMessageBox::Result::No);
             ASSERT_EQ(messages.size(), 2u);
             EXPECT_EQ(messages[0].text, modStringRes::FormatResString(34432, "C:\\New\\Menus\\"));
@@ -577,7 +568,7 @@ TEST_F(FormDirectoriesTest, ARootFolderIsCreatedAfterAQuestion) {
 TEST_F(FormDirectoriesTest, ARootFolderThatCannotBeCreatedKeepsTheDialogOpen) {
     const bool confirmed = Show(
         [&](FormDirectories& form) {
-            form.txtRoot->SetValue("C:\\Root\\x.txt\\Menus");
+            Fill(form.txtRoot, "C:\\Root\\x.txt\\Menus");
             Expect(modMessageBox::Result::Yes);
             Expect();
             Click(form.cmdOK);
@@ -591,7 +582,7 @@ TEST_F(FormDirectoriesTest, ARootFolderThatCannotBeCreatedKeepsTheDialogOpen) {
 
 TEST_F(FormDirectoriesTest, ANumberThatNothingCanHoldIsReported) {
     const bool confirmed = Show([this](FormDirectories& form) {
-        form.txtSampleSize->SetValue("-40000");
+        Fill(form.txtSampleSize, "-40000");
         Expect();
         Click(form.cmdOK);
         EXPECT_TRUE(IsOpen(form));

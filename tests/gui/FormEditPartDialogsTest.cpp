@@ -50,7 +50,7 @@ TEST_F(FormEditPartDialogsTest, ThePartTreeGivesTheReference) {
         WhenShown<FormSelectPart>(
             "FormSelectPart", [](FormSelectPart& tree) { Click(tree.cmdCancel); }, isScanned);
         Click(form.cmdSelectPart);
-        EXPECT_EQ(FromWx(form.txtPartName->GetValue()), "BRACKET") << "nothing was selected";
+        EXPECT_EQ(TextOf(form.txtPartName), "BRACKET") << "nothing was selected";
         WhenShown<FormSelectPart>(
             "FormSelectPart",
             [](FormSelectPart& tree) {
@@ -60,7 +60,7 @@ TEST_F(FormEditPartDialogsTest, ThePartTreeGivesTheReference) {
             },
             isScanned);
         Click(form.cmdSelectPart);
-        EXPECT_EQ(FromWx(form.lblDescription->GetLabelText()), FormatResString(32027, "Shaft 3"));
+        EXPECT_EQ(TextOf(form.lblDescription), FormatResString(32027, "Shaft 3"));
         EXPECT_TRUE(form.cmdSlideShow->IsEnabled());
         Click(form.cmdOK);
     }));
@@ -116,6 +116,9 @@ TEST_F(FormEditPartDialogsTest, PicturesAreChosenInTheSystemsDialog) {
 }
 
 TEST_F(FormEditPartDialogsTest, ADoubleClickChoosesAPictureToo) {
+    // A single red pixel.
+    station.Write("C:\\small.gif",
+                  std::string("GIF89a\1\0\1\0\x80\0\0\xFF\0\0\0\0\0,\0\0\0\0\1\0\1\0\0\2\2D\1\0;", 35));
     Edit([this](FormEditPart& form) {
         const std::pair<const char*, FormPicture*> places[] = {{"picItemHost", form.picItemHost},
                                                                {"picItem", form.picItemHost},
@@ -123,9 +126,10 @@ TEST_F(FormEditPartDialogsTest, ADoubleClickChoosesAPictureToo) {
                                                                {"picPreview", form.picPreviewHost}};
         for (const auto& [name, picture] : places) {
             const std::string file = std::string("C:\\") + name + ".bmp";
+            // The picture in the area can be seen only when there is one.
+            if (Find(form, name) != picture) picture->SetPath("C:\\small.gif");
             ChooseFile(file);
-            wxMouseEvent twice(wxEVT_LEFT_DCLICK);
-            wxWindow::FindWindowByName(name, &form)->ProcessWindowEvent(twice);
+            Send(Find(form, name), wxEVT_LEFT_DCLICK);
             EXPECT_EQ(picture->Path(), file);
         }
         Click(form.cmdCancel);
@@ -135,21 +139,21 @@ TEST_F(FormEditPartDialogsTest, ADoubleClickChoosesAPictureToo) {
 TEST_F(FormEditPartDialogsTest, WhatTheOtherDialogsChangeIsStoredOnOk) {
     station.Write("C:\\History\\x.txt", "");
     const auto change = [this](FormEditPart& form) {
-        form.txtPartName->SetValue("PLATE");
+        Fill(form.txtPartName, "PLATE");
         WhenShown<FormSelectHelpFile>("FormSelectHelpFile", [](FormSelectHelpFile& help) {
-            EXPECT_EQ(FromWx(help.txtHelpFile->GetValue()), "C:\\help.chm");
-            EXPECT_EQ(FromWx(help.txtHelpTopic->GetValue()), "12");
-            help.txtHelpFile->ChangeValue("C:\\other.chm");
-            help.txtHelpTopic->ChangeValue("34");
+            EXPECT_EQ(TextOf(help.txtHelpFile), "C:\\help.chm");
+            EXPECT_EQ(TextOf(help.txtHelpTopic), "12");
+            Fill(help.txtHelpFile, "C:\\other.chm");
+            Fill(help.txtHelpTopic, "34");
             Click(help.cmdOK);
         });
         Click(form.cmdHelpFile);
         WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& history) {
-            EXPECT_EQ(FromWx(history.txtHistoryDir->GetValue()), "D:\\History");
-            EXPECT_EQ(FromWx(history.txtHistoryTitle->GetValue()), "Angles");
+            EXPECT_EQ(TextOf(history.txtHistoryDir), "D:\\History");
+            EXPECT_EQ(TextOf(history.txtHistoryTitle), "Angles");
             EXPECT_EQ(FromWx(history.cmdDefault->GetLabel()), LoadResString(32093));
-            history.txtHistoryDir->ChangeValue("C:\\History");
-            history.txtHistoryTitle->ChangeValue("Bolts");
+            Fill(history.txtHistoryDir, "C:\\History");
+            Fill(history.txtHistoryTitle, "Bolts");
             Click(history.cmdOK);
         });
         Click(form.cmdHistory);

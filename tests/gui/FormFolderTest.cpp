@@ -30,7 +30,7 @@ protected:
     std::string Make(const std::string& name, const std::string& base = "C:\\Data") {
         return Show(
             [&](FormFolder& form) {
-                form.txtFolder->ChangeValue(ToWx(name));
+                Fill(form.txtFolder, name);
                 Click(form.cmdOK);
             },
             base);
@@ -44,12 +44,12 @@ TEST_F(FormFolderTest, ShowsTextsAndPath) {
         EXPECT_EQ(FromWx(form.cmdOK->GetLabel()), "OK");
         EXPECT_EQ(FromWx(form.cmdCancel->GetLabel()), "Cancel");
         EXPECT_EQ(form.cmdHelp, nullptr);
-        EXPECT_EQ(FromWx(form.lblFolder->GetLabelText()), base + "\\");
+        EXPECT_EQ(TextOf(form.lblFolder), base + "\\");
         EXPECT_EQ(FromWx(form.lblFolder->GetToolTipText()), base + "\\");
         EXPECT_LE(form.lblFolder->GetRect().GetRight(), form.GetClientSize().x);
         EXPECT_EQ(FromWx(form.lblName->GetLabel()), "&Name of the new folder");
         EXPECT_LE(form.lblName->GetRect().GetBottom(), form.txtFolder->GetPosition().y);
-        EXPECT_EQ(form.FindWindowByName("txtFolder", &form), form.txtFolder);
+        EXPECT_EQ(Find(form, "txtFolder"), form.txtFolder);
         EXPECT_TRUE(form.txtFolder->HasFocus());
         EXPECT_EQ(TabOrder(), "txtFolder cmdOK cmdCancel");
         Click(form.cmdCancel);
@@ -59,7 +59,7 @@ TEST_F(FormFolderTest, ShowsTextsAndPath) {
 
 TEST_F(FormFolderTest, TypedNameAndEnterMakeTheFolder) {
     const std::string made = Show([](FormFolder& form) {
-        form.cmdOK->SetFocus();
+        Focus(form.cmdOK);
         Press('N', wxMOD_ALT);
         EXPECT_TRUE(form.txtFolder->HasFocus());
         Type("New");
@@ -87,7 +87,7 @@ TEST_F(FormFolderTest, AnExistingFolderIsAccepted) {
 
 TEST_F(FormFolderTest, AnEmptyNameDoesNothing) {
     const std::string made = Show([](FormFolder& form) {
-        form.txtFolder->ChangeValue(" \\\\ ");
+        Fill(form.txtFolder, " \\\\ ");
         Click(form.cmdOK);
         EXPECT_TRUE(IsOpen(form));
         Press(WXK_ESCAPE);
@@ -101,14 +101,14 @@ TEST_F(FormFolderTest, TheColonIsDroppedSilently) {
         Type("a");
         typeColon();
         Type("b");
-        EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "ab");
+        EXPECT_EQ(TextOf(form.txtFolder), "ab");
         // A refused key does not replace the selection.
         form.txtFolder->SelectAll();
         typeColon();
-        EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "ab");
+        EXPECT_EQ(TextOf(form.txtFolder), "ab");
         form.txtFolder->SetInsertionPoint(1);
         Paste("C:\\X");
-        EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "aC\\Xb");
+        EXPECT_EQ(TextOf(form.txtFolder), "aC\\Xb");
         EXPECT_EQ(form.txtFolder->GetInsertionPoint(), 4);
         Click(form.cmdCancel);
     });
@@ -116,15 +116,13 @@ TEST_F(FormFolderTest, TheColonIsDroppedSilently) {
 
 TEST_F(FormFolderTest, GainingTheFocusSelectsTheText) {
     Show([](FormFolder& form) {
-        form.txtFolder->ChangeValue("Name");
-        form.cmdOK->SetFocus();
-        Settle();
-        form.txtFolder->SetFocus();
-        Settle();
+        Fill(form.txtFolder, "Name");
+        Focus(form.cmdOK);
+        Focus(form.txtFolder);
         EXPECT_EQ(FromWx(form.txtFolder->GetStringSelection()), "Name");
-        form.cmdOK->SetFocus();
+        Focus(form.cmdOK);
         form.txtFolder->SelectNone();
-        ClickInto(*form.txtFolder);
+        ClickInto(form.txtFolder);
         EXPECT_TRUE(form.txtFolder->HasFocus());
         EXPECT_EQ(FromWx(form.txtFolder->GetStringSelection()), "Name") << "by a click as well";
         Click(form.cmdCancel);
@@ -135,21 +133,21 @@ TEST_F(FormFolderTest, AFailureIsReportedAndTheDialogStaysOpen) {
     station.Write("C:\\Data\\File", "");
     Expect();
     const std::string made = Show([&](FormFolder& form) {
-        form.txtFolder->ChangeValue("File\\Below");
+        Fill(form.txtFolder, "File\\Below");
         Click(form.cmdOK);
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].text.find("C:\\Data\\File"), std::string::npos) << messages[0].text;
         EXPECT_EQ(messages[0].options, modMessageBox::Option::Critical);
         EXPECT_TRUE(IsOpen(form));
-        EXPECT_EQ(FromWx(form.txtFolder->GetValue()), "File\\Below");
-        form.txtFolder->ChangeValue("Good");
+        EXPECT_EQ(TextOf(form.txtFolder), "File\\Below");
+        Fill(form.txtFolder, "Good");
         Click(form.cmdOK);
     });
     EXPECT_EQ(made, "C:\\Data\\Good\\");
 }
 
 TEST_F(FormFolderTest, CancelAndCloseBoxMakeNothing) {
-    const auto type = [](FormFolder& form) { form.txtFolder->ChangeValue("New"); };
+    const auto type = [](FormFolder& form) { Fill(form.txtFolder, "New"); };
     EXPECT_EQ(Show([&](FormFolder& form) {
                   type(form);
                   Click(form.cmdCancel);

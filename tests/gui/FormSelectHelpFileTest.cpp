@@ -36,10 +36,8 @@ protected:
         return FormSelectHelpFile(nullptr).Display(file, topic);
     }
 
-    static std::string FileOf(const FormSelectHelpFile& form) { return FromWx(form.txtHelpFile->GetValue()); }
-    static std::string TopicOf(const FormSelectHelpFile& form) {
-        return FromWx(form.txtHelpTopic->GetValue());
-    }
+    static std::string FileOf(const FormSelectHelpFile& form) { return TextOf(form.txtHelpFile); }
+    static std::string TopicOf(const FormSelectHelpFile& form) { return TextOf(form.txtHelpTopic); }
 
     std::string file = "C:\\Help\\part.chm";
     std::int32_t topic = 12;
@@ -64,8 +62,7 @@ TEST_F(FormSelectHelpFileTest, ShowsTextsAndValues) {
 
 TEST_F(FormSelectHelpFileTest, StandsInTheMiddleOfTheScreenWhereverItsOwnerIs) {
     auto* corner = new wxFrame(nullptr, wxID_ANY, "Corner", wxPoint(0, 0), wxSize(200, 150));
-    corner->Show();
-    Settle();
+    ShowActive(*corner);
     WhenShown<FormSelectHelpFile>("FormSelectHelpFile", [](FormSelectHelpFile& form) {
         const wxRect window = form.GetScreenRect();
         const wxRect screen = wxDisplay(&form).GetClientArea();
@@ -92,14 +89,13 @@ TEST_F(FormSelectHelpFileTest, TypedTextsAreTakenAsTheyStand) {
 TEST_F(FormSelectHelpFileTest, GainingTheFocusSelectsTheText) {
     Show([](FormSelectHelpFile& form) {
         for (wxTextCtrl* box : {form.txtHelpTopic, form.txtHelpFile}) {
-            box->SetFocus();
-            Settle();
+            Focus(box);
             EXPECT_EQ(box->GetStringSelection(), box->GetValue());
         }
         for (wxTextCtrl* box : {form.txtHelpTopic, form.txtHelpFile}) {
             box->SelectNone();
-            form.cmdOK->SetFocus();
-            ClickInto(*box);
+            Focus(form.cmdOK);
+            ClickInto(box);
             EXPECT_TRUE(box->HasFocus());
             EXPECT_EQ(box->GetStringSelection(), box->GetValue()) << "by a click as well";
         }
@@ -109,7 +105,7 @@ TEST_F(FormSelectHelpFileTest, GainingTheFocusSelectsTheText) {
 
 TEST_F(FormSelectHelpFileTest, AnEmptyFileIsAccepted) {
     EXPECT_TRUE(Show([](FormSelectHelpFile& form) {
-        form.txtHelpFile->ChangeValue("");
+        Fill(form.txtHelpFile, "");
         Click(form.cmdOK);
     }));
     EXPECT_EQ(file, "");
@@ -118,7 +114,7 @@ TEST_F(FormSelectHelpFileTest, AnEmptyFileIsAccepted) {
 TEST_F(FormSelectHelpFileTest, AFileNameThatCannotBeStoredIsReported) {
     Expect();
     EXPECT_FALSE(Show([this](FormSelectHelpFile& form) {
-        form.txtHelpFile->ChangeValue(ToWx("C:\\\xE6\x97\xA5.chm"));
+        Fill(form.txtHelpFile, "C:\\\xE6\x97\xA5.chm");
         Click(form.cmdOK);
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].text.find("\xE6\x97\xA5"), std::string::npos);
@@ -129,8 +125,7 @@ TEST_F(FormSelectHelpFileTest, AFileNameThatCannotBeStoredIsReported) {
 
 TEST_F(FormSelectHelpFileTest, OnlyDigitsGoIntoTheTopic) {
     Show([](FormSelectHelpFile& form) {
-        form.txtHelpTopic->SetFocus();
-        Settle();
+        Focus(form.txtHelpTopic);
         Type("a");
         EXPECT_EQ(TopicOf(form), "12");
         EXPECT_EQ(FromWx(form.txtHelpTopic->GetStringSelection()), "12");
@@ -150,7 +145,7 @@ TEST_F(FormSelectHelpFileTest, OnlyDigitsGoIntoTheTopic) {
 TEST_F(FormSelectHelpFileTest, ATopicThatIsNoNumberKeepsTheEarlierOne) {
     for (const char* text : {"", "99999999999"}) {
         EXPECT_TRUE(Show([&](FormSelectHelpFile& form) {
-            form.txtHelpTopic->ChangeValue(text);
+            Fill(form.txtHelpTopic, text);
             Click(form.cmdOK);
         }));
         EXPECT_EQ(topic, 12) << text;
@@ -173,9 +168,9 @@ TEST_F(FormSelectHelpFileTest, BrowsingBeginsInTheFolderThatWasJustTyped) {
     ChooseFile("");
     ChooseFile("");
     Show([](FormSelectHelpFile& form) {
-        form.txtHelpFile->ChangeValue("C:\\Slides\\two.chm");
+        Fill(form.txtHelpFile, "C:\\Slides\\two.chm");
         Click(form.cmdBrowse);
-        form.txtHelpFile->ChangeValue("C:\\Slides");
+        Fill(form.txtHelpFile, "C:\\Slides");
         Click(form.cmdBrowse);
         Click(form.cmdCancel);
     });
@@ -203,7 +198,7 @@ TEST_F(FormSelectHelpFileTest, AFileDialogThatIsCalledOffGivesWhatWasChosenInItB
         EXPECT_EQ(FileOf(form), "");
         Click(form.cmdBrowse);
         EXPECT_EQ(FileOf(form), "C:\\Help\\other.hlp");
-        form.txtHelpFile->ChangeValue("C:\\Typed.chm");
+        Fill(form.txtHelpFile, "C:\\Typed.chm");
         Click(form.cmdBrowse);
         EXPECT_EQ(FileOf(form), "C:\\Help\\other.hlp");
         Click(form.cmdOK);
@@ -213,8 +208,8 @@ TEST_F(FormSelectHelpFileTest, AFileDialogThatIsCalledOffGivesWhatWasChosenInItB
 
 TEST_F(FormSelectHelpFileTest, CancelEscapeAndCloseBoxChangeNothing) {
     const auto change = [](FormSelectHelpFile& form) {
-        form.txtHelpFile->ChangeValue("x");
-        form.txtHelpTopic->ChangeValue("1");
+        Fill(form.txtHelpFile, "x");
+        Fill(form.txtHelpTopic, "1");
     };
     EXPECT_FALSE(Show([&](FormSelectHelpFile& form) {
         change(form);

@@ -34,9 +34,10 @@ protected:
         return FormSelectHistory(nullptr).Display(directory, title, defaultCaption);
     }
 
-    static void Fill(FormSelectHistory& form, const std::string& newDirectory, const std::string& newTitle) {
-        form.txtHistoryDir->ChangeValue(ToWx(newDirectory));
-        form.txtHistoryTitle->ChangeValue(ToWx(newTitle));
+    static void FillBoth(FormSelectHistory& form, const std::string& newDirectory,
+                         const std::string& newTitle) {
+        Fill(form.txtHistoryDir, newDirectory);
+        Fill(form.txtHistoryTitle, newTitle);
     }
 
     std::string directory = "C:\\History";
@@ -51,8 +52,8 @@ TEST_F(FormSelectHistoryTest, ShowsTextsAndValues) {
         EXPECT_EQ(FromWx(form.cmdBrowse->GetLabel()), "&Browse...");
         EXPECT_EQ(FromWx(form.cmdDefault->GetLabel()), "Use &default");
         EXPECT_EQ(FromWx(form.cmdHelp->GetLabel()), "&Help");
-        EXPECT_EQ(FromWx(form.txtHistoryDir->GetValue()), "C:\\History");
-        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "Bracket");
+        EXPECT_EQ(TextOf(form.txtHistoryDir), "C:\\History");
+        EXPECT_EQ(TextOf(form.txtHistoryTitle), "Bracket");
         EXPECT_EQ(TabOrder(), "txtHistoryDir cmdBrowse txtHistoryTitle cmdDefault cmdOK cmdCancel cmdHelp");
         Click(form.cmdCancel);
     });
@@ -60,7 +61,7 @@ TEST_F(FormSelectHistoryTest, ShowsTextsAndValues) {
 
 TEST_F(FormSelectHistoryTest, GainingTheFocusSelectsTheTitle) {
     Show([](FormSelectHistory& form) {
-        ClickInto(*form.txtHistoryTitle);
+        ClickInto(form.txtHistoryTitle);
         EXPECT_TRUE(form.txtHistoryTitle->HasFocus());
         EXPECT_EQ(FromWx(form.txtHistoryTitle->GetStringSelection()), "Bracket");
         Click(form.cmdCancel);
@@ -79,7 +80,7 @@ TEST_F(FormSelectHistoryTest, TheCallerChoosesTheCaptionOfDefault) {
 
 TEST_F(FormSelectHistoryTest, OkReturnsTheTrimmedTexts) {
     EXPECT_TRUE(Show([](FormSelectHistory& form) {
-        Fill(form, "  C:\\Other ", "  Gear & shaft ");
+        FillBoth(form, "  C:\\Other ", "  Gear & shaft ");
         Click(form.cmdOK);
     }));
     EXPECT_EQ(directory, "C:\\Other");
@@ -100,22 +101,20 @@ TEST_F(FormSelectHistoryTest, ADirectoryThatDoesNotExistIsRefused) {
         Expect();
         messages.clear();
         EXPECT_FALSE(Show([&](FormSelectHistory& form) {
-            form.cmdOK->SetFocus();
-            Fill(form, wrong, "  Untouched ");
+            Focus(form.cmdOK);
+            FillBoth(form, wrong, "  Untouched ");
             Click(form.cmdOK);
             ASSERT_EQ(messages.size(), 1u);
             EXPECT_EQ(messages[0].text, "Please check the field History folder");
             EXPECT_EQ(messages[0].options, modMessageBox::Option::Exclamation);
             EXPECT_EQ(messages[0].title, LoadResString(32067));
             EXPECT_TRUE(form.lblReason->IsShown());
-            EXPECT_EQ(FromWx(form.lblReason->GetLabelText()),
-                      FieldMessage::FolderReason(modUtilities::Trim(wrong)));
+            EXPECT_EQ(TextOf(form.lblReason), FieldMessage::FolderReason(modUtilities::Trim(wrong)));
             EXPECT_TRUE(form.GetClientRect().Contains(form.cmdOK->GetRect())) << "the dialog has grown";
             EXPECT_LE(form.lblReason->GetRect().GetBottom(), form.cmdOK->GetPosition().y);
-            Settle();
-            EXPECT_TRUE(form.txtHistoryDir->HasFocus());
-            EXPECT_EQ(FromWx(form.txtHistoryDir->GetValue()), modUtilities::Trim(wrong));
-            EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "  Untouched ");
+            EXPECT_TRUE(WaitUntil([&] { return form.txtHistoryDir->HasFocus(); }));
+            EXPECT_EQ(TextOf(form.txtHistoryDir), modUtilities::Trim(wrong));
+            EXPECT_EQ(TextOf(form.txtHistoryTitle), "  Untouched ");
             Click(form.cmdCancel);
         }));
     }
@@ -125,14 +124,13 @@ TEST_F(FormSelectHistoryTest, ADirectoryThatDoesNotExistIsRefused) {
 TEST_F(FormSelectHistoryTest, AnEmptyTitleIsRefused) {
     Expect();
     EXPECT_FALSE(Show([&](FormSelectHistory& form) {
-        Fill(form, "C:\\Other", "   ");
+        FillBoth(form, "C:\\Other", "   ");
         Click(form.cmdOK);
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_EQ(messages[0].text, "Please check the field History title");
         EXPECT_EQ(messages[0].options, modMessageBox::Option::Exclamation);
-        Settle();
-        EXPECT_TRUE(form.txtHistoryTitle->HasFocus());
-        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "");
+        EXPECT_TRUE(WaitUntil([&] { return form.txtHistoryTitle->HasFocus(); }));
+        EXPECT_EQ(TextOf(form.txtHistoryTitle), "");
         Click(form.cmdCancel);
     }));
     EXPECT_EQ(directory, "C:\\History");
@@ -144,10 +142,10 @@ TEST_F(FormSelectHistoryTest, TheReasonGoesWhenOkIsPressedAgain) {
     Expect();
     EXPECT_FALSE(Show([&](FormSelectHistory& form) {
         EXPECT_FALSE(form.lblReason->IsShown());
-        Fill(form, "C:\\Other", "");
+        FillBoth(form, "C:\\Other", "");
         Click(form.cmdOK);
-        EXPECT_EQ(FromWx(form.lblReason->GetLabelText()), "The history needs a title.");
-        Fill(form, "C:\\Other", "\xE6\x97\xA5");
+        EXPECT_EQ(TextOf(form.lblReason), "The history needs a title.");
+        FillBoth(form, "C:\\Other", "\xE6\x97\xA5");
         Click(form.cmdOK);
         EXPECT_FALSE(form.lblReason->IsShown()) << "another message was shown";
         Click(form.cmdCancel);
@@ -156,7 +154,7 @@ TEST_F(FormSelectHistoryTest, TheReasonGoesWhenOkIsPressedAgain) {
 
 TEST_F(FormSelectHistoryTest, AnEmptyTitleIsProposedAndNotForced) {
     WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& form) {
-        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "Angle");
+        EXPECT_EQ(TextOf(form.txtHistoryTitle), "Angle");
         form.Close();
     });
     title = "";
@@ -166,7 +164,7 @@ TEST_F(FormSelectHistoryTest, AnEmptyTitleIsProposedAndNotForced) {
     EXPECT_TRUE(FormSelectHistory(nullptr).Display(directory, title, true, "Angle"));
     EXPECT_EQ(title, "Angle");
     WhenShown<FormSelectHistory>("FormSelectHistory", [](FormSelectHistory& form) {
-        EXPECT_EQ(FromWx(form.txtHistoryTitle->GetValue()), "Angle");
+        EXPECT_EQ(TextOf(form.txtHistoryTitle), "Angle");
         Click(form.cmdCancel);
     });
     EXPECT_FALSE(FormSelectHistory(nullptr).Display(directory, title, true, "Other"));
@@ -175,7 +173,7 @@ TEST_F(FormSelectHistoryTest, AnEmptyTitleIsProposedAndNotForced) {
 TEST_F(FormSelectHistoryTest, ATitleThatCannotBeStoredIsReported) {
     Expect();
     EXPECT_FALSE(Show([&](FormSelectHistory& form) {
-        Fill(form, "C:\\History", "\xE6\x97\xA5");
+        FillBoth(form, "C:\\History", "\xE6\x97\xA5");
         Click(form.cmdOK);
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_NE(messages[0].text.find("\xE6\x97\xA5"), std::string::npos);
@@ -187,7 +185,7 @@ TEST_F(FormSelectHistoryTest, ATitleThatCannotBeStoredIsReported) {
 
 TEST_F(FormSelectHistoryTest, DefaultEmptiesBothWithoutACheck) {
     EXPECT_TRUE(Show([](FormSelectHistory& form) {
-        Fill(form, "C:\\None", "");
+        FillBoth(form, "C:\\None", "");
         Click(form.cmdDefault);
     }));
     EXPECT_EQ(directory, "");
@@ -196,11 +194,11 @@ TEST_F(FormSelectHistoryTest, DefaultEmptiesBothWithoutACheck) {
 
 TEST_F(FormSelectHistoryTest, CancelAndEscapeRefuse) {
     EXPECT_FALSE(Show([](FormSelectHistory& form) {
-        Fill(form, "C:\\Other", "Gear");
+        FillBoth(form, "C:\\Other", "Gear");
         Click(form.cmdCancel);
     }));
     EXPECT_FALSE(Show([](FormSelectHistory& form) {
-        Fill(form, "C:\\Other", "Gear");
+        FillBoth(form, "C:\\Other", "Gear");
         Press(WXK_ESCAPE);
     }));
     EXPECT_EQ(directory, "C:\\History");
@@ -209,7 +207,7 @@ TEST_F(FormSelectHistoryTest, CancelAndEscapeRefuse) {
 
 TEST_F(FormSelectHistoryTest, TheCloseBoxAcceptsTheUnchangedValues) {
     EXPECT_TRUE(Show([](FormSelectHistory& form) {
-        Fill(form, "C:\\None", "Gear");
+        FillBoth(form, "C:\\None", "Gear");
         form.Close();
     }));
     EXPECT_EQ(directory, "C:\\History");
@@ -219,7 +217,7 @@ TEST_F(FormSelectHistoryTest, TheCloseBoxAcceptsTheUnchangedValues) {
 TEST_F(FormSelectHistoryTest, BrowseReplacesTheDirectory) {
     EXPECT_TRUE(Show([&](FormSelectHistory& form) {
         WhenShown<FormBrowse>("FormBrowse", [](FormBrowse& browse) {
-            std::string prompt = FromWx(browse.lblPrompt->GetLabelText());
+            std::string prompt = TextOf(browse.lblPrompt);
             std::replace(prompt.begin(), prompt.end(), '\n', ' '); // line breaks of the wrapping
             EXPECT_EQ(prompt, LoadResString(32022));
             EXPECT_EQ(browse.Dir1->Path(), "C:\\History");
@@ -227,7 +225,7 @@ TEST_F(FormSelectHistoryTest, BrowseReplacesTheDirectory) {
             Click(browse.cmdOK);
         });
         Click(form.cmdBrowse);
-        EXPECT_EQ(FromWx(form.txtHistoryDir->GetValue()), "C:\\History\\Old\\");
+        EXPECT_EQ(TextOf(form.txtHistoryDir), "C:\\History\\Old\\");
         Click(form.cmdOK);
     }));
     EXPECT_EQ(directory, "C:\\History\\Old\\");
@@ -242,7 +240,7 @@ TEST_F(FormSelectHistoryTest, BrowsingBeginsAtTheSettingsWhenTheFieldIsEmpty) {
             Click(browse.cmdCancel);
         });
         Click(form.cmdBrowse);
-        EXPECT_EQ(FromWx(form.txtHistoryDir->GetValue()), "");
+        EXPECT_EQ(TextOf(form.txtHistoryDir), "");
         Click(form.cmdCancel);
     });
 }

@@ -11,12 +11,9 @@
 
 #include <wx/button.h>
 #include <wx/choice.h>
-#include <wx/evtloop.h>
 #include <wx/radiobut.h>
 #include <wx/settings.h>
 #include <wx/stattext.h>
-#include <wx/uiaction.h>
-#include <wx/utils.h>
 
 namespace nesk::testing {
 namespace {
@@ -62,21 +59,14 @@ protected:
         return count;
     }
 
+    // A point in the row of a node, in screen coordinates.
+    static wxPoint PointIn(const FormSelectPart& form, const platform::TreeNode& node) {
+        const wxRect row = form.tvMain->RowRect(node);
+        return form.tvMain->Window().ClientToScreen(wxPoint(row.x + 8, row.y + row.height / 2));
+    }
+
     static bool IsScanned(const FormSelectPart& form) {
         return !form.IsBusy() && form.cmdSelectDrive->IsEnabled() && form.tvMain->Root() != nullptr;
-    }
-
-    // Presses "OK" whether it is enabled or not.
-    static void PressOk(FormSelectPart& form) {
-        wxCommandEvent press(wxEVT_BUTTON, form.cmdOK->GetId());
-        form.cmdOK->ProcessWindowEvent(press);
-    }
-
-    // Chooses an option of the drive dialog.
-    static void Choose(FormSelectDrive& form, std::size_t option) {
-        form.optDrive[option]->SetValue(true);
-        wxCommandEvent choose(wxEVT_RADIOBUTTON, form.optDrive[option]->GetId());
-        form.optDrive[option]->ProcessWindowEvent(choose);
     }
 
     // Creates folders that take longer to scan than any wait of a test.
@@ -113,7 +103,7 @@ TEST_F(FormSelectPartTest, ShowsTheRepositoryAndReturnsThePart) {
         EXPECT_EQ(form.tvMain->Root()->Text(), LoadResString(32069));
         EXPECT_TRUE(form.tvMain->Root()->IsExpanded());
         // The repository itself, Brackets and the three parts.
-        EXPECT_EQ(FromWx(form.lblProgress->GetLabelText()), "Folders read: 5");
+        EXPECT_EQ(TextOf(form.lblProgress), "Folders read: 5");
         EXPECT_EQ(FromWx(form.cmdSelectDrive->GetLabel()), LoadResString(32068));
         EXPECT_FALSE(form.tvMain->Window().GetCursor().IsSameAs(*wxHOURGLASS_CURSOR));
         EXPECT_FALSE(form.cmdOK->IsEnabled());
@@ -148,7 +138,7 @@ TEST_F(FormSelectPartTest, OkOnAFolderDoesNothing) {
         form.tvMain->Select(Node(form, {"Shaft"}));
         form.tvMain->Select(Node(form, {"Brackets"}));
         EXPECT_FALSE(form.cmdOK->IsEnabled());
-        PressOk(form);
+        ClickDisabled(form.cmdOK);
         EXPECT_TRUE(IsOpen(form)) << "the dialog stays open";
         Click(form.cmdCancel);
     });
@@ -159,7 +149,7 @@ TEST_F(FormSelectPartTest, OkWithoutASelectionDoesNothing) {
     WhenScanned([](FormSelectPart& form) {
         form.tvMain->Select(nullptr);
         ASSERT_EQ(form.tvMain->Selected(), nullptr);
-        PressOk(form);
+        ClickDisabled(form.cmdOK);
         EXPECT_TRUE(IsOpen(form)) << "the dialog stays open";
         Click(form.cmdCancel);
     });
@@ -208,8 +198,7 @@ TEST_F(FormSelectPartTest, ACurrentPartElsewhereSelectsNothing) {
 TEST_F(FormSelectPartTest, TypingFindsAPart) {
     WhenScanned([](FormSelectPart& form) {
         form.tvMain->Expand(*Node(form, {"Brackets"}));
-        form.tvMain->Window().SetFocus();
-        Settle();
+        Focus(&form.tvMain->Window());
         Type("pl");
         EXPECT_EQ(form.tvMain->Selected(), Node(form, {"Brackets", "Plate"}));
         EXPECT_TRUE(form.cmdOK->IsEnabled());
@@ -229,7 +218,7 @@ TEST_F(FormSelectPartTest, CancelKeepsWhatWasSelected) {
 TEST_F(FormSelectPartTest, EnterOnAPartConfirms) {
     WhenScanned([](FormSelectPart& form) {
         form.tvMain->Select(Node(form, {"Shaft"}));
-        form.tvMain->Window().SetFocus();
+        Focus(&form.tvMain->Window());
         Press(WXK_RETURN);
     });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "D:\\Parts\\Shaft\\partinfo.ini");
@@ -238,14 +227,7 @@ TEST_F(FormSelectPartTest, EnterOnAPartConfirms) {
 TEST_F(FormSelectPartTest, ADoubleClickOnAPartConfirms) {
     WhenScanned([](FormSelectPart& form) {
         const auto doubleClick = [&](const platform::TreeNode* node) {
-            const wxRect row = form.tvMain->RowRect(*node);
-            wxUIActionSimulator simulator;
-            simulator.MouseMove(
-                form.tvMain->Window().ClientToScreen(wxPoint(row.x + 8, row.y + row.height / 2)));
-            Settle();
-            simulator.MouseDblClick();
-            wxMilliSleep(50);
-            Settle();
+            DoubleClickPoint(PointIn(form, *node));
         };
         doubleClick(Node(form, {"Brackets"}));
         EXPECT_TRUE(IsOpen(form)) << "a folder is no part program";
@@ -261,12 +243,7 @@ TEST_F(FormSelectPartTest, AClickOnTheRootForgetsTheResult) {
         form.tvMain->Select(Node(form, {"Shaft"}));
         Click(form.cmdSelectDrive);
         ASSERT_TRUE(IsScanned(form));
-        const wxRect row = form.tvMain->RowRect(*form.tvMain->Root());
-        wxUIActionSimulator simulator;
-        simulator.MouseMove(form.tvMain->Window().ClientToScreen(wxPoint(row.x + 8, row.y + row.height / 2)));
-        simulator.MouseClick();
-        wxMilliSleep(50);
-        Settle();
+        ClickPoint(PointIn(form, *form.tvMain->Root()));
         EXPECT_FALSE(form.cmdOK->IsEnabled());
         Click(form.cmdCancel);
     });
@@ -296,15 +273,13 @@ TEST_F(FormSelectPartTest, ALongScanShowsItsProgress) {
     MakeManyFolders();
     std::string shown;
     WhenShown<FormSelectPart>(
-        "FormSelectPart", [&](FormSelectPart& form) { shown = FromWx(form.lblProgress->GetLabelText()); },
+        "FormSelectPart", [&](FormSelectPart& form) { shown = TextOf(form.lblProgress); },
         [](const FormSelectPart& form) {
             return form.IsBusy() && !form.lblProgress->GetLabelText().empty();
         });
     WhenShown<FormSelectPart>(
         "FormSelectPart", [](FormSelectPart& form) { Click(form.cmdCancel); },
-        [&](const FormSelectPart& form) {
-            return form.IsBusy() && FromWx(form.lblProgress->GetLabelText()) != shown;
-        });
+        [&](const FormSelectPart& form) { return form.IsBusy() && TextOf(form.lblProgress) != shown; });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "");
     EXPECT_FALSE(shown.empty());
 }
@@ -372,10 +347,8 @@ TEST_F(FormSelectPartTest, AnotherDriveCanBeScanned) {
     });
     WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) {
         EXPECT_TRUE(form.optDrive[0]->GetValue());
-        Choose(form, 1);
-        form.drvSelect->SetStringSelection("E:");
-        wxCommandEvent pick(wxEVT_CHOICE, form.drvSelect->GetId());
-        form.drvSelect->ProcessWindowEvent(pick);
+        Click(form.optDrive[1]);
+        Choose(form.drvSelect, "E:");
         Click(form.cmdOK);
     });
     EXPECT_EQ(FormSelectPart(nullptr).SelectPart(), "E:\\Other\\partinfo.ini");
@@ -398,8 +371,6 @@ TEST_F(FormSelectPartTest, ReadingTheRepositoryAgainKeepsTheResult) {
         form.tvMain->Select(Node(form, {"Shaft"}));
         station.Write("D:\\Parts\\New\\partinfo.ini", "[Part]\r\nName=x\r\n");
         Click(form.cmdSelectDrive);
-        // The tree does its deferred work here.
-        wxEventLoopBase::GetActive()->ProcessIdle();
         EXPECT_EQ(form.tvMain->Root()->Text(), LoadResString(32069));
         EXPECT_TRUE(form.tvMain->Root()->IsExpanded());
         EXPECT_NE(Node(form, {"New"}), nullptr);
@@ -420,7 +391,7 @@ TEST_F(FormSelectPartTest, TheDriveDialogFollowsItsOptions) {
         EXPECT_EQ(FromWx(form.lblSelectDrive->GetLabel()), LoadResString(32068));
         EXPECT_FALSE(form.drvSelect->IsEnabled());
         for (const std::size_t option : {1u, 0u, 1u, 0u}) {
-            Choose(form, option);
+            Click(form.optDrive[option]);
             EXPECT_EQ(form.lblSelectDrive->IsEnabled(), option == 1);
             EXPECT_EQ(form.drvSelect->IsEnabled(), option == 1);
             const wxSystemColour colour = option == 1 ? wxSYS_COLOUR_WINDOWTEXT : wxSYS_COLOUR_GRAYTEXT;
@@ -437,7 +408,7 @@ TEST_F(FormSelectPartTest, TheDriveDialogAnswers) {
     WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) { Click(form.cmdCancel); });
     EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "");
     WhenShown<FormSelectDrive>("FormSelectDrive", [](FormSelectDrive& form) {
-        Choose(form, 1);
+        Click(form.optDrive[1]);
         Press(WXK_RETURN);
     });
     EXPECT_EQ(FormSelectDrive(nullptr).SelectDrive(), "C:\\");

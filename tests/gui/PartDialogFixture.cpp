@@ -4,22 +4,12 @@
 #include "shell/Startup.h"
 #include "widgets/UiUtilities.h"
 
-#include <chrono>
-
-#include <wx/app.h>
-#include <wx/button.h>
 #include <wx/choice.h>
-#include <wx/clipbrd.h>
-#include <wx/dataobj.h>
-#include <wx/evtloop.h>
 #include <wx/msgdlg.h>
-#include <wx/textctrl.h>
-#include <wx/uiaction.h>
 
 namespace nesk::testing {
 
 using modUtilities::FromWx;
-using modUtilities::ToWx;
 
 namespace {
 
@@ -95,60 +85,6 @@ std::string PartDialogTest::AnswerFile(const platform::OpenFileRequest& request)
     const std::string path = m_files.front();
     m_files.pop_front();
     return path;
-}
-
-void PartDialogTest::Click(wxButton* button) {
-    ASSERT_NE(button, nullptr);
-    ASSERT_TRUE(button->IsEnabled()) << FromWx(button->GetName());
-    ASSERT_TRUE(button->IsShown()) << FromWx(button->GetName());
-    wxCommandEvent press(wxEVT_BUTTON, button->GetId());
-    press.SetEventObject(button);
-    button->ProcessWindowEvent(press);
-}
-
-void PartDialogTest::ClickInto(const wxWindow& control) {
-    const wxRect place = control.GetScreenRect();
-    wxUIActionSimulator simulator;
-    simulator.MouseMove(place.x + place.width - 10, place.y + place.height / 2);
-    Settle();
-    simulator.MouseClick();
-    Settle();
-}
-
-void PartDialogTest::Settle() {
-    for (int i = 0; i < 5; ++i) {
-        wxMilliSleep(10);
-        wxTheApp->Yield(true);
-    }
-}
-
-bool PartDialogTest::WaitUntil(const std::function<bool()>& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() > deadline) return false;
-        wxMilliSleep(5);
-        wxTheApp->Yield(true);
-    }
-    return true;
-}
-
-void PartDialogTest::Type(const std::string& text) {
-    wxUIActionSimulator simulator;
-    simulator.Text(text.c_str());
-    Settle();
-}
-
-void PartDialogTest::Press(int key, int modifiers) {
-    wxUIActionSimulator simulator;
-    simulator.Char(key, modifiers);
-    Settle();
-}
-
-void PartDialogTest::Paste(const std::string& text) {
-    ASSERT_TRUE(wxTheClipboard->Open());
-    wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
-    wxTheClipboard->Close();
-    Press('V', wxMOD_CONTROL);
 }
 
 std::string PartDialogTest::FocusName([[maybe_unused]] const wxChoice& list) {

@@ -15,7 +15,6 @@
 #include <wx/modalhook.h>
 #include <wx/timer.h>
 
-class wxButton;
 class wxChoice;
 
 namespace nesk::testing {
@@ -57,25 +56,6 @@ protected:
 
     /// Announces a file dialog and the Windows path chosen in it; "" to cancel it.
     void ChooseFile(const std::string& path) { m_files.push_back(path); }
-
-    /// Presses a button as a click does. A missing, hidden or disabled button fails the test.
-    static void Click(wxButton* button);
-
-    /// Clicks into a control near its right end and processes the resulting events.
-    static void ClickInto(const wxWindow& control);
-
-    /// Types a text, or presses a key, into the control that has the focus.
-    static void Type(const std::string& text);
-    static void Press(int key, int modifiers = 0);
-
-    /// Pastes a text into the control that has the focus.
-    static void Paste(const std::string& text);
-
-    /// Processes events until a condition holds. Returns false if it does not hold within five seconds.
-    static bool WaitUntil(const std::function<bool()>& condition);
-
-    /// Processes the pending events.
-    static void Settle();
 
     /// Names of the controls in the order in which Tab visits them, separated by spaces. The list starts at
     /// the control that has the focus and ends before that control is visited again.

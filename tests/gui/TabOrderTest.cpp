@@ -29,8 +29,7 @@ protected:
         std::string order;
         WhenShown<FormDialog>(modUtilities::FromWx(dialog.GetName()), [&](FormDialog& form) {
             ready();
-            wxWindow::FindWindowByName(first, &form)->SetFocus();
-            Settle();
+            Focus(Find(form, first));
             order = TabOrder();
             form.EndModal(wxID_CANCEL);
         });
@@ -44,7 +43,7 @@ TEST_F(TabOrderTest, OfThePartEditor) {
     const auto makeReady = [](FormEditPart& form) {
         // The information of a part program can be edited, which enables a button.
         return [&form] {
-            form.txtPartName->SetValue("@C:\\p\\partinfo.ini@");
+            Fill(form.txtPartName, "@C:\\p\\partinfo.ini@");
             // An existing picture can be removed, which enables a button.
             form.picItemHost->SetPath("C:\\a.bmp");
             form.picPreviewHost->SetPath("C:\\b.bmp");
