@@ -46,6 +46,12 @@ constexpr int FileOpen = 34011;
 constexpr int FileSave = 34012;
 constexpr int FileClose = 34013;
 constexpr int FileExit = 34014;
+constexpr int MenuEdit = 34520;
+constexpr int Undo = 34521;
+constexpr int Redo = 34522;
+constexpr int UndoHistory = 34523;
+constexpr int UndoChange = 34600; // %0% name of the change
+constexpr int RedoChange = 34601; // %0% name of the change
 constexpr int MenuMenu = 34020;
 constexpr int AddPart = 34021;
 constexpr int AddSubmenu = 34022;
@@ -355,5 +361,11 @@ constexpr int StationFolderPrompt = 34419;
 
 // FormPicture.
 constexpr int PictureChoosePictureTitle = 32026;
+
+// Undo history.
+constexpr int UndoHistoryTitle = 34602;
+constexpr int UndoHistoryList = 34603;
+constexpr int UndoHistoryCount = 34604; // %0% number of changes
+constexpr int UndoHistoryUndo = 34605;
 
 } // namespace nesk::Message

@@ -108,6 +108,7 @@ void MenuEditor::ForgetChanges() {
     m_history.Clear();
     m_group.reset();
     m_grouped.clear();
+    m_groupContext.reset();
 }
 
 SavePlan MenuEditor::PlanSave(const std::string& path) const {
@@ -268,23 +269,27 @@ ChangeName MenuEditor::NameFor(int textId, const std::string& id) const {
 }
 
 bool MenuEditor::Make(std::unique_ptr<MenuChange> change, ChangeName name) {
-    if (!m_menu || !change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
+    if (!m_menu) return false;
+    std::unique_ptr<EditContext> before = m_group ? nullptr : Context();
+    if (!change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
     if (m_group) {
         m_grouped.push_back(std::move(change));
         return true;
     }
-    m_history.Push(std::move(change), std::move(name));
+    m_history.Push(std::move(change), std::move(name), std::move(before));
     StateChanged();
     return true;
 }
 
 void MenuEditor::BeginGroup(ChangeName name) {
     m_group = std::move(name);
+    m_groupContext = Context();
 }
 
 void MenuEditor::CommitGroup() {
     if (!m_grouped.empty()) {
-        m_history.Push(std::make_unique<CompoundChange>(std::move(m_grouped)), *std::move(m_group));
+        m_history.Push(std::make_unique<CompoundChange>(std::move(m_grouped)), *std::move(m_group),
+                       std::move(m_groupContext));
         m_grouped.clear();
         StateChanged();
     }
@@ -294,23 +299,26 @@ void MenuEditor::CommitGroup() {
 void MenuEditor::RollBackGroup() {
     for (; !m_grouped.empty(); m_grouped.pop_back())
         m_grouped.back()->Revert(*m_menu, [this](const MenuEvent& event) { Report(event); });
+    if (const auto context = std::move(m_groupContext)) context->Restore();
     m_group.reset();
 }
 
 bool MenuEditor::Undo() {
     MenuChange* const change = m_history.ToUndo();
-    if (change == nullptr || !change->Revert(*m_menu, [this](const MenuEvent& event) { Report(event); }))
-        return false;
-    m_history.Undone();
+    if (change == nullptr) return false;
+    std::unique_ptr<EditContext> now = Context();
+    if (!change->Revert(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
+    if (const auto context = m_history.Undone(std::move(now))) context->Restore();
     StateChanged();
     return true;
 }
 
 bool MenuEditor::Redo() {
     MenuChange* const change = m_history.ToRedo();
-    if (change == nullptr || !change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); }))
-        return false;
-    m_history.Redone();
+    if (change == nullptr) return false;
+    std::unique_ptr<EditContext> now = Context();
+    if (!change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
+    if (const auto context = m_history.Redone(std::move(now))) context->Restore();
     StateChanged();
     return true;
 }

@@ -179,6 +179,10 @@ public:
     /// Ends a group and undoes its changes.
     void RollBackGroup();
 
+    /// Sets the source of what the view shows. It is asked before each change, and what it returned comes
+    /// back when the change is undone.
+    void SetContextSource(EditContextSource source) { m_contextSource = std::move(source); }
+
     /// The changes that can be undone and redone.
     const UndoStack& History() const { return m_history; }
 
@@ -191,6 +195,7 @@ private:
     std::string Add(const std::string& parentId, const std::string& caption, std::string_view type);
     ChangeName NameFor(int textId, const std::string& id) const;
     bool Make(std::unique_ptr<MenuChange> change, ChangeName name);
+    std::unique_ptr<EditContext> Context() const { return m_contextSource ? m_contextSource() : nullptr; }
     void ForgetChanges();
     void CompactWhenWasteful();
     void Report(const MenuEvent& event);
@@ -209,6 +214,8 @@ private:
     UndoStack m_history;           // its changes may refer to items of the menu
     std::optional<ChangeName> m_group;
     std::vector<std::unique_ptr<MenuChange>> m_grouped;
+    std::unique_ptr<EditContext> m_groupContext; // before the group
+    EditContextSource m_contextSource;
     std::string m_lastId; // id of the last event
     std::string m_path;
     std::string m_place;

@@ -4,14 +4,16 @@
 
 namespace nesk {
 
-void UndoStack::Push(std::unique_ptr<MenuChange> change, ChangeName name) {
+void UndoStack::Push(std::unique_ptr<MenuChange> change, ChangeName name,
+                     std::unique_ptr<EditContext> before) {
     if (m_saved && *m_saved > m_done) m_saved.reset();
     DropRedo();
     std::size_t bytes = sizeof(Step) + change->Bytes();
     for (const std::string& argument : name.arguments)
         bytes += sizeof argument + argument.size();
+    if (before) bytes += before->Bytes();
     m_bytes += bytes;
-    m_steps.push_back({std::move(change), std::move(name), bytes});
+    m_steps.push_back({std::move(change), std::move(name), bytes, std::move(before)});
     ++m_done;
     DropOldest();
 }
@@ -41,16 +43,16 @@ void UndoStack::Clear() {
     m_saved = 0;
 }
 
-std::vector<ChangeName> UndoStack::UndoNames() const {
+std::vector<ChangeName> UndoStack::UndoNames(std::size_t most) const {
     std::vector<ChangeName> names;
-    for (std::size_t i = m_done; i-- > 0;)
-        names.push_back(m_steps[i].name);
+    for (std::size_t i = m_done; i > 0 && names.size() < most;)
+        names.push_back(m_steps[--i].name);
     return names;
 }
 
-std::vector<ChangeName> UndoStack::RedoNames() const {
+std::vector<ChangeName> UndoStack::RedoNames(std::size_t most) const {
     std::vector<ChangeName> names;
-    for (std::size_t i = m_done; i < m_steps.size(); ++i)
+    for (std::size_t i = m_done; i < m_steps.size() && names.size() < most; ++i)
         names.push_back(m_steps[i].name);
     return names;
 }

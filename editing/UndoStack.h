@@ -1,11 +1,13 @@
 #pragma once
 
+#include "editing/EditContext.h"
 #include "editing/MenuChange.h"
 
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace nesk {
@@ -26,12 +28,15 @@ struct ChangeName {
 class UndoStack {
 public:
     static constexpr std::size_t DefaultLimit = std::size_t{64} << 20;
+    static constexpr std::size_t NoLimit = static_cast<std::size_t>(-1);
 
     /// @param limit  maximum sum of MenuChange::Bytes, in bytes
     explicit UndoStack(std::size_t limit = DefaultLimit) : m_limit(limit) {}
 
     /// Adds a change that has just been made. Drops the changes that were undone.
-    void Push(std::unique_ptr<MenuChange> change, ChangeName name);
+    /// @param before  what the view showed before the change; may be null
+    void Push(std::unique_ptr<MenuChange> change, ChangeName name,
+              std::unique_ptr<EditContext> before = nullptr);
 
     /// Drops all changes and marks the state as the one on disk.
     void Clear();
@@ -41,12 +46,19 @@ public:
     MenuChange* ToRedo() const { return m_done < m_steps.size() ? m_steps[m_done].change.get() : nullptr; }
 
     /// Records that ToUndo was undone, or that ToRedo was redone.
-    void Undone() { --m_done; }
-    void Redone() { ++m_done; }
+    /// @param now  what the view showed before that; the opposite step returns it
+    /// @return what the view showed at the other side of the change; may be null
+    std::unique_ptr<EditContext> Undone(std::unique_ptr<EditContext> now = nullptr) {
+        return Exchange(m_steps[--m_done], std::move(now));
+    }
+    std::unique_ptr<EditContext> Redone(std::unique_ptr<EditContext> now = nullptr) {
+        return Exchange(m_steps[m_done++], std::move(now));
+    }
 
     /// Names of the changes that can be undone or redone, the next one first.
-    std::vector<ChangeName> UndoNames() const;
-    std::vector<ChangeName> RedoNames() const;
+    /// @param most  the greatest number of names to return
+    std::vector<ChangeName> UndoNames(std::size_t most = NoLimit) const;
+    std::vector<ChangeName> RedoNames(std::size_t most = NoLimit) const;
 
     /// Marks the current state as the one on disk.
     void MarkSaved() { m_saved = m_done; }
@@ -63,8 +75,13 @@ private:
         ChangeName name;
         // Measured when the change was added, because counting a large removed submenu is slow.
         std::size_t bytes;
+        std::unique_ptr<EditContext> context; // before the change if it is in effect, else after it
     };
 
+    static std::unique_ptr<EditContext> Exchange(Step& step, std::unique_ptr<EditContext> now) {
+        std::swap(step.context, now);
+        return now;
+    }
     void DropRedo();
     void DropOldest();
 

@@ -59,6 +59,7 @@ FormMain::FormMain()
     SetIcon(IconBundle("app", wxSize(48, 48)).GetIconFor(this));
     PlaceOnScreen();
     m_editor.AddListener(*this);
+    m_editor.SetContextSource([this] { return tvMain->Context(); });
 
     Bind(
         wxEVT_MENU,
@@ -74,6 +75,7 @@ FormMain::FormMain()
 }
 
 FormMain::~FormMain() {
+    m_editor.SetContextSource({});
     m_editor.RemoveListener(*this);
 }
 
@@ -81,7 +83,8 @@ FormMain::~FormMain() {
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     static constexpr std::array<wxMenuItem * FormMain::*, MainCommandCount> items{
         &FormMain::mnuFileOpen,       &FormMain::mnuFileSave,        &FormMain::mnuFileSaveAs,
-        &FormMain::mnuFileClose,      &FormMain::mnuFileExit,        &FormMain::mnuMenuAddPart,
+        &FormMain::mnuFileClose,      &FormMain::mnuFileExit,        &FormMain::mnuEditUndo,
+        &FormMain::mnuEditRedo,       &FormMain::mnuEditUndoHistory, &FormMain::mnuMenuAddPart,
         &FormMain::mnuMenuAddSubmenu, &FormMain::mnuMenuUp,          &FormMain::mnuMenuDown,
         &FormMain::mnuMenuEdit,       &FormMain::mnuMenuRename,      &FormMain::mnuMenuRemove,
         &FormMain::mnuSettingsAccess, &FormMain::mnuSettingsOptions, &FormMain::mnuHelpContents,
@@ -150,8 +153,13 @@ void FormMain::UpdateFileMenus() {
     });
     for (const MainCommandInfo& info : MainCommandTable())
         ItemOf(info.command)->Enable(Contains(enabled, info.command));
-    // While a caption is being edited, Del deletes characters and not the entry.
-    if (tvMain->View().Edited() != nullptr) mnuMenuRemove->Enable(false);
+    // While a caption is being edited, Del deletes characters and not the entry, and the keys of the Edit
+    // menu edit the text.
+    if (tvMain->View().Edited() != nullptr) {
+        mnuMenuRemove->Enable(false);
+        for (const MainCommandInfo& info : MainCommandTable())
+            if (info.editsText) ItemOf(info.command)->Enable(false);
+    }
     wxMenuBar* bar = GetMenuBar();
     for (std::size_t i = 0; i < bar->GetMenuCount(); ++i)
         if (bar->GetMenu(i) == mnuMenu) bar->EnableTop(i, m_editor.IsOpen());

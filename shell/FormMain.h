@@ -55,6 +55,9 @@ public:
     wxMenuItem* mnuFileSaveAs = nullptr;
     wxMenuItem* mnuFileClose = nullptr;
     wxMenuItem* mnuFileExit = nullptr;
+    wxMenuItem* mnuEditUndo = nullptr;
+    wxMenuItem* mnuEditRedo = nullptr;
+    wxMenuItem* mnuEditUndoHistory = nullptr;
     wxMenuItem* mnuMenuAddPart = nullptr;
     wxMenuItem* mnuMenuAddSubmenu = nullptr;
     wxMenuItem* mnuMenuUp = nullptr;
@@ -75,6 +78,7 @@ private:
     void PlaceOnScreen();
     wxMenuItem*& ItemOf(MainCommand command);
     void UpdateTitle();
+    void UpdateUndoTexts();
 
     // Events of the editor.
     void OnMenuReplaced() override;
@@ -88,6 +92,9 @@ private:
     void FileSaveAs() override;
     void FileClose() override;
     void FileExit() override;
+    void Undo() override;
+    void Redo() override;
+    void UndoHistory() override;
     void AddPart() override;
     void AddSubmenu() override;
     void MoveUp() override;

@@ -52,6 +52,7 @@ void FormMain::OnMenuReplaced() {
 void FormMain::OnStateChanged() {
     UpdateBars();
     UpdateTitle();
+    UpdateUndoTexts();
     UpdateFileMenus();
 }
 

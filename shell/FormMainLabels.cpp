@@ -31,6 +31,11 @@ int MainKey(int key) {
     }
 }
 
+bool IsKey(const wxAcceleratorEntry& accelerator, const wxKeyEvent& event) {
+    return accelerator.GetKeyCode() == MainKey(event.GetKeyCode()) &&
+           accelerator.GetFlags() == event.GetModifiers();
+}
+
 } // namespace
 
 void FormMain::BindTree() {
@@ -53,10 +58,11 @@ void FormMain::OnCharHook(wxKeyEvent& event) {
     for (const MainCommandInfo& info : MainCommandTable()) {
         const wxMenuItem* item = ItemOf(info.command);
         const std::unique_ptr<wxAcceleratorEntry> accelerator(item->GetAccel());
-        if (!accelerator || accelerator->GetKeyCode() != MainKey(event.GetKeyCode())) continue;
-        if (accelerator->GetFlags() != event.GetModifiers()) continue;
-        // Keys without modifiers edit the caption.
-        if (typing && !event.HasAnyModifiers()) break;
+        wxAcceleratorEntry other;
+        const bool hasOther = info.otherKey != nullptr && other.FromString(info.otherKey);
+        if (!(accelerator && IsKey(*accelerator, event)) && !(hasOther && IsKey(other, event))) continue;
+        // Keys without modifiers edit the caption, and so do those of the Edit menu.
+        if (typing && (!event.HasAnyModifiers() || info.editsText)) break;
         if (item->IsEnabled())
             OnCommand(info.command);
         else

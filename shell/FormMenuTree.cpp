@@ -45,6 +45,7 @@ FormMenuTree::~FormMenuTree() {
 }
 
 void FormMenuTree::ClearTree() {
+    m_expanded.clear();
     m_view.Clear();
 }
 
@@ -101,12 +102,92 @@ void FormMenuTree::SelectKey(const std::string& id) {
     m_view.EnsureVisible(*node);
 }
 
+// --- what undo and redo show again ---
+
+class FormMenuTree::ViewContext final : public EditContext {
+public:
+    explicit ViewContext(FormMenuTree& tree) : m_tree(tree) {
+        for (const TreeNode* node : tree.m_view.Selection())
+            m_selected.push_back(KeyOf(node));
+        m_current = tree.SelectedKey();
+        const TreeView::Scroll scroll = tree.m_view.ScrollPosition();
+        m_top = KeyOf(scroll.top);
+        m_offset = scroll.offset;
+    }
+
+    void Restore() override {
+        std::vector<TreeNode*> nodes;
+        for (const std::string& id : m_selected)
+            if (TreeNode* node = m_tree.NodeOf(id)) nodes.push_back(node);
+        TreeNode* const current = m_tree.NodeOf(m_current);
+        if (nodes.empty() || current == nullptr) return;
+        m_tree.m_view.SelectAll(nodes, current);
+        if (TreeNode* top = m_tree.NodeOf(m_top); top != nullptr && top->HasRow())
+            m_tree.m_view.SetScrollPosition({top, m_offset});
+        m_tree.m_view.EnsureVisible(*current);
+    }
+
+    std::size_t Bytes() const override {
+        std::size_t bytes = sizeof *this + m_current.size() + m_top.size();
+        for (const std::string& id : m_selected)
+            bytes += sizeof id + id.size();
+        return bytes;
+    }
+
+private:
+    FormMenuTree& m_tree;
+    std::vector<std::string> m_selected;
+    std::string m_current;
+    std::string m_top;
+    int m_offset = 0;
+};
+
+std::unique_ptr<EditContext> FormMenuTree::Context() {
+    if (m_view.Root() == nullptr) return nullptr;
+    return std::make_unique<ViewContext>(*this);
+}
+
+void FormMenuTree::RememberExpansion(const std::string& id, const TreeNode& node) {
+    std::vector<std::string> expanded;
+    std::vector<std::pair<const TreeNode*, std::string>> open{{&node, ""}};
+    while (!open.empty()) {
+        const auto [at, below] = std::move(open.back());
+        open.pop_back();
+        if (!at->IsExpanded()) continue;
+        expanded.push_back(below);
+        for (std::size_t i = 0; i < at->ChildCount(); ++i)
+            if (const TreeNode& child = at->Child(i); child.IsExpanded())
+                open.emplace_back(&child, below + "." + child.Key());
+    }
+    if (expanded.empty())
+        m_expanded.erase(id);
+    else
+        m_expanded[id] = std::move(expanded);
+}
+
+void FormMenuTree::RestoreExpansion(const std::string& formerId, const std::string& id) {
+    const auto found = m_expanded.find(formerId);
+    if (found == m_expanded.end()) return;
+    const std::vector<std::string> expanded = std::move(found->second);
+    m_expanded.erase(found);
+    for (const std::string& below : expanded)
+        if (TreeNode* node = NodeOf(id + below)) m_view.Expand(*node);
+}
+
+// --- changes ---
+
 void FormMenuTree::Follow(const MenuEvent& event) {
     switch (event.kind) {
     case MenuEvent::Kind::None: break;
-    case MenuEvent::Kind::Added: Place(event); break;
+    case MenuEvent::Kind::Added:
+        Place(event);
+        RestoreExpansion(event.id, event.id);
+        break;
     case MenuEvent::Kind::Removed:
-        if (TreeNode* node = NodeOf(event.id)) m_view.Remove(*node);
+        if (TreeNode* node = NodeOf(event.id)) {
+            RememberExpansion(event.id, *node);
+            m_view.Remove(*node);
+        }
         break;
     case MenuEvent::Kind::Moved: Move(event); break;
     case MenuEvent::Kind::Edited:
@@ -137,8 +218,12 @@ void FormMenuTree::Move(const MenuEvent& event) {
         node->SetKey(std::string(MenuId::Parts(event.id).back()));
     } else {
         // The children of the new parent have no nodes yet. The entry gets its node together with them.
-        if (node != nullptr) m_view.Remove(*node);
+        if (node != nullptr) {
+            RememberExpansion(event.formerId, *node);
+            m_view.Remove(*node);
+        }
         Place(event);
+        RestoreExpansion(event.formerId, event.id);
     }
     SelectKey(event.id);
     Window().Thaw();

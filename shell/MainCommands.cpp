@@ -29,6 +29,14 @@ bool CanOpen(const State& state) {
     return !state.isOpen && state.menuRootExists;
 }
 
+bool CanUndo(const State& state) {
+    return state.canUndo;
+}
+
+bool CanRedo(const State& state) {
+    return state.canRedo;
+}
+
 using To = MainCommandTarget;
 
 constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
@@ -41,6 +49,11 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
     {MainCommand::FileClose, "mnuFileClose", Message::MenuFile, Message::FileClose, false, IsOpen,
      &To::FileClose},
     {MainCommand::FileExit, "mnuFileExit", Message::MenuFile, Message::FileExit, true, Always, &To::FileExit},
+    {MainCommand::Undo, "mnuEditUndo", Message::MenuEdit, Message::Undo, false, CanUndo, &To::Undo, true},
+    {MainCommand::Redo, "mnuEditRedo", Message::MenuEdit, Message::Redo, false, CanRedo, &To::Redo, true,
+     "Ctrl+Shift+Z"},
+    {MainCommand::UndoHistory, "mnuEditUndoHistory", Message::MenuEdit, Message::UndoHistory, false, CanUndo,
+     &To::UndoHistory},
     {MainCommand::AddPart, "mnuMenuAddPart", Message::MenuMenu, Message::AddPart, false,
      For<&MenuCommands::addPart>, &To::AddPart},
     {MainCommand::AddSubmenu, "mnuMenuAddSubmenu", Message::MenuMenu, Message::AddSubmenu, false,
@@ -83,7 +96,8 @@ bool Contains(const MainCommandSet& set, MainCommand command) {
 }
 
 MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& selectedId, bool menuRootExists) {
-    const MainCommandState state{editor.IsOpen(), menuRootExists, editor.CommandsFor(selectedId)};
+    const MainCommandState state{editor.IsOpen(), menuRootExists, editor.History().ToUndo() != nullptr,
+                                 editor.History().ToRedo() != nullptr, editor.CommandsFor(selectedId)};
     MainCommandSet enabled;
     for (const MainCommandInfo& info : Table)
         enabled.set(static_cast<std::size_t>(info.command), info.isEnabled(state));

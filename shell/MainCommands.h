@@ -17,6 +17,9 @@ enum class MainCommand {
     FileSaveAs,
     FileClose,
     FileExit,
+    Undo,
+    Redo,
+    UndoHistory,
     AddPart,
     AddSubmenu,
     MoveUp,
@@ -44,6 +47,9 @@ public:
     virtual void FileSaveAs() = 0;
     virtual void FileClose() = 0;
     virtual void FileExit() = 0;
+    virtual void Undo() = 0;
+    virtual void Redo() = 0;
+    virtual void UndoHistory() = 0;
     virtual void AddPart() = 0;
     virtual void AddSubmenu() = 0;
     virtual void MoveUp() = 0;
@@ -62,7 +68,9 @@ public:
 struct MainCommandState {
     bool isOpen = false;         ///< a menu is open
     bool menuRootExists = false; ///< the menu root folder of the settings exists
-    MenuCommands entry;          ///< the commands that are possible for the selected entry
+    bool canUndo = false;
+    bool canRedo = false;
+    MenuCommands entry; ///< the commands that are possible for the selected entry
 };
 
 /// The description of a command: one row of the table for the menu bar, the context menu and the
@@ -75,6 +83,8 @@ struct MainCommandInfo {
     bool separatorBefore; ///< true when a separator precedes it in the menu
     bool (*isEnabled)(const MainCommandState& state);
     void (MainCommandTarget::*run)();
+    bool editsText = false;         ///< its key belongs to the text while a caption is being edited
+    const char* otherKey = nullptr; ///< a second key, for example "Ctrl+Shift+Z"
 };
 
 /// All commands in the order in which they are shown, menu by menu.

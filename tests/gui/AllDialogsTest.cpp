@@ -21,6 +21,7 @@
 #include "settings/RegEntry.h"
 #include "shell/FormAbout.h"
 #include "shell/FormCreateStation.h"
+#include "shell/FormUndoHistory.h"
 #include "shell/Startup.h"
 #include "shell/modHelp.h"
 #include "widgets/UiUtilities.h"
@@ -135,7 +136,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case<FormSelectHistory>("FormSelectHistory", 33005),
         Case<FormSelectHelpFile>("FormSelectHelpFile", 33000), Case<FormSelectPart>("FormSelectPart", 33010),
         Case<FormSelectDrive>("FormSelectDrive", 0), Case<FormAbout>("FormAbout", 0),
-        Case<FormCreateStation>("FormCreateStation", 33011), Case<FormListName>("FormListName", 0),
+        Case<FormUndoHistory>("FormUndoHistory", 33001), Case<FormCreateStation>("FormCreateStation", 33011),
+        Case<FormListName>("FormListName", 0),
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, WideScreen); }},
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, SmallScreen); },
                    "Small"},

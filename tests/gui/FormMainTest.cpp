@@ -55,7 +55,7 @@ TEST_F(FormMainTest, StartsWithoutAFile) {
     EXPECT_FALSE(window->mnuFileClose->IsEnabled());
     EXPECT_TRUE(window->mnuFileExit->IsEnabled());
     EXPECT_TRUE(window->mnuHelpContents->IsEnabled());
-    EXPECT_FALSE(window->GetMenuBar()->IsEnabledTop(1)) << "the Menu menu";
+    EXPECT_FALSE(window->GetMenuBar()->IsEnabledTop(2)) << "the Menu menu";
     EXPECT_EQ(Enabled(), "");
     EXPECT_EQ(TreeText(), "");
     EXPECT_EQ(StatusPath(), "");
@@ -170,6 +170,7 @@ TEST_F(FormMainTest, AMoveToAnotherSubmenuIsFollowed) {
     for (const bool shown : {false, true}) {
         SCOPED_TRACE(shown);
         if (shown) Row("R.2.1");
+        Select("R.1");
         const std::string id = editor.MoveTo("R.1", "R.2", 1);
         EXPECT_EQ(window->tvMain->SelectedKey(), id);
         EXPECT_EQ(Row(id).Text(), "First");

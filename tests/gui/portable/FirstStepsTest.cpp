@@ -49,7 +49,7 @@ TEST_F(FirstStepsTest, AStationThatIsOpenedBringsItsSettings) {
     // The menu bar was recreated and works.
     ASSERT_TRUE(Click(window->mnuFileOpen));
     EXPECT_TRUE(window->Editor().IsOpen());
-    EXPECT_EQ(window->GetMenuBar()->GetMenuCount(), 4u);
+    EXPECT_EQ(window->GetMenuBar()->GetMenuCount(), 5u);
     ASSERT_TRUE(Click(window->mnuFileClose));
 }
 

@@ -80,7 +80,7 @@ TEST_F(MainCommandsTest, TheCommandsOfAMenuStandTogether) {
         }
         before = info.menu;
     }
-    EXPECT_EQ(menus.size(), 4u);
+    EXPECT_EQ(menus.size(), 5u);
 }
 
 TEST_F(MainCommandsTest, WithoutAFile) {
@@ -96,17 +96,17 @@ TEST_F(MainCommandsTest, WhatIsEnabledForTheSelectedEntry) {
         const char* id;
         std::string enabled;
     } table[] = {
-        {"", NamesOf({FileSave, FileSaveAs, FileClose})},
-        {"R.9", NamesOf({FileSave, FileSaveAs, FileClose})},
-        {"R", NamesOf({FileSave, FileSaveAs, FileClose, AddPart, AddSubmenu, Rename})},
+        {"", NamesOf({FileSave, FileSaveAs, FileClose, Undo, UndoHistory})},
+        {"R.9", NamesOf({FileSave, FileSaveAs, FileClose, Undo, UndoHistory})},
+        {"R", NamesOf({FileSave, FileSaveAs, FileClose, Undo, UndoHistory, AddPart, AddSubmenu, Rename})},
         {"R.1",
-         NamesOf({FileSave, FileSaveAs, FileClose, AddPart, AddSubmenu, MoveDown, Edit, Rename, Remove})},
-        {"R.2", NamesOf({FileSave, FileSaveAs, FileClose, AddPart, AddSubmenu, MoveUp, MoveDown, Edit, Rename,
+         NamesOf({FileSave, FileSaveAs, FileClose, Undo, UndoHistory, AddPart, AddSubmenu, MoveDown, Edit, Rename, Remove})},
+        {"R.2", NamesOf({FileSave, FileSaveAs, FileClose, Undo, UndoHistory, AddPart, AddSubmenu, MoveUp, MoveDown, Edit, Rename,
                          Remove})},
-        {"R.3", NamesOf({FileSave, FileSaveAs, FileClose, MoveUp, Edit, Rename, Remove})},
-        {"R.1.1", NamesOf({FileSave, FileSaveAs, FileClose, MoveDown, Edit, Rename, Remove})},
-        {"R.1.2", NamesOf({FileSave, FileSaveAs, FileClose, MoveUp, MoveDown, Edit, Rename, Remove})},
-        {"R.1.3", NamesOf({FileSave, FileSaveAs, FileClose, MoveUp, Edit, Rename, Remove})},
+        {"R.3", NamesOf({FileSave, FileSaveAs, FileClose, Undo, UndoHistory, MoveUp, Edit, Rename, Remove})},
+        {"R.1.1", NamesOf({FileSave, FileSaveAs, FileClose, Undo, UndoHistory, MoveDown, Edit, Rename, Remove})},
+        {"R.1.2", NamesOf({FileSave, FileSaveAs, FileClose, Undo, UndoHistory, MoveUp, MoveDown, Edit, Rename, Remove})},
+        {"R.1.3", NamesOf({FileSave, FileSaveAs, FileClose, Undo, UndoHistory, MoveUp, Edit, Rename, Remove})},
     };
     for (const auto& row : table) {
         EXPECT_EQ(Enabled(row.id), row.enabled) << row.id;

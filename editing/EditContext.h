@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+
+namespace nesk {
+
+/// What a view showed before or after a change: selection and scroll position. Undo and Redo bring it back.
+/// It stays valid as long as the change, because both return to the same ids.
+class EditContext {
+public:
+    virtual ~EditContext() = default;
+
+    /// Shows the same again.
+    virtual void Restore() = 0;
+
+    /// Approximate memory that the context uses, in bytes.
+    virtual std::size_t Bytes() const = 0;
+};
+
+/// Returns the current context; null when there is none.
+using EditContextSource = std::function<std::unique_ptr<EditContext>()>;
+
+} // namespace nesk

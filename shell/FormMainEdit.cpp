@@ -1,0 +1,60 @@
+// The main window's Edit menu.
+
+#include "shell/FormMain.h"
+
+#include "base/Messages.h"
+#include "editing/ChangeText.h"
+#include "shell/FormMenuTree.h"
+#include "shell/FormUndoHistory.h"
+#include "shell/modStringRes.h"
+#include "widgets/UiUtilities.h"
+
+#include <wx/control.h>
+#include <wx/menu.h>
+#include <wx/wupdlock.h>
+
+namespace nesk {
+
+using modStringRes::FormatResString;
+using modUtilities::ResText;
+using modUtilities::ToWx;
+
+namespace {
+
+// The text of the Undo or Redo command. A tab in a caption would end the text before its key.
+wxString CommandText(int plainId, int withChangeId, const std::vector<ChangeName>& names) {
+    if (names.empty()) return ResText(plainId);
+    wxString change = wxControl::EscapeMnemonics(ToWx(ChangeText(names.front())));
+    change.Replace("\t", " ");
+    return ToWx(FormatResString(withChangeId, modUtilities::FromWx(change)));
+}
+
+} // namespace
+
+void FormMain::UpdateUndoTexts() {
+    const UndoStack& history = m_editor.History();
+    const auto show = [](wxMenuItem& item, const wxString& text) {
+        if (item.GetItemLabel() != text) item.SetItemLabel(text);
+    };
+    show(*mnuEditUndo, CommandText(Message::Undo, Message::UndoChange, history.UndoNames(1)));
+    show(*mnuEditRedo, CommandText(Message::Redo, Message::RedoChange, history.RedoNames(1)));
+}
+
+void FormMain::Undo() {
+    if (FinishLabelEdit()) m_editor.Undo();
+}
+
+void FormMain::Redo() {
+    if (FinishLabelEdit()) m_editor.Redo();
+}
+
+void FormMain::UndoHistory() {
+    if (!FinishLabelEdit()) return;
+    FormUndoHistory dialog(this);
+    const std::size_t count = dialog.Choose(m_editor.History().UndoNames());
+    const wxWindowUpdateLocker locker(&tvMain->Window());
+    for (std::size_t i = 0; i < count; ++i)
+        m_editor.Undo();
+}
+
+} // namespace nesk

@@ -1,0 +1,167 @@
+// Undo and Redo in the main window.
+
+#include "gui/GuiFixture.h"
+
+#include "widgets/UiUtilities.h"
+
+#include <wx/menu.h>
+
+namespace nesk::testing {
+namespace {
+
+using modUtilities::FromWx;
+
+class FormMainUndoTest : public MainWindowTest {
+protected:
+    void Open(const std::string& bytes = SmallMenu) {
+        WriteMenu(bytes);
+        OpenWindow();
+        Press('O', wxMOD_CONTROL);
+        ASSERT_TRUE(window->Editor().IsOpen());
+    }
+
+    void RenameSelected(const std::string& caption) {
+        Press(WXK_F2);
+        Type(caption);
+        Press(WXK_RETURN);
+    }
+
+    static std::string LabelOf(const wxMenuItem* item) { return FromWx(item->GetItemLabelText()); }
+};
+
+TEST_F(FormMainUndoTest, NothingToUndoAtFirst) {
+    Open();
+    EXPECT_FALSE(window->mnuEditUndo->IsEnabled());
+    EXPECT_FALSE(window->mnuEditRedo->IsEnabled());
+    EXPECT_FALSE(window->mnuEditUndoHistory->IsEnabled());
+    EXPECT_EQ(LabelOf(window->mnuEditUndo), "Undo");
+    const std::string before = TreeText();
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), before);
+}
+
+TEST_F(FormMainUndoTest, TheKeysUndoAndRedoARename) {
+    Open();
+    Select("R.1");
+    RenameSelected("Cover & <lid>");
+    EXPECT_EQ(Row("R.1").Text(), "Cover & <lid>");
+    EXPECT_EQ(LabelOf(window->mnuEditUndo), "Undo rename of \"First\"");
+    const wxString dirty = window->GetTitle();
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(Row("R.1").Text(), "First");
+    EXPECT_NE(window->GetTitle(), dirty) << "the menu is as it was opened";
+    EXPECT_FALSE(window->mnuEditUndo->IsEnabled());
+    EXPECT_EQ(LabelOf(window->mnuEditRedo), "Redo rename of \"First\"");
+    Press('Y', wxMOD_CONTROL);
+    EXPECT_EQ(Row("R.1").Text(), "Cover & <lid>");
+    Press('Z', wxMOD_CONTROL);
+    Press('Z', wxMOD_CONTROL | wxMOD_SHIFT);
+    EXPECT_EQ(Row("R.1").Text(), "Cover & <lid>");
+    EXPECT_EQ(window->GetTitle(), dirty);
+    // A second rename names a caption with a mark of an access key.
+    RenameSelected("x");
+    EXPECT_EQ(LabelOf(window->mnuEditUndo), "Undo rename of \"Cover & <lid>\"");
+}
+
+TEST_F(FormMainUndoTest, SavingKeepsTheHistoryAndMarksTheState) {
+    Open();
+    const wxString clean = window->GetTitle();
+    Select("R.1");
+    RenameSelected("Cover");
+    Press('S', wxMOD_CONTROL);
+    EXPECT_EQ(window->GetTitle(), clean);
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(Row("R.1").Text(), "First");
+    EXPECT_NE(window->GetTitle(), clean) << "the file has the new name";
+    Press('Y', wxMOD_CONTROL);
+    EXPECT_EQ(window->GetTitle(), clean);
+}
+
+TEST_F(FormMainUndoTest, WhileACaptionIsTypedTheKeysBelongToTheText) {
+    Open();
+    Select("R.1");
+    RenameSelected("Cover");
+    Press(WXK_F2);
+    ASSERT_NE(Tree().Edited(), nullptr);
+    Type("Lid");
+    Press('Z', wxMOD_CONTROL);
+    Press('Y', wxMOD_CONTROL);
+    EXPECT_EQ(window->Editor().History().UndoNames().size(), 1u) << "the rename before stays done";
+    EXPECT_NE(Tree().Edited(), nullptr);
+    Press(WXK_ESCAPE);
+    EXPECT_TRUE(window->mnuEditUndo->IsEnabled());
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(Row("R.1").Text(), "First");
+}
+
+TEST_F(FormMainUndoTest, ARemovedSubmenuComesBackExpandedAndSelected) {
+    Open();
+    Tree().Expand(Row("R.2"));
+    Select("R.2");
+    const std::string before = TreeText();
+    dialogs.Answer(wxID_YES);
+    Press(WXK_DELETE);
+    EXPECT_NE(TreeText(), before);
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.3");
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), before);
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.2");
+    EXPECT_TRUE(Row("R.2").IsExpanded());
+    Press('Y', wxMOD_CONTROL);
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.3");
+    // A collapsed one stays collapsed.
+    Press('Z', wxMOD_CONTROL);
+    Tree().Collapse(Row("R.2"));
+    dialogs.Answer(wxID_YES);
+    Press(WXK_DELETE);
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_FALSE(Row("R.2").IsExpanded());
+}
+
+TEST_F(FormMainUndoTest, TheSelectionComesBackThatWasThereBeforeTheChange) {
+    Open();
+    Select("R.3");
+    Press(WXK_UP, wxMOD_CONTROL);
+    Select("R.1");
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.3");
+    Press('Y', wxMOD_CONTROL);
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.1") << "as it was before Undo";
+}
+
+TEST_F(FormMainUndoTest, TheScrollPositionComesBack) {
+    std::string children;
+    for (int i = 1; i <= 300; ++i)
+        children += "\tBLOCK SUBMENU\r\n\t\tCAPTION=part " + std::to_string(i) + "\r\n\tEND\r\n";
+    Open("BLOCK MENU\r\n" + children + "END\r\n");
+    Select("R.150");
+    ASSERT_TRUE(WaitUntil([&] { return !Tree().RowRect(Row("R.150")).IsEmpty(); }));
+    RenameSelected("changed");
+    const platform::TreeView::Scroll before = Tree().ScrollPosition();
+    Select("R.1");
+    ASSERT_TRUE(WaitUntil([&] { return !Tree().RowRect(Row("R.1")).IsEmpty(); }));
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.150");
+    EXPECT_TRUE(WaitUntil([&] {
+        const platform::TreeView::Scroll now = Tree().ScrollPosition();
+        return now.top == before.top && now.offset == before.offset;
+    })) << Tree().ScrollPosition().top->Text()
+        << " at the top, not " << before.top->Text();
+}
+
+TEST_F(FormMainUndoTest, SeveralStepsAtOnceFromTheHistory) {
+    Open();
+    Select("R.1");
+    RenameSelected("one");
+    RenameSelected("two");
+    RenameSelected("three");
+    dialogs.Answer(wxID_CANCEL);
+    ASSERT_TRUE(Click(window->mnuEditUndoHistory));
+    EXPECT_EQ(Row("R.1").Text(), "three") << "cancelled";
+    dialogs.Answer(wxID_OK); // the last change is selected
+    ASSERT_TRUE(Click(window->mnuEditUndoHistory));
+    EXPECT_EQ(Row("R.1").Text(), "two");
+}
+
+} // namespace
+} // namespace nesk::testing
