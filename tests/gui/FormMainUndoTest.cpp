@@ -2,8 +2,11 @@
 
 #include "gui/GuiFixture.h"
 
+#include "gui/NextDialog.h"
+#include "shell/FormUndoHistory.h"
 #include "widgets/UiUtilities.h"
 
+#include <wx/button.h>
 #include <wx/menu.h>
 
 namespace nesk::testing {
@@ -136,6 +139,8 @@ TEST_F(FormMainUndoTest, TheScrollPositionComesBack) {
     Open("BLOCK MENU\r\n" + children + "END\r\n");
     Select("R.150");
     ASSERT_TRUE(WaitUntil([&] { return !Tree().RowRect(Row("R.150")).IsEmpty(); }));
+    Tree().SetScrollPosition({&Row("R.148"), 0});
+    ASSERT_TRUE(WaitUntil([&] { return Tree().ScrollPosition().top == &Row("R.148"); }));
     RenameSelected("changed");
     const platform::TreeView::Scroll before = Tree().ScrollPosition();
     Select("R.1");
@@ -158,9 +163,13 @@ TEST_F(FormMainUndoTest, SeveralStepsAtOnceFromTheHistory) {
     dialogs.Answer(wxID_CANCEL);
     ASSERT_TRUE(Click(window->mnuEditUndoHistory));
     EXPECT_EQ(Row("R.1").Text(), "three") << "cancelled";
-    dialogs.Answer(wxID_OK); // the last change is selected
+    dialogs.Answer(wxID_NONE); // shows it
+    const NextDialog<FormUndoHistory> choice([](FormUndoHistory& dialog) {
+        Press(WXK_DOWN);
+        Click(dialog.cmdOK);
+    });
     ASSERT_TRUE(Click(window->mnuEditUndoHistory));
-    EXPECT_EQ(Row("R.1").Text(), "two");
+    EXPECT_EQ(Row("R.1").Text(), "one");
 }
 
 } // namespace
