@@ -33,7 +33,6 @@ namespace {
 using modStringRes::FormatResString;
 using modStringRes::LoadResString;
 using modUtilities::FromWx;
-using modUtilities::ToWx;
 
 constexpr int WideScreen = 1024;
 

@@ -15,7 +15,6 @@ namespace {
 
 using modUtilities::DirectoryExists;
 using modUtilities::FromWx;
-using modUtilities::ToWx;
 
 class FormFolderTest : public PartDialogTest {
 protected:

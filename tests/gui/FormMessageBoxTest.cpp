@@ -4,12 +4,12 @@
 #include "shell/modMessageBox.h"
 #include "widgets/UiUtilities.h"
 
-#include <cstdlib>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
+#include <wx/app.h>
 #include <wx/button.h>
 #include <wx/display.h>
 #include <wx/frame.h>
@@ -216,10 +216,7 @@ TEST_F(FormMessageBoxTest, StandsInTheMiddleOfTheScreen) {
     Show(
         "Something happened", 48,
         [](FormMessageBox& box) {
-            const wxRect screen = wxDisplay(&box).GetClientArea();
-            const wxRect window = box.GetScreenRect();
-            EXPECT_LT(std::abs(window.x + window.width / 2 - screen.x - screen.width / 2), 40);
-            EXPECT_LT(std::abs(window.y + window.height / 2 - screen.y - screen.height / 2), 40);
+            EXPECT_TRUE(WaitUntil([&] { return IsInTheMiddle(box); })) << box.GetScreenRect().x;
             Press(WXK_RETURN);
         },
         corner);

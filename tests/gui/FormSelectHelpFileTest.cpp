@@ -5,10 +5,7 @@
 #include "shell/modStringRes.h"
 #include "widgets/UiUtilities.h"
 
-#include <cstdlib>
-
 #include <wx/button.h>
-#include <wx/display.h>
 #include <wx/frame.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
@@ -18,7 +15,6 @@ namespace {
 
 using modStringRes::LoadResString;
 using modUtilities::FromWx;
-using modUtilities::ToWx;
 
 class FormSelectHelpFileTest : public PartDialogTest {
 protected:
@@ -52,10 +48,7 @@ TEST_F(FormSelectHelpFileTest, ShowsTextsAndValues) {
         EXPECT_EQ(FileOf(form), "C:\\Help\\part.chm");
         EXPECT_EQ(TopicOf(form), "12");
         EXPECT_EQ(TabOrder(), "txtHelpFile cmdBrowse txtHelpTopic cmdOK cmdCancel cmdHelp");
-        const wxRect window = form.GetScreenRect();
-        const wxSize screen = wxGetDisplaySize();
-        EXPECT_LT(std::abs(window.x + window.width / 2 - screen.x / 2), 40);
-        EXPECT_LT(std::abs(window.y + window.height / 2 - screen.y / 2), 40);
+        EXPECT_TRUE(WaitUntil([&] { return IsInTheMiddle(form); })) << form.GetScreenRect().x;
         Click(form.cmdCancel);
     });
 }
@@ -64,10 +57,7 @@ TEST_F(FormSelectHelpFileTest, StandsInTheMiddleOfTheScreenWhereverItsOwnerIs) {
     auto* corner = new wxFrame(nullptr, wxID_ANY, "Corner", wxPoint(0, 0), wxSize(200, 150));
     ShowActive(*corner);
     WhenShown<FormSelectHelpFile>("FormSelectHelpFile", [](FormSelectHelpFile& form) {
-        const wxRect window = form.GetScreenRect();
-        const wxRect screen = wxDisplay(&form).GetClientArea();
-        EXPECT_LT(std::abs(window.x + window.width / 2 - screen.x - screen.width / 2), 40);
-        EXPECT_LT(std::abs(window.y + window.height / 2 - screen.y - screen.height / 2), 40);
+        EXPECT_TRUE(WaitUntil([&] { return IsInTheMiddle(form); })) << form.GetScreenRect().x;
         Click(form.cmdCancel);
     });
     FormSelectHelpFile(corner).Display(file, topic);

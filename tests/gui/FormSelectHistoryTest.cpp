@@ -20,7 +20,6 @@ namespace {
 
 using modStringRes::LoadResString;
 using modUtilities::FromWx;
-using modUtilities::ToWx;
 
 class FormSelectHistoryTest : public PartDialogTest {
 protected:

@@ -417,9 +417,9 @@ TEST_F(FormSelectPartTest, TheDriveDialogAnswers) {
 TEST_F(FormSelectPartTest, TheDriveDialogOffersTheDriveThatIsShown) {
     for (const auto& [current, drive] :
          {std::pair("D:\\Parts", "D:"), std::pair("", "C:"), std::pair("Q:\\", "C:")}) {
-        WhenShown<FormSelectDrive>("FormSelectDrive", [&](FormSelectDrive& form) {
+        WhenShown<FormSelectDrive>("FormSelectDrive", [expected = drive](FormSelectDrive& form) {
             EXPECT_TRUE(form.optDrive[0]->GetValue());
-            EXPECT_EQ(FromWx(form.drvSelect->GetStringSelection()), drive);
+            EXPECT_EQ(TextOf(form.drvSelect), expected);
             Click(form.cmdCancel);
         });
         FormSelectDrive(nullptr).SelectDrive(current);

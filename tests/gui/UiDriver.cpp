@@ -2,6 +2,7 @@
 
 #include "widgets/UiUtilities.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 #include <vector>
 
@@ -13,6 +14,7 @@
 #include <wx/ctrlsub.h>
 #include <wx/dataobj.h>
 #include <wx/dialog.h>
+#include <wx/display.h>
 #include <wx/evtloop.h>
 #include <wx/frame.h>
 #include <wx/listbox.h>
@@ -318,6 +320,14 @@ std::string TextOf(const wxWindow* control) {
         return FromWx(list->GetStringSelection());
     const auto* const labelled = dynamic_cast<const wxControl*>(control);
     return FromWx(labelled != nullptr ? labelled->GetLabelText() : control->GetLabel());
+}
+
+bool IsInTheMiddle(const wxTopLevelWindow& window) {
+    constexpr int tolerance = 40; // pixels
+    const wxRect screen = wxDisplay(&window).GetClientArea();
+    const wxRect place = window.GetScreenRect();
+    return std::abs(place.x + place.width / 2 - screen.x - screen.width / 2) < tolerance &&
+           std::abs(place.y + place.height / 2 - screen.y - screen.height / 2) < tolerance;
 }
 
 bool IsOpen(const wxDialog& dialog) {

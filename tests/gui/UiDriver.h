@@ -106,6 +106,10 @@ void Send(wxWindow* control, wxEventTypeTag<wxMouseEvent> type);
 /// the mark of its access key. A missing control fails the test.
 std::string TextOf(const wxWindow* control);
 
+/// Returns whether a window is in the middle of its screen. Wait for it: the window manager may place a
+/// window elsewhere at first.
+bool IsInTheMiddle(const wxTopLevelWindow& window);
+
 /// Returns whether a modal dialog is waiting for an answer. IsModal is not enough on every toolkit: on
 /// Windows it stays true until the call that showed the dialog returns, although the dialog is already
 /// answered and hidden.

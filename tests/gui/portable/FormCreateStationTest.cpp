@@ -21,7 +21,6 @@ namespace {
 
 using modStringRes::LoadResString;
 using modUtilities::FromWx;
-using modUtilities::ToWx;
 
 class FormCreateStationTest : public SettingsDialogTest {
 protected:
