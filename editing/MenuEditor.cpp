@@ -194,6 +194,8 @@ MenuCommands MenuEditor::CommandsFor(const std::string& id) const {
     const int position = siblings.PositionOf(*item);
     commands.moveUp = position > 1;
     commands.moveDown = position < siblings.Count();
+    commands.moveOut = item->ParentMenu()->ParentMenu() != nullptr;
+    commands.moveIn = SubmenuBefore(*item) != nullptr;
     commands.edit = commands.remove = true;
     return commands;
 }
@@ -230,6 +232,29 @@ std::string MenuEditor::MoveTo(const std::string& id, const std::string& parentI
     return Make(std::make_unique<MoveToChange>(id, parentId, position), NameFor(Message::ChangeMove, id))
                ? m_lastId
                : id;
+}
+
+std::string MenuEditor::MoveOut(const std::string& id) {
+    const MenuItem* item = AsItem(Find(id));
+    const auto* submenu = item != nullptr ? AsItem(item->ParentMenu()) : nullptr;
+    if (submenu == nullptr) return "";
+    const MenuEntry& target = *submenu->ParentMenu();
+    return MoveTo(id, target.ID(), target.Children()->PositionOf(*submenu) + 1);
+}
+
+// The submenu directly before an entry; null when there is none.
+const MenuItem* MenuEditor::SubmenuBefore(const MenuItem& item) {
+    const MenuItemCollection& siblings = *item.ParentMenu()->Children();
+    const int position = siblings.PositionOf(item);
+    if (position <= 1) return nullptr;
+    const MenuItem& before = siblings.Item(position - 1);
+    return before.IsPart() ? nullptr : &before;
+}
+
+std::string MenuEditor::MoveIn(const std::string& id) {
+    const MenuItem* item = AsItem(Find(id));
+    const MenuItem* submenu = item != nullptr ? SubmenuBefore(*item) : nullptr;
+    return submenu != nullptr ? MoveTo(id, submenu->ID(), 0) : "";
 }
 
 std::optional<NeskError> MenuEditor::WhyNotMoveTo(const std::string& id, const std::string& parentId) const {

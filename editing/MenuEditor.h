@@ -38,6 +38,8 @@ struct MenuCommands {
     bool addSubmenu = false;
     bool moveUp = false;
     bool moveDown = false;
+    bool moveOut = false;
+    bool moveIn = false;
     bool edit = false;
     bool remove = false;
     bool rename = false;
@@ -166,6 +168,12 @@ public:
     /// @return the new id of the entry; "" for ids that do not exist
     std::string MoveTo(const std::string& id, const std::string& parentId, int position);
 
+    /// Moves an entry out of its submenu, to the place after it, or to the end of the submenu before the
+    /// entry. Raises 5000 or Overflow as MoveTo does.
+    /// @return the new id of the entry; "" when there is no such place
+    std::string MoveOut(const std::string& id);
+    std::string MoveIn(const std::string& id);
+
     /// The error that MoveTo would raise; nothing when it would succeed.
     std::optional<NeskError> WhyNotMoveTo(const std::string& id, const std::string& parentId) const;
 
@@ -193,6 +201,7 @@ public:
 
 private:
     std::string Add(const std::string& parentId, const std::string& caption, std::string_view type);
+    static const MenuItem* SubmenuBefore(const MenuItem& item);
     ChangeName NameFor(int textId, const std::string& id) const;
     bool Make(std::unique_ptr<MenuChange> change, ChangeName name);
     std::unique_ptr<EditContext> Context() const { return m_contextSource ? m_contextSource() : nullptr; }

@@ -82,13 +82,14 @@ FormMain::~FormMain() {
 // The menu item of a command. The array is in the order of MainCommand.
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     static constexpr std::array<wxMenuItem * FormMain::*, MainCommandCount> items{
-        &FormMain::mnuFileOpen,       &FormMain::mnuFileSave,        &FormMain::mnuFileSaveAs,
-        &FormMain::mnuFileClose,      &FormMain::mnuFileExit,        &FormMain::mnuEditUndo,
-        &FormMain::mnuEditRedo,       &FormMain::mnuEditUndoHistory, &FormMain::mnuMenuAddPart,
-        &FormMain::mnuMenuAddSubmenu, &FormMain::mnuMenuUp,          &FormMain::mnuMenuDown,
-        &FormMain::mnuMenuEdit,       &FormMain::mnuMenuRename,      &FormMain::mnuMenuRemove,
-        &FormMain::mnuSettingsAccess, &FormMain::mnuSettingsOptions, &FormMain::mnuHelpContents,
-        &FormMain::mnuHelpWindow,     &FormMain::mnuHelpAbout,
+        &FormMain::mnuFileOpen,        &FormMain::mnuFileSave,        &FormMain::mnuFileSaveAs,
+        &FormMain::mnuFileClose,       &FormMain::mnuFileExit,        &FormMain::mnuEditUndo,
+        &FormMain::mnuEditRedo,        &FormMain::mnuEditUndoHistory, &FormMain::mnuMenuAddPart,
+        &FormMain::mnuMenuAddSubmenu,  &FormMain::mnuMenuUp,          &FormMain::mnuMenuDown,
+        &FormMain::mnuMenuMoveOut,     &FormMain::mnuMenuMoveIn,      &FormMain::mnuMenuEdit,
+        &FormMain::mnuMenuRename,      &FormMain::mnuMenuRemove,      &FormMain::mnuSettingsAccess,
+        &FormMain::mnuSettingsOptions, &FormMain::mnuHelpContents,    &FormMain::mnuHelpWindow,
+        &FormMain::mnuHelpAbout,
     };
     return this->*items[static_cast<std::size_t>(command)];
 }
@@ -212,6 +213,14 @@ void FormMain::MoveUp() {
 
 void FormMain::MoveDown() {
     if (FinishLabelEdit()) m_editor.MoveDown(tvMain->SelectedKey());
+}
+
+void FormMain::MoveOut() {
+    if (FinishLabelEdit()) m_editor.MoveOut(tvMain->SelectedKey());
+}
+
+void FormMain::MoveIn() {
+    if (FinishLabelEdit()) m_editor.MoveIn(tvMain->SelectedKey());
 }
 
 void FormMain::Remove() {

@@ -62,6 +62,8 @@ public:
     wxMenuItem* mnuMenuAddSubmenu = nullptr;
     wxMenuItem* mnuMenuUp = nullptr;
     wxMenuItem* mnuMenuDown = nullptr;
+    wxMenuItem* mnuMenuMoveOut = nullptr;
+    wxMenuItem* mnuMenuMoveIn = nullptr;
     wxMenuItem* mnuMenuEdit = nullptr;
     wxMenuItem* mnuMenuRename = nullptr;
     wxMenuItem* mnuMenuRemove = nullptr;
@@ -99,6 +101,8 @@ private:
     void AddSubmenu() override;
     void MoveUp() override;
     void MoveDown() override;
+    void MoveOut() override;
+    void MoveIn() override;
     void EditSelected() override;
     void Rename() override;
     void Remove() override;

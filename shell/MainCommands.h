@@ -24,6 +24,8 @@ enum class MainCommand {
     AddSubmenu,
     MoveUp,
     MoveDown,
+    MoveOut,
+    MoveIn,
     Edit,
     Rename,
     Remove,
@@ -54,6 +56,8 @@ public:
     virtual void AddSubmenu() = 0;
     virtual void MoveUp() = 0;
     virtual void MoveDown() = 0;
+    virtual void MoveOut() = 0;
+    virtual void MoveIn() = 0;
     virtual void EditSelected() = 0;
     virtual void Rename() = 0;
     virtual void Remove() = 0;

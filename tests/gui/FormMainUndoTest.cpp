@@ -172,5 +172,24 @@ TEST_F(FormMainUndoTest, SeveralStepsAtOnceFromTheHistory) {
     EXPECT_EQ(Row("R.1").Text(), "one");
 }
 
+TEST_F(FormMainUndoTest, ControlLeftAndRightChangeTheLevel) {
+    Open();
+    const std::string before = TreeText();
+    Select("R.3");
+    Press(WXK_RIGHT, wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n  Last\n");
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.2.2");
+    EXPECT_TRUE(Row("R.2").IsExpanded());
+    EXPECT_FALSE(window->mnuMenuMoveIn->IsEnabled()) << "after a part";
+    Press(WXK_LEFT, wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), before);
+    Press(WXK_LEFT, wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), before) << "the top level";
+    Press('Z', wxMOD_CONTROL);
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), before);
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.3");
+}
+
 } // namespace
 } // namespace nesk::testing

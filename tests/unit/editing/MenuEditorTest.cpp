@@ -323,14 +323,14 @@ TEST_F(MenuEditorTest, Commands) {
     OpenExample();
     const struct {
         const char* id;
-        MenuCommands commands; // add part, add submenu, up, down, edit, remove, rename
+        MenuCommands commands; // add part, add submenu, up, down, out, in, edit, remove, rename
     } table[] = {
-        {"R", {true, true, false, false, false, false, true}},
-        {"R.1", {true, true, false, true, true, true, true}},
-        {"R.2", {false, false, true, false, true, true, true}},
-        {"R.1.1", {false, false, false, true, true, true, true}},
-        {"R.1.2", {false, false, true, true, true, true, true}},
-        {"R.1.3", {false, false, true, false, true, true, true}},
+        {"R", {true, true, false, false, false, false, false, false, true}},
+        {"R.1", {true, true, false, true, false, false, true, true, true}},
+        {"R.2", {false, false, true, false, false, true, true, true, true}},
+        {"R.1.1", {false, false, false, true, true, false, true, true, true}},
+        {"R.1.2", {false, false, true, true, true, false, true, true, true}},
+        {"R.1.3", {false, false, true, false, true, false, true, true, true}},
         {"", {}},
         {"R.9", {}},
     };
@@ -351,6 +351,35 @@ TEST_F(MenuEditorTest, WithoutAListener) {
     EXPECT_FALSE(m_editor.IsDirty());
     m_editor.Close();
     EXPECT_EQ(m_recorder.Take(), Texts{});
+}
+
+TEST_F(MenuEditorTest, MovingOutAndInChangesTheLevel) {
+    OpenExample();
+    m_recorder.Take();
+    EXPECT_EQ(m_editor.MoveOut("R"), "");
+    EXPECT_EQ(m_editor.MoveOut("R.1"), "") << "the top level";
+    EXPECT_EQ(m_editor.MoveOut("R.9"), "");
+    EXPECT_EQ(m_editor.MoveIn("R"), "");
+    EXPECT_EQ(m_editor.MoveIn("R.1"), "") << "the first";
+    EXPECT_EQ(m_editor.MoveIn("R.1.2"), "") << "after a part";
+    EXPECT_EQ(m_recorder.Take(), Texts{}) << "nothing happened";
+
+    const std::string out = m_editor.MoveOut("R.1.2");
+    EXPECT_EQ(m_editor.Find("R")->Children()->PositionOf(static_cast<const MenuItem&>(*m_editor.Find(out))),
+              2)
+        << "directly after its submenu";
+    EXPECT_EQ(m_editor.Find("R.1")->ChildCount(), 2);
+    const std::string in = m_editor.MoveIn(out);
+    EXPECT_TRUE(in.starts_with("R.1."));
+    EXPECT_EQ(m_editor.Find("R.1")->Children()->PositionOf(static_cast<const MenuItem&>(*m_editor.Find(in))),
+              3)
+        << "at the end";
+    EXPECT_EQ(
+        m_editor.History().UndoNames(2),
+        (std::vector<ChangeName>(2, {Message::ChangeMove, {std::string(m_editor.Find(in)->Caption())}})));
+    EXPECT_TRUE(m_editor.Undo());
+    EXPECT_TRUE(m_editor.Undo());
+    EXPECT_NE(m_editor.Find("R.1.2"), nullptr);
 }
 
 } // namespace
