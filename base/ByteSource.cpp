@@ -8,13 +8,13 @@
 namespace nesk {
 
 FileSource::FileSource(std::string path, platform::FileSystem& files) : m_path(std::move(path)) {
-    const int result = files.OpenForReading(m_path, m_reader);
+    const platform::ErrorCode result = files.OpenForReading(m_path, m_reader);
     if (result != platform::ErrorCode::Success) throw FileError(result, "FileSource.Open", m_path);
 }
 
 std::size_t FileSource::Read(char* buffer, std::size_t capacity) {
     std::size_t count = 0;
-    const int result = m_reader->Read(buffer, capacity, count);
+    const platform::ErrorCode result = m_reader->Read(buffer, capacity, count);
     if (result != platform::ErrorCode::Success) throw FileError(result, "FileSource.Read", m_path);
     return count;
 }

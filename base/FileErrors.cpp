@@ -5,8 +5,8 @@
 
 namespace nesk {
 
-NeskError FileError(int code, const std::string& source, const std::string& path) {
-    namespace ErrorCode = platform::ErrorCode;
+NeskError FileError(platform::ErrorCode code, const std::string& source, const std::string& path) {
+    using platform::ErrorCode;
     const auto error = [&](int number, int message) { return NeskError(number, source, message, {path}); };
     switch (code) {
     case ErrorCode::FileNotFound: return error(RuntimeError::FileNotFound, Message::FileNotFound);
@@ -22,10 +22,10 @@ NeskError FileError(int code, const std::string& source, const std::string& path
     case ErrorCode::BadDatabase:
     case ErrorCode::RegistryCorrupt:
         return NeskError(RuntimeError::DeviceError, source, Message::FileDamaged,
-                         {path, std::to_string(code)});
+                         {path, std::to_string(Number(code))});
     default:
         return NeskError(RuntimeError::DeviceError, source, Message::DeviceError,
-                         {path, std::to_string(code)});
+                         {path, std::to_string(Number(code))});
     }
 }
 

@@ -11,7 +11,7 @@ namespace nesk {
 FileHash FileHash::Of(const std::string& path, platform::FileSystem& files) {
     FileHash hash;
     std::unique_ptr<platform::FileReader> reader;
-    const int opened = files.OpenForReading(path, reader);
+    const platform::ErrorCode opened = files.OpenForReading(path, reader);
     if (opened == platform::ErrorCode::FileNotFound || opened == platform::ErrorCode::PathNotFound)
         return hash;
     hash.m_state = opened == platform::ErrorCode::Success ? State::Readable : State::Unreadable;

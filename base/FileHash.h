@@ -23,9 +23,8 @@ public:
     /// False for the hash of a missing file.
     bool Exists() const { return m_state != State::Missing; }
 
-    /// The result code (platform/ErrorCode.h) of the failed open or read. Success for a file that was read
-    /// and for a missing file.
-    int Error() const { return m_error; }
+    /// The result code of the failed open or read. Success for a file that was read and for a missing file.
+    platform::ErrorCode Error() const { return m_error; }
 
     bool operator==(const FileHash&) const = default;
 
@@ -33,7 +32,7 @@ private:
     enum class State { Missing, Readable, Unreadable };
 
     State m_state = State::Missing;
-    int m_error = platform::ErrorCode::Success;
+    platform::ErrorCode m_error = platform::ErrorCode::Success;
     void AddWords(const char* words);
 
     std::uint64_t m_size = 0;

@@ -6,16 +6,17 @@
 #include "platform/ErrorCode.h"
 #include "platform/TemporaryName.h"
 
+#include <tuple>
 #include <utility>
 
 namespace nesk {
 
 namespace {
 
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 
 // The error of a failed step. PathNotFound means that the folder is missing, so the message names the folder.
-NeskError Failure(int result, const std::string& path) {
+NeskError Failure(ErrorCode result, const std::string& path) {
     const bool folder = result == ErrorCode::PathNotFound;
     return FileError(result, "SafeFile", folder ? Paths::ParentFolder(path) : path);
 }
@@ -37,12 +38,14 @@ SafeFile::~SafeFile() {
     if (m_temporary.empty()) return;
     // The writer object stays alive until the file is removed, so that no other program takes the file for
     // abandoned and reuses its name.
-    if (!m_closed) m_writer->Close();
-    m_files.RemoveFile(m_temporary);
+    // The save has failed already and its error is on the way; a file that cannot be removed is removed by a
+    // later save.
+    if (!m_closed) std::ignore = m_writer->Close();
+    std::ignore = m_files.RemoveFile(m_temporary);
 }
 
 void SafeFile::CreateTemporary() {
-    int result = ErrorCode::AlreadyExists;
+    ErrorCode result = ErrorCode::AlreadyExists;
     std::string name;
     for (int i = 1; i <= platform::TemporaryNames && result == ErrorCode::AlreadyExists; ++i) {
         name = platform::TemporaryName(m_path, i);
@@ -55,7 +58,7 @@ void SafeFile::CreateTemporary() {
     m_temporary = name;
 }
 
-void SafeFile::Check(int result, const std::string& path) {
+void SafeFile::Check(ErrorCode result, const std::string& path) {
     if (result != ErrorCode::Success) throw Failure(result, path);
 }
 
@@ -68,7 +71,7 @@ void SafeFile::Commit(const Backup& backup) {
     m_closed = true;
     Check(m_writer->Close(), m_path);
     std::uint32_t attributes = 0;
-    const int found = m_files.Attributes(m_path, attributes);
+    const ErrorCode found = m_files.Attributes(m_path, attributes);
     if (found == ErrorCode::Success) {
         if ((attributes & (platform::FileAttribute::ReadOnly | platform::FileAttribute::Directory)) != 0)
             throw Failure(ErrorCode::AccessDenied, m_path);
@@ -88,7 +91,7 @@ void SafeFile::Commit(const Backup& backup) {
 
 void SafeFile::KeepBackup(const Backup& backup) {
     if (backup.path.empty()) return;
-    const int result = m_files.KeepCopy(m_path, backup.path, backup.mayReplace);
+    const ErrorCode result = m_files.KeepCopy(m_path, backup.path, backup.mayReplace);
     if (result == ErrorCode::Success) return;
     // If the file itself cannot be read, the message must name the file and not the copy.
     std::unique_ptr<platform::FileReader> reader;

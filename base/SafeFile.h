@@ -35,7 +35,7 @@ public:
     void Commit(const Backup& backup);
 
 private:
-    static void Check(int result, const std::string& path);
+    static void Check(platform::ErrorCode result, const std::string& path);
     void CreateTemporary();
     void KeepBackup(const Backup& backup);
 

@@ -50,7 +50,7 @@ NeskError Unreachable(const std::string& root, const Advice& advice) {
     case platform::StationFolderState::Empty: break;
     }
     std::uint32_t attributes = 0;
-    const int result = platform::StationFiles().Attributes(root, attributes);
+    const platform::ErrorCode result = platform::StationFiles().Attributes(root, attributes);
     return result == platform::ErrorCode::AccessDenied ? denied(advice.rootClosed, root)
                                                        : missing(advice.rootGone, root);
 }
@@ -83,7 +83,7 @@ std::string Origin(const NeskRegistry& settings) {
 
 std::optional<std::string> Question(const MenuEditor& editor, const std::string& path, const SavePlan& plan) {
     // A file that cannot be read can be neither compared nor backed up, whatever the user answers.
-    if (const int result = plan.onDisk.Error(); result != platform::ErrorCode::Success)
+    if (const platform::ErrorCode result = plan.onDisk.Error(); result != platform::ErrorCode::Success)
         throw FileError(result, "SavePlace.Question", path);
     const std::string& copy = plan.backup.path;
     const auto other = [&](int message) {

@@ -10,6 +10,7 @@
 #include <iostream>
 #include <optional>
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -22,9 +23,11 @@ bool WriteValue(const std::string& key, const std::string& name, const std::stri
     RegKey handle = 0;
     if (registry.CreateKey(LocalMachine, key, RegAccess::ReadWrite, handle) != ErrorCode::Success)
         return false;
-    const int written = name.empty() && text.empty() ? ErrorCode::Success
-                                                     : registry.SetValue(handle, name, RegType::Text, *ansi);
-    registry.CloseKey(handle);
+    const ErrorCode written = name.empty() && text.empty()
+                                  ? ErrorCode::Success
+                                  : registry.SetValue(handle, name, RegType::Text, *ansi);
+    // The value is written already.
+    std::ignore = registry.CloseKey(handle);
     return written == ErrorCode::Success;
 }
 

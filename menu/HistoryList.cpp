@@ -31,7 +31,7 @@ void HistoryList::Append(const std::string& directory, const std::string& title)
     try {
         Append(entry, directory, title);
     } catch (const NeskError& error) {
-        const int result = entry.LastResult();
+        const platform::ErrorCode result = entry.LastResult();
         if (result == platform::ErrorCode::Success || result == platform::ErrorCode::FileNotFound) throw;
         // The name of the value alone does not help the user, so the message also says why and where the
         // registry failed.

@@ -86,7 +86,7 @@ void Menu::ReadFile(const std::string& sFile, platform::FileSystem& files) {
     try {
         parser.OpenFile(sFile, false, files);
         m_endIsMissing = !MenuReader(parser, HistoryList::Register).ReadMenu(*this);
-        if (const int result = histories.End(); result != platform::ErrorCode::Success)
+        if (const platform::ErrorCode result = histories.End(); result != platform::ErrorCode::Success)
             throw FileError(result, "HistoryList.Append", platform::StationRegistry().Location());
     } catch (NeskError& error) {
         error.file = sFile;

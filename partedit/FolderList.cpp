@@ -12,16 +12,16 @@
 
 namespace nesk::FolderList {
 
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 
-int Read(const std::string& path, std::vector<std::string>& names) {
+ErrorCode Read(const std::string& path, std::vector<std::string>& names) {
     names.clear();
     std::string pattern = path;
     modUtilities::AddTrailingBackslash(pattern);
     pattern += "*.*";
     std::unique_ptr<platform::DirectorySearch> search;
     platform::DirectoryEntry entry;
-    int result = platform::StationFiles().Search(pattern, search, entry);
+    ErrorCode result = platform::StationFiles().Search(pattern, search, entry);
     if (result == ErrorCode::FileNotFound) return ErrorCode::Success;
     std::vector<std::pair<std::string, std::string>> keyed;
     for (; result == ErrorCode::Success; result = search->Next(entry)) {

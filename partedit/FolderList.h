@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,8 +11,8 @@ namespace nesk::FolderList {
 
 /// Reads the names of the folders in a folder, sorted without regard to case. Links to folders are included.
 /// @param path  Windows path, with or without a trailing "\"
-/// @return result code of the file system (platform/ErrorCode.h); Success for an empty folder
-int Read(const std::string& path, std::vector<std::string>& names);
+/// @return result code of the file system; Success for an empty folder
+platform::ErrorCode Read(const std::string& path, std::vector<std::string>& names);
 
 /// True when `a` sorts before `b`.
 bool Before(std::string_view a, std::string_view b);

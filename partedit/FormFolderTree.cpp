@@ -62,7 +62,8 @@ std::string FormFolderTree::Path() const {
 void FormFolderTree::Fill(TreeNode& node) {
     const std::string path = PathOf(&node);
     std::vector<std::string> names;
-    if (const int result = FolderList::Read(path, names); result != platform::ErrorCode::Success) {
+    if (const platform::ErrorCode result = FolderList::Read(path, names);
+        result != platform::ErrorCode::Success) {
         // The folder may be readable when it is opened again.
         m_view.Unfill(node);
         return modUtilities::ReportError(FileError(result, "FormFolderTree.Fill", path));

@@ -200,7 +200,8 @@ void FormSelectPart::OnPart(Node parent, const std::string& path, const std::str
 
 // A drive may contain thousands of unreadable folders. After the first message, the user can skip the
 // messages for all others, which are then listed at the end.
-void FormSelectPart::OnUnreadable(const std::string& path, int code, std::uint32_t attributes) {
+void FormSelectPart::OnUnreadable(const std::string& path, platform::ErrorCode code,
+                                  std::uint32_t attributes) {
     const NeskError error = FileError(code, "FormSelectPart", path);
     const std::string text = FormatResString(Message::PartTreeUnreadable, error.number,
                                              modUtilities::MessageText(error), path, attributes);

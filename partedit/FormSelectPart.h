@@ -54,7 +54,7 @@ private:
     Node OnFolder(Node parent, const std::string& path, const std::string& name) override;
     void OnPart(Node parent, const std::string& path, const std::string& name,
                 const std::string& partName) override;
-    void OnUnreadable(const std::string& path, int code, std::uint32_t attributes) override;
+    void OnUnreadable(const std::string& path, platform::ErrorCode code, std::uint32_t attributes) override;
     bool OnProgress(std::size_t foldersRead) override;
 
     std::string m_current;

@@ -17,7 +17,7 @@ namespace nesk {
 
 namespace {
 
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 
 constexpr std::string_view PartInfoName = "partinfo.ini";
 
@@ -27,7 +27,7 @@ constexpr int MostWays = 10;
 
 struct Unreadable {
     std::string path;
-    int code;
+    ErrorCode code;
     std::uint32_t attributes;
 };
 
@@ -69,7 +69,7 @@ std::string Join(const std::string& folder, std::string_view name) {
 
 // The part name of a folder, determined from its entries; "" when the folder is not a part. A folder that
 // cannot be listed may still be a part.
-std::string PartNameOf(const std::string& folder, int listed, const std::vector<std::string>& files) {
+std::string PartNameOf(const std::string& folder, ErrorCode listed, const std::vector<std::string>& files) {
     const bool mayBe = listed != ErrorCode::NoMoreItems ||
                        std::any_of(files.begin(), files.end(), [](const std::string& name) {
                            return platform::EqualNoCase(name, PartInfoName);
@@ -80,7 +80,7 @@ std::string PartNameOf(const std::string& folder, int listed, const std::vector<
 // Records a file whose attributes cannot be read. Folders need no such check.
 void CheckFile(std::string path, Contents& contents) {
     std::uint32_t attributes = 0;
-    const int result = platform::StationFiles().Attributes(path, attributes);
+    const ErrorCode result = platform::StationFiles().Attributes(path, attributes);
     if (result != ErrorCode::Success) contents.unreadable.push_back({std::move(path), result, attributes});
 }
 
@@ -98,7 +98,7 @@ FolderRead ReadFolder(const std::string& folder, bool isRoot) {
     std::vector<std::string> files;
     std::unique_ptr<platform::DirectorySearch> search;
     platform::DirectoryEntry entry;
-    int result = platform::StationFiles().Search(Join(folder, "*.*"), search, entry);
+    ErrorCode result = platform::StationFiles().Search(Join(folder, "*.*"), search, entry);
     while (result == ErrorCode::Success) {
         const bool isLink = (entry.attributes & platform::FileAttribute::Link) != 0;
         if ((entry.attributes & platform::FileAttribute::Directory) == 0)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -23,9 +25,10 @@ public:
                         const std::string& partName) = 0;
 
     /// Called for a file or folder whose attributes or entries could not be read. The scan continues.
-    /// @param code        result code (platform/ErrorCode.h)
+    /// @param code        result code of the file system
     /// @param attributes  the attributes, as far as they could be read
-    virtual void OnUnreadable(const std::string& path, int code, std::uint32_t attributes) = 0;
+    virtual void OnUnreadable(const std::string& path, platform::ErrorCode code,
+                              std::uint32_t attributes) = 0;
 
     /// Called before each folder is read, before each folder or part is reported, and at the end. The calls
     /// are frequent, even in a folder that contains only parts, so this function must be fast.

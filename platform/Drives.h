@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
+
 #include <vector>
 
 namespace nesk::platform {
@@ -15,6 +17,6 @@ std::vector<char> DriveLetters();
 /// @return Success, or NotReady (ErrorCode.h) when the drive is missing, cannot be read or has no medium
 ///
 /// If the station is a folder, a file named ".notready" in a drive's folder simulates a missing medium.
-int CheckDrive(char letter);
+ErrorCode CheckDrive(char letter);
 
 } // namespace nesk::platform

@@ -1,31 +1,21 @@
 #pragma once
 
-/// Result codes of platform services, with the numbers of Windows. 0 is success.
-namespace nesk::platform::ErrorCode {
+namespace nesk::platform {
 
-constexpr int Success = 0;
-constexpr int FileNotFound = 2;
-constexpr int PathNotFound = 3;
-constexpr int AccessDenied = 5;
-constexpr int InvalidHandle = 6;
-constexpr int OutOfMemory = 8;
-constexpr int NotReady = 21;
-constexpr int WriteFault = 29;
-constexpr int ReadFault = 30;
-constexpr int SharingViolation = 32;
-constexpr int FileExists = 80;
-constexpr int InvalidParameter = 87;
-constexpr int DiskFull = 112;
-constexpr int InvalidName = 123;
-constexpr int BadPathName = 161;
-constexpr int Busy = 170;
-constexpr int AlreadyExists = 183;
-constexpr int MoreData = 234;
-constexpr int NoMoreItems = 259;
-constexpr int DirectoryName = 267;
-constexpr int BadDatabase = 1009;
-constexpr int RegistryCorrupt = 1015;
-constexpr int RegistryIoFailed = 1016;
-constexpr int KeyDeleted = 1018;
+/// Result of a platform service, with the numbers of Windows. A system error without an enumerator keeps its
+/// own number.
+enum class [[nodiscard]] ErrorCode : int{
+    Success = 0,         FileNotFound = 2,       PathNotFound = 3,        AccessDenied = 5,
+    InvalidHandle = 6,   OutOfMemory = 8,        NotReady = 21,           WriteFault = 29,
+    ReadFault = 30,      SharingViolation = 32,  FileExists = 80,         InvalidParameter = 87,
+    DiskFull = 112,      InvalidName = 123,      BadPathName = 161,       Busy = 170,
+    AlreadyExists = 183, MoreData = 234,         NoMoreItems = 259,       DirectoryName = 267,
+    BadDatabase = 1009,  RegistryCorrupt = 1015, RegistryIoFailed = 1016, KeyDeleted = 1018,
+};
 
-} // namespace nesk::platform::ErrorCode
+/// The number of a result code, for messages and logs.
+constexpr int Number(ErrorCode code) {
+    return static_cast<int>(code);
+}
+
+} // namespace nesk::platform

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -34,7 +36,7 @@ public:
 
     /// Moves to the next entry, in the order of the file system. NoMoreItems after the last entry. Wildcard
     /// searches report "." and "..", as on Windows.
-    virtual int Next(DirectoryEntry& entry) = 0;
+    virtual ErrorCode Next(DirectoryEntry& entry) = 0;
 };
 
 /// A file open for sequential reading; destroying it closes the file.
@@ -43,7 +45,7 @@ public:
     virtual ~FileReader() = default;
 
     /// Reads up to `capacity` bytes; `count` is 0 only at the end of the file.
-    virtual int Read(char* buffer, std::size_t capacity, std::size_t& count) = 0;
+    virtual ErrorCode Read(char* buffer, std::size_t capacity, std::size_t& count) = 0;
 };
 
 /// A new file open for writing. Destroying it closes the file and discards the result of closing. As long as
@@ -53,13 +55,13 @@ public:
     virtual ~FileWriter() = default;
 
     /// Writes all of `bytes`, or fails.
-    virtual int Write(std::string_view bytes) = 0;
+    virtual ErrorCode Write(std::string_view bytes) = 0;
 
     /// Flushes the written data to the disk.
-    virtual int Flush() = 0;
+    virtual ErrorCode Flush() = 0;
 
     /// Closes the file. Afterwards only the destructor may be called.
-    virtual int Close() = 0;
+    virtual ErrorCode Close() = 0;
 };
 
 /// The station's files. Paths are Windows paths in UTF-8; names are compared without regard to case. Every
@@ -69,33 +71,33 @@ public:
     virtual ~FileSystem() = default;
 
     /// Attributes of a file or directory.
-    virtual int Attributes(const std::string& path, std::uint32_t& attributes) = 0;
+    virtual ErrorCode Attributes(const std::string& path, std::uint32_t& attributes) = 0;
 
     /// Starts a search for a path whose last name may contain the wildcards "*" and "?" ("*.*" matches every
     /// name). FileNotFound when nothing matches, PathNotFound when the directory is missing.
-    virtual int Search(const std::string& pattern, std::unique_ptr<DirectorySearch>& search,
-                       DirectoryEntry& first) = 0;
+    virtual ErrorCode Search(const std::string& pattern, std::unique_ptr<DirectorySearch>& search,
+                             DirectoryEntry& first) = 0;
 
     /// Creates one directory level. Fails with AlreadyExists, PathNotFound, AccessDenied or InvalidName.
-    virtual int MakeFolder(const std::string& path) = 0;
+    virtual ErrorCode MakeFolder(const std::string& path) = 0;
 
     /// Opens a regular file for reading. Returns AccessDenied for a directory, a pipe or a device, and never
     /// blocks. Reads only up to the length that the file has now: another program might append to it without
     /// end.
-    virtual int OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) = 0;
+    virtual ErrorCode OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) = 0;
 
     /// Creates a file that must not exist yet. Only its owner can read and write it.
-    virtual int CreateNew(const std::string& path, std::unique_ptr<FileWriter>& writer) = 0;
+    virtual ErrorCode CreateNew(const std::string& path, std::unique_ptr<FileWriter>& writer) = 0;
 
     /// Deletes a file.
-    virtual int RemoveFile(const std::string& path) = 0;
+    virtual ErrorCode RemoveFile(const std::string& path) = 0;
 
     /// Deletes a file that CreateNew made and that a killed program left behind. SharingViolation when the
     /// file may still be in use; it is not deleted then.
-    virtual int RemoveAbandoned(const std::string& path) = 0;
+    virtual ErrorCode RemoveAbandoned(const std::string& path) = 0;
 
     /// Copies the access rights and the owner of `from` to `to`, as far as the user's privileges allow.
-    virtual int CopyAccessRights(const std::string& from, const std::string& to) = 0;
+    virtual ErrorCode CopyAccessRights(const std::string& from, const std::string& to) = 0;
 
     /// Gives a file made by CreateNew the access rights that the user's new files usually have. If that is
     /// not possible, the file remains accessible to the user alone.
@@ -103,14 +105,14 @@ public:
 
     /// Copies the contents of `path` to `copy` atomically: afterwards `copy` is either the whole file or
     /// unchanged. If `mayReplace` is false and `copy` exists, returns AlreadyExists.
-    virtual int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) = 0;
+    virtual ErrorCode KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) = 0;
 
     /// Restores a file that is missing because a program was killed while replacing it.
     virtual void RestoreInterrupted(const std::string& /*path*/) {}
 
     /// Atomically replaces `path`, which may be missing, with `replacement` and makes the change durable.
     /// AccessDenied when `path` is read-only.
-    virtual int Replace(const std::string& path, const std::string& replacement) = 0;
+    virtual ErrorCode Replace(const std::string& path, const std::string& replacement) = 0;
 };
 
 /// The file system of the station. Lives until the process ends.

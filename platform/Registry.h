@@ -1,9 +1,12 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <tuple>
 
 namespace nesk::platform {
 
@@ -43,43 +46,45 @@ public:
     /// Opens the key at `path` below `parent`. Levels are separated by "\"; "" is `parent` itself.
     /// FileNotFound when a level is missing; BadPathName when the path begins with "\". On failure `key` is
     /// 0.
-    virtual int OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) = 0;
+    virtual ErrorCode OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) = 0;
 
     /// Like OpenKey, but creates missing levels.
-    virtual int CreateKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) = 0;
+    virtual ErrorCode CreateKey(RegKey parent, const std::string& path, std::uint32_t access,
+                                RegKey& key) = 0;
 
     /// Closes a key. InvalidHandle when it is not open; closing LocalMachine does nothing.
-    virtual int CloseKey(RegKey key) = 0;
+    virtual ErrorCode CloseKey(RegKey key) = 0;
 
     /// Reads a value. `size` is the capacity of `data` on entry and the size of the value afterwards. With a
     /// null `data` only the size is queried. MoreData, with `size` set and `data` untouched, when the value
     /// is larger than the buffer; FileNotFound when the value does not exist. Text is returned as it was
     /// stored, including any terminating zero.
-    virtual int QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
-                           std::uint32_t* size) = 0;
+    virtual ErrorCode QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
+                                 std::uint32_t* size) = 0;
 
     /// Writes a value, replacing any value of the same name. InvalidParameter for a name over 16,383
     /// characters.
-    virtual int SetValue(RegKey key, const std::string& name, std::uint32_t type, std::string_view data) = 0;
+    virtual ErrorCode SetValue(RegKey key, const std::string& name, std::uint32_t type,
+                               std::string_view data) = 0;
 
     /// Deletes a value; FileNotFound when it does not exist.
-    virtual int DeleteValue(RegKey key, const std::string& name) = 0;
+    virtual ErrorCode DeleteValue(RegKey key, const std::string& name) = 0;
 
     /// Deletes the subkey `subKey` with its values. AccessDenied when it has subkeys, FileNotFound when it is
     /// missing.
-    virtual int DeleteKey(RegKey parent, const std::string& subKey) = 0;
+    virtual ErrorCode DeleteKey(RegKey parent, const std::string& subKey) = 0;
 
     /// Gets the name of the subkey at 0-based `index`, in the order of the upper-cased names, as a
     /// zero-terminated string in `name` of `capacity` bytes. NoMoreItems past the end; MoreData when the name
     /// with its zero does not fit.
-    virtual int EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) = 0;
+    virtual ErrorCode EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) = 0;
 
     /// Gets the name, type and data of the value at 0-based `index`, in the order in which the values were
     /// first written. `nameSize` is the capacity on entry and the length without the zero afterwards; `data`
     /// and `size` are as in QueryValue. NoMoreItems past the end; MoreData when the name with its zero or the
     /// data does not fit.
-    virtual int EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
-                          std::uint32_t* type, char* data, std::uint32_t* size) = 0;
+    virtual ErrorCode EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
+                                std::uint32_t* type, char* data, std::uint32_t* size) = 0;
 
     /// Begins a group of writes. Where the registry supports it, a group is a transaction: all its writes are
     /// stored, or none if the program is killed before the end of the group. Other programs must wait until
@@ -87,7 +92,7 @@ public:
     virtual void BeginGroup() {}
 
     /// Ends a group. May report that the writes of the group could not be stored.
-    virtual int EndGroup() { return 0; }
+    virtual ErrorCode EndGroup() { return ErrorCode::Success; }
 
     /// Begins a consistent read: where the registry supports it, writes of other programs are not visible
     /// until EndReading, so that related values are read together. Write nothing before EndReading.
@@ -103,13 +108,14 @@ public:
 class RegistryGroup {
 public:
     explicit RegistryGroup(Registry& registry) : m_registry(registry) { m_registry.BeginGroup(); }
-    ~RegistryGroup() { End(); }
+    /// Ends the group like End, but cannot report a failure; without an error, End is called before.
+    ~RegistryGroup() { std::ignore = End(); }
     RegistryGroup(const RegistryGroup&) = delete;
     RegistryGroup& operator=(const RegistryGroup&) = delete;
 
     /// Stores the writes. Further calls do nothing.
-    int End() {
-        if (m_ended) return 0;
+    ErrorCode End() {
+        if (m_ended) return ErrorCode::Success;
         m_ended = true;
         return m_registry.EndGroup();
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
+
 #include <memory>
 #include <string>
 
@@ -33,7 +35,7 @@ StationFolderState LookUpStationFolder(const std::string& folder);
 /// become invalid; the caller must reload settings, language and help file. On failure (PathNotFound,
 /// AccessDenied, or InvalidName for a folder that does not contain a station) the current station stays in
 /// use.
-int UseStationFolder(const std::string& chosen);
+ErrorCode UseStationFolder(const std::string& chosen);
 
 /// True when an example station was installed with the program.
 bool HasExampleStation();
@@ -47,12 +49,13 @@ public:
 
     /// Moves the station to its final folder and keeps it in use. AlreadyExists when something was created
     /// there in between.
-    virtual int Finish() = 0;
+    virtual ErrorCode Finish() = 0;
 };
 
 /// Creates a new station: an empty drive C:, or a copy of the example.
 /// @param folder  absolute path; must not exist or must be an empty folder, else AlreadyExists, or FileExists
 ///                for a file. InvalidName for a relative path
-int BeginStationFolder(const std::string& folder, bool example, std::unique_ptr<NewStationFolder>& station);
+ErrorCode BeginStationFolder(const std::string& folder, bool example,
+                             std::unique_ptr<NewStationFolder>& station);
 
 } // namespace nesk::platform

@@ -10,6 +10,7 @@
 #include "shell/modUtilities.h"
 
 #include <functional>
+#include <tuple>
 #include <utility>
 
 namespace nesk {
@@ -57,8 +58,8 @@ void Guarded(const std::function<void()>& step) {
 
 // True when the result is an answer about the value and not an error of the registry itself. A text that is
 // too long to be read exists, so that result is an answer.
-bool IsAnswer(int result) {
-    namespace ErrorCode = platform::ErrorCode;
+bool IsAnswer(platform::ErrorCode result) {
+    using platform::ErrorCode;
     return result == ErrorCode::Success || result == ErrorCode::FileNotFound || result == ErrorCode::MoreData;
 }
 
@@ -74,7 +75,7 @@ std::int16_t NumberOrZero(const std::string& text) {
 
 // Adds the cause and the location of the registry to the error of a save, because the name of the setting
 // alone does not help the user. An error that the registry did not cause is returned unchanged.
-NeskError WithReason(const NeskError& error, int result) {
+NeskError WithReason(const NeskError& error, platform::ErrorCode result) {
     if (result == platform::ErrorCode::Success) return error;
     const NeskError reason = FileError(result, error.source, platform::StationRegistry().Location());
     return {error.number,
@@ -84,7 +85,7 @@ NeskError WithReason(const NeskError& error, int result) {
 }
 
 // The error when the registry accepted all values but could not store them at the end.
-NeskError NotStored(int result) {
+NeskError NotStored(platform::ErrorCode result) {
     const NeskError reason = FileError(result, "NeskRegistry.Save", platform::StationRegistry().Location());
     return {5002, reason.source, Message::SettingsNotStored, {modUtilities::MessageText(reason)}};
 }
@@ -167,11 +168,13 @@ void NeskRegistry::Save() {
         entry.SetString("SampleSize", std::to_string(SampleSize));
         writeTexts(Identity);
         writeTexts(Printer);
-        if (const int result = group.End(); result != platform::ErrorCode::Success) throw NotStored(result);
+        if (const platform::ErrorCode result = group.End(); result != platform::ErrorCode::Success)
+            throw NotStored(result);
     } catch (const NeskError& error) {
         const NeskError report = WithReason(error, entry.LastResult());
-        // The user may look at the message for a long time while other programs wait for the registry.
-        group.End();
+        // The user may look at the message for a long time while other programs wait for the registry, so the
+        // group ends before it. The message is about the first error; an error of the end adds nothing.
+        std::ignore = group.End();
         modUtilities::ReportError(report);
     }
 }

@@ -9,13 +9,14 @@
 #include <array>
 #include <limits>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace nesk {
 
 namespace {
 
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 using platform::RegKey;
 
 constexpr std::size_t LongestText = 255;
@@ -40,11 +41,16 @@ std::string AnsiName(const std::string& name) {
     return platform::ToAnsi(name).value();
 }
 
+// Closes a key. If that fails, the key is not open any more, which is what the caller wants.
+void Close(platform::Registry& registry, RegKey key) {
+    std::ignore = registry.CloseKey(key);
+}
+
 // Closes a key at the end of its scope, also when an error is raised.
 class KeyCloser {
 public:
     KeyCloser(platform::Registry& registry, RegKey key) : m_registry(registry), m_key(key) {}
-    ~KeyCloser() { m_registry.CloseKey(m_key); }
+    ~KeyCloser() { Close(m_registry, m_key); }
     KeyCloser(const KeyCloser&) = delete;
     KeyCloser& operator=(const KeyCloser&) = delete;
 
@@ -72,10 +78,10 @@ std::string RegEntry::FullPath(const std::string& sKey) const {
 }
 
 void RegEntry::CloseKey() {
-    if (m_key != 0) m_registry.CloseKey(std::exchange(m_key, 0));
+    if (m_key != 0) Close(m_registry, std::exchange(m_key, 0));
 }
 
-int RegEntry::OpenLevel(RegKey parent, const std::string& path, RegKey& key) {
+ErrorCode RegEntry::OpenLevel(RegKey parent, const std::string& path, RegKey& key) {
     key = 0;
     const std::optional<std::string> ansi = platform::ToAnsi(path);
     m_lastResult = ansi ? m_registry.OpenKey(parent, *ansi, platform::RegAccess::ReadWrite, key)
@@ -94,7 +100,7 @@ RegKey RegEntry::CreateInternal(RegKey root, const std::string& path) {
     RegKey parent = root;
     std::string rest = path;
     const auto release = [&](RegKey key) {
-        if (key != root) m_registry.CloseKey(key);
+        if (key != root) Close(m_registry, key);
     };
     for (;;) {
         const std::size_t separator = rest.find('\\');
@@ -105,7 +111,7 @@ RegKey RegEntry::CreateInternal(RegKey root, const std::string& path) {
             m_lastResult = ansi ? m_registry.CreateKey(parent, *ansi, platform::RegAccess::ReadWrite, key)
                                 : ErrorCode::InvalidParameter;
         }
-        const int result = m_lastResult;
+        const ErrorCode result = m_lastResult;
         release(parent);
         if (result != ErrorCode::Success) {
             if (separator != std::string::npos)
@@ -131,7 +137,7 @@ void RegEntry::CreateKey(const std::string& sKey) {
 bool RegEntry::TestKey(const std::string& sKey) {
     RegKey key = 0;
     if (OpenLevel(platform::LocalMachine, FullPath(sKey), key) != ErrorCode::Success) return false;
-    m_registry.CloseKey(key);
+    Close(m_registry, key);
     return true;
 }
 
@@ -154,12 +160,13 @@ void RegEntry::DeleteInternal(RegKey lParentKey, const std::string& sKey) {
         try {
             DeleteInternal(key, subkey);
         } catch (const NeskError&) {
-            m_registry.CloseKey(key);
+            Close(m_registry, key);
             throw;
         }
     }
-    m_registry.CloseKey(key);
-    m_registry.DeleteKey(lParentKey, AnsiName(sKey));
+    Close(m_registry, key);
+    // A key that may not be deleted stays, as a subkey of it does.
+    std::ignore = m_registry.DeleteKey(lParentKey, AnsiName(sKey));
 }
 
 std::string RegEntry::ReadText(RegKey key, const std::string& name) {
@@ -210,7 +217,8 @@ void RegEntry::SetBoolean(const std::string& sName, bool bValue) {
 
 void RegEntry::DeleteValue(const std::string& sName) {
     const std::optional<std::string> name = platform::ToAnsi(sName);
-    if (m_key != 0 && name) m_registry.DeleteValue(m_key, *name);
+    // Usually the value is missing. Any other failure is not reported either.
+    if (m_key != 0 && name) std::ignore = m_registry.DeleteValue(m_key, *name);
 }
 
 std::vector<std::string> RegEntry::SubkeyNames(RegKey key) {
@@ -220,7 +228,7 @@ std::vector<std::string> RegEntry::SubkeyNames(RegKey key) {
         // The buffer is filled with a character other than zero, so that a missing terminating zero is
         // detected.
         name.fill('\1');
-        const int result = m_registry.EnumKey(key, index, name.data(), NameCapacity);
+        const ErrorCode result = m_registry.EnumKey(key, index, name.data(), NameCapacity);
         if (result == ErrorCode::MoreData) continue;
         if (result != ErrorCode::Success) return names;
         const std::string_view bytes(name.data(), name.size());
@@ -245,7 +253,7 @@ std::vector<RegValue> RegEntry::Values(RegKey key) {
         auto nameSize = static_cast<std::uint32_t>(name.size());
         auto size = static_cast<std::uint32_t>(data.size());
         RegValue value;
-        int result =
+        ErrorCode result =
             m_registry.EnumValue(key, index, name.data(), &nameSize, &value.type, data.data(), &size);
         if (result == ErrorCode::MoreData && size > data.size()) {
             data.resize(size);
@@ -322,7 +330,7 @@ std::string RegEntry::DefaultText(const std::string& path) {
     RegKey key = 0;
     if (OpenLevel(platform::LocalMachine, path, key) != ErrorCode::Success) return "";
     std::string text = ReadText(key, "");
-    m_registry.CloseKey(key);
+    Close(m_registry, key);
     return text;
 }
 
@@ -338,7 +346,7 @@ void RegEntry::DeleteIfPresent(const std::string& parentPath, const std::string&
     } catch (const NeskError&) {
         // The key is not registered, so there is nothing to remove.
     }
-    m_registry.CloseKey(parent);
+    Close(m_registry, parent);
 }
 
 void RegEntry::RemoveProgID(const std::string& sProgID) {

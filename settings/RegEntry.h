@@ -82,7 +82,7 @@ public:
 
     /// Result code of the last attempt to open or create a key or to read or write a value
     /// (platform/ErrorCode.h).
-    int LastResult() const { return m_lastResult; }
+    platform::ErrorCode LastResult() const { return m_lastResult; }
 
 private:
     /// A key and everything below it.
@@ -90,7 +90,7 @@ private:
 
     platform::RegKey OpenInternal(platform::RegKey root, const std::string& path);
     platform::RegKey CreateInternal(platform::RegKey root, const std::string& path);
-    int OpenLevel(platform::RegKey parent, const std::string& path, platform::RegKey& key);
+    platform::ErrorCode OpenLevel(platform::RegKey parent, const std::string& path, platform::RegKey& key);
     Contents ReadContents(platform::RegKey key);
     void CopyInternal(platform::RegKey target, const Contents& contents);
     std::vector<std::string> SubkeyNames(platform::RegKey key);
@@ -105,7 +105,7 @@ private:
     platform::Registry& m_registry;
     platform::RegKey m_key = 0;
     std::string m_basePath;
-    int m_lastResult = 0;
+    platform::ErrorCode m_lastResult = platform::ErrorCode::Success;
 };
 
 } // namespace nesk

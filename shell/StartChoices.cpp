@@ -21,13 +21,13 @@ StartState::Root LookUpRoot(const std::string& root) {
     if (root.empty()) return StartState::Root::NotSet;
     if (modUtilities::DirectoryExists(root)) return StartState::Root::Exists;
     std::uint32_t attributes = 0;
-    const int result = platform::StationFiles().Attributes(root, attributes);
+    const platform::ErrorCode result = platform::StationFiles().Attributes(root, attributes);
     return result == platform::ErrorCode::AccessDenied ? StartState::Root::Denied : StartState::Root::Missing;
 }
 
 bool Exists(const std::string& path) {
     std::uint32_t attributes = 0;
-    const int result = platform::StationFiles().Attributes(path, attributes);
+    const platform::ErrorCode result = platform::StationFiles().Attributes(path, attributes);
     return result != platform::ErrorCode::FileNotFound && result != platform::ErrorCode::PathNotFound;
 }
 

@@ -44,8 +44,8 @@ std::string StoredLanguage() {
 
 // The message number for a registry that cannot be used; 0 when it can be used. A key that does not exist yet
 // is not an error.
-int StoreMessage(int result) {
-    namespace ErrorCode = platform::ErrorCode;
+int StoreMessage(platform::ErrorCode result) {
+    using platform::ErrorCode;
     switch (result) {
     case ErrorCode::Success:
     case ErrorCode::FileNotFound: return 0;
@@ -94,7 +94,7 @@ void ReportProblems() {
     probe.TestKey("Neskworks");
     if (const int message = StoreMessage(probe.LastResult()); message != 0)
         Warn(modStringRes::FormatResString(message, platform::StationRegistry().Location(),
-                                           probe.LastResult()));
+                                           Number(probe.LastResult())));
     if (!TheState().unusableLanguage.empty())
         Warn(modStringRes::FormatResString(Message::LanguageNotANumber, TheState().unusableLanguage));
 }

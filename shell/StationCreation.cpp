@@ -32,13 +32,13 @@ const std::string Slides = Root + "\\Slides";
 const std::string Pictures = Root + "\\Pictures";
 const std::string Parts = "C:\\Parts";
 
-void CheckResult(int result, const std::string& folder) {
+void CheckResult(platform::ErrorCode result, const std::string& folder) {
     if (result != platform::ErrorCode::Success) throw FileError(result, Source, folder);
 }
 
 // Raises the error of creating the folder. Does nothing on success.
-void CheckMade(int result, const std::string& folder) {
-    namespace ErrorCode = platform::ErrorCode;
+void CheckMade(platform::ErrorCode result, const std::string& folder) {
+    using platform::ErrorCode;
     switch (result) {
     case ErrorCode::AlreadyExists:
         throw NeskError(RuntimeError::FileExists, Source, Message::StationFolderNotEmpty, {folder});
@@ -148,7 +148,7 @@ void Create(const Wishes& wishes) {
 }
 
 void Open(const std::string& folder) {
-    const int result = platform::UseStationFolder(folder);
+    const platform::ErrorCode result = platform::UseStationFolder(folder);
     if (result == platform::ErrorCode::InvalidName)
         throw NeskError(RuntimeError::PathNotFound, Source, Message::NotAStation, {folder});
     CheckResult(result, folder);

@@ -103,7 +103,7 @@ void MakePath(const std::string& path) {
         const std::string level = full.substr(0, at);
         if (level.empty() || level.ends_with('\\') || level.ends_with(':') || DirectoryExists(level))
             continue;
-        const int result = platform::StationFiles().MakeFolder(level);
+        const platform::ErrorCode result = platform::StationFiles().MakeFolder(level);
         if (result != platform::ErrorCode::Success) throw FileError(result, "modUtilities.MakePath", level);
     }
 }

@@ -35,7 +35,7 @@ std::string ReadFile(const std::string& path) {
         constexpr std::size_t step = std::size_t{1} << 16;
         bytes.resize(size + step);
         std::size_t count = 0;
-        const int result = reader->Read(bytes.data() + size, step, count);
+        const platform::ErrorCode result = reader->Read(bytes.data() + size, step, count);
         bytes.resize(size + count);
         if (result != platform::ErrorCode::Success || bytes.size() > LargestFile) return "";
         if (count == 0) return bytes;

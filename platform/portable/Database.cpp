@@ -3,6 +3,8 @@
 #include "platform/ErrorCode.h"
 #include "platform/portable/BusyWait.h"
 
+#include <tuple>
+
 #include <sqlite3.h>
 
 namespace nesk::platform::portable {
@@ -32,7 +34,7 @@ std::string UnchangingUri(const std::filesystem::path& file) {
 
 } // namespace
 
-int ErrorFromSqlite(int code) {
+ErrorCode ErrorFromSqlite(int code) {
     switch (code & 0xFF) {
     case SQLITE_OK:
     case SQLITE_ROW:
@@ -60,7 +62,7 @@ Database::~Database() {
     sqlite3_close_v2(m_handle);
 }
 
-int Database::Open(const std::filesystem::path& file, bool create) {
+ErrorCode Database::Open(const std::filesystem::path& file, bool create) {
     std::error_code error;
     if (!create && !std::filesystem::exists(file, error)) return ErrorCode::FileNotFound;
     const int code = Connect(file.c_str(), SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0));
@@ -90,7 +92,7 @@ bool Database::InTransaction() const {
     return sqlite3_get_autocommit(m_handle) == 0;
 }
 
-int Database::Execute(const char* sql) {
+ErrorCode Database::Execute(const char* sql) {
     return ErrorFromSqlite(sqlite3_exec(m_handle, sql, nullptr, nullptr, nullptr));
 }
 
@@ -134,7 +136,7 @@ Statement& Statement::BindBlob(std::string_view bytes) {
     return *this;
 }
 
-int Statement::Step(bool& row) {
+ErrorCode Statement::Step(bool& row) {
     row = false;
     if (m_code != SQLITE_OK || m_statement == nullptr) return ErrorFromSqlite(m_code);
     const int code = sqlite3_step(m_statement);
@@ -144,9 +146,9 @@ int Statement::Step(bool& row) {
     return ErrorFromSqlite(code);
 }
 
-int Statement::Run() {
+ErrorCode Statement::Run() {
     bool row = false;
-    const int result = Step(row);
+    const ErrorCode result = Step(row);
     if (row) sqlite3_reset(m_statement);
     return result;
 }
@@ -165,14 +167,15 @@ WriteTransaction::WriteTransaction(Database& database)
     : m_database(database)
     , m_inner(database.InTransaction())
     , m_result(database.Execute(m_inner ? "SAVEPOINT step" : "BEGIN IMMEDIATE"))
-    , m_open(m_result == 0) {}
+    , m_open(m_result == ErrorCode::Success) {}
 
 WriteTransaction::~WriteTransaction() {
-    if (m_open) m_database.Execute(m_inner ? "ROLLBACK TO step; RELEASE step" : "ROLLBACK");
+    // A rollback fails only if an error has rolled the transaction back already.
+    if (m_open) std::ignore = m_database.Execute(m_inner ? "ROLLBACK TO step; RELEASE step" : "ROLLBACK");
 }
 
-int WriteTransaction::Commit() {
-    const int result = m_database.Execute(m_inner ? "RELEASE step" : "COMMIT");
+ErrorCode WriteTransaction::Commit() {
+    const ErrorCode result = m_database.Execute(m_inner ? "RELEASE step" : "COMMIT");
     if (result == ErrorCode::Success) m_open = false;
     return result;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -12,7 +14,7 @@ struct sqlite3_stmt;
 namespace nesk::platform::portable {
 
 /// The result code (ErrorCode.h) of an SQLite result code.
-int ErrorFromSqlite(int code);
+ErrorCode ErrorFromSqlite(int code);
 
 /// A connection to a database file. Operations return result codes.
 class Database {
@@ -24,12 +26,12 @@ public:
 
     /// Opens a file for reading and writing, or read-only when writing is not allowed.
     /// @param create  true creates a missing file; false returns FileNotFound for it
-    int Open(const std::filesystem::path& file, bool create);
+    ErrorCode Open(const std::filesystem::path& file, bool create);
 
     bool IsReadOnly() const;
 
     /// Runs statements that return no rows.
-    int Execute(const char* sql);
+    ErrorCode Execute(const char* sql);
 
     /// True while a transaction is open.
     bool InTransaction() const;
@@ -59,10 +61,10 @@ public:
     Statement& BindBlob(std::string_view bytes);
 
     /// Moves to the next row: Success with `row` true, or with `row` false at the end.
-    int Step(bool& row);
+    ErrorCode Step(bool& row);
 
     /// Runs a statement that returns no rows.
-    int Run();
+    ErrorCode Run();
 
     std::int64_t Number(int column) const;
     std::string Bytes(int column) const;
@@ -84,13 +86,13 @@ public:
     WriteTransaction& operator=(const WriteTransaction&) = delete;
 
     /// Success when the transaction has started.
-    int Result() const { return m_result; }
-    int Commit();
+    ErrorCode Result() const { return m_result; }
+    ErrorCode Commit();
 
 private:
     Database& m_database;
     bool m_inner;
-    int m_result;
+    ErrorCode m_result;
     bool m_open;
 };
 

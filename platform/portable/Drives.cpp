@@ -34,7 +34,7 @@ std::vector<char> DriveLetters() {
     return letters;
 }
 
-int CheckDrive(char letter) {
+ErrorCode CheckDrive(char letter) {
     const fs::path folder = portable::ToHostPath({letter, ':', '\\'});
     if (folder.empty()) return ErrorCode::NotReady;
     const std::unique_ptr<DIR, int (*)(DIR*)> directory(::opendir(folder.c_str()), &::closedir);

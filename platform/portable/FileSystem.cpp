@@ -47,7 +47,7 @@ constexpr mode_t AccessRights = 0777;
 // @param own      sets owner and group, where -1 keeps the current one; returns the result of chown
 // @param protect  sets access rights; returns the result of chmod
 template <typename Own, typename Protect>
-int TransferRights(const struct stat& from, Own own, Protect protect) {
+ErrorCode TransferRights(const struct stat& from, Own own, Protect protect) {
     mode_t rights = from.st_mode & AccessRights;
     // Only root may change the owner; other users may only choose among their own groups.
     if (own(from.st_uid, from.st_gid) != 0 && own(static_cast<uid_t>(-1), from.st_gid) != 0) {
@@ -60,7 +60,7 @@ int TransferRights(const struct stat& from, Own own, Protect protect) {
 }
 
 // A missing file in a missing directory is "path not found", as on Windows.
-int MissingCode(const fs::path& host, int error) {
+ErrorCode MissingCode(const fs::path& host, int error) {
     struct stat status {};
     if (error == ENOENT && ::stat(host.parent_path().c_str(), &status) != 0) return ErrorCode::PathNotFound;
     return ErrorFromErrno(error, ErrorCode::ReadFault);
@@ -68,7 +68,7 @@ int MissingCode(const fs::path& host, int error) {
 
 // The result code of a folder that cannot be searched. A missing folder and a file in its place are both
 // "path not found".
-int FolderCode(int error) {
+ErrorCode FolderCode(int error) {
     return error == ENOENT ? ErrorCode::PathNotFound : ErrorFromErrno(error, ErrorCode::PathNotFound);
 }
 
@@ -81,7 +81,7 @@ bool IsDriveFolder(const fs::path& host) {
 }
 
 // Finds the host file of a Windows path. Returns an error when the path cannot name a file.
-int Locate(const std::string& path, fs::path& host) {
+ErrorCode Locate(const std::string& path, fs::path& host) {
     host = ToHostPath(path);
     if (host.empty()) return ErrorCode::PathNotFound;
     const bool drive = path.size() >= 2 && path[1] == ':';
@@ -126,7 +126,7 @@ public:
     HostReader(FileHandle handle, off_t length)
         : m_handle(std::move(handle)), m_left(static_cast<std::uint64_t>(length)) {}
 
-    int Read(char* buffer, std::size_t capacity, std::size_t& count) override {
+    ErrorCode Read(char* buffer, std::size_t capacity, std::size_t& count) override {
         capacity = static_cast<std::size_t>(std::min<std::uint64_t>(capacity, m_left));
         ssize_t got = 0;
         do
@@ -148,7 +148,7 @@ public:
     explicit HostWriter(FileHandle handle)
         : m_handle(std::move(handle)), m_hold(::fcntl(m_handle.Get(), F_DUPFD_CLOEXEC, 0)) {}
 
-    int Write(std::string_view bytes) override {
+    ErrorCode Write(std::string_view bytes) override {
         while (!bytes.empty()) {
             const ssize_t put = ::write(m_handle.Get(), bytes.data(), bytes.size());
             if (put < 0 && errno == EINTR) continue;
@@ -158,19 +158,19 @@ public:
         return ErrorCode::Success;
     }
 
-    int SetRightsOf(const struct stat& from) {
+    ErrorCode SetRightsOf(const struct stat& from) {
         const int handle = m_handle.Get();
         return TransferRights(
             from, [handle](uid_t owner, gid_t group) { return ::fchown(handle, owner, group); },
             [handle](mode_t rights) { return ::fchmod(handle, rights); });
     }
 
-    int Flush() override {
+    ErrorCode Flush() override {
         return ::fsync(m_handle.Get()) != 0 ? ErrorFromErrno(errno, ErrorCode::WriteFault)
                                             : ErrorCode::Success;
     }
 
-    int Close() override {
+    ErrorCode Close() override {
         return m_handle.Close() != 0 ? ErrorFromErrno(errno, ErrorCode::WriteFault) : ErrorCode::Success;
     }
 
@@ -182,7 +182,7 @@ private:
 // A search for a name without wildcards, with at most one entry.
 class SingleSearch final : public DirectorySearch {
 public:
-    int Next(DirectoryEntry&) override { return ErrorCode::NoMoreItems; }
+    ErrorCode Next(DirectoryEntry&) override { return ErrorCode::NoMoreItems; }
 };
 
 class PatternSearch final : public DirectorySearch {
@@ -192,7 +192,7 @@ public:
 
     bool IsOpen() const { return m_directory != nullptr; }
 
-    int Next(DirectoryEntry& entry) override {
+    ErrorCode Next(DirectoryEntry& entry) override {
         for (;;) {
             errno = 0;
             const dirent* found = ::readdir(m_directory.get());
@@ -231,45 +231,45 @@ private:
 
 class HostFileSystem final : public FileSystem {
 public:
-    int Attributes(const std::string& path, std::uint32_t& attributes) override {
+    ErrorCode Attributes(const std::string& path, std::uint32_t& attributes) override {
         attributes = 0;
         fs::path host;
-        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
         struct stat status {};
         if (::stat(host.c_str(), &status) != 0) return MissingCode(host, errno);
         attributes = AttributesOf(status, host.filename().string());
         return ErrorCode::Success;
     }
 
-    int Search(const std::string& pattern, std::unique_ptr<DirectorySearch>& search,
-               DirectoryEntry& first) override {
+    ErrorCode Search(const std::string& pattern, std::unique_ptr<DirectorySearch>& search,
+                     DirectoryEntry& first) override {
         search.reset();
         const std::size_t slash = pattern.find_last_of("\\/");
         const std::string name = slash == std::string::npos ? pattern : pattern.substr(slash + 1);
         if (name.find_first_of("*?") == std::string::npos) return SearchOne(pattern, search, first);
         const std::string folder = slash == std::string::npos ? "C:\\" : pattern.substr(0, slash + 1);
         fs::path host;
-        if (const int result = Locate(folder, host); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(folder, host); result != ErrorCode::Success) return result;
         auto found = std::make_unique<PatternSearch>(host, name);
         if (!found->IsOpen()) return FolderCode(errno);
-        const int result = found->Next(first);
+        const ErrorCode result = found->Next(first);
         if (result == ErrorCode::NoMoreItems) return ErrorCode::FileNotFound;
         if (result == ErrorCode::Success) search = std::move(found);
         return result;
     }
 
-    int MakeFolder(const std::string& path) override {
+    ErrorCode MakeFolder(const std::string& path) override {
         fs::path host;
-        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
         if (::mkdir(host.c_str(), 0777) == 0) return ErrorCode::Success;
         return MissingCode(host, errno) == ErrorCode::FileNotFound ? ErrorCode::PathNotFound
                                                                    : MissingCode(host, errno);
     }
 
-    int OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) override {
+    ErrorCode OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) override {
         reader.reset();
         fs::path host;
-        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
         // Without O_NONBLOCK, opening a pipe without a writer would block the program.
         FileHandle handle(::open(host.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
         if (!handle) return MissingCode(host, errno);
@@ -280,10 +280,10 @@ public:
         return ErrorCode::Success;
     }
 
-    int CreateNew(const std::string& path, std::unique_ptr<FileWriter>& writer) override {
+    ErrorCode CreateNew(const std::string& path, std::unique_ptr<FileWriter>& writer) override {
         writer.reset();
         fs::path host;
-        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
         FileHandle handle;
         if (const int error = portable::CreateLocked(host, handle); error != 0)
             return MissingCode(host, error);
@@ -291,20 +291,20 @@ public:
         return ErrorCode::Success;
     }
 
-    int RemoveFile(const std::string& path) override {
+    ErrorCode RemoveFile(const std::string& path) override {
         fs::path host;
-        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
         return ::unlink(host.c_str()) != 0 ? MissingCode(host, errno) : ErrorCode::Success;
     }
 
-    int RemoveAbandoned(const std::string& path) override {
+    ErrorCode RemoveAbandoned(const std::string& path) override {
         fs::path host;
-        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
         const int error = portable::RemoveUnlocked(host);
         return error != 0 ? MissingCode(host, error) : ErrorCode::Success;
     }
 
-    int CopyAccessRights(const std::string& from, const std::string& to) override {
+    ErrorCode CopyAccessRights(const std::string& from, const std::string& to) override {
         const fs::path source = ToHostPath(from);
         const fs::path target = ToHostPath(to);
         struct stat status {};
@@ -323,11 +323,11 @@ public:
         ::chmod(ToHostPath(path).c_str(), everybody & ~mask);
     }
 
-    int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
+    ErrorCode KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
         fs::path source;
         fs::path target;
-        if (const int result = Locate(path, source); result != ErrorCode::Success) return result;
-        if (const int result = Locate(copy, target); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(path, source); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(copy, target); result != ErrorCode::Success) return result;
         source = FinalPath(source);
         struct stat status {};
         if (::stat(source.c_str(), &status) != 0) return MissingCode(source, errno);
@@ -337,7 +337,7 @@ public:
         if (const int error = CreateBeside(target, temporary, handle); error != 0)
             return MissingCode(temporary, error);
         HostWriter writer(std::move(handle));
-        if (const int result = CopyContents(source, writer); result != ErrorCode::Success) {
+        if (const ErrorCode result = CopyContents(source, writer); result != ErrorCode::Success) {
             ::unlink(temporary.c_str());
             return result;
         }
@@ -352,11 +352,11 @@ public:
         return ErrorCode::Success;
     }
 
-    int Replace(const std::string& path, const std::string& replacement) override {
+    ErrorCode Replace(const std::string& path, const std::string& replacement) override {
         fs::path target;
         fs::path source;
-        if (const int result = Locate(path, target); result != ErrorCode::Success) return result;
-        if (const int result = Locate(replacement, source); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(path, target); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(replacement, source); result != ErrorCode::Success) return result;
         target = FinalPath(target);
         struct stat status {};
         if (::stat(target.c_str(), &status) == 0) {
@@ -380,10 +380,10 @@ private:
         return 0;
     }
 
-    static int SearchOne(const std::string& path, std::unique_ptr<DirectorySearch>& search,
-                         DirectoryEntry& first) {
+    static ErrorCode SearchOne(const std::string& path, std::unique_ptr<DirectorySearch>& search,
+                               DirectoryEntry& first) {
         fs::path host;
-        if (const int result = Locate(path, host); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
         struct stat status {};
         if (::stat(host.c_str(), &status) != 0) return MissingCode(host, errno);
         first.name = NameFromHost(host.filename().string());
@@ -405,23 +405,25 @@ private:
         return error;
     }
 
-    static int CopyContents(const fs::path& source, HostWriter& writer) {
+    static ErrorCode CopyContents(const fs::path& source, HostWriter& writer) {
         FileHandle in(::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
         if (!in) return MissingCode(source, errno);
         struct stat status {};
         if (::fstat(in.Get(), &status) != 0) return ErrorFromErrno(errno, ErrorCode::ReadFault);
         if (!S_ISREG(status.st_mode)) return ErrorCode::AccessDenied;
-        if (const int result = writer.SetRightsOf(status); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = writer.SetRightsOf(status); result != ErrorCode::Success) return result;
         HostReader reader(std::move(in), status.st_size);
         std::array<char, 65536> buffer{};
         for (;;) {
             std::size_t count = 0;
-            if (const int result = reader.Read(buffer.data(), buffer.size(), count); result != 0)
+            if (const ErrorCode result = reader.Read(buffer.data(), buffer.size(), count);
+                result != ErrorCode::Success)
                 return result;
             if (count == 0) break;
-            if (const int result = writer.Write({buffer.data(), count}); result != 0) return result;
+            if (const ErrorCode result = writer.Write({buffer.data(), count}); result != ErrorCode::Success)
+                return result;
         }
-        if (const int result = writer.Flush(); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = writer.Flush(); result != ErrorCode::Success) return result;
         return writer.Close();
     }
 };

@@ -6,7 +6,7 @@
 
 namespace nesk::platform::portable {
 
-int ErrorFromErrno(int error, int fallback) {
+ErrorCode ErrorFromErrno(int error, ErrorCode fallback) {
     switch (error) {
     case 0: return ErrorCode::Success;
     case ENOENT: return ErrorCode::FileNotFound;

@@ -5,6 +5,7 @@
 #include "platform/Utf8.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -36,47 +37,48 @@ INSERT INTO keys(id, parent, name, folded)
 PRAGMA user_version = 1;
 )";
 
-int ReadNumber(Database& database, const char* sql, std::int64_t& number) {
+ErrorCode ReadNumber(Database& database, const char* sql, std::int64_t& number) {
     Statement statement(database, sql);
     bool row = false;
-    const int result = statement.Step(row);
+    const ErrorCode result = statement.Step(row);
     number = row ? statement.Number(0) : 0;
     return result;
 }
 
-int ReadVersion(Database& database, std::int64_t& version) {
+ErrorCode ReadVersion(Database& database, std::int64_t& version) {
     return ReadNumber(database, "PRAGMA user_version", version);
 }
 
 // Creates the tables of a new store. Another program may be doing the same.
-int MakeTables(Database& database) {
+ErrorCode MakeTables(Database& database) {
     WriteTransaction transaction(database);
     if (transaction.Result() != ErrorCode::Success) return transaction.Result();
     std::int64_t version = 0;
-    if (const int result = ReadVersion(database, version); result != ErrorCode::Success) return result;
+    if (const ErrorCode result = ReadVersion(database, version); result != ErrorCode::Success) return result;
     if (version != 0) return version == SchemaVersion ? ErrorCode::Success : ErrorCode::BadDatabase;
     std::int64_t tables = 0;
-    if (const int result = ReadNumber(database, "SELECT count(*) FROM sqlite_master", tables);
+    if (const ErrorCode result = ReadNumber(database, "SELECT count(*) FROM sqlite_master", tables);
         result != ErrorCode::Success)
         return result;
     // A database with tables but without our version was made by another program.
     if (tables != 0) return ErrorCode::BadDatabase;
-    if (const int result = database.Execute(Schema); result != ErrorCode::Success) return result;
+    if (const ErrorCode result = database.Execute(Schema); result != ErrorCode::Success) return result;
     return transaction.Commit();
 }
 
 // Checks that the store is ours before it changes anything.
-int Prepare(Database& database) {
+ErrorCode Prepare(Database& database) {
     std::int64_t version = 0;
-    if (const int result = ReadVersion(database, version); result != ErrorCode::Success) return result;
+    if (const ErrorCode result = ReadVersion(database, version); result != ErrorCode::Success) return result;
     if (version != 0 && version != SchemaVersion) return ErrorCode::BadDatabase;
     if (version == 0)
-        if (const int result = MakeTables(database); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = MakeTables(database); result != ErrorCode::Success) return result;
     // With a write-ahead log, committed data survives a kill at any moment, and readers do not wait for a
     // writer in another program or block it. NORMAL can lose the last writes in a power failure, but never
-    // damages the store.
-    database.Execute("PRAGMA journal_mode = WAL");
-    database.Execute("PRAGMA synchronous = NORMAL");
+    // damages the store. If a statement fails, for example in a store that may only be read, SQLite's
+    // own setting stays.
+    std::ignore = database.Execute("PRAGMA journal_mode = WAL");
+    std::ignore = database.Execute("PRAGMA synchronous = NORMAL");
     return database.Execute("PRAGMA foreign_keys = ON");
 }
 
@@ -97,11 +99,11 @@ std::size_t CharacterCount(const std::string& text) {
 
 } // namespace
 
-int RegistryStore::Open(const std::filesystem::path& file, bool create,
-                        std::unique_ptr<RegistryStore>& store) {
+ErrorCode RegistryStore::Open(const std::filesystem::path& file, bool create,
+                              std::unique_ptr<RegistryStore>& store) {
     auto database = std::make_unique<Database>();
-    if (const int result = database->Open(file, create); result != ErrorCode::Success) return result;
-    if (const int result = Prepare(*database); result != ErrorCode::Success) return result;
+    if (const ErrorCode result = database->Open(file, create); result != ErrorCode::Success) return result;
+    if (const ErrorCode result = Prepare(*database); result != ErrorCode::Success) return result;
     store.reset(new RegistryStore(std::move(database)));
     return ErrorCode::Success;
 }
@@ -122,43 +124,44 @@ RegistryStore::RegistryStore(std::unique_ptr<Database> database)
                    "ON CONFLICT(key, folded) DO UPDATE SET type = excluded.type, data = excluded.data")
     , m_deleteValue(m_database, "DELETE FROM vals WHERE key = ? AND folded = ? RETURNING 1") {}
 
-int RegistryStore::CheckKey(std::int64_t key) {
+ErrorCode RegistryStore::CheckKey(std::int64_t key) {
     if (key == Root) return ErrorCode::Success;
     bool row = false;
-    const int result = m_exists.Start().Bind(key).Step(row);
+    const ErrorCode result = m_exists.Start().Bind(key).Step(row);
     m_exists.Start();
     return result == ErrorCode::Success && !row ? ErrorCode::KeyDeleted : result;
 }
 
-int RegistryStore::FindChild(std::int64_t parent, const std::string& name, std::int64_t& key) {
+ErrorCode RegistryStore::FindChild(std::int64_t parent, const std::string& name, std::int64_t& key) {
     const std::string folded = ToUpper(name);
     bool row = false;
-    const int result = m_findChild.Start().Bind(parent).Bind(folded).Step(row);
+    const ErrorCode result = m_findChild.Start().Bind(parent).Bind(folded).Step(row);
     if (row) key = m_findChild.Number(0);
     m_findChild.Start();
     return result == ErrorCode::Success && !row ? ErrorCode::FileNotFound : result;
 }
 
-int RegistryStore::FindKey(std::int64_t parent, const std::string& path, std::int64_t& key) {
+ErrorCode RegistryStore::FindKey(std::int64_t parent, const std::string& path, std::int64_t& key) {
     std::int64_t found = parent;
     for (const std::string& level : Levels(path))
-        if (const int result = FindChild(found, level, found); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = FindChild(found, level, found); result != ErrorCode::Success)
+            return result;
     key = found;
     return ErrorCode::Success;
 }
 
-int RegistryStore::MakeKey(std::int64_t parent, const std::string& path, std::int64_t& key) {
+ErrorCode RegistryStore::MakeKey(std::int64_t parent, const std::string& path, std::int64_t& key) {
     if (FindKey(parent, path, key) == ErrorCode::Success) return ErrorCode::Success;
     const std::vector<std::string> levels = Levels(path);
     for (const std::string& level : levels)
         if (CharacterCount(level) > LongestKeyName) return ErrorCode::InvalidParameter;
-    if (const int result = JoinGroup(); result != ErrorCode::Success) return result;
+    if (const ErrorCode result = JoinGroup(); result != ErrorCode::Success) return result;
     WriteTransaction transaction(m_database);
     if (transaction.Result() != ErrorCode::Success) return transaction.Result();
-    if (const int result = CheckKey(parent); result != ErrorCode::Success) return result;
+    if (const ErrorCode result = CheckKey(parent); result != ErrorCode::Success) return result;
     std::int64_t made = parent;
     for (const std::string& level : levels) {
-        int result = FindChild(made, level, made);
+        ErrorCode result = FindChild(made, level, made);
         if (result == ErrorCode::FileNotFound) {
             const std::string folded = ToUpper(level);
             bool row = false;
@@ -172,7 +175,7 @@ int RegistryStore::MakeKey(std::int64_t parent, const std::string& path, std::in
     return transaction.Commit();
 }
 
-int RegistryStore::JoinGroup() {
+ErrorCode RegistryStore::JoinGroup() {
     if (m_groups == 0) return ErrorCode::Success;
     // An error may have ended the transaction. Later writes must not be stored without the earlier ones.
     if (m_begun) return m_database.InTransaction() ? ErrorCode::Success : ErrorCode::WriteFault;
@@ -182,7 +185,7 @@ int RegistryStore::JoinGroup() {
     return m_joined;
 }
 
-int RegistryStore::EndGroup() {
+ErrorCode RegistryStore::EndGroup() {
     if (--m_groups > 0 || !m_begun) return ErrorCode::Success;
     m_begun = false;
     // Some errors, such as a full disk, roll the transaction back by themselves and discard its earlier
@@ -192,9 +195,10 @@ int RegistryStore::EndGroup() {
 }
 
 // A failed transaction must not stay open: later writes would become part of it.
-int RegistryStore::Commit() {
-    const int result = m_database.Execute("COMMIT");
-    if (result != ErrorCode::Success) m_database.Execute("ROLLBACK");
+ErrorCode RegistryStore::Commit() {
+    const ErrorCode result = m_database.Execute("COMMIT");
+    // The rollback fails if the error has rolled the transaction back already.
+    if (result != ErrorCode::Success) std::ignore = m_database.Execute("ROLLBACK");
     return result;
 }
 
@@ -204,26 +208,27 @@ void RegistryStore::BeginReading() {
 }
 
 void RegistryStore::EndReading() {
-    if (std::exchange(m_isReading, false)) Commit();
+    // The transaction has only read, so nothing is lost if it does not commit.
+    if (std::exchange(m_isReading, false)) std::ignore = Commit();
 }
 
-int RegistryStore::DeleteKey(std::int64_t key) {
-    if (const int result = JoinGroup(); result != ErrorCode::Success) return result;
+ErrorCode RegistryStore::DeleteKey(std::int64_t key) {
+    if (const ErrorCode result = JoinGroup(); result != ErrorCode::Success) return result;
     WriteTransaction transaction(m_database);
     if (transaction.Result() != ErrorCode::Success) return transaction.Result();
     bool row = false;
-    const int result = m_hasChild.Start().Bind(key).Step(row);
+    const ErrorCode result = m_hasChild.Start().Bind(key).Step(row);
     m_hasChild.Start();
     if (result != ErrorCode::Success) return result;
     if (row) return ErrorCode::AccessDenied;
-    if (const int deleted = m_deleteKey.Start().Bind(key).Run(); deleted != ErrorCode::Success)
+    if (const ErrorCode deleted = m_deleteKey.Start().Bind(key).Run(); deleted != ErrorCode::Success)
         return deleted;
     return transaction.Commit();
 }
 
-int RegistryStore::SubkeyName(std::int64_t key, std::uint32_t index, std::string& name) {
+ErrorCode RegistryStore::SubkeyName(std::int64_t key, std::uint32_t index, std::string& name) {
     bool row = false;
-    const int result = m_subkeyAt.Start().Bind(key).Bind(std::int64_t{index}).Step(row);
+    const ErrorCode result = m_subkeyAt.Start().Bind(key).Bind(std::int64_t{index}).Step(row);
     if (row) name = m_subkeyAt.Bytes(0);
     m_subkeyAt.Start();
     return result == ErrorCode::Success && !row ? ErrorCode::NoMoreItems : result;
@@ -231,9 +236,9 @@ int RegistryStore::SubkeyName(std::int64_t key, std::uint32_t index, std::string
 
 namespace {
 
-int ReadRow(Statement& statement, StoredValue& value, int missing) {
+ErrorCode ReadRow(Statement& statement, StoredValue& value, ErrorCode missing) {
     bool row = false;
-    const int result = statement.Step(row);
+    const ErrorCode result = statement.Step(row);
     if (row)
         value = {statement.Bytes(0), static_cast<std::uint32_t>(statement.Number(1)), statement.Bytes(2)};
     statement.Start();
@@ -242,20 +247,20 @@ int ReadRow(Statement& statement, StoredValue& value, int missing) {
 
 } // namespace
 
-int RegistryStore::ReadValue(std::int64_t key, const std::string& name, StoredValue& value) {
+ErrorCode RegistryStore::ReadValue(std::int64_t key, const std::string& name, StoredValue& value) {
     const std::string folded = ToUpper(name);
     m_readValue.Start().Bind(key).Bind(folded);
     return ReadRow(m_readValue, value, ErrorCode::FileNotFound);
 }
 
-int RegistryStore::ReadValueAt(std::int64_t key, std::uint32_t index, StoredValue& value) {
+ErrorCode RegistryStore::ReadValueAt(std::int64_t key, std::uint32_t index, StoredValue& value) {
     m_valueAt.Start().Bind(key).Bind(std::int64_t{index});
     return ReadRow(m_valueAt, value, ErrorCode::NoMoreItems);
 }
 
-int RegistryStore::WriteValue(std::int64_t key, const std::string& name, std::uint32_t type,
-                              const std::string& data) {
-    if (const int result = JoinGroup(); result != ErrorCode::Success) return result;
+ErrorCode RegistryStore::WriteValue(std::int64_t key, const std::string& name, std::uint32_t type,
+                                    const std::string& data) {
+    if (const ErrorCode result = JoinGroup(); result != ErrorCode::Success) return result;
     const std::string folded = ToUpper(name);
     return m_writeValue.Start()
         .Bind(key)
@@ -266,11 +271,11 @@ int RegistryStore::WriteValue(std::int64_t key, const std::string& name, std::ui
         .Run();
 }
 
-int RegistryStore::DeleteValue(std::int64_t key, const std::string& name) {
-    if (const int result = JoinGroup(); result != ErrorCode::Success) return result;
+ErrorCode RegistryStore::DeleteValue(std::int64_t key, const std::string& name) {
+    if (const ErrorCode result = JoinGroup(); result != ErrorCode::Success) return result;
     const std::string folded = ToUpper(name);
     bool row = false;
-    int result = m_deleteValue.Start().Bind(key).Bind(folded).Step(row);
+    ErrorCode result = m_deleteValue.Start().Bind(key).Bind(folded).Step(row);
     // The row is returned before the statement is complete; stepping to the end completes the deletion.
     bool more = row;
     while (more && result == ErrorCode::Success)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
 #include "platform/portable/Database.h"
 
 #include <cstdint>
@@ -24,48 +25,50 @@ public:
 
     /// Opens the store. FileNotFound when it is missing and `create` is false; BadDatabase when the file is
     /// not such a store.
-    static int Open(const std::filesystem::path& file, bool create, std::unique_ptr<RegistryStore>& store);
+    static ErrorCode Open(const std::filesystem::path& file, bool create,
+                          std::unique_ptr<RegistryStore>& store);
 
     bool IsReadOnly() const { return m_database.IsReadOnly(); }
 
     /// Success when the key exists, KeyDeleted when it does not.
-    int CheckKey(std::int64_t key);
+    ErrorCode CheckKey(std::int64_t key);
 
     /// Finds the key at a path below another key; empty levels are skipped.
-    int FindKey(std::int64_t parent, const std::string& path, std::int64_t& key);
+    ErrorCode FindKey(std::int64_t parent, const std::string& path, std::int64_t& key);
 
     /// Like FindKey, but creates missing keys. InvalidParameter for a level of over 255 characters.
-    int MakeKey(std::int64_t parent, const std::string& path, std::int64_t& key);
+    ErrorCode MakeKey(std::int64_t parent, const std::string& path, std::int64_t& key);
 
     /// Begins a group: EndGroup stores all writes of the group together. The transaction begins with the
     /// first write or with JoinGroup.
     void BeginGroup() {
-        if (m_groups++ == 0) m_joined = 0;
+        if (m_groups++ == 0) m_joined = ErrorCode::Success;
     }
-    int EndGroup();
+    ErrorCode EndGroup();
 
     /// Begins the transaction of the current group, if any; other programs cannot write until its end. If
     /// that fails, it fails for the rest of the group.
-    int JoinGroup();
+    ErrorCode JoinGroup();
 
     /// Begins a consistent read: until EndReading, writes of other programs are not visible. They never are
     /// within the transaction of a group.
     void BeginReading();
     void EndReading();
 
-    int DeleteKey(std::int64_t key);
-    int SubkeyName(std::int64_t key, std::uint32_t index, std::string& name);
+    ErrorCode DeleteKey(std::int64_t key);
+    ErrorCode SubkeyName(std::int64_t key, std::uint32_t index, std::string& name);
 
-    int ReadValue(std::int64_t key, const std::string& name, StoredValue& value);
-    int ReadValueAt(std::int64_t key, std::uint32_t index, StoredValue& value);
-    int WriteValue(std::int64_t key, const std::string& name, std::uint32_t type, const std::string& data);
-    int DeleteValue(std::int64_t key, const std::string& name);
+    ErrorCode ReadValue(std::int64_t key, const std::string& name, StoredValue& value);
+    ErrorCode ReadValueAt(std::int64_t key, std::uint32_t index, StoredValue& value);
+    ErrorCode WriteValue(std::int64_t key, const std::string& name, std::uint32_t type,
+                         const std::string& data);
+    ErrorCode DeleteValue(std::int64_t key, const std::string& name);
 
 private:
     explicit RegistryStore(std::unique_ptr<Database> database);
 
-    int Commit();
-    int FindChild(std::int64_t parent, const std::string& name, std::int64_t& key);
+    ErrorCode Commit();
+    ErrorCode FindChild(std::int64_t parent, const std::string& name, std::int64_t& key);
 
     std::unique_ptr<Database> m_owner;
     Database& m_database;
@@ -80,8 +83,8 @@ private:
     Statement m_writeValue;
     Statement m_deleteValue;
     int m_groups = 0;
-    bool m_begun = false; // the group's transaction has begun
-    int m_joined = 0;     // result code of beginning it
+    bool m_begun = false;                    // the group's transaction has begun
+    ErrorCode m_joined = ErrorCode::Success; // of beginning it
     bool m_isReading = false;
 };
 

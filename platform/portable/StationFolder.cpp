@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 constexpr const char* BesideProgram = "example-station";
 constexpr const char* InstalledShare = "share/neskmanager/example";
 
-int ErrorFrom(const std::error_code& error) {
+ErrorCode ErrorFrom(const std::error_code& error) {
     return portable::ErrorFromErrno(error.value(), ErrorCode::WriteFault);
 }
 
@@ -43,7 +43,7 @@ fs::path FindExample() {
     return {};
 }
 
-int CopyStation(const fs::path& from, const fs::path& to) {
+ErrorCode CopyStation(const fs::path& from, const fs::path& to) {
     std::error_code error;
     fs::copy(from, to, fs::copy_options::recursive, error);
     if (error) return ErrorFrom(error);
@@ -72,7 +72,7 @@ public:
         fs::remove_all(m_beside, error);
     }
 
-    int Finish() override {
+    ErrorCode Finish() override {
         // Switching to the previous station closes the store before it is moved. The rename replaces an empty
         // folder and fails for anything else.
         portable::UseStation(m_former);
@@ -129,7 +129,7 @@ StationFolderState LookUpStationFolder(const std::string& folder) {
     return IsStation(folder) ? StationFolderState::Usable : StationFolderState::Empty;
 }
 
-int UseStationFolder(const std::string& chosen) {
+ErrorCode UseStationFolder(const std::string& chosen) {
     const std::string folder = EnclosingStation(chosen);
     switch (LookUpStationFolder(folder)) {
     case StationFolderState::Usable: break;
@@ -146,7 +146,8 @@ bool HasExampleStation() {
     return !FindExample().empty();
 }
 
-int BeginStationFolder(const std::string& folder, bool example, std::unique_ptr<NewStationFolder>& station) {
+ErrorCode BeginStationFolder(const std::string& folder, bool example,
+                             std::unique_ptr<NewStationFolder>& station) {
     fs::path target(folder);
     if (!target.is_absolute() || folder.find('\0') != std::string::npos) return ErrorCode::InvalidName;
     target = target.lexically_normal();
@@ -162,7 +163,7 @@ int BeginStationFolder(const std::string& folder, bool example, std::unique_ptr<
     std::string pattern = target.string() + ".new-XXXXXX";
     if (::mkdtemp(pattern.data()) == nullptr) return portable::ErrorFromErrno(errno, ErrorCode::WriteFault);
     const fs::path beside(pattern);
-    int result = ErrorCode::Success;
+    ErrorCode result = ErrorCode::Success;
     if (example) {
         result = CopyStation(FindExample(), beside);
     } else {

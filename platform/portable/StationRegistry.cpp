@@ -58,7 +58,7 @@ std::string DataOf(const StoredValue& value) {
 }
 
 // Copies a value's data with the conventions of the registry functions.
-int CopyData(const std::string& data, char* buffer, std::uint32_t* size) {
+ErrorCode CopyData(const std::string& data, char* buffer, std::uint32_t* size) {
     if (size == nullptr) return buffer == nullptr ? ErrorCode::Success : ErrorCode::InvalidParameter;
     const std::uint32_t capacity = *size;
     *size = static_cast<std::uint32_t>(data.size());
@@ -76,64 +76,70 @@ public:
         m_busyUntil = {};
     }
 
-    int OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
+    ErrorCode OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
         return Open(parent, path, access, false, key);
     }
 
-    int CreateKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
+    ErrorCode CreateKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
         return Open(parent, path, access, true, key);
     }
 
-    int CloseKey(RegKey key) override {
+    ErrorCode CloseKey(RegKey key) override {
         if (key == LocalMachine) return ErrorCode::Success;
         return m_handles.erase(key) != 0 ? ErrorCode::Success : ErrorCode::InvalidHandle;
     }
 
-    int QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
-                   std::uint32_t* size) override {
+    ErrorCode QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
+                         std::uint32_t* size) override {
         std::int64_t row = 0;
-        if (const int result = Use(key, Right::QueryValue, row); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Use(key, Right::QueryValue, row); result != ErrorCode::Success)
+            return result;
         // Within a group, values are read to compute what is written; other programs must not write in
         // between.
-        if (const int result = m_store->JoinGroup(); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = m_store->JoinGroup(); result != ErrorCode::Success) return result;
         StoredValue value;
-        if (const int result = m_store->ReadValue(row, FromAnsi(name), value); result != ErrorCode::Success)
+        if (const ErrorCode result = m_store->ReadValue(row, FromAnsi(name), value);
+            result != ErrorCode::Success)
             return result;
         if (type != nullptr) *type = value.type;
         return CopyData(DataOf(value), data, size);
     }
 
-    int SetValue(RegKey key, const std::string& name, std::uint32_t type, std::string_view data) override {
+    ErrorCode SetValue(RegKey key, const std::string& name, std::uint32_t type,
+                       std::string_view data) override {
         if (name.size() > MaxValueNameLength) return ErrorCode::InvalidParameter;
         std::int64_t row = 0;
-        if (const int result = Use(key, Right::SetValue, row); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Use(key, Right::SetValue, row); result != ErrorCode::Success)
+            return result;
         const std::string stored = IsText(type) ? FromAnsi(data) : std::string(data);
         return m_store->WriteValue(row, FromAnsi(name), type, stored);
     }
 
-    int DeleteValue(RegKey key, const std::string& name) override {
+    ErrorCode DeleteValue(RegKey key, const std::string& name) override {
         std::int64_t row = 0;
-        if (const int result = Use(key, Right::SetValue, row); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Use(key, Right::SetValue, row); result != ErrorCode::Success)
+            return result;
         return m_store->DeleteValue(row, FromAnsi(name));
     }
 
-    int DeleteKey(RegKey parent, const std::string& subKey) override {
+    ErrorCode DeleteKey(RegKey parent, const std::string& subKey) override {
         if (subKey.empty()) return ErrorCode::InvalidParameter;
         // A path that consists of separators alone would name the parent itself.
         if (subKey.starts_with('\\')) return ErrorCode::BadPathName;
         std::int64_t row = 0;
-        if (const int result = Use(parent, 0, row); result != ErrorCode::Success) return result;
-        if (const int result = m_store->FindKey(row, FromAnsi(subKey), row); result != ErrorCode::Success)
+        if (const ErrorCode result = Use(parent, 0, row); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = m_store->FindKey(row, FromAnsi(subKey), row);
+            result != ErrorCode::Success)
             return result;
         return m_store->DeleteKey(row);
     }
 
-    int EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) override {
+    ErrorCode EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) override {
         std::int64_t row = 0;
-        if (const int result = Use(key, Right::EnumerateSubKeys, row); result != ErrorCode::Success)
+        if (const ErrorCode result = Use(key, Right::EnumerateSubKeys, row); result != ErrorCode::Success)
             return result;
         std::string found;
-        if (const int result = m_store->SubkeyName(row, index, found); result != ErrorCode::Success)
+        if (const ErrorCode result = m_store->SubkeyName(row, index, found); result != ErrorCode::Success)
             return result;
         const std::string bytes = Narrow(found);
         if (bytes.size() >= capacity) return ErrorCode::MoreData;
@@ -141,12 +147,13 @@ public:
         return ErrorCode::Success;
     }
 
-    int EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize, std::uint32_t* type,
-                  char* data, std::uint32_t* size) override {
+    ErrorCode EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
+                        std::uint32_t* type, char* data, std::uint32_t* size) override {
         std::int64_t row = 0;
-        if (const int result = Use(key, Right::QueryValue, row); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Use(key, Right::QueryValue, row); result != ErrorCode::Success)
+            return result;
         StoredValue value;
-        if (const int result = m_store->ReadValueAt(row, index, value); result != ErrorCode::Success)
+        if (const ErrorCode result = m_store->ReadValueAt(row, index, value); result != ErrorCode::Success)
             return result;
         const std::string bytes = Narrow(value.name);
         if (bytes.size() >= *nameSize) return ErrorCode::MoreData;
@@ -161,7 +168,7 @@ public:
         if (m_store) m_store->BeginGroup();
     }
 
-    int EndGroup() override {
+    ErrorCode EndGroup() override {
         --m_groups;
         return m_store ? m_store->EndGroup() : ErrorCode::Success;
     }
@@ -187,7 +194,7 @@ private:
     static std::filesystem::path File() { return portable::StationFolder() / "registry.db"; }
 
     // Opens the store unless it is open. A missing store is created only for writing.
-    int EnsureStore(bool create) {
+    ErrorCode EnsureStore(bool create) {
         if (m_store) return ErrorCode::Success;
         std::error_code error;
         if (create) {
@@ -195,7 +202,7 @@ private:
             if (error) return ErrorCode::AccessDenied;
         }
         if (portable::TheBusyClock().Now() < m_busyUntil) return ErrorCode::Busy;
-        const int result = RegistryStore::Open(File(), create, m_store);
+        const ErrorCode result = RegistryStore::Open(File(), create, m_store);
         if (result == ErrorCode::Busy) m_busyUntil = portable::TheBusyClock().Now() + BusyAnswer;
         // Groups or a consistent read may have begun before the store is opened.
         for (int i = 0; m_store && i < m_groups; ++i)
@@ -204,18 +211,18 @@ private:
         return result;
     }
 
-    int Open(RegKey parent, const std::string& path, std::uint32_t access, bool create, RegKey& key) {
+    ErrorCode Open(RegKey parent, const std::string& path, std::uint32_t access, bool create, RegKey& key) {
         key = 0;
         if (path.starts_with('\\')) return ErrorCode::BadPathName;
         if (parent != LocalMachine && !m_handles.contains(parent)) return ErrorCode::InvalidHandle;
-        if (const int result = EnsureStore(create); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = EnsureStore(create); result != ErrorCode::Success) return result;
         std::int64_t row = 0;
         // Opening a key needs no right on its parent; creating a key does.
-        if (const int result = Use(parent, create ? Right::CreateSubKey : 0, row);
+        if (const ErrorCode result = Use(parent, create ? Right::CreateSubKey : 0, row);
             result != ErrorCode::Success)
             return result;
         const std::string name = FromAnsi(path);
-        const int found = create ? m_store->MakeKey(row, name, row) : m_store->FindKey(row, name, row);
+        const ErrorCode found = create ? m_store->MakeKey(row, name, row) : m_store->FindKey(row, name, row);
         if (found != ErrorCode::Success) return found;
         if ((access & Right::AnyWrite) != 0 && m_store->IsReadOnly()) return ErrorCode::AccessDenied;
         key = ++m_lastHandle;
@@ -224,7 +231,7 @@ private:
     }
 
     // Finds the row of an open key and checks the required rights.
-    int Use(RegKey key, std::uint32_t rights, std::int64_t& row) {
+    ErrorCode Use(RegKey key, std::uint32_t rights, std::int64_t& row) {
         if (key == LocalMachine) {
             row = RegistryStore::Root;
             return EnsureStore((rights & Right::AnyWrite) != 0);

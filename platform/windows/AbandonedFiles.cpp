@@ -1,11 +1,12 @@
 #include "platform/windows/AbandonedFiles.h"
 
 #include "platform/ErrorCode.h"
-#include "platform/windows/Handle.h"
+#include "platform/windows/SystemError.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <string_view>
+#include <tuple>
 
 namespace nesk::platform::windows {
 
@@ -47,7 +48,7 @@ void ForEachNumbered(const std::wstring& front, const Callback& callback) {
 
 } // namespace
 
-int RemoveAbandoned(const std::wstring& path) {
+ErrorCode RemoveAbandoned(const std::wstring& path) {
     if (path.empty()) return ErrorCode::PathNotFound;
     WIN32_FILE_ATTRIBUTE_DATA found{};
     if (::GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &found) == 0) return LastError();
@@ -60,7 +61,9 @@ int RemoveAbandoned(const std::wstring& path) {
 }
 
 void RemoveAbandonedFiles(const std::wstring& front) {
-    ForEachNumbered(front, [](const std::wstring& path, const WIN32_FIND_DATAW&) { RemoveAbandoned(path); });
+    ForEachNumbered(front, [](const std::wstring& path, const WIN32_FIND_DATAW&) {
+        std::ignore = RemoveAbandoned(path);
+    });
 }
 
 void RestoreInterrupted(const std::wstring& path) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
+
 #include <string>
 
 /// Files left behind by programs that were killed while saving.
@@ -7,7 +9,7 @@ namespace nesk::platform::windows {
 
 /// Deletes a file that was created and last written more than an hour ago and that no program has open.
 /// SharingViolation for any other file.
-int RemoveAbandoned(const std::wstring& path);
+ErrorCode RemoveAbandoned(const std::wstring& path);
 
 /// Calls RemoveAbandoned for every file whose path is `front`, a number and "~". Errors are ignored.
 void RemoveAbandonedFiles(const std::wstring& front);

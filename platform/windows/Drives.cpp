@@ -31,7 +31,7 @@ std::vector<char> DriveLetters() {
     return letters;
 }
 
-int CheckDrive(char letter) {
+ErrorCode CheckDrive(char letter) {
     const NoMediumPrompt noPrompt;
     const std::array<wchar_t, 5> pattern{static_cast<wchar_t>(static_cast<unsigned char>(letter)), L':',
                                          L'\\', L'*', L'\0'};

@@ -3,9 +3,11 @@
 #include "platform/ErrorCode.h"
 #include "platform/windows/AbandonedFiles.h"
 #include "platform/windows/Handle.h"
+#include "platform/windows/SystemError.h"
 
 #include <aclapi.h>
 #include <memory>
+#include <tuple>
 
 namespace nesk::platform::windows {
 
@@ -18,7 +20,7 @@ struct LocalFreer {
 };
 
 // Flushes a closed file to the disk.
-int FlushFile(const std::wstring& path) {
+ErrorCode FlushFile(const std::wstring& path) {
     const Handle file(
         ::CreateFileW(path.c_str(), GENERIC_WRITE, ShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
     return file && ::FlushFileBuffers(file.Get()) != 0 ? ErrorCode::Success : LastError();
@@ -67,16 +69,16 @@ std::wstring TemporaryName(const std::wstring& front, const std::wstring& attemp
 
 // Copies a file to a new file beside it, with the same access rights. An existing file or link of that name
 // is neither overwritten nor followed.
-int CopyToNew(const std::wstring& path, const std::wstring& front, std::wstring& copy) {
+ErrorCode CopyToNew(const std::wstring& path, const std::wstring& front, std::wstring& copy) {
     constexpr int Names = 100;
     copy = TemporaryName(front);
     for (int i = 1; ::CopyFileW(path.c_str(), copy.c_str(), TRUE) == 0; ++i) {
         const DWORD error = ::GetLastError();
         if ((error != ERROR_FILE_EXISTS && error != ERROR_ALREADY_EXISTS) || i > Names)
-            return static_cast<int>(error);
+            return ErrorFromSystem(error);
         copy = TemporaryName(front, std::to_wstring(i));
     }
-    const int result = CopyAccessRights(path, copy);
+    const ErrorCode result = CopyAccessRights(path, copy);
     if (result != ErrorCode::Success) ::DeleteFileW(copy.c_str());
     return result;
 }
@@ -100,7 +102,7 @@ DWORD ReplaceExisting(const std::wstring& target, const std::wstring& replacemen
 
 } // namespace
 
-int CopyAccessRights(const std::wstring& from, const std::wstring& to) {
+ErrorCode CopyAccessRights(const std::wstring& from, const std::wstring& to) {
     constexpr SECURITY_INFORMATION rights = DACL_SECURITY_INFORMATION;
     constexpr SECURITY_INFORMATION owners = OWNER_SECURITY_INFORMATION | GROUP_SECURITY_INFORMATION;
     PSID owner = nullptr;
@@ -110,7 +112,7 @@ int CopyAccessRights(const std::wstring& from, const std::wstring& to) {
     const DWORD read = ::GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, rights | owners, &owner, &group,
                                                &list, nullptr, &descriptor);
     const std::unique_ptr<void, LocalFreer> memory(descriptor);
-    if (read != ERROR_SUCCESS) return CannotReplace(read) ? ErrorCode::Success : static_cast<int>(read);
+    if (read != ERROR_SUCCESS) return CannotReplace(read) ? ErrorCode::Success : ErrorFromSystem(read);
 
     std::wstring target = to;
     // Only administrators may change the owner; for other users a failure is not an error.
@@ -121,22 +123,23 @@ int CopyAccessRights(const std::wstring& from, const std::wstring& to) {
     const SECURITY_INFORMATION inheritance = (control & SE_DACL_PROTECTED) != 0
                                                  ? PROTECTED_DACL_SECURITY_INFORMATION
                                                  : UNPROTECTED_DACL_SECURITY_INFORMATION;
-    return static_cast<int>(::SetNamedSecurityInfoW(target.data(), SE_FILE_OBJECT, rights | inheritance,
-                                                    nullptr, nullptr, list, nullptr));
+    return ErrorFromSystem(::SetNamedSecurityInfoW(target.data(), SE_FILE_OBJECT, rights | inheritance,
+                                                   nullptr, nullptr, list, nullptr));
 }
 
-int KeepCopy(const std::wstring& path, const std::wstring& copy, bool mayReplace) {
+ErrorCode KeepCopy(const std::wstring& path, const std::wstring& copy, bool mayReplace) {
     if (path.empty() || copy.empty()) return ErrorCode::PathNotFound;
     if (!mayReplace && ::GetFileAttributesW(copy.c_str()) != INVALID_FILE_ATTRIBUTES)
         return ErrorCode::AlreadyExists;
     const std::wstring front = copy + L".";
     std::wstring temporary;
-    if (const int copied = CopyToNew(path, front, temporary); copied != ErrorCode::Success) return copied;
+    if (const ErrorCode copied = CopyToNew(path, front, temporary); copied != ErrorCode::Success)
+        return copied;
     // The copy of a write-protected file is write-protected, too. It could then be neither flushed nor
     // replaced by the next copy.
     ::SetFileAttributesW(temporary.c_str(), FILE_ATTRIBUTE_NORMAL);
     SetWrittenNow(temporary);
-    int result = FlushFile(temporary);
+    ErrorCode result = FlushFile(temporary);
     const DWORD flags = MOVEFILE_WRITE_THROUGH | (mayReplace ? DWORD{MOVEFILE_REPLACE_EXISTING} : 0);
     if (result == ErrorCode::Success && ::MoveFileExW(temporary.c_str(), copy.c_str(), flags) == 0)
         result = LastError();
@@ -145,7 +148,7 @@ int KeepCopy(const std::wstring& path, const std::wstring& copy, bool mayReplace
     return result;
 }
 
-int ReplaceOrMove(const std::wstring& path, const std::wstring& replacement) {
+ErrorCode ReplaceOrMove(const std::wstring& path, const std::wstring& replacement) {
     if (path.empty() || replacement.empty()) return ErrorCode::PathNotFound;
     const std::wstring target = FinalPath(path);
     const DWORD attributes = ::GetFileAttributesW(target.c_str());
@@ -157,14 +160,14 @@ int ReplaceOrMove(const std::wstring& path, const std::wstring& replacement) {
         return ErrorCode::AccessDenied;
     if (const DWORD error = ReplaceExisting(target, replacement); error != ERROR_SUCCESS) {
         if (IsHeld(error)) return ErrorCode::SharingViolation;
-        if (!CannotReplace(error)) return static_cast<int>(error);
+        if (!CannotReplace(error)) return ErrorFromSystem(error);
         if (::MoveFileExW(replacement.c_str(), target.c_str(),
                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
             return LastError();
     }
     // The contents are already on the disk, so it does not matter if this fails because another program has
     // the file open.
-    FlushFile(target);
+    std::ignore = FlushFile(target);
     return ErrorCode::Success;
 }
 

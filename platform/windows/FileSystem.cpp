@@ -4,6 +4,7 @@
 #include "platform/windows/AbandonedFiles.h"
 #include "platform/windows/FileReplace.h"
 #include "platform/windows/Handle.h"
+#include "platform/windows/SystemError.h"
 #include "platform/windows/WideText.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ public:
     SystemReader(Handle handle, LONGLONG length)
         : m_handle(std::move(handle)), m_left(static_cast<ULONGLONG>(length)) {}
 
-    int Read(char* buffer, std::size_t capacity, std::size_t& count) override {
+    ErrorCode Read(char* buffer, std::size_t capacity, std::size_t& count) override {
         const auto portion = static_cast<DWORD>(std::min<ULONGLONG>(Portion(capacity), m_left));
         DWORD got = 0;
         const bool done = ::ReadFile(m_handle.Get(), buffer, portion, &got, nullptr) != 0;
@@ -51,7 +52,7 @@ class SystemWriter final : public FileWriter {
 public:
     explicit SystemWriter(Handle handle) : m_handle(std::move(handle)) {}
 
-    int Write(std::string_view bytes) override {
+    ErrorCode Write(std::string_view bytes) override {
         while (!bytes.empty()) {
             DWORD put = 0;
             if (::WriteFile(m_handle.Get(), bytes.data(), Portion(bytes.size()), &put, nullptr) == 0)
@@ -61,11 +62,11 @@ public:
         return ErrorCode::Success;
     }
 
-    int Flush() override {
+    ErrorCode Flush() override {
         return ::FlushFileBuffers(m_handle.Get()) != 0 ? ErrorCode::Success : LastError();
     }
 
-    int Close() override { return m_handle.Close() ? ErrorCode::Success : LastError(); }
+    ErrorCode Close() override { return m_handle.Close() ? ErrorCode::Success : LastError(); }
 
 private:
     Handle m_handle;
@@ -82,7 +83,7 @@ public:
     SystemSearch(const SystemSearch&) = delete;
     SystemSearch& operator=(const SystemSearch&) = delete;
 
-    int Next(DirectoryEntry& entry) override {
+    ErrorCode Next(DirectoryEntry& entry) override {
         WIN32_FIND_DATAW found{};
         if (::FindNextFileW(m_search, &found) == 0)
             return ::GetLastError() == ERROR_NO_MORE_FILES ? ErrorCode::NoMoreItems : LastError();
@@ -97,12 +98,12 @@ private:
 // A search for a name without wildcards, with at most one entry.
 class SingleSearch final : public DirectorySearch {
 public:
-    int Next(DirectoryEntry&) override { return ErrorCode::NoMoreItems; }
+    ErrorCode Next(DirectoryEntry&) override { return ErrorCode::NoMoreItems; }
 };
 
 class SystemFiles final : public FileSystem {
 public:
-    int Attributes(const std::string& path, std::uint32_t& attributes) override {
+    ErrorCode Attributes(const std::string& path, std::uint32_t& attributes) override {
         attributes = 0;
         const std::wstring name = FilePath(path);
         if (name.empty()) return ErrorCode::PathNotFound;
@@ -112,8 +113,8 @@ public:
         return ErrorCode::Success;
     }
 
-    int Search(const std::string& pattern, std::unique_ptr<DirectorySearch>& search,
-               DirectoryEntry& first) override {
+    ErrorCode Search(const std::string& pattern, std::unique_ptr<DirectorySearch>& search,
+                     DirectoryEntry& first) override {
         search.reset();
         const std::string name = pattern.substr(pattern.find_last_of("\\/") + 1);
         if (name.find_first_of("*?") == std::string::npos) return SearchOne(pattern, search, first);
@@ -126,13 +127,13 @@ public:
         return ErrorCode::Success;
     }
 
-    int MakeFolder(const std::string& path) override {
+    ErrorCode MakeFolder(const std::string& path) override {
         const std::wstring name = FilePath(path);
         if (name.empty()) return ErrorCode::PathNotFound;
         return ::CreateDirectoryW(name.c_str(), nullptr) != 0 ? ErrorCode::Success : LastError();
     }
 
-    int OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) override {
+    ErrorCode OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) override {
         reader.reset();
         const std::wstring name = FilePath(path);
         if (name.empty()) return ErrorCode::PathNotFound;
@@ -147,7 +148,7 @@ public:
         return ErrorCode::Success;
     }
 
-    int CreateNew(const std::string& path, std::unique_ptr<FileWriter>& writer) override {
+    ErrorCode CreateNew(const std::string& path, std::unique_ptr<FileWriter>& writer) override {
         writer.reset();
         const std::wstring name = FilePath(path);
         if (name.empty()) return ErrorCode::PathNotFound;
@@ -159,7 +160,7 @@ public:
         return ErrorCode::Success;
     }
 
-    int RemoveFile(const std::string& path) override {
+    ErrorCode RemoveFile(const std::string& path) override {
         const std::wstring name = FilePath(path);
         if (name.empty()) return ErrorCode::PathNotFound;
         return ::DeleteFileW(name.c_str()) != 0 ? ErrorCode::Success : LastError();
@@ -167,26 +168,30 @@ public:
 
     void RestoreInterrupted(const std::string& path) override { windows::RestoreInterrupted(FilePath(path)); }
 
-    int RemoveAbandoned(const std::string& path) override { return windows::RemoveAbandoned(FilePath(path)); }
+    ErrorCode RemoveAbandoned(const std::string& path) override {
+        return windows::RemoveAbandoned(FilePath(path));
+    }
 
-    int CopyAccessRights(const std::string& from, const std::string& to) override {
+    ErrorCode CopyAccessRights(const std::string& from, const std::string& to) override {
         return windows::CopyAccessRights(FilePath(from), FilePath(to));
     }
 
-    int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
+    ErrorCode KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
         return windows::KeepCopy(FilePath(path), FilePath(copy), mayReplace);
     }
 
-    int Replace(const std::string& path, const std::string& replacement) override {
+    ErrorCode Replace(const std::string& path, const std::string& replacement) override {
         return windows::ReplaceOrMove(FilePath(path), FilePath(replacement));
     }
 
 private:
     // The system's search functions find neither a path with a trailing separator nor the root of a drive.
     // The attributes show whether such a path exists.
-    int SearchOne(const std::string& path, std::unique_ptr<DirectorySearch>& search, DirectoryEntry& first) {
+    ErrorCode SearchOne(const std::string& path, std::unique_ptr<DirectorySearch>& search,
+                        DirectoryEntry& first) {
         std::uint32_t attributes = 0;
-        if (const int result = Attributes(path, attributes); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = Attributes(path, attributes); result != ErrorCode::Success)
+            return result;
         first.attributes = attributes;
         const std::size_t end = path.find_last_not_of("\\/");
         const std::string name = path.substr(0, end == std::string::npos ? 0 : end + 1);

@@ -30,9 +30,4 @@ private:
     HANDLE m_handle = INVALID_HANDLE_VALUE;
 };
 
-/// The error of the last call as a result code. Result codes have the same numbers as system errors.
-inline int LastError() {
-    return static_cast<int>(::GetLastError());
-}
-
 } // namespace nesk::platform::windows

@@ -1,12 +1,15 @@
 #include "platform/Registry.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/windows/SystemError.h"
 
 #include <windows.h>
 
 namespace nesk::platform {
 
 namespace {
+
+using windows::ErrorFromSystem;
 
 HKEY ToSystem(RegKey key) {
     if (key == LocalMachine) return HKEY_LOCAL_MACHINE;
@@ -20,16 +23,16 @@ RegKey FromSystem(HKEY key) {
 // The registry of the system, whose functions mostly have the contract of this interface.
 class SystemRegistry final : public Registry {
 public:
-    int OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
+    ErrorCode OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
         key = 0;
         if (path.starts_with('\\')) return ErrorCode::BadPathName;
         HKEY opened = nullptr;
         const LONG result = ::RegOpenKeyExA(ToSystem(parent), path.c_str(), 0, access, &opened);
         if (result == ERROR_SUCCESS) key = FromSystem(opened);
-        return static_cast<int>(result);
+        return ErrorFromSystem(result);
     }
 
-    int CreateKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
+    ErrorCode CreateKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
         key = 0;
         if (path.starts_with('\\')) return ErrorCode::BadPathName;
         HKEY opened = nullptr;
@@ -37,16 +40,16 @@ public:
         const LONG result = ::RegCreateKeyExA(ToSystem(parent), path.c_str(), 0, &noClass,
                                               REG_OPTION_NON_VOLATILE, access, nullptr, &opened, nullptr);
         if (result == ERROR_SUCCESS) key = FromSystem(opened);
-        return static_cast<int>(result);
+        return ErrorFromSystem(result);
     }
 
-    int CloseKey(RegKey key) override {
+    ErrorCode CloseKey(RegKey key) override {
         if (key == LocalMachine) return ErrorCode::Success;
-        return static_cast<int>(::RegCloseKey(ToSystem(key)));
+        return ErrorFromSystem(::RegCloseKey(ToSystem(key)));
     }
 
-    int QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
-                   std::uint32_t* size) override {
+    ErrorCode QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
+                         std::uint32_t* size) override {
         DWORD found = 0;
         DWORD length = size != nullptr ? *size : 0;
         const LONG result =
@@ -55,31 +58,32 @@ public:
         return Answer(result, found, type, length, size);
     }
 
-    int SetValue(RegKey key, const std::string& name, std::uint32_t type, std::string_view data) override {
+    ErrorCode SetValue(RegKey key, const std::string& name, std::uint32_t type,
+                       std::string_view data) override {
         // The system also reads the byte after a text and, if it is zero, stores it as part of the text. A
         // byte other than zero keeps the stored value independent of the memory after `data`.
         const std::string bytes = std::string(data) + '#';
-        return static_cast<int>(::RegSetValueExA(ToSystem(key), name.c_str(), 0, type,
-                                                 reinterpret_cast<const BYTE*>(bytes.data()),
-                                                 static_cast<DWORD>(data.size())));
+        return ErrorFromSystem(::RegSetValueExA(ToSystem(key), name.c_str(), 0, type,
+                                                reinterpret_cast<const BYTE*>(bytes.data()),
+                                                static_cast<DWORD>(data.size())));
     }
 
-    int DeleteValue(RegKey key, const std::string& name) override {
-        return static_cast<int>(::RegDeleteValueA(ToSystem(key), name.c_str()));
+    ErrorCode DeleteValue(RegKey key, const std::string& name) override {
+        return ErrorFromSystem(::RegDeleteValueA(ToSystem(key), name.c_str()));
     }
 
-    int DeleteKey(RegKey parent, const std::string& subKey) override {
+    ErrorCode DeleteKey(RegKey parent, const std::string& subKey) override {
         if (subKey.empty()) return ErrorCode::InvalidParameter;
         if (subKey.starts_with('\\')) return ErrorCode::BadPathName;
-        return static_cast<int>(::RegDeleteKeyA(ToSystem(parent), subKey.c_str()));
+        return ErrorFromSystem(::RegDeleteKeyA(ToSystem(parent), subKey.c_str()));
     }
 
-    int EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) override {
-        return static_cast<int>(::RegEnumKeyA(ToSystem(key), index, name, capacity));
+    ErrorCode EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) override {
+        return ErrorFromSystem(::RegEnumKeyA(ToSystem(key), index, name, capacity));
     }
 
-    int EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize, std::uint32_t* type,
-                  char* data, std::uint32_t* size) override {
+    ErrorCode EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
+                        std::uint32_t* type, char* data, std::uint32_t* size) override {
         DWORD nameLength = *nameSize;
         DWORD found = 0;
         DWORD length = size != nullptr ? *size : 0;
@@ -94,10 +98,11 @@ public:
 
 private:
     // Copies type and size to the caller for those results with which the system sets them.
-    static int Answer(LONG result, DWORD found, std::uint32_t* type, DWORD length, std::uint32_t* size) {
+    static ErrorCode Answer(LONG result, DWORD found, std::uint32_t* type, DWORD length,
+                            std::uint32_t* size) {
         if (result == ERROR_SUCCESS && type != nullptr) *type = found;
         if ((result == ERROR_SUCCESS || result == ERROR_MORE_DATA) && size != nullptr) *size = length;
-        return static_cast<int>(result);
+        return ErrorFromSystem(result);
     }
 };
 

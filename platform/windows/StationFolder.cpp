@@ -21,7 +21,7 @@ StationFolderState LookUpStationFolder(const std::string&) {
     return StationFolderState::NotApplicable;
 }
 
-int UseStationFolder(const std::string&) {
+ErrorCode UseStationFolder(const std::string&) {
     return ErrorCode::InvalidParameter;
 }
 
@@ -29,7 +29,7 @@ bool HasExampleStation() {
     return false;
 }
 
-int BeginStationFolder(const std::string&, bool, std::unique_ptr<NewStationFolder>&) {
+ErrorCode BeginStationFolder(const std::string&, bool, std::unique_ptr<NewStationFolder>&) {
     return ErrorCode::InvalidParameter;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/ErrorCode.h"
+
 #include <cstdint>
 #include <ostream>
 #include <string>
@@ -18,6 +20,7 @@ public:
     /// Adds a case with the same answer on every system.
     void Add(std::string_view name, const std::string& answer);
     void Add(std::string_view name, std::int64_t answer) { Add(name, std::to_string(answer)); }
+    void Add(std::string_view name, platform::ErrorCode answer) { Add(name, std::int64_t{Number(answer)}); }
 
     /// Adds a case in which Wine differs from the documented behaviour of Windows. On any other system the
     /// answer must be the documented one. On Wine the documented answer is written instead.

@@ -191,7 +191,7 @@ bool Killer::CheckValues(int started, int ended) {
     } catch (const NeskError&) {
         // The key is missing until something is written; an unusable store returns a different code.
         if (entry.LastResult() != platform::ErrorCode::FileNotFound)
-            return Fail("the settings cannot be opened: " + std::to_string(entry.LastResult()));
+            return Fail("the settings cannot be opened: " + std::to_string(Number(entry.LastResult())));
     }
     for (const TextField& text : Fields)
         stored.push_back(entry.GetString(text.name));

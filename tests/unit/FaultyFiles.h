@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -16,7 +17,7 @@ namespace nesk::testing {
 /// Describes which operations fail, and how.
 struct Fault {
     int first = 0; ///< 1-based number of the first operation that fails; 0 for no failure
-    int code = platform::ErrorCode::DiskFull;
+    platform::ErrorCode code = platform::ErrorCode::DiskFull;
     bool lasting = false; ///< every later operation fails as well
     bool done = false;    ///< the operation is carried out but reports a failure, as when a reply is lost
 };
@@ -45,53 +46,55 @@ public:
     /// The operations that failed on purpose.
     const std::vector<std::string>& Failed() const { return m_failed; }
 
-    int Attributes(const std::string& path, std::uint32_t& attributes) override {
+    platform::ErrorCode Attributes(const std::string& path, std::uint32_t& attributes) override {
         return Run("attributes", [&] { return m_files.Attributes(path, attributes); });
     }
-    int Search(const std::string& pattern, std::unique_ptr<platform::DirectorySearch>& search,
-               platform::DirectoryEntry& first) override {
+    platform::ErrorCode Search(const std::string& pattern, std::unique_ptr<platform::DirectorySearch>& search,
+                               platform::DirectoryEntry& first) override {
         return Run("search", [&] {
             std::unique_ptr<platform::DirectorySearch> found;
-            const int result = m_files.Search(pattern, found, first);
+            const platform::ErrorCode result = m_files.Search(pattern, found, first);
             if (result == platform::ErrorCode::Success)
                 search = std::make_unique<SearchUnderWay>(*this, std::move(found));
             return result;
         });
     }
-    int MakeFolder(const std::string& path) override {
+    platform::ErrorCode MakeFolder(const std::string& path) override {
         return Run("folder", [&] { return m_files.MakeFolder(path); });
     }
-    int OpenForReading(const std::string& path, std::unique_ptr<platform::FileReader>& reader) override {
+    platform::ErrorCode OpenForReading(const std::string& path,
+                                       std::unique_ptr<platform::FileReader>& reader) override {
         return Run("open", [&] {
             std::unique_ptr<platform::FileReader> file;
-            const int result = m_files.OpenForReading(path, file);
+            const platform::ErrorCode result = m_files.OpenForReading(path, file);
             if (result == platform::ErrorCode::Success)
                 reader = std::make_unique<Reader>(*this, std::move(file));
             return result;
         });
     }
-    int CreateNew(const std::string& path, std::unique_ptr<platform::FileWriter>& writer) override {
+    platform::ErrorCode CreateNew(const std::string& path,
+                                  std::unique_ptr<platform::FileWriter>& writer) override {
         return Run("create", [&] {
             std::unique_ptr<platform::FileWriter> file;
-            const int result = m_files.CreateNew(path, file);
+            const platform::ErrorCode result = m_files.CreateNew(path, file);
             if (result == platform::ErrorCode::Success)
                 writer = std::make_unique<Writer>(*this, std::move(file));
             return result;
         });
     }
-    int RemoveFile(const std::string& path) override {
+    platform::ErrorCode RemoveFile(const std::string& path) override {
         return Run("remove", [&] { return m_files.RemoveFile(path); });
     }
-    int RemoveAbandoned(const std::string& path) override {
+    platform::ErrorCode RemoveAbandoned(const std::string& path) override {
         return Run("abandoned", [&] { return m_files.RemoveAbandoned(path); });
     }
-    int CopyAccessRights(const std::string& from, const std::string& to) override {
+    platform::ErrorCode CopyAccessRights(const std::string& from, const std::string& to) override {
         return Run("rights", [&] { return m_files.CopyAccessRights(from, to); });
     }
-    int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
+    platform::ErrorCode KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
         return Run("copy", [&] { return m_files.KeepCopy(path, copy, mayReplace); });
     }
-    int Replace(const std::string& path, const std::string& replacement) override {
+    platform::ErrorCode Replace(const std::string& path, const std::string& replacement) override {
         return Run("replace", [&] { return m_files.Replace(path, replacement); });
     }
 
@@ -108,8 +111,8 @@ private:
         }
         SearchUnderWay(const SearchUnderWay&) = delete;
         SearchUnderWay& operator=(const SearchUnderWay&) = delete;
-        int Next(platform::DirectoryEntry& entry) override {
-            const int result = m_search->Next(entry);
+        platform::ErrorCode Next(platform::DirectoryEntry& entry) override {
+            const platform::ErrorCode result = m_search->Next(entry);
             if (result != platform::ErrorCode::Success) m_ended = true;
             return result;
         }
@@ -124,7 +127,7 @@ private:
     public:
         Reader(FaultyFiles& owner, std::unique_ptr<platform::FileReader> file)
             : m_owner(owner), m_file(std::move(file)) {}
-        int Read(char* buffer, std::size_t capacity, std::size_t& count) override {
+        platform::ErrorCode Read(char* buffer, std::size_t capacity, std::size_t& count) override {
             count = 0;
             return m_owner.Run("read", [&] { return m_file->Read(buffer, capacity, count); });
         }
@@ -138,19 +141,19 @@ private:
     public:
         Writer(FaultyFiles& owner, std::unique_ptr<platform::FileWriter> file)
             : m_owner(owner), m_file(std::move(file)) {}
-        int Write(std::string_view bytes) override {
+        platform::ErrorCode Write(std::string_view bytes) override {
             // A full disk writes a part of the bytes.
             return m_owner.Run(
                 "write", [&] { return m_file->Write(bytes); },
-                [&] { m_file->Write(bytes.substr(0, bytes.size() / 2)); });
+                [&] { std::ignore = m_file->Write(bytes.substr(0, bytes.size() / 2)); });
         }
-        int Flush() override {
+        platform::ErrorCode Flush() override {
             return m_owner.Run("flush", [&] { return m_file->Flush(); });
         }
-        int Close() override {
+        platform::ErrorCode Close() override {
             // A file is closed even if its last bytes cannot be written.
             return m_owner.Run(
-                "close", [&] { return m_file->Close(); }, [&] { m_file->Close(); });
+                "close", [&] { return m_file->Close(); }, [&] { std::ignore = m_file->Close(); });
         }
 
     private:
@@ -159,16 +162,17 @@ private:
     };
 
     // Runs an operation, or runs `failing` instead and returns the code of the fault.
-    int Run(const char* name, const std::function<int()>& operation,
-            const std::function<void()>& failing = {}) {
+    platform::ErrorCode Run(const char* name, const std::function<platform::ErrorCode()>& operation,
+                            const std::function<void()>& failing = {}) {
         m_operations.push_back(name);
         const int number = static_cast<int>(m_operations.size());
         if (before) before(number);
         const int last = m_fault.lasting ? std::numeric_limits<int>::max() : m_fault.first;
         if (m_fault.first == 0 || number < m_fault.first || number > last) return operation();
         m_failed.push_back(name);
+        // The caller gets the code of the fault, whatever really happened.
         if (m_fault.done)
-            operation();
+            std::ignore = operation();
         else if (failing)
             failing();
         return m_fault.code;

@@ -20,8 +20,8 @@ using nesk::testing::ErrorOf;
 using nesk::testing::FaultyFiles;
 using nesk::testing::FileBytes;
 using nesk::testing::FilesIn;
+using platform::ErrorCode;
 using platform::FileSystem;
-namespace ErrorCode = platform::ErrorCode;
 namespace fs = std::filesystem;
 
 const std::string Folder = "C:\\Data";
@@ -138,7 +138,7 @@ TEST_F(SafeFileTest, AFailureOfTheFirstSaveLeavesNoFile) {
 
 TEST_F(SafeFileTest, WhatTheErrorsSay) {
     const struct {
-        int code;
+        ErrorCode code;
         int number;
         int messageId;
     } table[] = {
@@ -152,10 +152,10 @@ TEST_F(SafeFileTest, WhatTheErrorsSay) {
     for (const auto& row : table) {
         FaultyFiles files({2, row.code});
         const NeskError error = ErrorOf([&] { Save("contents", {}, files); });
-        EXPECT_EQ(error.number, row.number) << row.code;
-        EXPECT_EQ(error.messageId, row.messageId) << row.code;
+        EXPECT_EQ(error.number, row.number) << Number(row.code);
+        EXPECT_EQ(error.messageId, row.messageId) << Number(row.code);
         const bool folder = row.code == ErrorCode::PathNotFound;
-        EXPECT_EQ(error.arguments.at(0), folder ? Folder + "\\" : Path) << row.code;
+        EXPECT_EQ(error.arguments.at(0), folder ? Folder + "\\" : Path) << Number(row.code);
     }
     station.Write(Path, "old");
     FaultyFiles files({8, ErrorCode::AccessDenied});

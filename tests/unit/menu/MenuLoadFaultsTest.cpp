@@ -14,7 +14,7 @@ namespace {
 using nesk::testing::FaultyFiles;
 using nesk::testing::FileBytes;
 using nesk::testing::FilesIn;
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 namespace fs = std::filesystem;
 
 const std::string Folder = "C:\\Neskroot";
@@ -57,7 +57,7 @@ protected:
         return files.Operations();
     }
 
-    void ExpectTold(const std::optional<NeskError>& failure, int code) {
+    void ExpectTold(const std::optional<NeskError>& failure, ErrorCode code) {
         ASSERT_TRUE(failure.has_value());
         EXPECT_EQ(failure->file, Path);
         EXPECT_EQ(failure->messageId, code == ErrorCode::SharingViolation ? Message::FileInUse
@@ -87,10 +87,10 @@ TEST_F(MenuLoadFaultsTest, EveryOperationThatFails) {
     ASSERT_GE(std::count(operations.begin() + load, operations.end(), "read"), 4);
     int last = 0;
     for (int number = 1; number <= static_cast<int>(operations.size()); ++number) {
-        for (const int code : {ErrorCode::AccessDenied, ErrorCode::SharingViolation, ErrorCode::ReadFault,
-                               ErrorCode::NotReady}) {
+        for (const ErrorCode code : {ErrorCode::AccessDenied, ErrorCode::SharingViolation,
+                                     ErrorCode::ReadFault, ErrorCode::NotReady}) {
             SCOPED_TRACE(operations[static_cast<std::size_t>(number) - 1] + " " + std::to_string(number) +
-                         ", code " + std::to_string(code));
+                         ", code " + std::to_string(Number(code)));
             fs::remove_all(TempStation::Host(Folder));
             station.Write(Path, m_bytes);
             FaultyFiles files({number, code});

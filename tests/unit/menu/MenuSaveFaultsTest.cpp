@@ -19,7 +19,7 @@ using nesk::testing::Fault;
 using nesk::testing::FaultyFiles;
 using nesk::testing::FileBytes;
 using nesk::testing::FilesIn;
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 namespace fs = std::filesystem;
 
 const std::string Folder = "C:\\Neskroot";
@@ -47,7 +47,7 @@ struct Told {
     int message;
 };
 
-Told ToldOf(int code) {
+Told ToldOf(ErrorCode code) {
     switch (code) {
     case ErrorCode::DiskFull: return {RuntimeError::DiskFull, Message::DiskFull};
     case ErrorCode::AccessDenied: return {RuntimeError::PermissionDenied, Message::PermissionDenied};
@@ -55,7 +55,7 @@ Told ToldOf(int code) {
     case ErrorCode::PathNotFound: return {RuntimeError::PathNotFound, Message::PathNotFound};
     case ErrorCode::WriteFault:
     case ErrorCode::NotReady: return {RuntimeError::DeviceError, Message::DeviceError};
-    default: ADD_FAILURE() << "no error is known for code " << code; return {0, 0};
+    default: ADD_FAILURE() << "no error is known for code " << Number(code); return {0, 0};
     }
 }
 
@@ -137,9 +137,9 @@ void MenuSaveFaultsTest::SaveWith(const Before& before, const Fault& fault, cons
     EXPECT_EQ(error.messageId, copyAlone ? Message::BackupFailed : told.message);
     if (copyAlone) {
         const std::string copy = Path + before.copy;
-        const NeskError cause(
-            told.number, error.source, told.message,
-            {fault.code == ErrorCode::PathNotFound ? Folder + "\\" : copy, std::to_string(fault.code)});
+        const NeskError cause(told.number, error.source, told.message,
+                              {fault.code == ErrorCode::PathNotFound ? Folder + "\\" : copy,
+                               std::to_string(Number(fault.code))});
         EXPECT_EQ(modUtilities::MessageText(error),
                   modStringRes::FormatResString(error.messageId, copy, modUtilities::MessageText(cause)));
     }
@@ -172,10 +172,10 @@ void MenuSaveFaultsTest::SaveWith(const Before& before, const Fault& fault, cons
 
 // Makes every operation of a save fail in turn, in every way.
 void MenuSaveFaultsTest::SaveWithEveryFault(const Before& before) {
-    const int codes[] = {ErrorCode::DiskFull,     ErrorCode::AccessDenied, ErrorCode::SharingViolation,
-                         ErrorCode::PathNotFound, ErrorCode::WriteFault,   ErrorCode::NotReady};
+    const ErrorCode codes[] = {ErrorCode::DiskFull,     ErrorCode::AccessDenied, ErrorCode::SharingViolation,
+                               ErrorCode::PathNotFound, ErrorCode::WriteFault,   ErrorCode::NotReady};
     std::vector<Fault> faults;
-    for (const int code : codes) {
+    for (const ErrorCode code : codes) {
         faults.push_back({0, code});
         faults.push_back({0, code, true});
     }
@@ -191,7 +191,7 @@ void MenuSaveFaultsTest::SaveWithEveryFault(const Before& before) {
             if (fault.done && operation == "create") continue;
             fault.first = number;
             SCOPED_TRACE("operation " + std::to_string(number) + " " + operation + ", code " +
-                         std::to_string(fault.code) + (fault.lasting ? ", lasting" : "") +
+                         std::to_string(Number(fault.code)) + (fault.lasting ? ", lasting" : "") +
                          (fault.done ? ", done all the same" : ""));
             SaveWith(before, fault, newVersion);
             ++saves;

@@ -16,37 +16,41 @@ namespace nesk::testing {
 /// The station's files without waiting for the disk, which makes thousands of saves fast.
 class QuickFiles final : public platform::FileSystem {
 public:
-    int Attributes(const std::string& path, std::uint32_t& attributes) override {
+    platform::ErrorCode Attributes(const std::string& path, std::uint32_t& attributes) override {
         return m_files.Attributes(path, attributes);
     }
-    int Search(const std::string& pattern, std::unique_ptr<platform::DirectorySearch>& search,
-               platform::DirectoryEntry& first) override {
+    platform::ErrorCode Search(const std::string& pattern, std::unique_ptr<platform::DirectorySearch>& search,
+                               platform::DirectoryEntry& first) override {
         return m_files.Search(pattern, search, first);
     }
-    int MakeFolder(const std::string& path) override { return m_files.MakeFolder(path); }
-    int OpenForReading(const std::string& path, std::unique_ptr<platform::FileReader>& reader) override {
+    platform::ErrorCode MakeFolder(const std::string& path) override { return m_files.MakeFolder(path); }
+    platform::ErrorCode OpenForReading(const std::string& path,
+                                       std::unique_ptr<platform::FileReader>& reader) override {
         return m_files.OpenForReading(path, reader);
     }
-    int CreateNew(const std::string& path, std::unique_ptr<platform::FileWriter>& writer) override {
+    platform::ErrorCode CreateNew(const std::string& path,
+                                  std::unique_ptr<platform::FileWriter>& writer) override {
         std::unique_ptr<platform::FileWriter> file;
-        const int result = m_files.CreateNew(path, file);
+        const platform::ErrorCode result = m_files.CreateNew(path, file);
         if (result == platform::ErrorCode::Success) writer = std::make_unique<Writer>(std::move(file));
         return result;
     }
-    int RemoveFile(const std::string& path) override { return m_files.RemoveFile(path); }
-    int RemoveAbandoned(const std::string& path) override { return m_files.RemoveAbandoned(path); }
-    int CopyAccessRights(const std::string& from, const std::string& to) override {
+    platform::ErrorCode RemoveFile(const std::string& path) override { return m_files.RemoveFile(path); }
+    platform::ErrorCode RemoveAbandoned(const std::string& path) override {
+        return m_files.RemoveAbandoned(path);
+    }
+    platform::ErrorCode CopyAccessRights(const std::string& from, const std::string& to) override {
         return m_files.CopyAccessRights(from, to);
     }
     // Some file systems flush a file that replaces another one, so the other file is removed first.
-    int KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
+    platform::ErrorCode KeepCopy(const std::string& path, const std::string& copy, bool mayReplace) override {
         const std::filesystem::path target = TempStation::Host(copy);
         std::error_code error;
         if (mayReplace) std::filesystem::remove(target, error);
         std::filesystem::copy_file(TempStation::Host(path), target, error);
         return error ? platform::ErrorCode::WriteFault : platform::ErrorCode::Success;
     }
-    int Replace(const std::string& path, const std::string& replacement) override {
+    platform::ErrorCode Replace(const std::string& path, const std::string& replacement) override {
         const std::filesystem::path target = TempStation::Host(path);
         std::error_code error;
         std::filesystem::remove(target, error);
@@ -58,9 +62,9 @@ private:
     class Writer final : public platform::FileWriter {
     public:
         explicit Writer(std::unique_ptr<platform::FileWriter> file) : m_file(std::move(file)) {}
-        int Write(std::string_view bytes) override { return m_file->Write(bytes); }
-        int Flush() override { return platform::ErrorCode::Success; }
-        int Close() override { return m_file->Close(); }
+        platform::ErrorCode Write(std::string_view bytes) override { return m_file->Write(bytes); }
+        platform::ErrorCode Flush() override { return platform::ErrorCode::Success; }
+        platform::ErrorCode Close() override { return m_file->Close(); }
 
     private:
         std::unique_ptr<platform::FileWriter> m_file;

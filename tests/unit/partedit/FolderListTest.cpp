@@ -7,7 +7,7 @@ namespace nesk::FolderList {
 namespace {
 
 namespace fs = std::filesystem;
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 using Names = std::vector<std::string>;
 
 class FolderListTest : public nesk::testing::CoreTest {

@@ -27,8 +27,8 @@ public:
         Add(parent, name);
         partNames.push_back(partName);
     }
-    void OnUnreadable(const std::string& path, int code, std::uint32_t) override {
-        unreadable.push_back(path + " " + std::to_string(code));
+    void OnUnreadable(const std::string& path, platform::ErrorCode code, std::uint32_t) override {
+        unreadable.push_back(path + " " + std::to_string(Number(code)));
     }
     bool OnProgress(std::size_t count) override {
         EXPECT_FALSE(calledOff) << "asked again after it was called off";

@@ -47,9 +47,10 @@ protected:
         return names;
     }
 
-    int Create(const std::string& path, const std::string& bytes) {
+    ErrorCode Create(const std::string& path, const std::string& bytes) {
         std::unique_ptr<FileWriter> writer;
-        if (const int result = files.CreateNew(path, writer); result != ErrorCode::Success) return result;
+        if (const ErrorCode result = files.CreateNew(path, writer); result != ErrorCode::Success)
+            return result;
         EXPECT_EQ(writer->Write(bytes), ErrorCode::Success);
         EXPECT_EQ(writer->Flush(), ErrorCode::Success);
         return writer->Close();
@@ -173,7 +174,7 @@ TEST_F(FileSystemTest, AFullDiskIsReported) {
     limit.rlim_cur = 1000;
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-    const int result = writer->Write(std::string(5000, 'x'));
+    const ErrorCode result = writer->Write(std::string(5000, 'x'));
     ::setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
     EXPECT_EQ(result, ErrorCode::DiskFull);

@@ -17,64 +17,67 @@ using nesk::testing::ErrorOf;
 using platform::Registry;
 using platform::RegKey;
 using Texts = std::vector<std::string>;
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 
 // The station's registry with injected failures. Keeps a list of the open keys.
 class FailingRegistry final : public Registry {
 public:
-    std::map<std::string, int> failures; // "operation name" and its result code
-    std::function<int(std::uint32_t index, char* name, std::uint32_t capacity)>
+    std::map<std::string, ErrorCode> failures; // "operation name" and its result code
+    std::function<ErrorCode(std::uint32_t index, char* name, std::uint32_t capacity)>
         enumKey; // replaces the real one
     std::set<RegKey> open;
     std::set<std::uint32_t> accesses;
 
-    int OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
+    ErrorCode OpenKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
         accesses.insert(access);
-        const int failure = Failure("open " + path);
-        return Opened(failure != 0 ? failure : m_registry.OpenKey(parent, path, access, key), key);
+        const ErrorCode failure = Failure("open " + path);
+        return Opened(failure != ErrorCode::Success ? failure : m_registry.OpenKey(parent, path, access, key),
+                      key);
     }
-    int CreateKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
+    ErrorCode CreateKey(RegKey parent, const std::string& path, std::uint32_t access, RegKey& key) override {
         accesses.insert(access);
-        const int failure = Failure("create " + path);
-        return Opened(failure != 0 ? failure : m_registry.CreateKey(parent, path, access, key), key);
+        const ErrorCode failure = Failure("create " + path);
+        return Opened(
+            failure != ErrorCode::Success ? failure : m_registry.CreateKey(parent, path, access, key), key);
     }
-    int CloseKey(RegKey key) override {
+    ErrorCode CloseKey(RegKey key) override {
         open.erase(key);
         return m_registry.CloseKey(key);
     }
-    int QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
-                   std::uint32_t* size) override {
-        const int failure = Failure("query " + name);
-        return failure != 0 ? failure : m_registry.QueryValue(key, name, type, data, size);
+    ErrorCode QueryValue(RegKey key, const std::string& name, std::uint32_t* type, char* data,
+                         std::uint32_t* size) override {
+        const ErrorCode failure = Failure("query " + name);
+        return failure != ErrorCode::Success ? failure : m_registry.QueryValue(key, name, type, data, size);
     }
-    int SetValue(RegKey key, const std::string& name, std::uint32_t type, std::string_view data) override {
-        const int failure = Failure("set " + name);
-        return failure != 0 ? failure : m_registry.SetValue(key, name, type, data);
+    ErrorCode SetValue(RegKey key, const std::string& name, std::uint32_t type,
+                       std::string_view data) override {
+        const ErrorCode failure = Failure("set " + name);
+        return failure != ErrorCode::Success ? failure : m_registry.SetValue(key, name, type, data);
     }
-    int DeleteValue(RegKey key, const std::string& name) override {
-        const int failure = Failure("delete value " + name);
-        return failure != 0 ? failure : m_registry.DeleteValue(key, name);
+    ErrorCode DeleteValue(RegKey key, const std::string& name) override {
+        const ErrorCode failure = Failure("delete value " + name);
+        return failure != ErrorCode::Success ? failure : m_registry.DeleteValue(key, name);
     }
-    int DeleteKey(RegKey parent, const std::string& subKey) override {
-        const int failure = Failure("delete " + subKey);
-        return failure != 0 ? failure : m_registry.DeleteKey(parent, subKey);
+    ErrorCode DeleteKey(RegKey parent, const std::string& subKey) override {
+        const ErrorCode failure = Failure("delete " + subKey);
+        return failure != ErrorCode::Success ? failure : m_registry.DeleteKey(parent, subKey);
     }
-    int EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) override {
+    ErrorCode EnumKey(RegKey key, std::uint32_t index, char* name, std::uint32_t capacity) override {
         return enumKey ? enumKey(index, name, capacity) : m_registry.EnumKey(key, index, name, capacity);
     }
-    int EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize, std::uint32_t* type,
-                  char* data, std::uint32_t* size) override {
+    ErrorCode EnumValue(RegKey key, std::uint32_t index, char* name, std::uint32_t* nameSize,
+                        std::uint32_t* type, char* data, std::uint32_t* size) override {
         return m_registry.EnumValue(key, index, name, nameSize, type, data, size);
     }
     std::string Location() const override { return m_registry.Location(); }
 
 private:
-    int Failure(const std::string& call) const {
+    ErrorCode Failure(const std::string& call) const {
         const auto found = failures.find(call);
         return found != failures.end() ? found->second : ErrorCode::Success;
     }
 
-    int Opened(int result, RegKey& key) {
+    ErrorCode Opened(ErrorCode result, RegKey& key) {
         if (result == ErrorCode::Success)
             open.insert(key);
         else

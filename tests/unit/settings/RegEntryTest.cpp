@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <tuple>
 
 namespace nesk {
 namespace {
@@ -23,10 +24,12 @@ protected:
         char data[512] = {};
         std::uint32_t size = sizeof data;
         std::uint32_t type = 0;
-        registry.OpenKey(platform::LocalMachine, Base + key, platform::RegAccess::Read, handle);
-        const int result = registry.QueryValue(handle, name, &type, data, &size);
-        registry.CloseKey(handle);
-        return result == 0 ? std::to_string(type) + ":" + std::string(data, size) : "none";
+        // Without the key, the query fails, too.
+        std::ignore = registry.OpenKey(platform::LocalMachine, Base + key, platform::RegAccess::Read, handle);
+        const platform::ErrorCode result = registry.QueryValue(handle, name, &type, data, &size);
+        std::ignore = registry.CloseKey(handle); // it is open only if the key exists
+        return result == platform::ErrorCode::Success ? std::to_string(type) + ":" + std::string(data, size)
+                                                      : "none";
     }
 
     // Writes bytes of any type below `Base`, or at a full path of their own.
@@ -35,17 +38,17 @@ protected:
         platform::Registry& registry = platform::StationRegistry();
         platform::RegKey handle = 0;
         ASSERT_EQ(registry.CreateKey(platform::LocalMachine, path, platform::RegAccess::ReadWrite, handle),
-                  0);
-        ASSERT_EQ(registry.SetValue(handle, name, type, data), 0);
-        registry.CloseKey(handle);
+                  platform::ErrorCode::Success);
+        ASSERT_EQ(registry.SetValue(handle, name, type, data), platform::ErrorCode::Success);
+        ASSERT_EQ(registry.CloseKey(handle), platform::ErrorCode::Success);
     }
 
     static bool Exists(const std::string& path) {
         platform::RegKey handle = 0;
-        const int result = platform::StationRegistry().OpenKey(platform::LocalMachine, path,
-                                                               platform::RegAccess::Read, handle);
-        platform::StationRegistry().CloseKey(handle);
-        return result == 0;
+        const platform::ErrorCode result = platform::StationRegistry().OpenKey(
+            platform::LocalMachine, path, platform::RegAccess::Read, handle);
+        std::ignore = platform::StationRegistry().CloseKey(handle); // it is open only if the key exists
+        return result == platform::ErrorCode::Success;
     }
 
     static Texts Subkeys(RegEntry& entry) {

@@ -152,7 +152,7 @@ TEST_F(StartupTest, ADamagedStore) {
     const std::string store = platform::StationRegistry().Location();
     EXPECT_TRUE(store.ends_with("\\registry.db"));
     EXPECT_EQ(messages.at(0).text,
-              FormatResString(Message::StoreDamaged, store, platform::ErrorCode::BadDatabase));
+              FormatResString(Message::StoreDamaged, store, Number(platform::ErrorCode::BadDatabase)));
     EXPECT_NE(messages[0].text.find(store), std::string::npos);
     EXPECT_EQ(messages[0].options, modMessageBox::Option::Exclamation);
     EXPECT_EQ(nesk::testing::FileBytes(store), bytes) << "the damaged store is left as it is";
@@ -174,7 +174,7 @@ TEST_F(StartupTest, AStoreWithDamagedPages) {
     EXPECT_EQ(Start(), 1);
     EXPECT_EQ(messages.at(0).text,
               FormatResString(Message::StoreDamaged, platform::StationRegistry().Location(),
-                              platform::ErrorCode::RegistryCorrupt));
+                              Number(platform::ErrorCode::RegistryCorrupt)));
 }
 #endif
 
@@ -184,7 +184,7 @@ TEST_F(StartupTest, AStoreThatMayNotBeOpened) {
     EXPECT_EQ(Start(), 1);
     EXPECT_EQ(messages.at(0).text,
               FormatResString(Message::StoreDenied, platform::StationRegistry().Location(),
-                              platform::ErrorCode::AccessDenied));
+                              Number(platform::ErrorCode::AccessDenied)));
 }
 
 TEST_F(StartupTest, AFailureOfTheWindowIsReported) {

@@ -13,8 +13,8 @@ namespace nesk {
 namespace {
 
 namespace fs = std::filesystem;
-namespace ErrorCode = platform::ErrorCode;
 using nesk::testing::ChildEnd;
+using platform::ErrorCode;
 
 // Counts the entries found and records those that cannot be read.
 class Counter : public PartScanVisitor {
@@ -28,8 +28,8 @@ public:
         ++parts;
         names.insert(name);
     }
-    void OnUnreadable(const std::string& path, int code, std::uint32_t) override {
-        unreadable.push_back(path + " " + std::to_string(code));
+    void OnUnreadable(const std::string& path, platform::ErrorCode code, std::uint32_t) override {
+        unreadable.push_back(path + " " + std::to_string(Number(code)));
     }
     bool OnProgress(std::size_t) override { return true; }
 
@@ -81,7 +81,7 @@ TEST_F(HostileFoldersTest, LinksToThemselvesAndToParents) {
     EXPECT_LT(m_found.folders, 100u);
     EXPECT_TRUE(m_found.names.contains("here"));
     ASSERT_FALSE(m_found.unreadable.empty());
-    const std::string code = " " + std::to_string(ErrorCode::PathNotFound);
+    const std::string code = " " + std::to_string(Number(ErrorCode::PathNotFound));
     EXPECT_EQ(m_found.unreadable[0].substr(m_found.unreadable[0].rfind('\\')), "\\self" + code);
 }
 
@@ -112,7 +112,7 @@ TEST_F(HostileFoldersTest, NamesOfEveryKind) {
     EXPECT_EQ(m_found.folders, 5u);
     EXPECT_EQ(m_found.unreadable.size(), 2u);
     for (const std::string& text : m_found.unreadable)
-        EXPECT_TRUE(text.ends_with(" " + std::to_string(ErrorCode::InvalidName))) << text;
+        EXPECT_TRUE(text.ends_with(" " + std::to_string(Number(ErrorCode::InvalidName)))) << text;
 }
 
 TEST_F(HostileFoldersTest, FoldersDeeperThanAPathMayBe) {
@@ -131,7 +131,7 @@ TEST_F(HostileFoldersTest, FoldersDeeperThanAPathMayBe) {
     EXPECT_GT(m_found.folders, 10u);
     EXPECT_LT(m_found.folders, 20u);
     ASSERT_EQ(m_found.unreadable.size(), 1u);
-    EXPECT_TRUE(m_found.unreadable[0].ends_with(" " + std::to_string(ErrorCode::InvalidName)));
+    EXPECT_TRUE(m_found.unreadable[0].ends_with(" " + std::to_string(Number(ErrorCode::InvalidName))));
 }
 
 TEST_F(HostileFoldersTest, AFolderThatMayNotBeRead) {
@@ -144,8 +144,9 @@ TEST_F(HostileFoldersTest, AFolderThatMayNotBeRead) {
         Scan();
         EXPECT_EQ(m_found.folders, 2u);
         EXPECT_EQ(m_found.parts, 1u);
-        EXPECT_EQ(m_found.unreadable,
-                  std::vector<std::string>{"D:\\Parts\\locked " + std::to_string(ErrorCode::AccessDenied)});
+        EXPECT_EQ(
+            m_found.unreadable,
+            std::vector<std::string>{"D:\\Parts\\locked " + std::to_string(Number(ErrorCode::AccessDenied))});
         std::vector<std::string> names;
         EXPECT_EQ(FolderList::Read("D:\\Parts\\locked", names), ErrorCode::AccessDenied);
         EXPECT_TRUE(names.empty());

@@ -12,7 +12,7 @@ namespace {
 using nesk::testing::BecomePlainUser;
 using nesk::testing::ChildEnd;
 using nesk::testing::InChildProcess;
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 namespace fs = std::filesystem;
 
 const std::string Path = "C:\\Data\\menu.cfg";

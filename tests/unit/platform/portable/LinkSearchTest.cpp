@@ -23,7 +23,7 @@ TEST(LinkSearchTest, ASearchTellsWhatIsALink) {
     std::map<std::string, std::uint32_t> found;
     std::unique_ptr<DirectorySearch> search;
     DirectoryEntry entry;
-    int result = StationFiles().Search("C:\\*.*", search, entry);
+    ErrorCode result = StationFiles().Search("C:\\*.*", search, entry);
     for (; result == ErrorCode::Success; result = search->Next(entry))
         found[entry.name] = entry.attributes;
     EXPECT_EQ(result, ErrorCode::NoMoreItems);

@@ -22,7 +22,9 @@ protected:
     void InProgram(const std::function<void()>& action, bool fromGroup = false) {
         EXPECT_EQ(nesk::testing::InChildProcess([&] {
                       portable::UseStation(station.Folder());
-                      if (fromGroup) Reg().EndGroup();
+                      if (fromGroup) {
+                          EXPECT_EQ(Reg().EndGroup(), ErrorCode::Success);
+                      }
                       action();
                       return true;
                   }),
@@ -67,7 +69,7 @@ TEST_F(RegistryGroupTest, TheOutermostCounts) {
             const RegistryGroup inner(Reg());
             EXPECT_EQ(Set(Create("Key"), "a", "1"), ErrorCode::Success);
         }
-        Set(Create("Key"), "b", "2");
+        EXPECT_EQ(Set(Create("Key"), "b", "2"), ErrorCode::Success);
     });
     ExpectStored("a", "1");
     ExpectStored("b", "2");
@@ -96,7 +98,7 @@ TEST_F(RegistryGroupTest, AStepThatFailsTakesNothingElseBack) {
 // Two programs that increment the same counter must not both start from the same number.
 TEST_F(RegistryGroupTest, WhatIsReadInItStaysTrueUntilItsEnd) {
     const FakeBusyClock clock;
-    InProgram([&] { Set(Create("Key"), "n", "5"); });
+    InProgram([&] { EXPECT_EQ(Set(Create("Key"), "n", "5"), ErrorCode::Success); });
     InProgram([&] {
         const RegKey key = Create("Key");
         RegistryGroup group(Reg());
@@ -110,7 +112,7 @@ TEST_F(RegistryGroupTest, WhatIsReadInItStaysTrueUntilItsEnd) {
 
 TEST_F(RegistryGroupTest, WhatItCouldNotReadItDoesNotOverwrite) {
     const FakeBusyClock clock;
-    InProgram([&] { Set(Create("Key"), "n", "5"); });
+    InProgram([&] { EXPECT_EQ(Set(Create("Key"), "n", "5"), ErrorCode::Success); });
     InProgram([&] {
         const RegKey key = Create("Key");
         sqlite3* other = nullptr;
@@ -120,7 +122,7 @@ TEST_F(RegistryGroupTest, WhatItCouldNotReadItDoesNotOverwrite) {
         EXPECT_EQ(Get(key, "n"), std::nullopt);
         sqlite3_close(other);
         EXPECT_EQ(Set(key, "n", "1"), ErrorCode::Busy);
-        group.End();
+        EXPECT_EQ(group.End(), ErrorCode::Success);
         EXPECT_EQ(Get(key, "n"), "5") << "the next one begins afresh";
         EXPECT_EQ(Set(key, "n", "6"), ErrorCode::Success);
     });

@@ -148,7 +148,10 @@ TEST_F(RegistryProcessTest, LeaveASoundStoreWhenTheyAreKilled) {
                 ASSERT_EQ(ErrorCode::Success, Set(key, "x", Whole(number)));
                 ASSERT_EQ(ErrorCode::Success, Set(LocalMachine, "last", std::to_string(number)));
                 ASSERT_EQ(ErrorCode::Success, Reg().CloseKey(key));
-                if (number % 5 == 0) Reg().DeleteKey(LocalMachine, "A\\B" + std::to_string(number % 7));
+                if (number % 5 == 0) {
+                    ASSERT_EQ(ErrorCode::Success,
+                              Reg().DeleteKey(LocalMachine, "A\\B" + std::to_string(number % 7)));
+                }
                 ASSERT_EQ(static_cast<ssize_t>(sizeof number), ::write(progress[1], &number, sizeof number));
             }
         });

@@ -12,6 +12,7 @@
 #include <set>
 #include <sqlite3.h>
 #include <sys/resource.h>
+#include <tuple>
 
 namespace nesk::platform {
 namespace {
@@ -203,19 +204,20 @@ TEST_F(RegistryStoreTest, TellsThatTheStoreIsDamaged) {
         WriteStore(damaged);
         Close();
         RegKey opened = 0;
-        int result = Reg().OpenKey(LocalMachine, "A", RegAccess::Read, opened);
+        ErrorCode result = Reg().OpenKey(LocalMachine, "A", RegAccess::Read, opened);
         for (int i = 0; i < 20 && result == ErrorCode::Success; ++i) {
             std::uint32_t size = 0;
             result = Reg().QueryValue(opened, "value" + std::to_string(i), nullptr, nullptr, &size);
         }
-        EXPECT_TRUE(result == ErrorCode::BadDatabase || result == ErrorCode::RegistryCorrupt) << result;
+        EXPECT_TRUE(result == ErrorCode::BadDatabase || result == ErrorCode::RegistryCorrupt)
+            << Number(result);
     }
 }
 
 // Performs every operation on the store, whatever its state, and records the results.
 class StoreUser {
 public:
-    std::set<int> results;
+    std::set<ErrorCode> results;
 
     void UseKey(RegKey key) {
         std::array<char, 512> name{};
@@ -226,18 +228,19 @@ public:
             std::uint32_t nameSize = name.size();
             auto size = static_cast<std::uint32_t>(data.size());
             std::uint32_t type = 0;
-            const int result = Reg().EnumValue(key, i, name.data(), &nameSize, &type, data.data(), &size);
+            const ErrorCode result =
+                Reg().EnumValue(key, i, name.data(), &nameSize, &type, data.data(), &size);
             if (Note(result) == ErrorCode::NoMoreItems) break;
             if (result != ErrorCode::Success) continue;
             size = static_cast<std::uint32_t>(data.size());
-            Note(Reg().QueryValue(key, {name.data(), nameSize}, &type, data.data(), &size));
+            results.insert(Reg().QueryValue(key, {name.data(), nameSize}, &type, data.data(), &size));
         }
         RegistryGroup group(Reg());
-        Note(Reg().SetValue(key, "value1", RegType::Text, "other"));
-        Note(Reg().SetValue(key, "new", RegType::Text, "new"));
-        Note(Reg().DeleteValue(key, "value2"));
-        Note(Reg().DeleteKey(key, "Below"));
-        Note(group.End());
+        results.insert(Reg().SetValue(key, "value1", RegType::Text, "other"));
+        results.insert(Reg().SetValue(key, "new", RegType::Text, "new"));
+        results.insert(Reg().DeleteValue(key, "value2"));
+        results.insert(Reg().DeleteKey(key, "Below"));
+        results.insert(group.End());
     }
 
     void Use() {
@@ -245,10 +248,10 @@ public:
             RegKey key = 0;
             if (Note(Reg().OpenKey(LocalMachine, path, RegAccess::ReadWrite, key)) == ErrorCode::Success)
                 UseKey(key);
-            Reg().CloseKey(key);
+            std::ignore = Reg().CloseKey(key); // it is open only if the store is usable
             if (Note(Reg().CreateKey(LocalMachine, path, RegAccess::ReadWrite, key)) == ErrorCode::Success)
                 UseKey(key);
-            Reg().CloseKey(key);
+            std::ignore = Reg().CloseKey(key); // it is open only if the store is usable
         }
     }
 
@@ -258,7 +261,7 @@ private:
 
     static Registry& Reg() { return StationRegistry(); }
 
-    int Note(int result) {
+    ErrorCode Note(ErrorCode result) {
         results.insert(result);
         return result;
     }
@@ -295,7 +298,7 @@ TEST_F(RegistryStoreTest, GoesOnWithAStoreThatIsSpoiledAnywhere) {
     const std::string sound = StoreBytes();
     ASSERT_GT(sound.size(), 30000U);
 
-    const std::set<int> laidDown = {
+    const std::set<ErrorCode> laidDown = {
         ErrorCode::Success,     ErrorCode::FileNotFound,     ErrorCode::AccessDenied,
         ErrorCode::DiskFull,    ErrorCode::WriteFault,       ErrorCode::OutOfMemory,
         ErrorCode::Busy,        ErrorCode::MoreData,         ErrorCode::NoMoreItems,
@@ -309,8 +312,8 @@ TEST_F(RegistryStoreTest, GoesOnWithAStoreThatIsSpoiledAnywhere) {
         StoreUser user;
         user.Use();
         Close();
-        for (const int result : user.results)
-            EXPECT_TRUE(laidDown.contains(result)) << "round " << round << ": " << result;
+        for (const ErrorCode result : user.results)
+            EXPECT_TRUE(laidDown.contains(result)) << "round " << round << ": " << Number(result);
         const bool told = user.results.contains(ErrorCode::BadDatabase) ||
                           user.results.contains(ErrorCode::RegistryCorrupt);
         ++(told ? harmed : unharmed);
@@ -362,7 +365,7 @@ TEST_F(RegistryStoreTest, TellsThatAFolderIsInItsPlace) {
 }
 
 TEST_F(RegistryStoreTest, TranslatesTheCodesOfTheDatabase) {
-    const std::vector<std::pair<int, int>> codes = {
+    const std::vector<std::pair<int, ErrorCode>> codes = {
         {SQLITE_OK, ErrorCode::Success},
         {SQLITE_DONE, ErrorCode::Success},
         {SQLITE_BUSY, ErrorCode::Busy},
@@ -410,7 +413,7 @@ TEST_F(RegistryStoreTest, NothingOfAGroupIsStoredThatFailedInItsMiddle) {
         constexpr rlim_t megabyte = 1 << 20;
         const rlimit limit{megabyte, RLIM_INFINITY};
         ASSERT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &limit));
-        int result = ErrorCode::Success;
+        ErrorCode result = ErrorCode::Success;
         int written = 0;
         for (; written < 100 && result == ErrorCode::Success; ++written)
             result = Set(key, "large" + std::to_string(written), std::string(100'000, 'y'));

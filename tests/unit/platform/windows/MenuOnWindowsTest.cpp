@@ -167,7 +167,7 @@ TEST_F(MenuOnWindowsTest, AFolderBeyondTheLengthOfOldPaths) {
     platform::FileSystem& files = platform::StationFiles();
     std::string folder = "C:\\Neskroot";
     while (folder.size() < 400) {
-        ASSERT_TRUE(files.MakeFolder(folder) == 0 || folder == Folder) << folder;
+        ASSERT_TRUE(files.MakeFolder(folder) == platform::ErrorCode::Success || folder == Folder) << folder;
         folder += "\\a folder with a long name";
     }
     ASSERT_EQ(platform::ErrorCode::Success, files.MakeFolder(folder));

@@ -26,7 +26,7 @@ TEST(RegistryKeyTest, KeysHaveNoClassAndStay) {
     EXPECT_EQ(ERROR_SUCCESS, ::RegCreateKeyExA(handle, "Child", 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_READ,
                                                nullptr, &child, nullptr));
     ::RegCloseKey(child);
-    StationRegistry().CloseKey(key);
+    EXPECT_EQ(ErrorCode::Success, StationRegistry().CloseKey(key));
 }
 
 } // namespace

@@ -13,7 +13,7 @@ namespace {
 
 using modStringRes::FormatResString;
 using nesk::testing::ErrorOf;
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 
 const std::string Key = "SOFTWARE\\Quarndale\\Neskworks";
 constexpr const char* FullAccess = "D:P(A;;KA;;;WD)";
@@ -86,8 +86,9 @@ TEST_F(SettingsAccessTest, TheProgramStartsAndSaysSo) {
         Expect();
         Startup::Main([&] { shown = true; });
         EXPECT_TRUE(shown);
-        EXPECT_EQ(FormatResString(Message::StoreDenied, "HKEY_LOCAL_MACHINE", ErrorCode::AccessDenied),
-                  messages.back().text)
+        EXPECT_EQ(
+            FormatResString(Message::StoreDenied, "HKEY_LOCAL_MACHINE", Number(ErrorCode::AccessDenied)),
+            messages.back().text)
             << rights;
     }
 }

@@ -27,7 +27,7 @@ namespace {
 
 using namespace nesk::testing;
 using modStringRes::FormatResString;
-namespace ErrorCode = platform::ErrorCode;
+using platform::ErrorCode;
 namespace fs = std::filesystem;
 
 // What the user is told, and what is preserved, if the settings store cannot be used.
@@ -76,14 +76,14 @@ protected:
     }
 
     // Starts the program and expects one message.
-    void ExpectStart(int message, int code) {
+    void ExpectStart(int message, ErrorCode code) {
         int shown = 0;
         Expect();
         Startup::Main([&] { ++shown; });
         EXPECT_EQ(shown, 1) << "the program goes on";
         ASSERT_FALSE(messages.empty());
         EXPECT_EQ(messages.back().text,
-                  FormatResString(message, platform::StationRegistry().Location(), code));
+                  FormatResString(message, platform::StationRegistry().Location(), Number(code)));
     }
 
     static std::string Reason(int message) {
@@ -188,20 +188,20 @@ TEST_F(StoreFaultsTest, ADamagedStore) {
     ASSERT_GT(sound.size(), 4096U);
     const struct {
         std::string bytes;
-        int code;
+        ErrorCode code;
     } table[] = {
         {std::string(5000, 'x'), ErrorCode::BadDatabase},
         {sound.substr(0, 100) + std::string(sound.size() - 100, '\xA5'), ErrorCode::RegistryCorrupt},
     };
     for (const auto& row : table) {
-        SCOPED_TRACE(row.code);
+        SCOPED_TRACE(Number(row.code));
         for (const char* end : {"-wal", "-shm"})
             fs::remove(Store().string() + end);
         std::ofstream(Store(), std::ios::binary) << row.bytes;
         Close();
         ExpectStart(Message::StoreDamaged, row.code);
         ExpectNotSaved(
-            FormatResString(Message::FileDamaged, platform::StationRegistry().Location(), row.code));
+            FormatResString(Message::FileDamaged, platform::StationRegistry().Location(), Number(row.code)));
         Close();
         EXPECT_TRUE(FileBytes(platform::StationRegistry().Location()) == row.bytes) << "it was changed";
     }
@@ -222,7 +222,7 @@ TEST_F(StoreFaultsTest, AValueThatCannotBeRead) {
         for (const char* name : {"Filler1", "Filler2"})
             ASSERT_EQ(ErrorCode::Success, platform::StationRegistry().SetValue(
                                               key, name, platform::RegType::Text, std::string(3000, 'f')));
-        platform::StationRegistry().CloseKey(key);
+        ASSERT_EQ(ErrorCode::Success, platform::StationRegistry().CloseKey(key));
         entry.SetString("PrinterZoom", "the zoom of before");
     }
     Close();
@@ -251,7 +251,8 @@ TEST_F(StoreFaultsTest, AValueThatCannotBeRead) {
     record.Save();
     ASSERT_EQ(messages.size(), 1U);
     EXPECT_NE(messages[0].text.find("PrinterZoom"), std::string::npos) << messages[0].text;
-    EXPECT_NE(messages[0].text.find(FormatResString(Message::FileDamaged, path, ErrorCode::RegistryCorrupt)),
+    EXPECT_NE(messages[0].text.find(
+                  FormatResString(Message::FileDamaged, path, Number(ErrorCode::RegistryCorrupt))),
               std::string::npos)
         << messages[0].text;
     Close();
@@ -297,7 +298,7 @@ TEST_F(StoreFaultsTest, ADiskWithoutSpace) {
                   const rlimit limit{16, RLIM_INFINITY};
                   EXPECT_EQ(0, ::setrlimit(RLIMIT_FSIZE, &limit));
                   ExpectNotSaved(FormatResString(Message::DeviceError, platform::StationRegistry().Location(),
-                                                 ErrorCode::RegistryIoFailed),
+                                                 Number(ErrorCode::RegistryIoFailed)),
                                  "C:\\New", "The settings have not been saved.");
                   EXPECT_EQ(StoredRoot(), "C:\\Old");
                   const rlimit none{RLIM_INFINITY, RLIM_INFINITY};

@@ -2,6 +2,7 @@
 
 #include "base/Messages.h"
 #include "base/NeskError.h"
+#include "platform/ErrorCode.h"
 #include "platform/StationFolder.h"
 #include "platform/portable/Station.h"
 #include "settings/NeskRegistry.h"
@@ -102,9 +103,9 @@ TEST_F(StationCreationTest, AFolderThatHoldsSomethingIsRefused) {
 TEST_F(StationCreationTest, AFolderThatIsFilledMeanwhileIsNotReplaced) {
     std::unique_ptr<platform::NewStationFolder> made;
     const std::string folder = (m_place / "new").string();
-    ASSERT_EQ(platform::BeginStationFolder(folder, false, made), 0);
+    ASSERT_EQ(platform::BeginStationFolder(folder, false, made), platform::ErrorCode::Success);
     fs::create_directories(m_place / "new" / "x");
-    EXPECT_NE(made->Finish(), 0);
+    EXPECT_NE(made->Finish(), platform::ErrorCode::Success);
     made.reset();
     EXPECT_EQ(Left(), "new ") << "nothing is left of what was begun";
     EXPECT_TRUE(fs::exists(m_place / "new" / "x"));
