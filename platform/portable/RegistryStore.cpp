@@ -66,6 +66,13 @@ ErrorCode MakeTables(Database& database) {
     return transaction.Commit();
 }
 
+// Asks for a write-ahead log. A refusal may be reported as an error or as the mode that stays.
+bool HasWriteAheadLog(Database& database) {
+    Statement mode(database, "PRAGMA journal_mode = WAL");
+    bool row = false;
+    return mode.Step(row) == ErrorCode::Success && row && mode.Bytes(0) == "wal";
+}
+
 // Checks that the store is ours before it changes anything.
 ErrorCode Prepare(Database& database) {
     std::int64_t version = 0;
@@ -74,11 +81,10 @@ ErrorCode Prepare(Database& database) {
     if (version == 0)
         if (const ErrorCode result = MakeTables(database); result != ErrorCode::Success) return result;
     // With a write-ahead log, committed data survives a kill at any moment, and readers do not wait for a
-    // writer in another program or block it. NORMAL can lose the last writes in a power failure, but never
-    // damages the store. If a statement fails, for example in a store that may only be read, SQLite's
-    // own setting stays.
-    std::ignore = database.Execute("PRAGMA journal_mode = WAL");
-    std::ignore = database.Execute("PRAGMA synchronous = NORMAL");
+    // writer in another program or block it. NORMAL can then lose the last writes in a power failure, but
+    // never damages the store. Where there can be no such log, for example in a store that may only be read,
+    // SQLite's own settings stay, because without the log NORMAL would be a danger.
+    if (HasWriteAheadLog(database)) std::ignore = database.Execute("PRAGMA synchronous = NORMAL");
     return database.Execute("PRAGMA foreign_keys = ON");
 }
 
