@@ -9,11 +9,13 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include <wx/window.h>
+#include <wx/wupdlock.h>
 
 namespace nesk {
 
@@ -45,7 +47,7 @@ FormMenuTree::~FormMenuTree() {
 }
 
 void FormMenuTree::ClearTree() {
-    m_expanded.clear();
+    m_lastExpanded.reset();
     m_view.Clear();
 }
 
@@ -113,9 +115,15 @@ public:
         const TreeView::Scroll scroll = tree.m_view.ScrollPosition();
         m_top = KeyOf(scroll.top);
         m_offset = scroll.offset;
+        Ids expanded = ExpandedFrom(*tree.m_view.Root(), std::string(MenuId::Root));
+        m_isShared = tree.m_lastExpanded != nullptr && *tree.m_lastExpanded == expanded;
+        if (!m_isShared) tree.m_lastExpanded = std::make_shared<const Ids>(std::move(expanded));
+        m_expanded = tree.m_lastExpanded;
     }
 
     void Restore() override {
+        const wxWindowUpdateLocker locker(&m_tree.Window());
+        m_tree.ShowExpanded(*m_expanded);
         std::vector<TreeNode*> nodes;
         for (const std::string& id : m_selected)
             if (TreeNode* node = m_tree.NodeOf(id)) nodes.push_back(node);
@@ -128,16 +136,23 @@ public:
     }
 
     std::size_t Bytes() const override {
-        std::size_t bytes = sizeof *this + m_current.size() + m_top.size();
-        for (const std::string& id : m_selected)
+        std::size_t bytes = sizeof *this + m_current.size() + m_top.size() + BytesOf(m_selected);
+        return m_isShared ? bytes : bytes + BytesOf(*m_expanded);
+    }
+
+private:
+    static std::size_t BytesOf(const Ids& ids) {
+        std::size_t bytes = 0;
+        for (const std::string& id : ids)
             bytes += sizeof id + id.size();
         return bytes;
     }
 
-private:
     FormMenuTree& m_tree;
-    std::vector<std::string> m_selected;
+    Ids m_selected;
     std::string m_current;
+    std::shared_ptr<const Ids> m_expanded;
+    bool m_isShared = false; // an earlier context has the same list
     std::string m_top;
     int m_offset = 0;
 };
@@ -147,31 +162,35 @@ std::unique_ptr<EditContext> FormMenuTree::Context() {
     return std::make_unique<ViewContext>(*this);
 }
 
-void FormMenuTree::RememberExpansion(const std::string& id, const TreeNode& node) {
-    std::vector<std::string> expanded;
-    std::vector<std::pair<const TreeNode*, std::string>> open{{&node, ""}};
+// Ids of the expanded entries that can be seen, from top to bottom, each before those below it.
+// @param id  id of the node, with which the ids begin
+FormMenuTree::Ids FormMenuTree::ExpandedFrom(const TreeNode& node, const std::string& id) {
+    Ids expanded;
+    std::vector<std::pair<const TreeNode*, std::string>> open{{&node, id}};
     while (!open.empty()) {
-        const auto [at, below] = std::move(open.back());
+        const auto [at, own] = std::move(open.back());
         open.pop_back();
         if (!at->IsExpanded()) continue;
-        expanded.push_back(below);
-        for (std::size_t i = 0; i < at->ChildCount(); ++i)
-            if (const TreeNode& child = at->Child(i); child.IsExpanded())
-                open.emplace_back(&child, below + "." + child.Key());
+        for (std::size_t i = at->ChildCount(); i > 0; --i)
+            if (const TreeNode& child = at->Child(i - 1); child.IsExpanded())
+                open.emplace_back(&child, own + "." + child.Key());
+        expanded.push_back(own);
     }
-    if (expanded.empty())
-        m_expanded.erase(id);
-    else
-        m_expanded[id] = std::move(expanded);
+    return expanded;
 }
 
-void FormMenuTree::RestoreExpansion(const std::string& formerId, const std::string& id) {
-    const auto found = m_expanded.find(formerId);
-    if (found == m_expanded.end()) return;
-    const std::vector<std::string> expanded = std::move(found->second);
-    m_expanded.erase(found);
-    for (const std::string& below : expanded)
-        if (TreeNode* node = NodeOf(id + below)) m_view.Expand(*node);
+// Expands and collapses entries until just these are expanded.
+void FormMenuTree::ShowExpanded(const Ids& expanded) {
+    const Ids now = ExpandedFrom(*m_view.Root(), std::string(MenuId::Root));
+    if (now == expanded) return;
+    const std::set<std::string_view> wanted(expanded.begin(), expanded.end());
+    // From below, so that an entry can still be found when its parent is collapsed.
+    for (auto id = now.rbegin(); id != now.rend(); ++id)
+        if (TreeNode* node = NodeOf(*id); node != nullptr && !wanted.contains(*id)) m_view.Collapse(*node);
+    const std::set<std::string_view> shown(now.begin(), now.end());
+    for (const std::string& id : expanded)
+        if (!shown.contains(id))
+            if (TreeNode* node = NodeOf(id)) m_view.Expand(*node);
 }
 
 // --- changes ---
@@ -179,15 +198,9 @@ void FormMenuTree::RestoreExpansion(const std::string& formerId, const std::stri
 void FormMenuTree::Follow(const MenuEvent& event) {
     switch (event.kind) {
     case MenuEvent::Kind::None: break;
-    case MenuEvent::Kind::Added:
-        Place(event);
-        RestoreExpansion(event.id, event.id);
-        break;
+    case MenuEvent::Kind::Added: Place(event); break;
     case MenuEvent::Kind::Removed:
-        if (TreeNode* node = NodeOf(event.id)) {
-            RememberExpansion(event.id, *node);
-            m_view.Remove(*node);
-        }
+        if (TreeNode* node = NodeOf(event.id)) m_view.Remove(*node);
         break;
     case MenuEvent::Kind::Moved: Move(event); break;
     case MenuEvent::Kind::Edited:
@@ -218,12 +231,14 @@ void FormMenuTree::Move(const MenuEvent& event) {
         node->SetKey(std::string(MenuId::Parts(event.id).back()));
     } else {
         // The children of the new parent have no nodes yet. The entry gets its node together with them.
+        Ids expanded;
         if (node != nullptr) {
-            RememberExpansion(event.formerId, *node);
+            expanded = ExpandedFrom(*node, event.id);
             m_view.Remove(*node);
         }
         Place(event);
-        RestoreExpansion(event.formerId, event.id);
+        for (const std::string& id : expanded)
+            if (TreeNode* placed = NodeOf(id)) m_view.Expand(*placed);
     }
     SelectKey(event.id);
     Window().Thaw();

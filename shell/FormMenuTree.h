@@ -3,7 +3,6 @@
 #include "editing/MenuEditor.h"
 #include "platform/UiTreeView.h"
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -46,23 +45,22 @@ public:
     /// Selects an entry and scrolls to it.
     void SelectKey(const std::string& id);
 
-    /// The selection and the scroll position, to be shown again later.
+    /// The selection, the expanded entries and the scroll position, to be shown again later.
     std::unique_ptr<EditContext> Context();
 
 private:
     class ViewContext;
+    using Ids = std::vector<std::string>;
 
-    void RememberExpansion(const std::string& id, const platform::TreeNode& node);
-    void RestoreExpansion(const std::string& formerId, const std::string& id);
+    static Ids ExpandedFrom(const platform::TreeNode& node, const std::string& id);
+    void ShowExpanded(const Ids& expanded);
     void Fill(platform::TreeNode& node);
     void Place(const MenuEvent& event);
     void Move(const MenuEvent& event);
 
     const MenuEditor& m_editor;
     platform::TreeView& m_view;
-    // The expanded entries of removed subtrees, for the case that they come back: for the id of the subtree,
-    // the ids below it without their common beginning.
-    std::map<std::string, std::vector<std::string>> m_expanded;
+    std::shared_ptr<const Ids> m_lastExpanded; // shared by the contexts between which nothing was expanded
 };
 
 } // namespace nesk

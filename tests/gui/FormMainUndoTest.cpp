@@ -119,6 +119,31 @@ TEST_F(FormMainUndoTest, ARemovedSubmenuComesBackExpandedAndSelected) {
     Press(WXK_DELETE);
     Press('Z', wxMOD_CONTROL);
     EXPECT_FALSE(Row("R.2").IsExpanded());
+    // So does one that was expanded only after the change.
+    Press(WXK_UP, wxMOD_CONTROL);
+    Tree().Expand(Row("R.2"));
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_FALSE(Row("R.2").IsExpanded());
+    Press('Y', wxMOD_CONTROL);
+    EXPECT_TRUE(Row("R.2").IsExpanded()) << "as it was before Undo";
+}
+
+TEST_F(FormMainUndoTest, AMovedSubmenuKeepsWhatIsExpanded) {
+    Open("BLOCK MENU\r\nBLOCK SUBMENU\r\nCAPTION=a\r\nBLOCK SUBMENU\r\nCAPTION=a1\r\nEND\r\nEND\r\n"
+         "BLOCK SUBMENU\r\nCAPTION=b\r\nBLOCK SUBMENU\r\nCAPTION=b1\r\nBLOCK SUBMENU\r\nCAPTION=b11\r\n"
+         "END\r\nEND\r\nEND\r\nEND\r\n");
+    Tree().ExpandBelow(Row("R.2"));
+    Select("R.2");
+    Press(WXK_RIGHT, wxMOD_CONTROL); // the rows of the target do not exist yet
+    const std::string id = window->tvMain->SelectedKey();
+    EXPECT_TRUE(id.starts_with("R.1."));
+    EXPECT_TRUE(Row(id).IsExpanded());
+    EXPECT_TRUE(Row(id + ".1").IsExpanded());
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_TRUE(Row("R.2.1").IsExpanded());
+    EXPECT_FALSE(Row("R.1").IsExpanded()) << "as before the move";
+    Press('Y', wxMOD_CONTROL);
+    EXPECT_TRUE(Row(id + ".1").IsExpanded());
 }
 
 TEST_F(FormMainUndoTest, TheSelectionComesBackThatWasThereBeforeTheChange) {
