@@ -6,8 +6,8 @@
 
 namespace nesk {
 
-/// What a view showed before or after a change: selection and scroll position. Undo and Redo bring it back.
-/// It stays valid as long as the change, because both return to the same ids.
+/// What a view showed before a change: selection and scroll position. Undo brings it back. It stays valid as
+/// long as the change, because undoing returns to the same ids.
 class EditContext {
 public:
     virtual ~EditContext() = default;

@@ -277,17 +277,40 @@ bool MenuEditor::SetGraphic(const std::string& id, const std::string& graphic) {
     const MenuEntry* entry = Find(id);
     if (entry == nullptr) return false;
     MenuText::CheckChange(graphic, entry->Graphic(), "MenuEditor.SetGraphic");
+    if (entry->Graphic() == graphic) return Confirm();
     return Make(std::make_unique<GraphicChange>(id, graphic), NameFor(Message::ChangeGraphic, id));
 }
 
 bool MenuEditor::SetPart(const std::string& id, const PartFields& fields) {
     const MenuItem* item = AsItem(Find(id));
     if (item == nullptr) return false;
-    CheckPartFields(fields, PartFieldsOf(*item));
+    const PartFields before = PartFieldsOf(*item);
+    CheckPartFields(fields, before);
+    if (fields == before) return Confirm();
     return Make(std::make_unique<PartChange>(id, fields), NameFor(Message::ChangePart, id));
 }
 
 // The name of a change to an existing entry, with the entry's current caption.
+bool MenuEditor::NameAdded(const std::string& id, const std::string& caption) {
+    if (Find(id) == nullptr) return false;
+    const std::vector<ChangeName> before = m_history.UndoNames(1);
+    SetCaption(id, caption);
+    const std::vector<ChangeName> after = m_history.UndoNames(2);
+    const bool isNamed =
+        after.size() == 2 && after[0].textId == Message::ChangeCaption && after[1] == before[0];
+    if (!isNamed || after[1].textId != Message::ChangeAdd) return true;
+    m_history.MergeLastTwo({Message::ChangeAdd, {caption}});
+    StateChanged();
+    return true;
+}
+
+// A confirmed dialog makes the menu dirty, even if nothing was changed in it. There is nothing to undo then.
+bool MenuEditor::Confirm() {
+    m_history.ForgetSaved();
+    StateChanged();
+    return true;
+}
+
 ChangeName MenuEditor::NameFor(int textId, const std::string& id) const {
     const MenuEntry* entry = Find(id);
     return {textId, {std::string(entry != nullptr ? entry->Caption() : "")}};
@@ -331,9 +354,8 @@ void MenuEditor::RollBackGroup() {
 bool MenuEditor::Undo() {
     MenuChange* const change = m_history.ToUndo();
     if (change == nullptr) return false;
-    std::unique_ptr<EditContext> now = Context();
     if (!change->Revert(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
-    if (const auto context = m_history.Undone(std::move(now))) context->Restore();
+    if (EditContext* before = m_history.Undone()) before->Restore();
     StateChanged();
     return true;
 }
@@ -341,9 +363,8 @@ bool MenuEditor::Undo() {
 bool MenuEditor::Redo() {
     MenuChange* const change = m_history.ToRedo();
     if (change == nullptr) return false;
-    std::unique_ptr<EditContext> now = Context();
     if (!change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
-    if (const auto context = m_history.Redone(std::move(now))) context->Restore();
+    m_history.Redone();
     StateChanged();
     return true;
 }

@@ -156,11 +156,15 @@ public:
     bool Remove(const std::string& id);
 
     /// Changes the caption or picture of an entry, or the fields of a part button. Setting the same caption
-    /// again is not a change. Setting a picture or fields always is, because the user confirmed a dialog.
-    /// Returns false for an unknown id. Raises 5000 for a text that cannot be stored.
+    /// again is not a change. Setting the same picture or fields again makes the menu dirty, because the user
+    /// confirmed a dialog, but there is nothing to undo. Returns false for an unknown id. Raises 5000 for a
+    /// text that cannot be stored.
     bool SetCaption(const std::string& id, const std::string& caption);
     bool SetGraphic(const std::string& id, const std::string& graphic);
     bool SetPart(const std::string& id, const PartFields& fields);
+
+    /// Gives an entry that has just been added its caption. Adding and naming become one change.
+    bool NameAdded(const std::string& id, const std::string& caption);
 
     /// Moves an entry and everything below it to another place. Raises 5000 with the reason when the entry
     /// cannot be moved there (WhyNotMoveTo).
@@ -199,7 +203,11 @@ public:
     bool Undo();
     bool Redo();
 
+    /// Id of the entry of the last event, for example of the entry that was redone.
+    const std::string& LastId() const { return m_lastId; }
+
 private:
+    bool Confirm();
     std::string Add(const std::string& parentId, const std::string& caption, std::string_view type);
     static const MenuItem* SubmenuBefore(const MenuItem& item);
     ChangeName NameFor(int textId, const std::string& id) const;

@@ -1,5 +1,7 @@
 #include "editing/UndoStack.h"
 
+#include "editing/CompoundChange.h"
+
 #include <utility>
 
 namespace nesk {
@@ -8,14 +10,35 @@ void UndoStack::Push(std::unique_ptr<MenuChange> change, ChangeName name,
                      std::unique_ptr<EditContext> before) {
     if (m_saved && *m_saved > m_done) m_saved.reset();
     DropRedo();
-    std::size_t bytes = sizeof(Step) + change->Bytes();
-    for (const std::string& argument : name.arguments)
-        bytes += sizeof argument + argument.size();
-    if (before) bytes += before->Bytes();
-    m_bytes += bytes;
-    m_steps.push_back({std::move(change), std::move(name), bytes, std::move(before)});
+    Step& step = m_steps.emplace_back(Step{std::move(change), std::move(name), 0, std::move(before)});
+    step.bytes = BytesOf(step);
+    m_bytes += step.bytes;
     ++m_done;
     DropOldest();
+}
+
+std::size_t UndoStack::BytesOf(const Step& step) {
+    std::size_t bytes = sizeof(Step) + step.change->Bytes();
+    for (const std::string& argument : step.name.arguments)
+        bytes += sizeof(std::string) + argument.size();
+    return step.before ? bytes + step.before->Bytes() : bytes;
+}
+
+void UndoStack::MergeLastTwo(ChangeName name) {
+    if (m_done < 2 || m_done != m_steps.size() || m_saved == m_done - 1) return;
+    Step& first = m_steps[m_done - 2];
+    std::vector<std::unique_ptr<MenuChange>> changes;
+    changes.push_back(std::move(first.change));
+    changes.push_back(std::move(m_steps.back().change));
+    m_bytes -= first.bytes + m_steps.back().bytes;
+    m_steps.pop_back();
+    first.change = std::make_unique<CompoundChange>(std::move(changes));
+    first.name = std::move(name);
+    first.bytes = BytesOf(first);
+    m_bytes += first.bytes;
+    // The state after both keeps its mark.
+    if (m_saved == m_done) --*m_saved;
+    --m_done;
 }
 
 void UndoStack::DropRedo() {

@@ -46,14 +46,12 @@ public:
     MenuChange* ToRedo() const { return m_done < m_steps.size() ? m_steps[m_done].change.get() : nullptr; }
 
     /// Records that ToUndo was undone, or that ToRedo was redone.
-    /// @param now  what the view showed before that; the opposite step returns it
-    /// @return what the view showed at the other side of the change; may be null
-    std::unique_ptr<EditContext> Undone(std::unique_ptr<EditContext> now = nullptr) {
-        return Exchange(m_steps[--m_done], std::move(now));
-    }
-    std::unique_ptr<EditContext> Redone(std::unique_ptr<EditContext> now = nullptr) {
-        return Exchange(m_steps[m_done++], std::move(now));
-    }
+    /// @return what the view showed before the change; may be null
+    EditContext* Undone() { return m_steps[--m_done].before.get(); }
+    void Redone() { ++m_done; }
+
+    /// Makes the last two changes one, unless the state between them is the one on disk.
+    void MergeLastTwo(ChangeName name);
 
     /// Names of the changes that can be undone or redone, the next one first.
     /// @param most  the greatest number of names to return
@@ -62,6 +60,9 @@ public:
 
     /// Marks the current state as the one on disk.
     void MarkSaved() { m_saved = m_done; }
+
+    /// Forgets which state is on disk: no state is.
+    void ForgetSaved() { m_saved.reset(); }
 
     /// True when the current state is the one on disk.
     bool IsAtSaved() const { return m_saved == m_done; }
@@ -75,13 +76,10 @@ private:
         ChangeName name;
         // Measured when the change was added, because counting a large removed submenu is slow.
         std::size_t bytes;
-        std::unique_ptr<EditContext> context; // before the change if it is in effect, else after it
+        std::unique_ptr<EditContext> before;
     };
 
-    static std::unique_ptr<EditContext> Exchange(Step& step, std::unique_ptr<EditContext> now) {
-        std::swap(step.context, now);
-        return now;
-    }
+    static std::size_t BytesOf(const Step& step);
     void DropRedo();
     void DropOldest();
 

@@ -204,6 +204,7 @@ void FormMain::AddEntry(bool part) {
     if (id.empty()) return;
     tvMain->SelectKey(id);
     tvMain->Window().SetFocus();
+    m_addedId = id;
     tvMain->View().EditLabel(*tvMain->NodeOf(id));
 }
 

@@ -140,6 +140,7 @@ private:
 
     MenuEditor m_editor;
     std::unique_ptr<FormMenuTree> m_tree;
+    std::string m_addedId;         // the new entry whose caption is being typed for the first time
     bool m_captionRefused = false; // set by the last end of an edit
     bool m_wasActive = false;
     std::string m_shownRoot; // the root folder that pgStart shows

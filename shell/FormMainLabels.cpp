@@ -81,12 +81,16 @@ bool FormMain::FinishLabelEdit() {
 }
 
 void FormMain::OnEndLabelEdit(TreeNode& node, const std::string* text) {
+    bool isRefused = false;
     if (text != nullptr) {
         const std::string id = FormMenuTree::KeyOf(&node);
         try {
-            m_editor.SetCaption(id, *text);
+            if (id == m_addedId)
+                m_editor.NameAdded(id, *text);
+            else
+                m_editor.SetCaption(id, *text);
         } catch (const NeskError& error) {
-            m_captionRefused = true;
+            isRefused = m_captionRefused = true;
             // The tree is still ending the edit.
             CallAfter([this, error, id, typed = *text] {
                 ShowError(Message::CommandFailed, error);
@@ -94,6 +98,7 @@ void FormMain::OnEndLabelEdit(TreeNode& node, const std::string* text) {
             });
         }
     }
+    if (!isRefused) m_addedId.clear();
     CallAfter([this] { UpdateFileMenus(); });
 }
 

@@ -144,7 +144,7 @@ private:
     static std::size_t BytesOf(const Ids& ids) {
         std::size_t bytes = 0;
         for (const std::string& id : ids)
-            bytes += sizeof id + id.size();
+            bytes += sizeof(std::string) + id.size();
         return bytes;
     }
 

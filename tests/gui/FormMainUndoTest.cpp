@@ -3,6 +3,7 @@
 #include "gui/GuiFixture.h"
 
 #include "gui/NextDialog.h"
+#include "partedit/FormEditPart.h"
 #include "shell/FormUndoHistory.h"
 #include "widgets/UiUtilities.h"
 
@@ -124,8 +125,55 @@ TEST_F(FormMainUndoTest, ARemovedSubmenuComesBackExpandedAndSelected) {
     Tree().Expand(Row("R.2"));
     Press('Z', wxMOD_CONTROL);
     EXPECT_FALSE(Row("R.2").IsExpanded());
+}
+
+TEST_F(FormMainUndoTest, AddingAndNamingAreOneStep) {
+    Open();
+    const std::string before = TreeText();
+    Select("R");
+    Press('N', wxMOD_CONTROL);
+    Type("Lid");
+    Press(WXK_RETURN);
+    EXPECT_EQ(LabelOf(window->mnuEditUndo), "Undo adding of \"Lid\"");
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), before);
+    EXPECT_FALSE(window->mnuEditUndo->IsEnabled());
+    Select("R.1");
     Press('Y', wxMOD_CONTROL);
-    EXPECT_TRUE(Row("R.2").IsExpanded()) << "as it was before Undo";
+    EXPECT_EQ(TreeText(), before + " Lid\n");
+    EXPECT_EQ(window->tvMain->View().Selected()->Text(), "Lid");
+    // A later name is a step of its own.
+    RenameSelected("Cap");
+    EXPECT_EQ(LabelOf(window->mnuEditUndo), "Undo rename of \"Lid\"");
+}
+
+TEST_F(FormMainUndoTest, ADialogConfirmedWithoutAChangeIsNoStep) {
+    Open();
+    const wxString clean = window->GetTitle();
+    Select("R.1");
+    RenameSelected("Cover");
+    Press('Z', wxMOD_CONTROL);
+    dialogs.Answer(wxID_NONE); // shows it
+    const NextDialog<FormEditPart> part([](FormEditPart& dialog) { Click(dialog.cmdOK); });
+    ASSERT_TRUE(Click(window->mnuMenuEdit));
+    EXPECT_NE(window->GetTitle(), clean) << "confirming makes the menu dirty";
+    EXPECT_FALSE(window->mnuEditUndo->IsEnabled());
+    Press('Y', wxMOD_CONTROL);
+    EXPECT_EQ(Row("R.1").Text(), "Cover") << "what was undone can still be redone";
+}
+
+TEST_F(FormMainUndoTest, AnEntryWithoutANameOfItsOwnCanBeTakenBack) {
+    Open();
+    const std::string before = TreeText();
+    Select("R");
+    Press('N', wxMOD_CONTROL);
+    Press(WXK_ESCAPE);
+    EXPECT_EQ(LabelOf(window->mnuEditUndo), "Undo adding of \"New part\"");
+    RenameSelected("Lid");
+    EXPECT_EQ(LabelOf(window->mnuEditUndo), "Undo rename of \"New part\"");
+    Press('Z', wxMOD_CONTROL);
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), before);
 }
 
 TEST_F(FormMainUndoTest, AMovedSubmenuKeepsWhatIsExpanded) {
@@ -153,8 +201,9 @@ TEST_F(FormMainUndoTest, TheSelectionComesBackThatWasThereBeforeTheChange) {
     Select("R.1");
     Press('Z', wxMOD_CONTROL);
     EXPECT_EQ(window->tvMain->SelectedKey(), "R.3");
+    Select("R.1");
     Press('Y', wxMOD_CONTROL);
-    EXPECT_EQ(window->tvMain->SelectedKey(), "R.1") << "as it was before Undo";
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.3") << "Redo selects what it changed";
 }
 
 TEST_F(FormMainUndoTest, TheScrollPositionComesBack) {

@@ -139,6 +139,39 @@ TEST_F(UndoStackTest, CountsTheNames) {
     EXPECT_GT(m_stack.Bytes(), 7000 + OwnBytes());
 }
 
+TEST_F(UndoStackTest, TheLastTwoBecomeOne) {
+    Push(1);
+    m_stack.MergeLastTwo({9, {}});
+    EXPECT_EQ(ToUndo(), "1") << "there is only one";
+    m_stack.MarkSaved();
+    Push(2);
+    m_stack.MergeLastTwo({9, {}});
+    EXPECT_EQ(ToUndo(), "2 1") << "the state between them is on disk";
+    Push(3);
+    m_stack.MarkSaved();
+    const std::size_t bytes = m_stack.Bytes();
+    m_stack.MergeLastTwo({9, {}});
+    EXPECT_EQ(ToUndo(), "9 1");
+    EXPECT_TRUE(m_stack.IsAtSaved());
+    EXPECT_GT(m_stack.Bytes(), 1000U);
+    EXPECT_LE(m_stack.Bytes(), bytes + 1000U);
+    m_stack.Undone();
+    EXPECT_FALSE(m_stack.IsAtSaved());
+    m_stack.Redone();
+    EXPECT_TRUE(m_stack.IsAtSaved());
+    EXPECT_EQ(ToRedo(), "");
+}
+
+TEST_F(UndoStackTest, TheSavedStateCanBeForgotten) {
+    Push(1);
+    m_stack.MarkSaved();
+    m_stack.ForgetSaved();
+    EXPECT_FALSE(m_stack.IsAtSaved());
+    m_stack.Undone();
+    EXPECT_FALSE(m_stack.IsAtSaved());
+    EXPECT_EQ(ToRedo(), "1");
+}
+
 TEST_F(UndoStackTest, ClearingForgetsEverything) {
     Push(1);
     Push(2);

@@ -244,8 +244,22 @@ private:
             [&] { return m_model.SetCaption(id, caption.text); });
     }
 
+    // A dialog was confirmed in which nothing was changed: the menu is dirty, and there is nothing to undo.
+    template <typename Call>
+    void ConfirmUnchanged(const std::string& action, const std::string& id, Call call) {
+        m_action = "unchanged " + action + " " + id;
+        ASSERT_TRUE(call()) << Where();
+        ASSERT_TRUE(m_events.empty()) << Where();
+        ASSERT_EQ(m_editor->History().UndoNames().size(), m_made) << Where();
+        ASSERT_EQ(m_editor->History().RedoNames().size(), m_states.size() - 1 - m_made) << Where();
+        m_saved.reset();
+    }
+
     void SetGraphic(const std::string& id) {
         const Text graphic = MakeText();
+        const ModelEntry* entry = m_model.Find(id).entry;
+        if (entry != nullptr && entry->fields.graphic == graphic.text)
+            return ConfirmUnchanged("graphic", id, [&] { return m_editor->SetGraphic(id, graphic.text); });
         Make(
             "graphic", id, graphic.refusal, [&] { return m_editor->SetGraphic(id, graphic.text); },
             [&] { return m_model.SetGraphic(id, graphic.text); });
@@ -265,6 +279,10 @@ private:
         static const std::vector<std::int32_t> topics = {
             0, 1, -1, 1000, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()};
         fields.helpTopic = m_random->Of(topics);
+        const ModelEntry* entry = m_model.Find(id).entry;
+        if (entry != nullptr && id != "R" && m_random->OneIn(10)) fields = entry->fields;
+        if (entry != nullptr && id != "R" && entry->fields == fields)
+            return ConfirmUnchanged("fields", id, [&] { return m_editor->SetPart(id, fields); });
         Make(
             "fields", id, refusal, [&] { return m_editor->SetPart(id, fields); },
             [&] { return m_model.SetPart(id, fields); });
