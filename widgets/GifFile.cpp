@@ -1,5 +1,7 @@
 #include "widgets/GifFile.h"
 
+#include "widgets/GifCodes.h"
+
 #include <algorithm>
 
 namespace nesk {
@@ -59,12 +61,13 @@ std::optional<GifPicture> FirstGifPicture(std::string_view bytes) {
     const std::int64_t width = Number(bytes, at + 5);
     const std::int64_t height = Number(bytes, at + 7);
     if (width == 0 || height == 0) return std::nullopt;
+    const std::size_t codes = at + DescriptionLength + ColoursLength(Byte(bytes, at + 9));
+    const auto end = EndOfGifCodes(bytes, codes, width * height);
+    if (!end) return std::nullopt;
     GifPicture picture;
     picture.size.width = std::max(Number(bytes, 6), width);
     picture.size.height = std::max(Number(bytes, 8), height);
-    // One byte before the data contains the size of the codes.
-    picture.end = at + DescriptionLength + ColoursLength(Byte(bytes, at + 9)) + 1;
-    if (!SkipBlocks(bytes, picture.end)) return std::nullopt;
+    picture.end = *end;
     return picture;
 }
 

@@ -64,15 +64,18 @@ bool IsAcceptable(const std::optional<PictureSize>& size) {
            size->passes <= MostWork / (size->width * size->height);
 }
 
-// Removes everything after the first picture of a GIF file. A small GIF file may contain any number of large
-// pictures, and wx decodes all of them to show one. wx also reads beyond its memory when a file is truncated.
-// Returns false for a GIF file without a complete picture.
+// Removes everything after the first picture of a GIF file, as far as wx decodes it. A small GIF file may
+// contain any number of large pictures, and wx decodes all of them to show one. wx also reads, and even
+// writes, beyond its memory when a file is truncated or contains codes that have no meaning, and takes data
+// after the last pixel for more pictures. Returns false for a GIF file without a complete and valid picture.
 bool KeepFirstPicture(std::string& bytes) {
     if (!bytes.starts_with("GIF8")) return true;
+    constexpr char EmptyBlock = '\0';
     constexpr char EndMark = '\x3B';
     const auto picture = FirstGifPicture(bytes);
     if (!picture) return false;
     bytes.resize(picture->end);
+    bytes += EmptyBlock;
     bytes += EndMark;
     return true;
 }

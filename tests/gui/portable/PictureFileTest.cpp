@@ -8,6 +8,8 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <malloc.h>
+#include <random>
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -20,6 +22,7 @@
 #include <wx/imagpng.h>
 #include <wx/log.h>
 #include <wx/mstream.h>
+#include <wx/palette.h>
 
 namespace nesk::testing {
 namespace {
@@ -27,6 +30,17 @@ namespace {
 int g_assertions = 0;
 
 const std::string Path = "C:\\Pictures\\picture";
+
+// Fills the memory that is allocated meanwhile. Code that uses memory before it has written it then fails
+// every time: it takes the content for an index far beyond any array. Otherwise it depends on what was there
+// before.
+class FilledMemory {
+public:
+    FilledMemory() { ::mallopt(M_PERTURB, 0xA5); }
+    ~FilledMemory() { ::mallopt(M_PERTURB, 0); }
+    FilledMemory(const FilledMemory&) = delete;
+    FilledMemory& operator=(const FilledMemory&) = delete;
+};
 
 class PictureFileTest : public ::testing::Test {
 protected:
@@ -86,6 +100,9 @@ protected:
             bytes += "," + std::string(4, '\0') + size + std::string("\0\2\2\x44\1\0", 6);
         return bytes + ";";
     }
+    // Where its first picture begins, and the codes of that picture.
+    static constexpr std::size_t FirstPicture = 19;
+    static constexpr std::size_t FirstCodes = 29;
     static std::string SmallGif() { return Gif(7, 8, 1); }
 
     static std::string Bitmap(std::int64_t width, std::int64_t height, int bits, std::uint32_t colours) {
@@ -131,6 +148,7 @@ TEST_F(PictureFileTest, EveryFormatIsRead) {
 }
 
 TEST_F(PictureFileTest, FilesThatAreCutOff) {
+    const FilledMemory filled;
     for (int format = 0; format < 5; ++format) {
         const std::string whole = EveryFormat(format);
         for (std::size_t length = 0; length < whole.size(); length += length < 100 ? 1 : 7) {
@@ -143,6 +161,7 @@ TEST_F(PictureFileTest, FilesThatAreCutOff) {
 }
 
 TEST_F(PictureFileTest, EveryByteOfAHeaderChanged) {
+    const FilledMemory filled;
     for (int format = 0; format < 5; ++format) {
         const std::string whole = EveryFormat(format);
         for (std::size_t at = 0; at < std::min<std::size_t>(whole.size(), 50); ++at) {
@@ -196,6 +215,64 @@ TEST_F(PictureFileTest, HeadersThatLie) {
             Load(bytes);
         }
         EXPECT_EQ(g_assertions, 0);
+    });
+}
+
+// 256 colours, and enough pixels to use the longest codes and to clear them again.
+TEST_F(PictureFileTest, AGifFileOfARealPicture) {
+    std::mt19937 random(1);
+    wxImage image(200, 150);
+    unsigned char greys[256];
+    for (int i = 0; i < 256; ++i)
+        greys[i] = static_cast<unsigned char>(i);
+    for (int i = 0; i < 200 * 150; ++i) {
+        const auto grey = static_cast<unsigned char>(i < 256 ? greys[i] : random() % 100);
+        image.SetRGB(i % 200, i / 200, grey, grey, grey);
+    }
+    image.SetPalette(wxPalette(256, greys, greys, greys));
+    wxMemoryOutputStream stream;
+    wxGIFHandler handler;
+    ASSERT_TRUE(handler.SaveFile(&image, stream, false));
+    std::string bytes(static_cast<std::size_t>(stream.GetLength()), '\0');
+    stream.CopyTo(bytes.data(), bytes.size());
+    const wxImage loaded = Load(bytes);
+    ASSERT_TRUE(loaded.IsOk());
+    ASSERT_EQ(loaded.GetSize(), image.GetSize());
+    EXPECT_TRUE(std::equal(image.GetData(), image.GetData() + 3 * 200 * 150, loaded.GetData()));
+}
+
+TEST_F(PictureFileTest, AGifFileOfRandomCodes) {
+    const FilledMemory filled;
+    std::mt19937 random(1);
+    const std::string front = Gif(20, 20, 1).substr(0, FirstCodes);
+    int shown = 0;
+    constexpr int rounds = 2000;
+    for (int i = 0; i < rounds; ++i) {
+        const auto bits = static_cast<char>(i < 256 ? i : 2 + i % 7);
+        std::string codes;
+        for (std::size_t length = random() % 100 + 1; codes.size() < length;)
+            codes += static_cast<char>(codes.size() < 2 ? random() % 8 : random());
+        const std::string data = std::string(1, static_cast<char>(codes.size())) + codes;
+        const wxImage image = Load(front + bits + data + std::string("\0;", 2));
+        if (image.IsOk()) ++shown;
+    }
+    EXPECT_GT(shown, 0);
+    EXPECT_LT(shown, rounds);
+}
+
+// The toolkit stops after the last pixel of a picture and takes what follows for another picture, which no
+// check has seen: a very large one here.
+TEST_F(PictureFileTest, AGifFileWithDataAfterTheLastPixel) {
+    std::string bytes = Gif(1, 1, 1);
+    // The mark at its beginning is the length of a block as well.
+    std::string block = Gif(65535, 65535, 1).substr(FirstPicture);
+    block.back() = '\0';
+    block.resize(1 + static_cast<std::size_t>(block.front()));
+    bytes.insert(bytes.size() - 2, block);
+    WithinMegabytes(100, [&] {
+        const wxImage image = Load(bytes);
+        ASSERT_TRUE(image.IsOk());
+        EXPECT_EQ(image.GetSize(), wxSize(1, 1));
     });
 }
 
