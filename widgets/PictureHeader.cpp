@@ -1,6 +1,7 @@
 #include "widgets/PictureHeader.h"
 
 #include "widgets/GifFile.h"
+#include "widgets/PictureBytes.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -9,23 +10,12 @@ namespace nesk {
 
 namespace {
 
+using PictureBytes::Byte;
+using PictureBytes::Holds;
+using PictureBytes::Little16;
+using PictureBytes::Little32;
+
 using Bytes = std::string_view;
-
-bool Holds(Bytes bytes, std::size_t at, std::size_t count) {
-    return at <= bytes.size() && bytes.size() - at >= count;
-}
-
-std::int64_t Byte(Bytes bytes, std::size_t at) {
-    return static_cast<unsigned char>(bytes[at]);
-}
-
-std::int64_t Little16(Bytes bytes, std::size_t at) {
-    return Byte(bytes, at) | Byte(bytes, at + 1) << 8;
-}
-
-std::int64_t Little32(Bytes bytes, std::size_t at) {
-    return Little16(bytes, at) | Little16(bytes, at + 2) << 16;
-}
 
 std::int64_t Big16(Bytes bytes, std::size_t at) {
     return Byte(bytes, at) << 8 | Byte(bytes, at + 1);
@@ -47,12 +37,18 @@ std::optional<PictureSize> PngSize(Bytes bytes) {
     return PictureSize{Big32(bytes, 16), Big32(bytes, 20), 1};
 }
 
-// The information header of a BMP file, and of a picture in an ICO file.
+// Length of the oldest form of a bitmap's information header. It has 16-bit sizes.
+constexpr std::int64_t OldHeader = 12;
+
+// The information header of a BMP file, and of a picture in an ICO file. wx takes the sizes for signed
+// numbers, and no picture has a negative width.
 std::optional<PictureSize> BitmapHeaderSize(Bytes bytes, std::size_t at) {
     if (!Holds(bytes, at, 12)) return std::nullopt;
-    // The oldest form of the header, 12 bytes long, has 16-bit sizes.
-    if (Little32(bytes, at) == 12) return PictureSize{Little16(bytes, at + 4), Little16(bytes, at + 6), 1};
-    return PictureSize{Magnitude32(Little32(bytes, at + 4)), Magnitude32(Little32(bytes, at + 8)), 1};
+    const bool old = Little32(bytes, at) == OldHeader;
+    const std::int64_t width = old ? Little16(bytes, at + 4) : Little32(bytes, at + 4);
+    if (width > (old ? INT16_MAX : INT32_MAX)) return std::nullopt;
+    if (old) return PictureSize{width, Little16(bytes, at + 6), 1};
+    return PictureSize{width, Magnitude32(Little32(bytes, at + 8)), 1};
 }
 
 std::optional<PictureSize> GifSize(Bytes bytes) {
@@ -95,6 +91,13 @@ std::optional<PictureSize> JpegSize(Bytes bytes) {
     return std::nullopt;
 }
 
+// True for a bitmap whose pixels are compressed to runs.
+bool HasRuns(Bytes bytes, std::size_t at) {
+    if (!Holds(bytes, at, 20) || Little32(bytes, at) == OldHeader) return false;
+    const std::int64_t kind = Little32(bytes, at + 16);
+    return kind == 1 || kind == 2;
+}
+
 std::optional<PictureSize> IconSize(Bytes bytes) {
     if (!bytes.starts_with(Bytes("\0\0\1\0", 4)) || !Holds(bytes, 4, 2)) return std::nullopt;
     PictureSize largest;
@@ -110,6 +113,8 @@ std::optional<PictureSize> IconSize(Bytes bytes) {
         // The height of a bitmap in an icon includes the rows of its mask, so a height below 2 means no
         // picture.
         if (!png && size->height < 2) return std::nullopt;
+        // No program writes runs into an icon. wx would decode them, and nothing has checked them.
+        if (!png && HasRuns(bytes, data)) return std::nullopt;
         largest.width = std::max(largest.width, size->width);
         largest.height = std::max(largest.height, size->height);
     }

@@ -2,6 +2,7 @@
 
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
+#include "widgets/BitmapRuns.h"
 #include "widgets/GifFile.h"
 #include "widgets/PictureHeader.h"
 
@@ -85,7 +86,8 @@ bool KeepFirstPicture(std::string& bytes) {
 wxImage LoadPicture(const std::string& path) {
     RegisterFormats();
     std::string bytes = ReadFile(path);
-    if (!IsAcceptable(ReadPictureSize(bytes)) || !KeepFirstPicture(bytes)) return {};
+    // wx writes a run of pixels that is outside the picture beyond its memory.
+    if (!IsAcceptable(ReadPictureSize(bytes)) || !KeepFirstPicture(bytes) || !AreRunsInside(bytes)) return {};
     // A damaged picture is simply not shown. A message for each one would disturb the user.
     const wxLogNull silent;
     wxMemoryInputStream stream(bytes.data(), bytes.size());

@@ -114,6 +114,15 @@ protected:
                Little(static_cast<std::uint64_t>(bits), 2) + std::string(16, '\0') + Little(colours, 4) +
                Little(0, 4);
     }
+    // A BMP file with the grey colours from 0 to 255, whose pixels are compressed to runs.
+    static std::string Runs(std::int64_t width, std::int64_t height, const std::string& runs) {
+        std::string bytes = Bitmap(width, height, 8, 0);
+        bytes.replace(10, 4, Little(0, 4)); // the pixels follow the colours
+        bytes[30] = 1;
+        for (std::uint64_t i = 0; i < 256; ++i)
+            bytes += Little(0x10101 * i, 4);
+        return bytes + runs;
+    }
     static std::string Icon(int count, const std::string& data) {
         std::string bytes = Little(0x10000, 4) + Little(static_cast<std::uint64_t>(count), 2);
         for (int i = 0; i < count; ++i)
@@ -274,6 +283,50 @@ TEST_F(PictureFileTest, AGifFileWithDataAfterTheLastPixel) {
         ASSERT_TRUE(image.IsOk());
         EXPECT_EQ(image.GetSize(), wxSize(1, 1));
     });
+}
+
+TEST_F(PictureFileTest, RunsOfABitmap) {
+    const wxImage image = Load(Runs(3, 2, std::string("\3\x50\0\0\0\3\1\2\3\0\0\1", 12)));
+    ASSERT_TRUE(image.IsOk());
+    ASSERT_EQ(image.GetSize(), wxSize(3, 2));
+    for (int x = 0; x < 3; ++x) {
+        EXPECT_EQ(image.GetRed(x, 0), x + 1);
+        EXPECT_EQ(image.GetRed(x, 1), 0x50);
+    }
+}
+
+// The toolkit writes them there, beyond its memory.
+TEST_F(PictureFileTest, RunsOutsideABitmap) {
+    WithinMegabytes(100, [this] {
+        const std::string away("\0\2\0\xFF\1\1\0\1", 8);
+        EXPECT_FALSE(Load(Runs(30'000, 10, away)).IsOk());
+        EXPECT_FALSE(Load(Runs(30'000, -10, away)).IsOk());
+        const std::string pixels = Runs(30'000, 10, away).substr(14);
+        std::string icon = Icon(1, pixels);
+        icon.replace(22 + 8, 4, Little(20, 4)); // the height includes the mask
+        EXPECT_FALSE(Load(icon + std::string(100'000, '\0')).IsOk());
+    });
+    std::mt19937 random(1);
+    int shown = 0;
+    constexpr int rounds = 2000;
+    for (int i = 0; i < rounds; ++i) {
+        std::string runs;
+        for (int k = 0; k < 20; ++k)
+            runs += static_cast<char>(random() % (k % 2 == 0 ? 3 : 12));
+        if (Load(Runs(8, 8, runs + std::string("\0\1", 2))).IsOk()) ++shown;
+    }
+    EXPECT_GT(shown, 0);
+    EXPECT_LT(shown, rounds);
+}
+
+TEST_F(PictureFileTest, ABitmapOfANegativeWidth) {
+    const std::string pixels(2000, '\x55');
+    EXPECT_FALSE(Load(Bitmap(-16, 16, 24, 0) + pixels).IsOk());
+    EXPECT_FALSE(Load(Icon(1, Header(-16, 32, 24, 0) + pixels)).IsOk());
+    // The oldest header, with sizes of 16 bits.
+    const std::string old = Little(12, 4) + Little(0x8000, 2) + Little(16, 2) + Little(1, 2) + Little(24, 2);
+    EXPECT_FALSE(Load(Bitmap(0, 0, 0, 0).substr(0, 14) + old + pixels).IsOk());
+    EXPECT_EQ(g_assertions, 0);
 }
 
 TEST_F(PictureFileTest, AnIconOf65535Pictures) {

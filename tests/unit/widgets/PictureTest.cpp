@@ -52,6 +52,24 @@ TEST_F(PictureTest, SizesAreReadFromTheHeaders) {
     EXPECT_EQ(SizeOf(Icon), "20000x20001");
 }
 
+TEST_F(PictureTest, NoBitmapHasANegativeWidth) {
+    for (const std::string& narrow : {Bmp.substr(0, 18) + std::string("\x60\xFF\xFF\xFF", 4) + Bmp.substr(22),
+                                      OldBmp.substr(0, 18) + std::string("\0\x80", 2) + OldBmp.substr(20)})
+        EXPECT_EQ(SizeOf(narrow), "");
+    EXPECT_EQ(SizeOf(OldBmp.substr(0, 18) + std::string("\xFF\x7F", 2) + OldBmp.substr(20)), "32767x32");
+}
+
+TEST_F(PictureTest, NoIconHasRuns) {
+    const std::string front = std::string("\0\0\1\0\1\0", 6) + Icon.substr(6, 16);
+    for (char kind = 0; kind < 4; ++kind) {
+        const std::string bitmap = std::string("\x28\0\0\0\x10\0\0\0\x20\0\0\0\1\0\x08\0", 16) + kind;
+        EXPECT_EQ(SizeOf(front + bitmap + std::string(23, '\0')), kind == 1 || kind == 2 ? "" : "16x32")
+            << int{kind};
+    }
+    // The oldest header contains no kind.
+    EXPECT_EQ(SizeOf(front + OldBmp.substr(14) + std::string("\0\0\0\0\1\0\0\0", 8)), "16x32");
+}
+
 TEST_F(PictureTest, OtherAndTruncatedFilesHaveNoSize) {
     EXPECT_EQ(SizeOf(""), "");
     EXPECT_EQ(SizeOf("plain text"), "");
@@ -72,8 +90,8 @@ TEST_F(PictureTest, EveryBeginningOfAPicture) {
 TEST_F(PictureTest, SizesThatNothingCanHoldAreTold) {
     EXPECT_EQ(SizeOf("BM" + std::string(12, '\0') + std::string("\x28\0\0\0\xA0\x86\1\0\xA0\x86\1\0", 12)),
               "100000x100000");
-    EXPECT_EQ(SizeOf("BM" + std::string(12, '\0') + std::string("\x28\0\0\0\0\0\0\x80\0\0\0\x80", 12)),
-              "2147483648x2147483648");
+    EXPECT_EQ(SizeOf("BM" + std::string(12, '\0') + std::string("\x28\0\0\0\xFF\xFF\xFF\x7F\0\0\0\x80", 12)),
+              "2147483647x2147483648");
     EXPECT_EQ(SizeOf(Png.substr(0, 16) + std::string(8, '\xFF')), "4294967295x4294967295");
     EXPECT_EQ(SizeOf("GIF89a\xFF\xFF\xFF\xFF"), "65535x65535");
 }
