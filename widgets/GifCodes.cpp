@@ -72,7 +72,7 @@ public:
         m_previous.reset();
     }
 
-    // Takes in a code that stands for pixels, and returns their number; 0 if the code has no meaning here.
+    // Adds a code that stands for pixels, and returns their number; 0 if the code has no meaning here.
     std::int64_t Add(std::size_t code) {
         // A code also defines a new one: the previous code and one more pixel. It may be that one itself.
         if (m_previous && m_count < MostCodes) {
