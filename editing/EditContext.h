@@ -19,7 +19,7 @@ public:
     virtual std::size_t Bytes() const = 0;
 };
 
-/// Returns the current context; null when there is none.
+/// Returns the current context, or null while no menu is open.
 using EditContextSource = std::function<std::unique_ptr<EditContext>()>;
 
 } // namespace nesk

@@ -242,7 +242,7 @@ std::string MenuEditor::MoveOut(const std::string& id) {
     return MoveTo(id, target.ID(), target.Children()->PositionOf(*submenu) + 1);
 }
 
-// The submenu directly before an entry; null when there is none.
+// The submenu directly before an entry, or null.
 const MenuItem* MenuEditor::SubmenuBefore(const MenuItem& item) {
     const MenuItemCollection& siblings = *item.ParentMenu()->Children();
     const int position = siblings.PositionOf(item);

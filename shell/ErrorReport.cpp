@@ -1,5 +1,4 @@
 #include "base/Messages.h"
-#include "platform/Utf8.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
@@ -19,22 +18,14 @@ void Show(const std::string& text) {
 // A text from a damaged file may be longer than any window can show.
 constexpr std::size_t MaxArgumentLength = 1000;
 
-// The beginning of a text, cut at a character boundary.
-std::string Shortened(const std::string& text) {
-    if (text.size() <= MaxArgumentLength) return text;
-    std::size_t length = MaxArgumentLength;
-    while (length > 0 && platform::ContinuesCharacter(text[length]))
-        --length;
-    return text.substr(0, length) + "...";
-}
-
 } // namespace
 
 std::string MessageText(const NeskError& error) {
     modStringRes::Arguments arguments;
     const std::size_t count = std::min(arguments.size(), error.arguments.size());
     std::transform(error.arguments.begin(), error.arguments.begin() + static_cast<std::ptrdiff_t>(count),
-                   arguments.begin(), Shortened);
+                   arguments.begin(),
+                   [](const std::string& text) { return Shortened(text, MaxArgumentLength); });
     if (error.cause && count < arguments.size()) arguments[count] = MessageText(*error.cause);
     return modStringRes::FormatResStringArray(error.messageId, arguments);
 }

@@ -49,7 +49,7 @@ std::size_t FormUndoHistory::Choose(const std::vector<ChangeName>& names) {
     ShowCount();
     lstChanges->SetFocus();
     if (ShowModal() != wxID_OK) return 0;
-    return static_cast<std::size_t>(lstChanges->GetSelection() + 1);
+    return static_cast<std::size_t>(lstChanges->GetSelection()) + 1;
 }
 
 void FormUndoHistory::OnOK() {

@@ -80,13 +80,13 @@ struct MainCommandState {
 /// The description of a command: one row of the table for the menu bar, the context menu and the
 /// accelerators.
 struct MainCommandInfo {
-    MainCommand command;
-    const char* name;     ///< control name, for example "mnuFileOpen"
-    int menu;             ///< message number of the menu that contains it
-    int text;             ///< message number of its caption, with access key and accelerator
-    bool separatorBefore; ///< true when a separator precedes it in the menu
-    bool (*isEnabled)(const MainCommandState& state);
-    void (MainCommandTarget::*run)();
+    MainCommand command = MainCommand::Count;
+    const char* name = "";        ///< control name, for example "mnuFileOpen"
+    int menu = 0;                 ///< message number of the menu that contains it
+    int text = 0;                 ///< message number of its caption, with access key and accelerator
+    bool separatorBefore = false; ///< true when a separator precedes it in the menu
+    bool (*isEnabled)(const MainCommandState& state) = nullptr;
+    void (MainCommandTarget::*run)() = nullptr;
     bool editsText = false;         ///< its key belongs to the text while a caption is being edited
     const char* otherKey = nullptr; ///< a second key, for example "Ctrl+Shift+Z"
 };

@@ -6,6 +6,7 @@
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
 #include "platform/ProfileFile.h"
+#include "platform/Utf8.h"
 #include "settings/RegEntry.h"
 
 #include <algorithm>
@@ -33,6 +34,13 @@ bool SearchFinds(platform::FileSystem& files, const std::string& path, Wanted wa
 }
 
 } // namespace
+
+std::string Shortened(const std::string& text, std::size_t length) {
+    if (text.size() <= length) return text;
+    while (length > 0 && platform::ContinuesCharacter(text[length]))
+        --length;
+    return text.substr(0, length) + "...";
+}
 
 std::string Trim(const std::string& text) {
     const std::size_t first = text.find_first_not_of(' ');

@@ -16,6 +16,10 @@ namespace nesk::modUtilities {
 /// The text without leading and trailing spaces. Tabs and line ends stay.
 std::string Trim(const std::string& text);
 
+/// The text itself if it has at most `length` bytes; otherwise its beginning, cut between two characters, and
+/// "...".
+std::string Shortened(const std::string& text, std::size_t length);
+
 /// Makes the path end in "\". Removes spaces at the end first. A path that ends in "\" without these spaces
 /// is left unchanged, including the spaces.
 void AddTrailingBackslash(std::string& path);

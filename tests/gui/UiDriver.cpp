@@ -60,7 +60,7 @@ std::string NameOf(const wxMenuItem* item) {
     return item != nullptr ? FromWx(item->GetItemLabelText()) : "the menu item";
 }
 
-// The window whose menu bar has an item; null if there is none, which fails the test.
+// The window whose menu bar has an item. Without such a window the test fails, and null is returned.
 wxFrame* FrameOf(const wxMenuItem* item) {
     auto* const frame = item != nullptr && item->GetMenu() != nullptr
                             ? dynamic_cast<wxFrame*>(item->GetMenu()->GetWindow())

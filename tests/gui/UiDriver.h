@@ -69,7 +69,7 @@ void DragMouse(wxPoint from, wxPoint to, int key, const std::function<void()>& h
 
 // Controls
 
-/// The control with this name in a window. If there is none, the test fails and null is returned.
+/// The control with this name in a window. Without such a control the test fails, and null is returned.
 wxWindow* Find(const wxWindow& in, const std::string& name);
 
 /// Clicks a button, a check box or a radio button.

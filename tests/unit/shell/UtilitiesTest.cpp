@@ -28,6 +28,14 @@ TEST_F(UtilitiesTest, TrailingBackslash) {
     EXPECT_EQ(added(""), "\\");
 }
 
+TEST_F(UtilitiesTest, ShortenedTexts) {
+    EXPECT_EQ(modUtilities::Shortened("", 3), "");
+    EXPECT_EQ(modUtilities::Shortened("abc", 3), "abc");
+    EXPECT_EQ(modUtilities::Shortened("abcd", 3), "abc...");
+    EXPECT_EQ(modUtilities::Shortened("a\u00FCbc", 2), "a...") << "no half of a character";
+    EXPECT_EQ(modUtilities::Shortened("a\u00FCbc", 3), "a\u00FC...");
+}
+
 TEST_F(UtilitiesTest, JoiningPaths) {
     EXPECT_EQ(PathJoin("C:\\A\\B", "..\\C\\x.cfg"), "C:\\A\\C\\x.cfg");
     EXPECT_EQ(PathJoin("C:\\A", "D:\\x"), "D:\\x");

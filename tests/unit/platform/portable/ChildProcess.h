@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <exception>
 #include <fstream>
 #include <functional>
 #include <grp.h>
@@ -27,7 +28,13 @@ inline ChildEnd InChildProcess(const std::function<bool()>& action) {
     std::fflush(nullptr);
     const pid_t child = ::fork();
     if (child == 0) {
-        const bool possible = action();
+        bool possible = true;
+        // An exception that escaped would make the child go on with the parent's tests.
+        try {
+            possible = action();
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what();
+        }
         std::fflush(nullptr);
         ::_exit(::testing::Test::HasFailure() ? FailedCode : (possible ? 0 : NotPossibleCode));
     }
