@@ -18,6 +18,8 @@ constexpr int MenuNotABlock = 34491;     // %0% line
 constexpr int RootStays = 34492;
 constexpr int MoveIntoItself = 34493; // %0% caption
 constexpr int MoveIntoPart = 34494;   // %0% caption
+constexpr int TextNotEncodable = 34495; // %0% line, %1% character, %2% code page
+constexpr int NoEntriesInText = 34496;
 
 // Names of changes, shown by Undo and Redo. %0% caption
 constexpr int ChangeAdd = 34500;
@@ -26,6 +28,18 @@ constexpr int ChangeMove = 34502;
 constexpr int ChangeCaption = 34503;
 constexpr int ChangeGraphic = 34504;
 constexpr int ChangePart = 34505;
+constexpr int ChangeCut = 34509;
+constexpr int ChangePaste = 34510;
+constexpr int ChangeCopy = 34511;
+constexpr int ChangeSort = 34512;
+
+// The same for several entries. %0% number of entries
+constexpr int ChangeRemoveSeveral = 34513;
+constexpr int ChangeMoveSeveral = 34514;
+constexpr int ChangeCutSeveral = 34515;
+constexpr int ChangePasteSeveral = 34516;
+constexpr int ChangeCopySeveral = 34517;
+constexpr int ChangePartSeveral = 34518;
 
 constexpr int BlockSyntax = 32013; // %0% line
 constexpr int NoticeTitle = 32015;

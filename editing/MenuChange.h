@@ -20,7 +20,8 @@ struct MenuEvent {
         Added,   ///< the entry `id` was added, at `position` among the children of `parentId`
         Removed, ///< the entry `id` and everything below it were removed
         Moved,   ///< the entry `id` was moved to `position` among the children of `parentId`
-        Edited   ///< a field of the entry `id` has a new value
+        Edited,  ///< a field of the entry `id` has a new value
+        Reordered ///< the children of the entry `id` have another order
     };
 
     Kind kind = Kind::None;

@@ -189,6 +189,9 @@ MenuCommands MenuEditor::CommandsFor(const std::string& id) const {
     const MenuItem* item = AsItem(entry);
     commands.addPart = commands.addSubmenu = item == nullptr || !item->IsPart();
     commands.rename = true;
+    commands.pasteInside = commands.addPart;
+    commands.sort = entry->ChildCount() > 1;
+    commands.pasteAfter = true; // the root has no place after it: there it is the end of the menu
     if (item == nullptr) return commands;
     const MenuItemCollection& siblings = *item->ParentMenu()->Children();
     const int position = siblings.PositionOf(*item);
@@ -196,7 +199,7 @@ MenuCommands MenuEditor::CommandsFor(const std::string& id) const {
     commands.moveDown = position < siblings.Count();
     commands.moveOut = item->ParentMenu()->ParentMenu() != nullptr;
     commands.moveIn = SubmenuBefore(*item) != nullptr;
-    commands.edit = commands.remove = true;
+    commands.edit = commands.remove = commands.copy = true;
     return commands;
 }
 
@@ -205,7 +208,7 @@ std::string MenuEditor::Add(const std::string& parentId, const std::string& capt
     MenuText::Check(caption, "MenuEditor.Add");
     return Make(std::make_unique<AddChange>(parentId, caption, std::string(type)),
                 {Message::ChangeAdd, {caption}})
-               ? m_lastId
+               ? m_lastIds.back()
                : "";
 }
 
@@ -230,7 +233,7 @@ bool MenuEditor::MoveDown(const std::string& id) {
 std::string MenuEditor::MoveTo(const std::string& id, const std::string& parentId, int position) {
     if (Find(id) == nullptr || Find(parentId) == nullptr) return "";
     return Make(std::make_unique<MoveToChange>(id, parentId, position), NameFor(Message::ChangeMove, id))
-               ? m_lastId
+               ? m_lastIds.back()
                : id;
 }
 
@@ -319,6 +322,7 @@ ChangeName MenuEditor::NameFor(int textId, const std::string& id) const {
 bool MenuEditor::Make(std::unique_ptr<MenuChange> change, ChangeName name) {
     if (!m_menu) return false;
     std::unique_ptr<EditContext> before = m_group ? nullptr : Context();
+    if (!m_group) m_lastIds.clear();
     if (!change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
     if (m_group) {
         m_grouped.push_back(std::move(change));
@@ -332,6 +336,7 @@ bool MenuEditor::Make(std::unique_ptr<MenuChange> change, ChangeName name) {
 void MenuEditor::BeginGroup(ChangeName name) {
     m_group = std::move(name);
     m_groupContext = Context();
+    m_lastIds.clear();
 }
 
 void MenuEditor::CommitGroup() {
@@ -349,11 +354,14 @@ void MenuEditor::RollBackGroup() {
         m_grouped.back()->Revert(*m_menu, [this](const MenuEvent& event) { Report(event); });
     if (const auto context = std::move(m_groupContext)) context->Restore();
     m_group.reset();
+    m_lastIds.clear();
+    StateChanged();
 }
 
 bool MenuEditor::Undo() {
     MenuChange* const change = m_history.ToUndo();
     if (change == nullptr) return false;
+    m_lastIds.clear();
     if (!change->Revert(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
     if (EditContext* before = m_history.Undone()) before->Restore();
     StateChanged();
@@ -363,6 +371,7 @@ bool MenuEditor::Undo() {
 bool MenuEditor::Redo() {
     MenuChange* const change = m_history.ToRedo();
     if (change == nullptr) return false;
+    m_lastIds.clear();
     if (!change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
     m_history.Redone();
     StateChanged();
@@ -370,7 +379,7 @@ bool MenuEditor::Redo() {
 }
 
 void MenuEditor::Report(const MenuEvent& event) {
-    m_lastId = event.id;
+    if (event.kind != MenuEvent::Kind::Removed) m_lastIds.push_back(event.id);
     Tell([&](MenuEditorListener& listener) { listener.OnMenuEvent(event); });
 }
 

@@ -3,6 +3,7 @@
 #include "base/FileHash.h"
 #include "base/NeskError.h"
 #include "base/SafeFile.h"
+#include "editing/EntryIds.h"
 #include "editing/MenuChange.h"
 #include "editing/UndoStack.h"
 #include "menu/Menu.h"
@@ -32,7 +33,7 @@ public:
     virtual void OnStateChanged() = 0;
 };
 
-/// The commands that are possible for an entry.
+/// The commands that are possible for one or more entries.
 struct MenuCommands {
     bool addPart = false;
     bool addSubmenu = false;
@@ -43,8 +44,19 @@ struct MenuCommands {
     bool edit = false;
     bool remove = false;
     bool rename = false;
+    bool copy = false;      ///< also cut, duplicate and move to another place
+    bool pasteAfter = false;
+    bool pasteInside = false;
+    bool sort = false;
 
     bool operator==(const MenuCommands&) const = default;
+};
+
+/// Fields that several part buttons get at once. A field without a value keeps the different values of the
+/// parts.
+struct CommonPartFields {
+    std::optional<std::string> graphic;
+    std::optional<std::string> historyDir;
 };
 
 /// What the user must confirm before a save.
@@ -141,6 +153,10 @@ public:
     /// The commands that are possible for the entry `id`. None when there is no such entry.
     MenuCommands CommandsFor(const std::string& id) const;
 
+    /// The commands that are possible for several entries at once.
+    /// @param ids  as Uppermost returns them
+    MenuCommands CommandsFor(const EntryIds& ids) const;
+
     /// Appends a part button or a submenu to the children of an entry. Raises Overflow when the parent has
     /// the maximum number of children, and 5000 for a caption that cannot be stored.
     /// @return id of the new entry; "" when the parent does not exist or is a part button, which never has
@@ -181,6 +197,60 @@ public:
     /// The error that MoveTo would raise; nothing when it would succeed.
     std::optional<NeskError> WhyNotMoveTo(const std::string& id, const std::string& parentId) const;
 
+    // --- several entries at once; the ids are as Uppermost returns them ---
+    //
+    // Each function makes one change. When it raises an error, nothing has changed.
+
+    /// Removes entries and everything below them. Returns false when there are none.
+    bool Remove(const EntryIds& ids);
+
+    /// Removes entries whose text was put on the clipboard.
+    bool Cut(const EntryIds& ids);
+
+    /// Moves the entries of each parent one position, as a block. Entries of which one is already first or
+    /// last stay. Returns false when all stay.
+    bool MoveUp(const EntryIds& ids);
+    bool MoveDown(const EntryIds& ids);
+
+    /// Moves entries of one parent out of their submenu, to the place after it, or to the end of the submenu
+    /// before the first of them.
+    /// @return the new ids of the entries; none when there is no such place
+    EntryIds MoveOut(const EntryIds& ids);
+    EntryIds MoveIn(const EntryIds& ids);
+
+    /// Moves entries to one place, in their order. Raises the error of WhyNotMoveTo.
+    /// @param position  1-based position among the present children of the new parent before which the
+    ///                  entries go; 0 for the end
+    /// @return the new ids of the entries
+    EntryIds MoveTo(const EntryIds& ids, const std::string& parentId, int position);
+
+    /// Copies entries to one place. The parameters and results are those of MoveTo. Raises 5000 when the
+    /// parent is a part button, and Overflow when it would have too many children.
+    EntryIds CopyTo(const EntryIds& ids, const std::string& parentId, int position);
+
+    /// Copies entries to the place after the last of them.
+    EntryIds Duplicate(const EntryIds& ids);
+
+    /// The error that MoveTo or CopyTo would raise; nothing when it would succeed.
+    std::optional<NeskError> WhyNotMoveTo(const EntryIds& ids, const std::string& parentId) const;
+    std::optional<NeskError> WhyNotCopyTo(std::size_t count, const std::string& parentId) const;
+
+    /// The entries as text for the clipboard.
+    std::string CopyText(const EntryIds& ids) const;
+
+    /// Inserts entries from a text. The parameters and results are those of CopyTo. Raises also the errors of
+    /// EntryText::Read.
+    EntryIds Paste(std::string_view text, const std::string& parentId, int position);
+
+    /// Sorts the children of an entry by caption, in the order of the user's language. Returns false when they
+    /// are in this order already.
+    /// @param submenusFirst  false mixes submenus and part buttons
+    bool Sort(const std::string& parentId, bool submenusFirst);
+
+    /// Changes fields of the part buttons among the entries. Returns false when nothing changes. Raises 5000
+    /// for a text that cannot be stored.
+    bool SetParts(const EntryIds& ids, const CommonPartFields& fields);
+
     /// Begins a group: all changes up to CommitGroup become one change with this name. Groups cannot be
     /// nested.
     void BeginGroup(ChangeName name);
@@ -190,6 +260,26 @@ public:
 
     /// Ends a group and undoes its changes.
     void RollBackGroup();
+
+    /// A group that is undone unless it is committed.
+    class Group {
+    public:
+        Group(MenuEditor& editor, ChangeName name) : m_editor(editor) { editor.BeginGroup(std::move(name)); }
+        ~Group() {
+            if (!m_isCommitted) m_editor.RollBackGroup();
+        }
+        Group(const Group&) = delete;
+        Group& operator=(const Group&) = delete;
+
+        void Commit() {
+            m_isCommitted = true;
+            m_editor.CommitGroup();
+        }
+
+    private:
+        MenuEditor& m_editor;
+        bool m_isCommitted = false;
+    };
 
     /// Sets the source of what the view shows. It is asked before each change, and what it returned comes
     /// back when the change is undone.
@@ -203,14 +293,21 @@ public:
     bool Undo();
     bool Redo();
 
-    /// Id of the entry of the last event, for example of the entry that was redone.
-    const std::string& LastId() const { return m_lastId; }
+    /// Ids of the entries that the last change, undo or redo added, moved or edited, in the order of the
+    /// events.
+    const EntryIds& LastIds() const { return m_lastIds; }
 
 private:
     bool Confirm();
     std::string Add(const std::string& parentId, const std::string& caption, std::string_view type);
     static const MenuItem* SubmenuBefore(const MenuItem& item);
     ChangeName NameFor(int textId, const std::string& id) const;
+    ChangeName NameFor(int textId, int textIdForSeveral, const EntryIds& ids) const;
+    std::vector<const MenuItem*> ItemsOf(const EntryIds& ids) const;
+    std::vector<EntryIds> ByParent(const EntryIds& ids) const;
+    bool RemoveAs(ChangeName name, const EntryIds& ids);
+    bool MoveBlocks(const EntryIds& ids, bool up);
+    EntryIds InsertFrom(std::string_view text, const std::string& parentId, int position, ChangeName name);
     bool Make(std::unique_ptr<MenuChange> change, ChangeName name);
     std::unique_ptr<EditContext> Context() const { return m_contextSource ? m_contextSource() : nullptr; }
     void ForgetChanges();
@@ -233,7 +330,7 @@ private:
     std::vector<std::unique_ptr<MenuChange>> m_grouped;
     std::unique_ptr<EditContext> m_groupContext; // before the group
     EditContextSource m_contextSource;
-    std::string m_lastId; // id of the last event
+    EntryIds m_lastIds;
     std::string m_path;
     std::string m_place;
     FileHash m_hash;

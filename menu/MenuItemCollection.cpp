@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 namespace nesk {
@@ -170,6 +171,23 @@ bool MenuItemCollection::MoveDown(const MenuItem& item) {
     const int position = PositionOf(item);
     if (position == 0 || position >= Count()) return false;
     Swap(static_cast<std::size_t>(position) - 1, static_cast<std::size_t>(position));
+    return true;
+}
+
+bool MenuItemCollection::Reorder(const std::vector<std::int32_t>& counters) {
+    if (counters.size() != m_counters.size()) return false;
+    std::unordered_map<std::int32_t, MenuItem*> rest;
+    for (MenuItem* item : m_items)
+        rest.emplace(item->Counter(), item);
+    std::vector<MenuItem*> items;
+    for (const std::int32_t counter : counters) {
+        const auto found = rest.find(counter);
+        if (found == rest.end()) return false;
+        items.push_back(found->second);
+        rest.erase(found);
+    }
+    std::copy(items.begin(), items.end(), m_items.begin());
+    std::copy(counters.begin(), counters.end(), m_counters.begin());
     return true;
 }
 

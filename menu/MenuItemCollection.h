@@ -62,6 +62,14 @@ public:
     bool MoveUp(const MenuItem& item);
     bool MoveDown(const MenuItem& item);
 
+    /// The counters of the children, in their order.
+    std::vector<std::int32_t> Counters() const { return {m_counters.begin(), m_counters.end()}; }
+
+    /// Gives the children another order. Returns false when `counters` are not the counters of the children;
+    /// nothing has then changed.
+    /// @param counters  the counters of all children in their new order
+    bool Reorder(const std::vector<std::int32_t>& counters);
+
     /// Deletes all children except the last, and clears the owner. The destructor deletes the last child.
     /// Nothing can be added afterwards.
     void Terminate();

@@ -47,7 +47,7 @@ void FormMain::Undo() {
 void FormMain::Redo() {
     if (!FinishLabelEdit() || !m_editor.Redo()) return;
     // An entry that was removed is not there; the tree has selected the one beside it.
-    if (m_editor.Find(m_editor.LastId()) != nullptr) tvMain->SelectKey(m_editor.LastId());
+    if (m_editor.Find(m_editor.LastIds().back()) != nullptr) tvMain->SelectKey(m_editor.LastIds().back());
 }
 
 void FormMain::UndoHistory() {

@@ -34,6 +34,7 @@ public:
         case MenuEvent::Kind::Moved: return m_heard.push_back("moved " + event.id + place);
         case MenuEvent::Kind::Removed: return m_heard.push_back("removed " + event.id);
         case MenuEvent::Kind::Edited: return m_heard.push_back("edited " + event.id);
+        case MenuEvent::Kind::Reordered: return m_heard.push_back("reordered " + event.id);
         case MenuEvent::Kind::None: return m_heard.push_back("none");
         }
     }
@@ -323,14 +324,15 @@ TEST_F(MenuEditorTest, Commands) {
     OpenExample();
     const struct {
         const char* id;
-        MenuCommands commands; // add part, add submenu, up, down, out, in, edit, remove, rename
+        // add part, add submenu, up, down, out, in, edit, remove, rename, copy, paste after, paste inside, sort
+        MenuCommands commands;
     } table[] = {
-        {"R", {true, true, false, false, false, false, false, false, true}},
-        {"R.1", {true, true, false, true, false, false, true, true, true}},
-        {"R.2", {false, false, true, false, false, true, true, true, true}},
-        {"R.1.1", {false, false, false, true, true, false, true, true, true}},
-        {"R.1.2", {false, false, true, true, true, false, true, true, true}},
-        {"R.1.3", {false, false, true, false, true, false, true, true, true}},
+        {"R", {true, true, false, false, false, false, false, false, true, false, true, true, true}},
+        {"R.1", {true, true, false, true, false, false, true, true, true, true, true, true, true}},
+        {"R.2", {false, false, true, false, false, true, true, true, true, true, true, false, false}},
+        {"R.1.1", {false, false, false, true, true, false, true, true, true, true, true, false, false}},
+        {"R.1.2", {false, false, true, true, true, false, true, true, true, true, true, false, false}},
+        {"R.1.3", {false, false, true, false, true, false, true, true, true, true, true, false, false}},
         {"", {}},
         {"R.9", {}},
     };
