@@ -16,8 +16,8 @@ constexpr int MenuTextAfterEnd = 32011;  // %0% line
 constexpr int MenuBlockNotEnded = 34490; // %0% line
 constexpr int MenuNotABlock = 34491;     // %0% line
 constexpr int RootStays = 34492;
-constexpr int MoveIntoItself = 34493; // %0% caption
-constexpr int MoveIntoPart = 34494;   // %0% caption
+constexpr int MoveIntoItself = 34493;   // %0% caption
+constexpr int MoveIntoPart = 34494;     // %0% caption
 constexpr int TextNotEncodable = 34495; // %0% line, %1% character, %2% code page
 constexpr int NoEntriesInText = 34496;
 
@@ -64,6 +64,15 @@ constexpr int MenuEdit = 34520;
 constexpr int Undo = 34521;
 constexpr int Redo = 34522;
 constexpr int UndoHistory = 34523;
+constexpr int Cut = 34524;
+constexpr int Copy = 34525;
+constexpr int Paste = 34526;
+constexpr int PasteInside = 34527;
+constexpr int Duplicate = 34528;
+constexpr int SelectAll = 34529;
+constexpr int MoveTo = 34530;
+constexpr int SortSubmenusFirst = 34531;
+constexpr int SortMixed = 34532;
 constexpr int UndoChange = 34600; // %0% name of the change
 constexpr int RedoChange = 34601; // %0% name of the change
 constexpr int MenuMenu = 34020;
@@ -377,6 +386,25 @@ constexpr int StationFolderPrompt = 34419;
 
 // FormPicture.
 constexpr int PictureChoosePictureTitle = 32026;
+
+// Edits of several entries.
+constexpr int ClipboardName = 34620;
+constexpr int ClipboardBusy = 34621;
+constexpr int ClipboardHasNoText = 34622;
+constexpr int PasteFailed = 34623;          // %0% error
+constexpr int ConfirmRemoveSeveral = 34624; // %0% number of entries, %1% "" or RemovedBelowSeveral
+constexpr int RemovedBelowSeveral = 34625;  // %0% number of entries below them
+constexpr int DropFailed = 34626;           // %0% error
+constexpr int MoveToTitle = 34627;
+constexpr int MoveToTree = 34628;
+constexpr int MoveToConfirm = 34629;
+constexpr int PartsTitle = 34630; // %0% number of parts
+constexpr int PartsPicture = 34631;
+constexpr int PartsHistory = 34632;
+constexpr int PartsSame = 34633; // %0% value
+constexpr int PartsDifferent = 34634;
+constexpr int PartsNone = 34635;
+constexpr int DropNowhere = 34636;
 
 // Undo history.
 constexpr int UndoHistoryTitle = 34602;

@@ -16,11 +16,11 @@ class MenuItem;
 /// An event: what happened to one entry of the tree. Views use it to update themselves.
 struct MenuEvent {
     enum class Kind {
-        None,    ///< nothing changed
-        Added,   ///< the entry `id` was added, at `position` among the children of `parentId`
-        Removed, ///< the entry `id` and everything below it were removed
-        Moved,   ///< the entry `id` was moved to `position` among the children of `parentId`
-        Edited,  ///< a field of the entry `id` has a new value
+        None,     ///< nothing changed
+        Added,    ///< the entry `id` was added, at `position` among the children of `parentId`
+        Removed,  ///< the entry `id` and everything below it were removed
+        Moved,    ///< the entry `id` was moved to `position` among the children of `parentId`
+        Edited,   ///< a field of the entry `id` has a new value
         Reordered ///< the children of the entry `id` have another order
     };
 

@@ -44,7 +44,7 @@ struct MenuCommands {
     bool edit = false;
     bool remove = false;
     bool rename = false;
-    bool copy = false;      ///< also cut, duplicate and move to another place
+    bool copy = false; ///< also cut, duplicate and move to another place
     bool pasteAfter = false;
     bool pasteInside = false;
     bool sort = false;
@@ -242,8 +242,8 @@ public:
     /// EntryText::Read.
     EntryIds Paste(std::string_view text, const std::string& parentId, int position);
 
-    /// Sorts the children of an entry by caption, in the order of the user's language. Returns false when they
-    /// are in this order already.
+    /// Sorts the children of an entry by caption, in the order of the user's language. Returns false when
+    /// they are in this order already.
     /// @param submenusFirst  false mixes submenus and part buttons
     bool Sort(const std::string& parentId, bool submenusFirst);
 

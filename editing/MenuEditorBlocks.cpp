@@ -62,7 +62,8 @@ MenuCommands MenuEditor::CommandsFor(const EntryIds& ids) const {
     const std::vector<const MenuItem*> items = ItemsOf(ids);
     if (items.empty()) return commands;
     commands.remove = commands.copy = commands.pasteAfter = true;
-    commands.edit = std::any_of(items.begin(), items.end(), [](const MenuItem* item) { return item->IsPart(); });
+    commands.edit =
+        std::any_of(items.begin(), items.end(), [](const MenuItem* item) { return item->IsPart(); });
     for (const EntryIds& block : ByParent(ids)) {
         const MenuItem& first = *AsItem(Find(block.front()));
         const MenuItem& last = *AsItem(Find(block.back()));
@@ -169,8 +170,7 @@ std::optional<NeskError> MenuEditor::WhyNotCopyTo(std::size_t count, const std::
     if (const MenuItem* part = AsItem(parent); part != nullptr && part->IsPart())
         return NeskError(5000, "MenuEditor.CopyTo", Message::MoveIntoPart, {std::string(part->Caption())});
     const auto room = static_cast<std::size_t>(MenuItemCollection::MaxCount - parent->ChildCount());
-    if (count > room)
-        return NeskError(RuntimeError::Overflow, "MenuEditor.CopyTo", Message::TooManyChildren);
+    if (count > room) return NeskError(RuntimeError::Overflow, "MenuEditor.CopyTo", Message::TooManyChildren);
     return std::nullopt;
 }
 
@@ -188,7 +188,9 @@ EntryIds MenuEditor::InsertFrom(std::string_view text, const std::string& parent
     if (auto refusal = WhyNotCopyTo(items.size(), parentId)) throw *std::move(refusal);
     const bool isOne = items.size() == 1;
     name.arguments = {isOne ? std::string(items.front()->Caption()) : std::to_string(items.size())};
-    if (!isOne) name.textId = name.textId == Message::ChangeCopy ? Message::ChangeCopySeveral : Message::ChangePasteSeveral;
+    if (!isOne)
+        name.textId =
+            name.textId == Message::ChangeCopy ? Message::ChangeCopySeveral : Message::ChangePasteSeveral;
     const int count = parent->ChildCount();
     int at = position > 0 ? std::min(position, count + 1) : count + 1;
     EntryIds ids;

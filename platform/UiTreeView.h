@@ -259,6 +259,7 @@ private:
     bool OnCommandKey(int key);
     void GoTo(TreeNode* node);
     void ExpandAbove(const TreeNode& node);
+    void SelectForMenu(TreeNode* node);
     void OpenMenuAtSelected();
     void OnDragTimer();
     void Mark(const TreeDrop& drop);

@@ -1,9 +1,6 @@
 #include "shell/FormMain.h"
 
 #include "base/Messages.h"
-#include "menu/FormSelectMenuPicture.h"
-#include "menu/MenuItem.h"
-#include "partedit/FormEditPart.h"
 #include "settings/FormAccess.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormMenuTree.h"
@@ -82,13 +79,21 @@ FormMain::~FormMain() {
 // The menu item of a command. The array is in the order of MainCommand.
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     static constexpr std::array<wxMenuItem * FormMain::*, MainCommandCount> items{
-        &FormMain::mnuFileOpen,        &FormMain::mnuFileSave,        &FormMain::mnuFileSaveAs,
-        &FormMain::mnuFileClose,       &FormMain::mnuFileExit,        &FormMain::mnuEditUndo,
-        &FormMain::mnuEditRedo,        &FormMain::mnuEditUndoHistory, &FormMain::mnuMenuAddPart,
-        &FormMain::mnuMenuAddSubmenu,  &FormMain::mnuMenuUp,          &FormMain::mnuMenuDown,
-        &FormMain::mnuMenuMoveOut,     &FormMain::mnuMenuMoveIn,      &FormMain::mnuMenuEdit,
-        &FormMain::mnuMenuRename,      &FormMain::mnuMenuRemove,      &FormMain::mnuSettingsAccess,
-        &FormMain::mnuSettingsOptions, &FormMain::mnuHelpContents,    &FormMain::mnuHelpWindow,
+        &FormMain::mnuFileOpen,       &FormMain::mnuFileSave,
+        &FormMain::mnuFileSaveAs,     &FormMain::mnuFileClose,
+        &FormMain::mnuFileExit,       &FormMain::mnuEditUndo,
+        &FormMain::mnuEditRedo,       &FormMain::mnuEditUndoHistory,
+        &FormMain::mnuEditCut,        &FormMain::mnuEditCopy,
+        &FormMain::mnuEditPaste,      &FormMain::mnuEditPasteInside,
+        &FormMain::mnuEditDuplicate,  &FormMain::mnuEditSelectAll,
+        &FormMain::mnuMenuAddPart,    &FormMain::mnuMenuAddSubmenu,
+        &FormMain::mnuMenuUp,         &FormMain::mnuMenuDown,
+        &FormMain::mnuMenuMoveOut,    &FormMain::mnuMenuMoveIn,
+        &FormMain::mnuMenuMoveTo,     &FormMain::mnuMenuSortSubmenusFirst,
+        &FormMain::mnuMenuSortMixed,  &FormMain::mnuMenuEdit,
+        &FormMain::mnuMenuRename,     &FormMain::mnuMenuRemove,
+        &FormMain::mnuSettingsAccess, &FormMain::mnuSettingsOptions,
+        &FormMain::mnuHelpContents,   &FormMain::mnuHelpWindow,
         &FormMain::mnuHelpAbout,
     };
     return this->*items[static_cast<std::size_t>(command)];
@@ -149,7 +154,7 @@ void FormMain::UpdateTitle() {
 }
 
 void FormMain::UpdateFileMenus() {
-    const MainCommandSet enabled = CurrentCommands(m_editor, tvMain->SelectedKey(), [] {
+    const MainCommandSet enabled = CurrentCommands(m_editor, SelectedEntries(), [] {
         return modUtilities::DirectoryExists(NeskRegistry::Instance().NeskRoot);
     });
     for (const MainCommandInfo& info : MainCommandTable())
@@ -208,56 +213,9 @@ void FormMain::AddEntry(bool part) {
     tvMain->View().EditLabel(*tvMain->NodeOf(id));
 }
 
-void FormMain::MoveUp() {
-    if (FinishLabelEdit()) m_editor.MoveUp(tvMain->SelectedKey());
-}
-
-void FormMain::MoveDown() {
-    if (FinishLabelEdit()) m_editor.MoveDown(tvMain->SelectedKey());
-}
-
-void FormMain::MoveOut() {
-    if (FinishLabelEdit()) m_editor.MoveOut(tvMain->SelectedKey());
-}
-
-void FormMain::MoveIn() {
-    if (FinishLabelEdit()) m_editor.MoveIn(tvMain->SelectedKey());
-}
-
-void FormMain::Remove() {
-    const std::string id = tvMain->SelectedKey();
-    const MenuEntry* entry = m_editor.Find(id);
-    if (entry == nullptr) return;
-    if (entry == m_editor.OpenMenu()) {
-        Ask(LoadResString(Message::RootNotRemovable), Message::NoticeTitle, wxOK | wxICON_INFORMATION);
-        return;
-    }
-    const std::int64_t below = entry->CountBelow();
-    const std::string alsoRemoved = below == 0 ? "" : FormatResString(Message::RemovedBelow, below);
-    const std::string text =
-        FormatResString(Message::ConfirmRemove, alsoRemoved, std::string(entry->Caption()));
-    if (Ask(text, Message::ConfirmTitle, wxYES_NO | wxICON_QUESTION) == wxID_YES) m_editor.Remove(id);
-}
-
 void FormMain::Rename() {
     platform::TreeNode* const node = tvMain->View().Selected();
     if (node != nullptr && tvMain->View().Edited() == nullptr) tvMain->View().EditLabel(*node);
-}
-
-void FormMain::EditSelected() {
-    if (!FinishLabelEdit()) return;
-    const std::string id = tvMain->SelectedKey();
-    const auto* item = dynamic_cast<const MenuItem*>(m_editor.Find(id));
-    if (item == nullptr) return;
-    if (item->IsPart()) {
-        PartFields fields = PartFieldsOf(*item);
-        FormEditPart dialog(this, wxGetDisplaySize().x);
-        if (dialog.Edit(std::string(item->Caption()), fields)) m_editor.SetPart(id, fields);
-    } else {
-        std::string graphic(item->Graphic());
-        FormSelectMenuPicture dialog(this);
-        if (dialog.Display(graphic)) m_editor.SetGraphic(id, graphic);
-    }
 }
 
 void FormMain::SettingsAccess() {

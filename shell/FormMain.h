@@ -16,7 +16,8 @@ class wxMenuItem;
 
 namespace nesk::platform {
 class TreeNode;
-}
+struct TreeDrop;
+} // namespace nesk::platform
 
 namespace nesk {
 
@@ -58,12 +59,21 @@ public:
     wxMenuItem* mnuEditUndo = nullptr;
     wxMenuItem* mnuEditRedo = nullptr;
     wxMenuItem* mnuEditUndoHistory = nullptr;
+    wxMenuItem* mnuEditCut = nullptr;
+    wxMenuItem* mnuEditCopy = nullptr;
+    wxMenuItem* mnuEditPaste = nullptr;
+    wxMenuItem* mnuEditPasteInside = nullptr;
+    wxMenuItem* mnuEditDuplicate = nullptr;
+    wxMenuItem* mnuEditSelectAll = nullptr;
     wxMenuItem* mnuMenuAddPart = nullptr;
     wxMenuItem* mnuMenuAddSubmenu = nullptr;
     wxMenuItem* mnuMenuUp = nullptr;
     wxMenuItem* mnuMenuDown = nullptr;
     wxMenuItem* mnuMenuMoveOut = nullptr;
     wxMenuItem* mnuMenuMoveIn = nullptr;
+    wxMenuItem* mnuMenuMoveTo = nullptr;
+    wxMenuItem* mnuMenuSortSubmenusFirst = nullptr;
+    wxMenuItem* mnuMenuSortMixed = nullptr;
     wxMenuItem* mnuMenuEdit = nullptr;
     wxMenuItem* mnuMenuRename = nullptr;
     wxMenuItem* mnuMenuRemove = nullptr;
@@ -97,12 +107,21 @@ private:
     void Undo() override;
     void Redo() override;
     void UndoHistory() override;
+    void Cut() override;
+    void Copy() override;
+    void Paste() override;
+    void PasteInside() override;
+    void Duplicate() override;
+    void SelectAll() override;
     void AddPart() override;
     void AddSubmenu() override;
     void MoveUp() override;
     void MoveDown() override;
     void MoveOut() override;
     void MoveIn() override;
+    void MoveTo() override;
+    void SortSubmenusFirst() override;
+    void SortMixed() override;
     void EditSelected() override;
     void Rename() override;
     void Remove() override;
@@ -113,6 +132,15 @@ private:
     void HelpAbout() override;
     bool SaveMenu();
     void AddEntry(bool part);
+    EntryIds SelectedEntries() const;
+    bool CopySelected();
+    void PasteAt(const std::string& parentId, int position);
+    void RemoveEntries(const EntryIds& ids, bool (MenuEditor::*remove)(const EntryIds&));
+    void EditParts(const EntryIds& ids);
+
+    // Dragging.
+    bool MayDrop(const std::vector<platform::TreeNode*>& nodes, const platform::TreeDrop& drop);
+    void OnDropped(const std::vector<platform::TreeNode*>& nodes, const platform::TreeDrop& drop);
 
     // Start page, while no menu is open.
     void UpdateStartPage();
@@ -124,7 +152,7 @@ private:
     // Keys, and events of the tree.
     void BindTree();
     void OnCharHook(wxKeyEvent& event);
-    void OnContextMenu(platform::TreeNode* node, wxPoint at);
+    void OnContextMenu(wxPoint at);
     bool OnActivated(platform::TreeNode& node);
     void OnEndLabelEdit(platform::TreeNode& node, const std::string* text);
     bool FinishLabelEdit();

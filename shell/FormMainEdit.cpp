@@ -45,9 +45,8 @@ void FormMain::Undo() {
 }
 
 void FormMain::Redo() {
-    if (!FinishLabelEdit() || !m_editor.Redo()) return;
-    // An entry that was removed is not there; the tree has selected the one beside it.
-    if (m_editor.Find(m_editor.LastIds().back()) != nullptr) tvMain->SelectKey(m_editor.LastIds().back());
+    // Entries that were removed are not there; the tree has selected the one beside them.
+    if (FinishLabelEdit() && m_editor.Redo()) tvMain->SelectKeys(m_editor.LastIds());
 }
 
 void FormMain::UndoHistory() {

@@ -50,6 +50,7 @@ void FormMain::OnMenuReplaced() {
 }
 
 void FormMain::OnStateChanged() {
+    tvMain->Settle();
     UpdateBars();
     UpdateTitle();
     UpdateUndoTexts();

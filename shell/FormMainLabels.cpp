@@ -42,12 +42,18 @@ void FormMain::BindTree() {
     platform::TreeEvents& on = tvMain->View().on;
     on.selectionChanged = [this] { UpdateFileMenus(); };
     on.activated = [this](TreeNode& node) { return OnActivated(node); };
-    on.contextMenu = [this](TreeNode* node, wxPoint at) { OnContextMenu(node, at); };
+    on.contextMenu = [this](TreeNode*, wxPoint at) { OnContextMenu(at); };
     // While a caption is being edited, Del must edit the text.
     on.renameBegins = [this](TreeNode&) { UpdateFileMenus(); };
     on.renameEnds = [this](TreeNode& node, const std::string* text) { OnEndLabelEdit(node, text); };
     // A line break would damage the menu file, so it cannot even be pasted.
     on.correctLabel = [](const std::string& text) { return MenuText::OnOneLine(text); };
+    on.mayDrop = [this](const std::vector<TreeNode*>& nodes, const platform::TreeDrop& drop) {
+        return MayDrop(nodes, drop);
+    };
+    on.dropped = [this](const std::vector<TreeNode*>& nodes, const platform::TreeDrop& drop) {
+        OnDropped(nodes, drop);
+    };
     Bind(wxEVT_CHAR_HOOK, &FormMain::OnCharHook, this);
 }
 
@@ -115,16 +121,18 @@ void FormMain::ShowSelected() {
     if (TreeNode* node = tvMain->View().Selected()) tvMain->View().EnsureVisible(*node);
 }
 
-void FormMain::OnContextMenu(TreeNode* node, wxPoint at) {
+void FormMain::OnContextMenu(wxPoint at) {
     FinishLabelEdit();
-    if (node != nullptr) tvMain->View().Select(node);
     UpdateFileMenus();
     wxMenu menu;
-    for (const MainCommandInfo& info : MainCommandTable()) {
-        if (info.menu != Message::MenuMenu) continue;
-        if (info.separatorBefore) menu.AppendSeparator();
-        const wxMenuItem* item = ItemOf(info.command);
-        menu.Append(item->GetId(), item->GetItemLabel(), item->GetHelp())->Enable(item->IsEnabled());
+    for (const int which : {Message::MenuMenu, Message::MenuEdit}) {
+        if (which != Message::MenuMenu) menu.AppendSeparator();
+        for (const MainCommandInfo& info : MainCommandTable()) {
+            if (info.menu != which) continue;
+            if (info.separatorBefore) menu.AppendSeparator();
+            const wxMenuItem* item = ItemOf(info.command);
+            menu.Append(item->GetId(), item->GetItemLabel(), item->GetHelp())->Enable(item->IsEnabled());
+        }
     }
     tvMain->Window().PopupMenu(&menu, at);
 }

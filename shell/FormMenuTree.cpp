@@ -8,9 +8,12 @@
 #include "widgets/UiIcons.h"
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <set>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -26,6 +29,12 @@ namespace {
 
 enum Image { FolderImage, PartImage };
 
+// From this number of events on, building the tree again is faster than following each event.
+constexpr std::size_t ManyEvents = 100;
+
+// From this number of ids on, siblings are looked up in a table.
+constexpr std::size_t ManyIds = 16;
+
 std::unique_ptr<TreeNode> NodeFor(const MenuItem& item) {
     return std::make_unique<TreeNode>(std::string(item.Caption()), item.IsPart() ? PartImage : FolderImage,
                                       MenuId::LastPart(item.Counter()), item.ChildCount() > 0);
@@ -34,7 +43,7 @@ std::unique_ptr<TreeNode> NodeFor(const MenuItem& item) {
 } // namespace
 
 FormMenuTree::FormMenuTree(wxWindow* parent, const MenuEditor& editor)
-    : m_editor(editor), m_view(*TreeView::Create(parent, "tvMain", {})) {
+    : m_editor(editor), m_view(*TreeView::Create(parent, "tvMain", {.multiple = true, .drag = true})) {
     const wxSize size = m_view.ImageSize();
     m_view.SetImages({IconBundle("folder", size), IconBundle("part", size)}); // in the order of Image
     m_view.SetAccessibleName(modStringRes::LoadResString(Message::TreeName));
@@ -48,6 +57,8 @@ FormMenuTree::~FormMenuTree() {
 
 void FormMenuTree::ClearTree() {
     m_lastExpanded.reset();
+    m_toRestore.reset();
+    m_events = 0;
     m_view.Clear();
 }
 
@@ -81,14 +92,31 @@ std::string FormMenuTree::KeyOf(const TreeNode* node) {
     return MenuId::Join(keys);
 }
 
+EntryIds FormMenuTree::SelectedKeys() const {
+    const std::vector<TreeNode*> nodes = m_view.Selection();
+    EntryIds ids;
+    ids.reserve(nodes.size());
+    std::transform(nodes.begin(), nodes.end(), std::back_inserter(ids), KeyOf);
+    return ids;
+}
+
 TreeNode* FormMenuTree::NodeOf(const std::string& id) {
+    return FindNode(id, true);
+}
+
+// The node of an entry; null when it was not created yet.
+TreeNode* FormMenuTree::ExistingNodeOf(const std::string& id) const {
+    return FindNode(id, false);
+}
+
+TreeNode* FormMenuTree::FindNode(const std::string& id, bool create) const {
     // Most changes concern the selected entry.
     if (TreeNode* selected = m_view.Selected(); selected != nullptr && KeyOf(selected) == id) return selected;
     const std::vector<std::string_view> parts = MenuId::Parts(id);
     TreeNode* node = m_view.Root();
     if (node == nullptr || node->Key() != parts.front()) return nullptr;
     for (std::size_t level = 1; level < parts.size() && node != nullptr; ++level) {
-        m_view.Fill(*node);
+        if (create) m_view.Fill(*node);
         TreeNode* found = nullptr;
         for (std::size_t i = 0; i < node->ChildCount() && found == nullptr; ++i)
             if (node->Child(i).Key() == parts[level]) found = &node->Child(i);
@@ -97,11 +125,58 @@ TreeNode* FormMenuTree::NodeOf(const std::string& id) {
     return node;
 }
 
+// The nodes of the entries that exist.
+std::vector<TreeNode*> FormMenuTree::NodesOf(const EntryIds& ids) {
+    std::vector<TreeNode*> nodes;
+    std::string parentId;
+    std::unordered_map<std::string_view, TreeNode*> siblings;
+    for (const std::string& id : ids) {
+        const std::string above = MenuId::OfParent(id);
+        if (ids.size() < ManyIds || above.empty()) {
+            if (TreeNode* node = NodeOf(id)) nodes.push_back(node);
+            continue;
+        }
+        if (above != parentId) {
+            parentId = above;
+            siblings.clear();
+            TreeNode* const parent = NodeOf(above);
+            if (parent != nullptr) m_view.Fill(*parent);
+            for (std::size_t i = 0; parent != nullptr && i < parent->ChildCount(); ++i)
+                siblings.emplace(parent->Child(i).Key(), &parent->Child(i));
+        }
+        if (const auto found = siblings.find(MenuId::Parts(id).back()); found != siblings.end())
+            nodes.push_back(found->second);
+    }
+    return nodes;
+}
+
 void FormMenuTree::SelectKey(const std::string& id) {
-    TreeNode* const node = NodeOf(id);
-    if (node == nullptr) return;
-    m_view.Select(node);
-    m_view.EnsureVisible(*node);
+    SelectKeys({id});
+}
+
+void FormMenuTree::SelectKeys(const EntryIds& ids) {
+    const std::vector<TreeNode*> nodes = NodesOf(ids);
+    if (nodes.empty()) return;
+    m_view.SelectAll(nodes, nodes.front());
+    m_view.EnsureVisible(*nodes.front());
+}
+
+void FormMenuTree::SelectMore() {
+    TreeNode* const current = m_view.Selected() != nullptr ? m_view.Selected() : m_view.Root();
+    if (current == nullptr) return;
+    const std::vector<TreeNode*> selected = m_view.Selection();
+    std::vector<TreeNode*> nodes;
+    if (const TreeNode* parent = current->Parent(); parent != nullptr)
+        for (std::size_t i = 0; i < parent->ChildCount(); ++i)
+            nodes.push_back(&parent->Child(i));
+    const std::unordered_set<const TreeNode*> chosen(selected.begin(), selected.end());
+    if (std::all_of(nodes.begin(), nodes.end(),
+                    [&](const TreeNode* node) { return chosen.contains(node); })) {
+        nodes.clear();
+        for (TreeNode* node = m_view.Root()->NextRow(); node != nullptr; node = node->NextRow())
+            nodes.push_back(node);
+    }
+    if (!nodes.empty()) m_view.SelectAll(nodes, current->Parent() != nullptr ? current : nodes.front());
 }
 
 // --- what undo and redo show again ---
@@ -109,30 +184,55 @@ void FormMenuTree::SelectKey(const std::string& id) {
 class FormMenuTree::ViewContext final : public EditContext {
 public:
     explicit ViewContext(FormMenuTree& tree) : m_tree(tree) {
-        for (const TreeNode* node : tree.m_view.Selection())
-            m_selected.push_back(KeyOf(node));
+        m_selected = tree.SelectedKeys();
         m_current = tree.SelectedKey();
         const TreeView::Scroll scroll = tree.m_view.ScrollPosition();
         m_top = KeyOf(scroll.top);
         m_offset = scroll.offset;
-        Ids expanded = ExpandedFrom(*tree.m_view.Root(), std::string(MenuId::Root));
+        EntryIds expanded = ExpandedFrom(*tree.m_view.Root(), std::string(MenuId::Root));
         m_isShared = tree.m_lastExpanded != nullptr && *tree.m_lastExpanded == expanded;
-        if (!m_isShared) tree.m_lastExpanded = std::make_shared<const Ids>(std::move(expanded));
+        if (!m_isShared) tree.m_lastExpanded = std::make_shared<const EntryIds>(std::move(expanded));
         m_expanded = tree.m_lastExpanded;
     }
 
     void Restore() override {
         const wxWindowUpdateLocker locker(&m_tree.Window());
+        if (m_tree.m_toRestore) m_tree.BuildTree();
+        Show();
+    }
+
+    // Shows the same again in a tree that is up to date.
+    void Show() {
         m_tree.ShowExpanded(*m_expanded);
-        std::vector<TreeNode*> nodes;
-        for (const std::string& id : m_selected)
-            if (TreeNode* node = m_tree.NodeOf(id)) nodes.push_back(node);
-        TreeNode* const current = m_tree.NodeOf(m_current);
-        if (nodes.empty() || current == nullptr) return;
+        std::vector<TreeNode*> nodes = m_tree.NodesOf(m_selected);
+        TreeNode* current = m_tree.NodeOf(m_current);
+        // An entry that was removed meanwhile leaves the selection to the nearest one above it.
+        for (std::string id = m_current; nodes.empty() && !id.empty();) {
+            id = MenuId::OfParent(id);
+            current = m_tree.NodeOf(id);
+            if (current != nullptr) nodes.push_back(current);
+        }
+        if (nodes.empty()) return;
+        if (current == nullptr) current = nodes.front();
         m_tree.m_view.SelectAll(nodes, current);
         if (TreeNode* top = m_tree.NodeOf(m_top); top != nullptr && top->HasRow())
             m_tree.m_view.SetScrollPosition({top, m_offset});
         m_tree.m_view.EnsureVisible(*current);
+    }
+
+    // Follows an entry that got another id, with all entries below it.
+    void Rename(const std::string& before, const std::string& after) {
+        const auto rename = [&](std::string& id) {
+            const bool isWithin =
+                id.starts_with(before) && (id.size() == before.size() || id[before.size()] == '.');
+            if (isWithin) id.replace(0, before.size(), after);
+        };
+        auto expanded = std::make_shared<EntryIds>(*m_expanded);
+        std::for_each(expanded->begin(), expanded->end(), rename);
+        m_expanded = std::move(expanded);
+        std::for_each(m_selected.begin(), m_selected.end(), rename);
+        rename(m_current);
+        rename(m_top);
     }
 
     std::size_t Bytes() const override {
@@ -141,7 +241,7 @@ public:
     }
 
 private:
-    static std::size_t BytesOf(const Ids& ids) {
+    static std::size_t BytesOf(const EntryIds& ids) {
         std::size_t bytes = 0;
         for (const std::string& id : ids)
             bytes += sizeof(std::string) + id.size();
@@ -149,9 +249,9 @@ private:
     }
 
     FormMenuTree& m_tree;
-    Ids m_selected;
+    EntryIds m_selected;
     std::string m_current;
-    std::shared_ptr<const Ids> m_expanded;
+    std::shared_ptr<const EntryIds> m_expanded;
     bool m_isShared = false; // an earlier context has the same list
     std::string m_top;
     int m_offset = 0;
@@ -164,8 +264,8 @@ std::unique_ptr<EditContext> FormMenuTree::Context() {
 
 // Ids of the expanded entries that can be seen, from top to bottom, each before those below it.
 // @param id  id of the node, with which the ids begin
-FormMenuTree::Ids FormMenuTree::ExpandedFrom(const TreeNode& node, const std::string& id) {
-    Ids expanded;
+EntryIds FormMenuTree::ExpandedFrom(const TreeNode& node, const std::string& id) {
+    EntryIds expanded;
     std::vector<std::pair<const TreeNode*, std::string>> open{{&node, id}};
     while (!open.empty()) {
         const auto [at, own] = std::move(open.back());
@@ -180,8 +280,8 @@ FormMenuTree::Ids FormMenuTree::ExpandedFrom(const TreeNode& node, const std::st
 }
 
 // Expands and collapses entries until just these are expanded.
-void FormMenuTree::ShowExpanded(const Ids& expanded) {
-    const Ids now = ExpandedFrom(*m_view.Root(), std::string(MenuId::Root));
+void FormMenuTree::ShowExpanded(const EntryIds& expanded) {
+    const EntryIds now = ExpandedFrom(*m_view.Root(), std::string(MenuId::Root));
     if (now == expanded) return;
     const std::set<std::string_view> wanted(expanded.begin(), expanded.end());
     // From below, so that an entry can still be found when its parent is collapsed.
@@ -196,18 +296,33 @@ void FormMenuTree::ShowExpanded(const Ids& expanded) {
 // --- changes ---
 
 void FormMenuTree::Follow(const MenuEvent& event) {
+    const bool isMany = ++m_events > ManyEvents || event.kind == MenuEvent::Kind::Reordered;
+    if (isMany && !m_toRestore && m_view.Root() != nullptr)
+        m_toRestore = std::make_unique<ViewContext>(*this);
+    if (m_toRestore) {
+        if (!event.formerId.empty()) m_toRestore->Rename(event.formerId, event.id);
+        return;
+    }
     switch (event.kind) {
-    case MenuEvent::Kind::None: break;
+    case MenuEvent::Kind::None:
+    case MenuEvent::Kind::Reordered: break;
     case MenuEvent::Kind::Added: Place(event); break;
-    case MenuEvent::Kind::Removed:
-        if (TreeNode* node = NodeOf(event.id)) m_view.Remove(*node);
-        break;
+    case MenuEvent::Kind::Removed: Remove(event.id); break;
     case MenuEvent::Kind::Moved: Move(event); break;
     case MenuEvent::Kind::Edited:
-        if (TreeNode* node = NodeOf(event.id))
+        if (TreeNode* node = ExistingNodeOf(event.id))
             m_view.SetText(*node, std::string(m_editor.Find(event.id)->Caption()));
         break;
     }
+}
+
+void FormMenuTree::Settle() {
+    m_events = 0;
+    if (!m_toRestore) return;
+    const wxWindowUpdateLocker locker(&Window());
+    const std::unique_ptr<ViewContext> context = std::move(m_toRestore);
+    BuildTree();
+    context->Show();
 }
 
 // Adds the node of a new entry at the position of the event. When its siblings have no nodes yet, the entry
@@ -222,26 +337,37 @@ void FormMenuTree::Place(const MenuEvent& event) {
         m_view.Fill(*parent);
 }
 
+void FormMenuTree::Remove(const std::string& id) {
+    if (TreeNode* node = ExistingNodeOf(id)) return m_view.Remove(*node);
+    // It had no node. A parent that has no children left must not look as if it had some.
+    const std::string parentId = MenuId::OfParent(id);
+    const MenuEntry* parent = m_editor.Find(parentId);
+    TreeNode* const node = ExistingNodeOf(parentId);
+    if (parent != nullptr && parent->ChildCount() == 0 && node != nullptr) m_view.Fill(*node);
+}
+
 void FormMenuTree::Move(const MenuEvent& event) {
-    Window().Freeze();
+    const wxWindowUpdateLocker locker(&Window());
     TreeNode* const node = NodeOf(event.formerId.empty() ? event.id : event.formerId);
     TreeNode* const parent = NodeOf(event.parentId);
     if (node != nullptr && parent != nullptr && parent->IsFilled()) {
         m_view.Move(*node, *parent, static_cast<std::size_t>(event.position) - 1);
         node->SetKey(std::string(MenuId::Parts(event.id).back()));
-    } else {
-        // The children of the new parent have no nodes yet. The entry gets its node together with them.
-        Ids expanded;
-        if (node != nullptr) {
-            expanded = ExpandedFrom(*node, event.id);
-            m_view.Remove(*node);
-        }
-        Place(event);
-        for (const std::string& id : expanded)
-            if (TreeNode* placed = NodeOf(id)) m_view.Expand(*placed);
+        return;
     }
-    SelectKey(event.id);
-    Window().Thaw();
+    // The children of the new parent have no nodes yet. The entry gets its node together with them.
+    EntryIds expanded;
+    bool isSelected = false;
+    if (node != nullptr) {
+        expanded = ExpandedFrom(*node, event.id);
+        const std::vector<TreeNode*> selection = m_view.Selection();
+        isSelected = std::find(selection.begin(), selection.end(), node) != selection.end();
+        m_view.Remove(*node);
+    }
+    Place(event);
+    for (const std::string& id : expanded)
+        if (TreeNode* placed = NodeOf(id)) m_view.Expand(*placed);
+    if (isSelected) SelectKey(event.id);
 }
 
 } // namespace nesk

@@ -30,8 +30,12 @@ public:
     /// menu is open.
     void BuildTree();
 
-    /// Updates the tree after one event of a change. An entry that moved stays selected.
+    /// Updates the tree after one event of a change. After many events of one change, the tree is outdated
+    /// until Settle.
     void Follow(const MenuEvent& event);
+
+    /// Ends a change. If it had many events, the tree is built again: that is faster than following each.
+    void Settle();
 
     /// Id of the entry of a node; "" for null.
     static std::string KeyOf(const platform::TreeNode* node);
@@ -39,28 +43,43 @@ public:
     /// Id of the selected entry; "" when nothing is selected.
     std::string SelectedKey() const { return KeyOf(m_view.Selected()); }
 
-    /// The node of an entry; null when there is no such node.
+    /// Ids of all selected entries, from top to bottom.
+    EntryIds SelectedKeys() const;
+
+    /// The node of an entry; null when there is no such node. Creates the nodes above it.
     platform::TreeNode* NodeOf(const std::string& id);
 
     /// Selects an entry and scrolls to it.
     void SelectKey(const std::string& id);
+
+    /// Selects entries and scrolls to the first of them. Entries that do not exist are left out; when none
+    /// exists, the selection stays.
+    void SelectKeys(const EntryIds& ids);
+
+    /// Selects the siblings of the selected entry or, when they are selected already, all rows but the root.
+    void SelectMore();
 
     /// The selection, the expanded entries and the scroll position, to be shown again later.
     std::unique_ptr<EditContext> Context();
 
 private:
     class ViewContext;
-    using Ids = std::vector<std::string>;
 
-    static Ids ExpandedFrom(const platform::TreeNode& node, const std::string& id);
-    void ShowExpanded(const Ids& expanded);
+    static EntryIds ExpandedFrom(const platform::TreeNode& node, const std::string& id);
+    void ShowExpanded(const EntryIds& expanded);
     void Fill(platform::TreeNode& node);
+    platform::TreeNode* ExistingNodeOf(const std::string& id) const;
+    platform::TreeNode* FindNode(const std::string& id, bool create) const;
+    std::vector<platform::TreeNode*> NodesOf(const EntryIds& ids);
     void Place(const MenuEvent& event);
     void Move(const MenuEvent& event);
+    void Remove(const std::string& id);
 
     const MenuEditor& m_editor;
     platform::TreeView& m_view;
-    std::shared_ptr<const Ids> m_lastExpanded; // shared by the contexts between which nothing was expanded
+    std::shared_ptr<const EntryIds> m_lastExpanded; // shared by contexts between which nothing was expanded
+    std::size_t m_events = 0;                       // of the present change
+    std::unique_ptr<ViewContext> m_toRestore;       // while the tree is outdated
 };
 
 } // namespace nesk

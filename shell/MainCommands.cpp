@@ -54,6 +54,18 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      "Ctrl+Shift+Z"},
     {MainCommand::UndoHistory, "mnuEditUndoHistory", Message::MenuEdit, Message::UndoHistory, false, CanUndo,
      &To::UndoHistory},
+    {MainCommand::Cut, "mnuEditCut", Message::MenuEdit, Message::Cut, true, For<&MenuCommands::copy>,
+     &To::Cut, true},
+    {MainCommand::Copy, "mnuEditCopy", Message::MenuEdit, Message::Copy, false, For<&MenuCommands::copy>,
+     &To::Copy, true},
+    {MainCommand::Paste, "mnuEditPaste", Message::MenuEdit, Message::Paste, false,
+     For<&MenuCommands::pasteAfter>, &To::Paste, true},
+    {MainCommand::PasteInside, "mnuEditPasteInside", Message::MenuEdit, Message::PasteInside, false,
+     For<&MenuCommands::pasteInside>, &To::PasteInside, true},
+    {MainCommand::Duplicate, "mnuEditDuplicate", Message::MenuEdit, Message::Duplicate, false,
+     For<&MenuCommands::copy>, &To::Duplicate, true},
+    {MainCommand::SelectAll, "mnuEditSelectAll", Message::MenuEdit, Message::SelectAll, true, IsOpen,
+     &To::SelectAll, true},
     {MainCommand::AddPart, "mnuMenuAddPart", Message::MenuMenu, Message::AddPart, false,
      For<&MenuCommands::addPart>, &To::AddPart},
     {MainCommand::AddSubmenu, "mnuMenuAddSubmenu", Message::MenuMenu, Message::AddSubmenu, false,
@@ -66,6 +78,12 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      For<&MenuCommands::moveOut>, &To::MoveOut},
     {MainCommand::MoveIn, "mnuMenuMoveIn", Message::MenuMenu, Message::MoveIn, false,
      For<&MenuCommands::moveIn>, &To::MoveIn},
+    {MainCommand::MoveTo, "mnuMenuMoveTo", Message::MenuMenu, Message::MoveTo, false,
+     For<&MenuCommands::copy>, &To::MoveTo},
+    {MainCommand::SortSubmenusFirst, "mnuMenuSortSubmenusFirst", Message::MenuMenu,
+     Message::SortSubmenusFirst, true, For<&MenuCommands::sort>, &To::SortSubmenusFirst},
+    {MainCommand::SortMixed, "mnuMenuSortMixed", Message::MenuMenu, Message::SortMixed, false,
+     For<&MenuCommands::sort>, &To::SortMixed},
     {MainCommand::Edit, "mnuMenuEdit", Message::MenuMenu, Message::Edit, true, For<&MenuCommands::edit>,
      &To::EditSelected},
     {MainCommand::Rename, "mnuMenuRename", Message::MenuMenu, Message::Rename, false,
@@ -99,18 +117,18 @@ bool Contains(const MainCommandSet& set, MainCommand command) {
     return set.test(static_cast<std::size_t>(command));
 }
 
-MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& selectedId, bool menuRootExists) {
+MainCommandSet EnabledCommands(const MenuEditor& editor, const EntryIds& selected, bool menuRootExists) {
     const MainCommandState state{editor.IsOpen(), menuRootExists, editor.History().ToUndo() != nullptr,
-                                 editor.History().ToRedo() != nullptr, editor.CommandsFor(selectedId)};
+                                 editor.History().ToRedo() != nullptr, editor.CommandsFor(selected)};
     MainCommandSet enabled;
     for (const MainCommandInfo& info : Table)
         enabled.set(static_cast<std::size_t>(info.command), info.isEnabled(state));
     return enabled;
 }
 
-MainCommandSet CurrentCommands(const MenuEditor& editor, const std::string& selectedId,
+MainCommandSet CurrentCommands(const MenuEditor& editor, const EntryIds& selected,
                                const std::function<bool()>& menuRootExists) {
-    return EnabledCommands(editor, selectedId, !editor.IsOpen() && menuRootExists());
+    return EnabledCommands(editor, selected, !editor.IsOpen() && menuRootExists());
 }
 
 } // namespace nesk

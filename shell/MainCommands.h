@@ -20,12 +20,21 @@ enum class MainCommand {
     Undo,
     Redo,
     UndoHistory,
+    Cut,
+    Copy,
+    Paste,
+    PasteInside,
+    Duplicate,
+    SelectAll,
     AddPart,
     AddSubmenu,
     MoveUp,
     MoveDown,
     MoveOut,
     MoveIn,
+    MoveTo,
+    SortSubmenusFirst,
+    SortMixed,
     Edit,
     Rename,
     Remove,
@@ -52,12 +61,21 @@ public:
     virtual void Undo() = 0;
     virtual void Redo() = 0;
     virtual void UndoHistory() = 0;
+    virtual void Cut() = 0;
+    virtual void Copy() = 0;
+    virtual void Paste() = 0;
+    virtual void PasteInside() = 0;
+    virtual void Duplicate() = 0;
+    virtual void SelectAll() = 0;
     virtual void AddPart() = 0;
     virtual void AddSubmenu() = 0;
     virtual void MoveUp() = 0;
     virtual void MoveDown() = 0;
     virtual void MoveOut() = 0;
     virtual void MoveIn() = 0;
+    virtual void MoveTo() = 0;
+    virtual void SortSubmenusFirst() = 0;
+    virtual void SortMixed() = 0;
     virtual void EditSelected() = 0;
     virtual void Rename() = 0;
     virtual void Remove() = 0;
@@ -74,7 +92,7 @@ struct MainCommandState {
     bool menuRootExists = false; ///< the menu root folder of the settings exists
     bool canUndo = false;
     bool canRedo = false;
-    MenuCommands entry; ///< the commands that are possible for the selected entry
+    MenuCommands entry; ///< the commands that are possible for the selected entries
 };
 
 /// The description of a command: one row of the table for the menu bar, the context menu and the
@@ -105,14 +123,14 @@ bool Contains(const MainCommandSet& set, MainCommand command);
 
 /// The commands that are enabled in a state of the main window.
 /// @param editor          the open menu
-/// @param selectedId      id of the selected entry; "" when nothing is selected
+/// @param selected        ids of the selected entries, as Uppermost returns them
 /// @param menuRootExists  true when the menu root folder of the settings exists
-MainCommandSet EnabledCommands(const MenuEditor& editor, const std::string& selectedId, bool menuRootExists);
+MainCommandSet EnabledCommands(const MenuEditor& editor, const EntryIds& selected, bool menuRootExists);
 
 /// Does the same as EnabledCommands, but checks the root folder on the disk only when needed.
 /// @param menuRootExists  called only while no menu is open, because otherwise no command depends on the
 ///                        folder
-MainCommandSet CurrentCommands(const MenuEditor& editor, const std::string& selectedId,
+MainCommandSet CurrentCommands(const MenuEditor& editor, const EntryIds& selected,
                                const std::function<bool()>& menuRootExists);
 
 } // namespace nesk

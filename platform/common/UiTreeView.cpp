@@ -328,7 +328,9 @@ void TreeView::ReportContextMenu(wxPoint screen) {
     if (!on.contextMenu) return;
     if (screen != wxDefaultPosition) {
         const wxPoint at = Window().ScreenToClient(screen);
-        return on.contextMenu(RowAt(at), at);
+        TreeNode* const node = RowAt(at);
+        SelectForMenu(node);
+        return on.contextMenu(node, at);
     }
     // Opened by keyboard: show the menu at the selected row. A control may scroll only at its next paint.
     TreeNode* const node = Selected();
@@ -337,6 +339,15 @@ void TreeView::ReportContextMenu(wxPoint screen) {
         m_menuTimer.StartOnce(ScrollMilliseconds);
     else
         OpenMenuAtSelected();
+}
+
+// The menu applies to the selection if the clicked row is part of it, otherwise to the clicked row.
+void TreeView::SelectForMenu(TreeNode* node) {
+    if (m_edited != nullptr) EndLabelEdit(true);
+    if (node == nullptr) return;
+    Window().SetFocus();
+    const std::vector<TreeNode*> selection = Selection();
+    if (std::find(selection.begin(), selection.end(), node) == selection.end()) Select(node);
 }
 
 void TreeView::OpenMenuAtSelected() {

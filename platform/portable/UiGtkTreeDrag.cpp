@@ -40,14 +40,6 @@ gboolean GtkTreeControl::OnButtonPress(const GdkEventButton& press) {
     gtk_tree_path_free(path);
     // Clicks left of the cell expand or collapse the row.
     if (node == nullptr || x < cell.x) return FALSE;
-    if (press.button == GDK_BUTTON_SECONDARY) {
-        gtk_widget_grab_focus(GTK_WIDGET(m_tree));
-        // The menu applies to the selection if the clicked row is part of it, otherwise to the clicked row.
-        if (Edited() != nullptr) EndLabelEdit(true);
-        if (!selected) Select(node);
-        ReportContextMenu(ClientToScreen(FromWidget(x, y)));
-        return TRUE;
-    }
     if (press.button != GDK_BUTTON_PRIMARY) return FALSE;
     ReportClick(*node);
     if ((press.state & (GDK_CONTROL_MASK | GDK_SHIFT_MASK)) != 0) return FALSE;

@@ -183,9 +183,13 @@ TEST_F(MenuEditorBlocksTest, MovesEntriesOfSeveralParentsToOnePlace) {
 }
 
 TEST_F(MenuEditorBlocksTest, RefusesToMoveIntoAPartOrIntoOneOfTheEntries) {
-    EXPECT_EQ(ErrorOf([&] { m_editor.MoveTo(Ids({"a", "e"}), Id("f"), 0); }).messageId,
+    EXPECT_EQ(ErrorOf([&] {
+                  m_editor.MoveTo(Ids({"a", "e"}), Id("f"), 0);
+              }).messageId,
               Message::MoveIntoPart);
-    EXPECT_EQ(ErrorOf([&] { m_editor.MoveTo(Ids({"a", "Sub"}), Id("Sub"), 0); }).messageId,
+    EXPECT_EQ(ErrorOf([&] {
+                  m_editor.MoveTo(Ids({"a", "Sub"}), Id("Sub"), 0);
+              }).messageId,
               Message::MoveIntoItself);
     ExpectNothingChanged();
     EXPECT_FALSE(m_editor.WhyNotMoveTo(Ids({"a", "e"}), Id("Sub")));
@@ -308,7 +312,9 @@ TEST_F(MenuEditorBlocksTest, SetsFieldsOfAllParts) {
 }
 
 TEST_F(MenuEditorBlocksTest, ARefusedTextChangesNoPart) {
-    EXPECT_EQ(ErrorOf([&] { m_editor.SetParts(Ids({"a", "b"}), {std::nullopt, "\xD0\x96"}); }).messageId,
+    EXPECT_EQ(ErrorOf([&] {
+                  m_editor.SetParts(Ids({"a", "b"}), {std::nullopt, "\xD0\x96"});
+              }).messageId,
               Message::NotEncodable);
     ExpectNothingChanged();
 }

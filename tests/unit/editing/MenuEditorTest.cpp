@@ -324,7 +324,8 @@ TEST_F(MenuEditorTest, Commands) {
     OpenExample();
     const struct {
         const char* id;
-        // add part, add submenu, up, down, out, in, edit, remove, rename, copy, paste after, paste inside, sort
+        // add part, add submenu, up, down, out, in, edit, remove, rename, copy, paste after, paste inside,
+        // sort
         MenuCommands commands;
     } table[] = {
         {"R", {true, true, false, false, false, false, false, false, true, false, true, true, true}},
