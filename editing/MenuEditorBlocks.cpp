@@ -170,7 +170,10 @@ std::optional<NeskError> MenuEditor::WhyNotCopyTo(std::size_t count, const std::
     if (const MenuItem* part = AsItem(parent); part != nullptr && part->IsPart())
         return NeskError(5000, "MenuEditor.CopyTo", Message::MoveIntoPart, {std::string(part->Caption())});
     const auto room = static_cast<std::size_t>(MenuItemCollection::MaxCount - parent->ChildCount());
-    if (count > room) return NeskError(RuntimeError::Overflow, "MenuEditor.CopyTo", Message::TooManyChildren);
+    if (count > room)
+        return NeskError(
+            RuntimeError::Overflow, "MenuEditor.CopyTo", Message::TooManyEntries,
+            {std::string(parent->Caption()), std::to_string(parent->ChildCount()), std::to_string(count)});
     return std::nullopt;
 }
 

@@ -58,17 +58,34 @@ struct TreeEvents {
     /// @param text  the typed text; null when the edit was cancelled
     std::function<void(TreeNode&, const std::string* text)> renameEnds;
 
-    /// Returns whether rows may be dropped at a position. The root cannot be dragged.
+    /// Returns whether rows may be dropped at a position; none are given when they come from another window.
+    /// The root cannot be dragged, and nothing can be dropped into itself, but the function is called for
+    /// that too, so that it can say why.
     std::function<bool(const std::vector<TreeNode*>&, const TreeDrop&)> mayDrop;
 
     /// Rows were dropped at an allowed position.
     std::function<void(const std::vector<TreeNode*>&, const TreeDrop&)> dropped;
+
+    /// A drag has left the view or has ended.
+    std::function<void()> dragLeft;
+
+    // Drags between windows of this program. Without dragText, rows are dragged within the view only.
+
+    /// The rows as text for another window.
+    std::function<std::string(const std::vector<TreeNode*>&)> dragText;
+
+    /// The text of another window was dropped at an allowed position. Returns false when it was refused; the
+    /// rows then stay in the other window.
+    std::function<bool(const std::string& text, const TreeDrop&)> droppedText;
+
+    /// Another window has taken the rows over: they have to be removed here.
+    std::function<void(const std::vector<TreeNode*>&)> dragTaken;
 };
 
 /// Options of a tree view.
 struct TreeStyle {
     bool multiple = false; ///< several rows can be selected
-    bool drag = false;     ///< rows can be dragged within the view
+    bool drag = false;     ///< rows can be dragged
     bool details = false;  ///< rows may have details
     wxSize size = wxDefaultSize;
 };
@@ -188,7 +205,7 @@ public:
 
     // --- dragging ---
 
-    /// The nodes being dragged in this view.
+    /// The nodes of this view that are being dragged.
     const std::vector<TreeNode*>& Dragged() const { return m_dragged; }
 
     /// The drop position at a point in client coordinates; its node is null where a drop is not allowed.
@@ -245,8 +262,11 @@ protected:
     bool BeginDrag(const std::vector<TreeNode*>& nodes);
     bool DragTo(wxPoint point, bool copies);
     bool Drop(wxPoint point, bool copies);
+    bool DropText(wxPoint point, bool copies, const std::string& text);
     void LeaveDrag();
     void EndDrag();
+    std::string DragText() const { return on.dragText ? on.dragText(m_dragged) : ""; }
+    void ReportTaken();
 
     /// Restores the expansion below a node whose rows were created again.
     void RestoreExpansion(TreeNode& node);

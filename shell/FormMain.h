@@ -139,8 +139,10 @@ private:
     void EditParts(const EntryIds& ids);
 
     // Dragging.
+    void BindDrag();
     bool MayDrop(const std::vector<platform::TreeNode*>& nodes, const platform::TreeDrop& drop);
     void OnDropped(const std::vector<platform::TreeNode*>& nodes, const platform::TreeDrop& drop);
+    bool OnDroppedText(const std::string& text, const platform::TreeDrop& drop);
 
     // Start page, while no menu is open.
     void UpdateStartPage();

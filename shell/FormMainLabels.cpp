@@ -48,12 +48,7 @@ void FormMain::BindTree() {
     on.renameEnds = [this](TreeNode& node, const std::string* text) { OnEndLabelEdit(node, text); };
     // A line break would damage the menu file, so it cannot even be pasted.
     on.correctLabel = [](const std::string& text) { return MenuText::OnOneLine(text); };
-    on.mayDrop = [this](const std::vector<TreeNode*>& nodes, const platform::TreeDrop& drop) {
-        return MayDrop(nodes, drop);
-    };
-    on.dropped = [this](const std::vector<TreeNode*>& nodes, const platform::TreeDrop& drop) {
-        OnDropped(nodes, drop);
-    };
+    BindDrag();
     Bind(wxEVT_CHAR_HOOK, &FormMain::OnCharHook, this);
 }
 

@@ -374,12 +374,14 @@ std::string TreeView::Corrected(const std::string& text) const {
 
 TreeDrop TreeView::DropAt(wxPoint point, bool copies) const {
     TreeDrop drop{RowAt(point), TreeDrop::Where::On, copies};
-    if (drop.node == nullptr || m_dragged.empty() || !on.mayDrop) return {};
+    // The free area below the rows stands for the end of the tree.
+    if (drop.node == nullptr) drop.node = Root();
+    if (drop.node == nullptr || !on.mayDrop) return {};
     const auto isWithin = [&](const TreeNode* dragged) { return drop.node->IsWithin(*dragged); };
+    const bool into = on.mayDrop(m_dragged, drop);
     if (std::any_of(m_dragged.begin(), m_dragged.end(), isWithin)) return {};
     const wxRect row = RowRect(*drop.node);
     const int y = point.y - row.y;
-    const bool into = on.mayDrop(m_dragged, drop);
     // In a row that accepts the nodes, the middle half means On; any other row has only Before and After.
     const int edge = into ? row.height / 4 : row.height / 2;
     if (y < edge || drop.node->Parent() == nullptr)
@@ -404,7 +406,7 @@ bool TreeView::BeginDrag(const std::vector<TreeNode*>& nodes) {
 }
 
 bool TreeView::DragTo(wxPoint point, bool copies) {
-    if (m_dragged.empty()) return false;
+    if (m_dragged.empty() && !on.droppedText) return false;
     m_dragPoint = point;
     m_dragCopies = copies;
     Mark(DropAt(point, copies));
@@ -413,6 +415,7 @@ bool TreeView::DragTo(wxPoint point, bool copies) {
 }
 
 bool TreeView::Drop(wxPoint point, bool copies) {
+    if (m_dragged.empty()) return false;
     const TreeDrop drop = DropAt(point, copies);
     const std::vector<TreeNode*> nodes = m_dragged;
     EndDrag();
@@ -422,9 +425,22 @@ bool TreeView::Drop(wxPoint point, bool copies) {
     return true;
 }
 
+bool TreeView::DropText(wxPoint point, bool copies, const std::string& text) {
+    const TreeDrop drop = DropAt(point, copies);
+    LeaveDrag();
+    return drop.node != nullptr && on.droppedText && on.droppedText(text, drop);
+}
+
+void TreeView::ReportTaken() {
+    if (m_dragged.empty() || !on.dragTaken) return;
+    // The control is still busy ending the drag.
+    Window().CallAfter([this, nodes = m_dragged] { on.dragTaken(nodes); });
+}
+
 void TreeView::LeaveDrag() {
     m_dragTimer.Stop();
     Mark({});
+    if (on.dragLeft) on.dragLeft();
 }
 
 void TreeView::EndDrag() {

@@ -6,10 +6,10 @@ namespace nesk::platform::portable {
 
 namespace {
 
-// Rows are dragged within one view only; no other target accepts them.
+// No other program accepts rows: it would then own what the user meant to move.
 GtkTargetEntry RowTarget() {
-    static char name[] = "application/x-neskmanager-rows";
-    return {name, GTK_TARGET_SAME_WIDGET, 0};
+    static char name[] = "application/x-neskmanager-entries";
+    return {name, 0, 0};
 }
 
 GtkTreeControl& Of(gpointer self) {
@@ -93,10 +93,23 @@ void GtkTreeControl::ConnectDrag() {
     connect("drag-leave",
             G_CALLBACK(+[](GtkWidget*, GdkDragContext*, guint, gpointer self) { Of(self).LeaveDrag(); }));
     connect("drag-end", G_CALLBACK(+[](GtkWidget*, GdkDragContext*, gpointer self) { Of(self).EndDrag(); }));
-    // There is no data to transfer, and GTK's own handler must not run.
-    connect("drag-data-get",
-            G_CALLBACK(+[](GtkWidget* tree, GdkDragContext*, GtkSelectionData*, guint, guint, gpointer) {
+    // GTK's own handlers, which transfer rows of its models, must not run.
+    connect("drag-data-get", G_CALLBACK(+[](GtkWidget* tree, GdkDragContext*, GtkSelectionData* data, guint,
+                                            guint, gpointer self) {
                 g_signal_stop_emission_by_name(tree, "drag-data-get");
+                const std::string text = Of(self).DragText();
+                gtk_selection_data_set(data, gtk_selection_data_get_target(data), 8,
+                                       reinterpret_cast<const guchar*>(text.data()),
+                                       static_cast<int>(text.size()));
+            }));
+    connect("drag-data-received", G_CALLBACK(+[](GtkWidget* tree, GdkDragContext* context, int x, int y,
+                                                 GtkSelectionData* data, guint, guint time, gpointer self) {
+                g_signal_stop_emission_by_name(tree, "drag-data-received");
+                Of(self).OnDragReceived(context, x, y, *data, time);
+            }));
+    connect("drag-data-delete", G_CALLBACK(+[](GtkWidget* tree, GdkDragContext*, gpointer self) {
+                g_signal_stop_emission_by_name(tree, "drag-data-delete");
+                Of(self).ReportTaken();
             }));
 }
 
@@ -108,9 +121,27 @@ gboolean GtkTreeControl::OnDragMotion(GdkDragContext* context, int x, int y, gui
 }
 
 gboolean GtkTreeControl::OnDragDrop(GdkDragContext* context, int x, int y, guint time) {
+    if (gtk_drag_get_source_widget(context) != GTK_WIDGET(m_tree)) {
+        // The rows come from another window, which has to send them first.
+        const GdkAtom target = gtk_drag_dest_find_target(GTK_WIDGET(m_tree), context, nullptr);
+        if (target == GDK_NONE) return FALSE;
+        gtk_drag_get_data(GTK_WIDGET(m_tree), context, target, time);
+        return TRUE;
+    }
     const bool dropped = Drop(FromWidget(x, y), Copies(context));
     gtk_drag_finish(context, gboolean{dropped}, FALSE, time);
     return TRUE;
+}
+
+void GtkTreeControl::OnDragReceived(GdkDragContext* context, int x, int y, const GtkSelectionData& data,
+                                    guint time) {
+    const bool copies = gdk_drag_context_get_selected_action(context) == GDK_ACTION_COPY;
+    const int length = gtk_selection_data_get_length(&data);
+    const auto* const bytes = reinterpret_cast<const char*>(gtk_selection_data_get_data(&data));
+    const bool dropped = length > 0 && DropText(FromWidget(x, y), copies,
+                                                std::string(bytes, static_cast<std::size_t>(length)));
+    // What was moved is removed from the other window.
+    gtk_drag_finish(context, gboolean{dropped}, gboolean{dropped && !copies}, time);
 }
 
 void GtkTreeControl::DoMark(const TreeDrop& drop) {

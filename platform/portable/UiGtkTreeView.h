@@ -73,6 +73,7 @@ private:
     // Drag signals.
     gboolean OnDragMotion(GdkDragContext* context, int x, int y, guint time);
     gboolean OnDragDrop(GdkDragContext* context, int x, int y, guint time);
+    void OnDragReceived(GdkDragContext* context, int x, int y, const GtkSelectionData& data, guint time);
 
     void WidenColumn();
     void ScrollAgain();

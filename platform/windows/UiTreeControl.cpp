@@ -1,5 +1,8 @@
 #include "platform/windows/UiTreeControl.h"
 
+#include <cstring>
+#include <functional>
+#include <optional>
 #include <utility>
 
 #include <wx/dnd.h>
@@ -27,10 +30,33 @@ public:
     TreeNode& node;
 };
 
-// Rows are dragged within one view only; no other target accepts them.
+// No other program accepts rows: it would then own what the user meant to move.
 wxDataFormat RowFormat() {
-    return wxDataFormat("application/x-neskmanager-rows");
+    return wxDataFormat("application/x-neskmanager-entries");
 }
+
+// The dragged rows as text, which is made only when another window asks for it.
+class RowData final : public wxDataObjectSimple {
+public:
+    explicit RowData(std::function<std::string()> make)
+        : wxDataObjectSimple(RowFormat()), m_make(std::move(make)) {}
+
+    std::size_t GetDataSize() const override { return Text().size(); }
+    bool GetDataHere(void* buffer) const override {
+        std::memcpy(buffer, Text().data(), Text().size());
+        return true;
+    }
+    bool SetData(std::size_t, const void*) override { return false; }
+
+private:
+    const std::string& Text() const {
+        if (!m_text) m_text = m_make();
+        return *m_text;
+    }
+
+    std::function<std::string()> m_make;
+    mutable std::optional<std::string> m_text;
+};
 
 class RowTarget final : public wxDropTarget {
 public:
@@ -43,7 +69,13 @@ public:
     }
     void OnLeave() override { m_view.OnDragLeave(); }
     wxDragResult OnData(wxCoord x, wxCoord y, wxDragResult result) override {
-        return m_view.OnDropped(wxPoint(x, y), result == wxDragCopy) ? result : wxDragNone;
+        const wxPoint point(x, y);
+        const bool copies = result == wxDragCopy;
+        if (!m_view.Dragged().empty()) return m_view.OnDropped(point, copies) ? result : wxDragNone;
+        if (!GetData()) return wxDragNone;
+        const auto& data = static_cast<const wxCustomDataObject&>(*GetDataObject());
+        const std::string text(static_cast<const char*>(data.GetData()), data.GetSize());
+        return m_view.OnDroppedText(point, copies, text) ? result : wxDragNone;
     }
 
 private:
@@ -342,11 +374,18 @@ void NativeTreeView::OnBeginDrag(wxTreeEvent& event) {
     if (node == nullptr) return;
     const bool several = m_style.multiple && m_control.IsSelected(event.GetItem());
     if (!BeginDrag(several ? Selection() : std::vector<TreeNode*>{node})) return;
-    wxCustomDataObject rows(RowFormat());
-    rows.SetData(1, ""); // must not be empty
+    m_droppedHere = false;
+    RowData rows([this] { return DragText(); });
     wxDropSource source(rows, &m_control);
-    source.DoDragDrop(wxDrag_AllowMove);
+    const wxDragResult result = source.DoDragDrop(wxDrag_AllowMove);
+    // What was moved into another window is removed here.
+    if (result == wxDragMove && !m_droppedHere) ReportTaken();
     EndDrag();
+}
+
+bool NativeTreeView::OnDropped(wxPoint point, bool copies) {
+    m_droppedHere = true;
+    return Drop(point, copies);
 }
 
 void NativeTreeView::DoMark(const TreeDrop& drop) {

@@ -46,7 +46,10 @@ public:
     // Events of the control and its drop target.
     void OnContextKey() { ReportContextMenu(wxDefaultPosition); }
     bool OnDragOver(wxPoint point, bool copies) { return DragTo(point, copies); }
-    bool OnDropped(wxPoint point, bool copies) { return Drop(point, copies); }
+    bool OnDropped(wxPoint point, bool copies);
+    bool OnDroppedText(wxPoint point, bool copies, const std::string& text) {
+        return DropText(point, copies, text);
+    }
     void OnDragLeave() { LeaveDrag(); }
 
 protected:
@@ -80,6 +83,7 @@ private:
     TreeStyle m_style;
     bool m_mayEdit = false; // only the program starts an edit; a slow second click does not
     bool m_restoring = false;
+    bool m_droppedHere = false; // the rows of the last drag were dropped in this view
 };
 
 } // namespace nesk::platform::windows

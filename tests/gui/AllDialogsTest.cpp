@@ -8,6 +8,7 @@
 #include "menu/FormSelectMenuPicture.h"
 #include "partedit/FormBrowse.h"
 #include "partedit/FormEditPart.h"
+#include "partedit/FormEditParts.h"
 #include "partedit/FormFolder.h"
 #include "partedit/FormSelectDrive.h"
 #include "partedit/FormSelectHelpFile.h"
@@ -21,6 +22,7 @@
 #include "settings/RegEntry.h"
 #include "shell/FormAbout.h"
 #include "shell/FormCreateStation.h"
+#include "shell/FormMoveTo.h"
 #include "shell/FormUndoHistory.h"
 #include "shell/Startup.h"
 #include "shell/modHelp.h"
@@ -137,7 +139,12 @@ INSTANTIATE_TEST_SUITE_P(
         Case<FormSelectHelpFile>("FormSelectHelpFile", 33000), Case<FormSelectPart>("FormSelectPart", 33010),
         Case<FormSelectDrive>("FormSelectDrive", 0), Case<FormAbout>("FormAbout", 0),
         Case<FormUndoHistory>("FormUndoHistory", 33001), Case<FormCreateStation>("FormCreateStation", 33011),
-        Case<FormListName>("FormListName", 0),
+        Case<FormListName>("FormListName", 0), Case<FormEditParts>("FormEditParts", 33001),
+        DialogCase{"FormMoveTo", 33001,
+                   [] {
+                       static const MenuEditor editor;
+                       return std::make_unique<FormMoveTo>(nullptr, editor);
+                   }},
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, WideScreen); }},
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, SmallScreen); },
                    "Small"},

@@ -116,16 +116,24 @@ bool MainWindowTest::IsShown(const FormMain::InfoBar& bar) {
     return bar.window != nullptr && bar.window->IsShown() && bar.window->GetName() == bar.name;
 }
 
-wxPoint MainWindowTest::MiddleOf(const std::string& id) const {
+std::string MainWindowTest::SelectedText() const {
+    std::string text;
+    for (const platform::TreeNode* node : Tree().Selection())
+        text += (text.empty() ? "" : " ") + node->Text();
+    return text;
+}
+
+wxPoint MainWindowTest::PointIn(const std::string& id, double part) const {
     // A row has a position only after the layout of the window.
     if (!WaitUntil([&] { return !Tree().RowRect(Row(id)).IsEmpty(); }))
         throw std::runtime_error("the row of " + id + " cannot be seen");
     const wxRect row = Tree().RowRect(Row(id));
-    return Tree().Window().ClientToScreen(wxPoint(row.x + 8, row.y + row.height / 2));
+    const wxPoint point(row.x + 8, row.y + static_cast<int>(row.height * part));
+    return Tree().Window().ClientToScreen(point);
 }
 
-void MainWindowTest::ClickRow(const std::string& id, int button) {
-    ClickPoint(MiddleOf(id), button);
+void MainWindowTest::ClickRow(const std::string& id, int button, int key) {
+    ClickPoint(MiddleOf(id), button, key);
 }
 
 void MainWindowTest::DoubleClickRow(const std::string& id) {

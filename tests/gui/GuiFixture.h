@@ -65,6 +65,9 @@ protected:
     /// The captions in the tree view, one per line, indented by level. Queries the view for each of them.
     std::string TreeText() const;
 
+    /// The captions of the selected rows, from top to bottom, separated by spaces.
+    std::string SelectedText() const;
+
     /// The tree view.
     platform::TreeView& Tree() const { return window->tvMain->View(); }
 
@@ -72,14 +75,19 @@ protected:
     platform::TreeNode& Row(const std::string& id) const;
 
     /// Clicks the row of an entry.
-    void ClickRow(const std::string& id, int button = wxMOUSE_BTN_LEFT);
+    /// @param key  key that is held down meanwhile, for example WXK_SHIFT; 0 for none
+    void ClickRow(const std::string& id, int button = wxMOUSE_BTN_LEFT, int key = 0);
     void DoubleClickRow(const std::string& id);
 
     /// Returns true if a bar with a text is shown above the tree.
     static bool IsShown(const FormMain::InfoBar& bar);
 
     /// The middle of a visible row, in screen coordinates.
-    wxPoint MiddleOf(const std::string& id) const;
+    wxPoint MiddleOf(const std::string& id) const { return PointIn(id, 0.5); }
+
+    /// A point of a visible row, in screen coordinates.
+    /// @param part  0 is the upper edge of the row, 1 the lower one
+    wxPoint PointIn(const std::string& id, double part) const;
 
     TempStation station;
     DialogScript dialogs;

@@ -199,12 +199,12 @@ TEST_F(MenuEditorBlocksTest, EntriesThatStayNeedNoRoom) {
     for (int i = m_editor.OpenMenu()->ChildCount(); i < MenuItemCollection::MaxCount; ++i)
         m_editor.AddPart("R", "x");
     EXPECT_FALSE(m_editor.WhyNotMoveTo(Ids({"a", "e"}), "R"));
-    EXPECT_EQ(m_editor.WhyNotMoveTo(Ids({"a", "b"}), "R")->messageId, Message::TooManyChildren);
+    EXPECT_EQ(m_editor.WhyNotMoveTo(Ids({"a", "b"}), "R")->messageId, Message::TooManyEntries);
     const std::string before = Tree();
     const std::size_t steps = m_editor.History().UndoNames().size();
-    EXPECT_EQ(ErrorOf([&] { m_editor.Duplicate(Ids({"a"})); }).messageId, Message::TooManyChildren);
+    EXPECT_EQ(ErrorOf([&] { m_editor.Duplicate(Ids({"a"})); }).messageId, Message::TooManyEntries);
     EXPECT_EQ(ErrorOf([&] { m_editor.Paste(m_editor.CopyText(Ids({"b"})), "R", 1); }).messageId,
-              Message::TooManyChildren);
+              Message::TooManyEntries);
     EXPECT_EQ(Tree(), before);
     EXPECT_EQ(m_editor.History().UndoNames().size(), steps);
 }

@@ -1,0 +1,103 @@
+// Dragging in the main window's tree, and between two windows of the program.
+
+#include "base/Messages.h"
+#include "editing/MenuEditor.h"
+#include "shell/FormMain.h"
+#include "shell/FormMenuTree.h"
+#include "shell/modUtilities.h"
+#include "widgets/UiUtilities.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include <wx/utils.h>
+
+namespace nesk {
+
+using platform::TreeDrop;
+using platform::TreeNode;
+
+namespace {
+
+// The place of a drop: a parent, and the position before which the entries go; 0 for the end.
+struct DropPlace {
+    std::string parentId;
+    int position;
+};
+
+DropPlace PlaceOf(const TreeDrop& drop) {
+    if (drop.where == TreeDrop::Where::On) return {FormMenuTree::KeyOf(drop.node), 0};
+    const int index = static_cast<int>(drop.node->Index()) + 1;
+    return {FormMenuTree::KeyOf(drop.node->Parent()),
+            drop.where == TreeDrop::Where::Before ? index : index + 1};
+}
+
+EntryIds KeysOf(const std::vector<TreeNode*>& nodes) {
+    EntryIds ids;
+    ids.reserve(nodes.size());
+    std::transform(nodes.begin(), nodes.end(), std::back_inserter(ids), FormMenuTree::KeyOf);
+    return ids;
+}
+
+} // namespace
+
+void FormMain::BindDrag() {
+    platform::TreeEvents& on = tvMain->View().on;
+    on.mayDrop = [this](const std::vector<TreeNode*>& nodes, const TreeDrop& drop) {
+        return MayDrop(nodes, drop);
+    };
+    on.dropped = [this](const std::vector<TreeNode*>& nodes, const TreeDrop& drop) {
+        OnDropped(nodes, drop);
+    };
+    on.dragLeft = [this] { SetStatusText("", FormStatusBar::HelpPanel); };
+    on.dragText = [this](const std::vector<TreeNode*>& nodes) {
+        return m_editor.CopyText(Uppermost(*m_editor.OpenMenu(), KeysOf(nodes)));
+    };
+    on.droppedText = [this](const std::string& text, const TreeDrop& drop) {
+        return OnDroppedText(text, drop);
+    };
+    on.dragTaken = [this](const std::vector<TreeNode*>& nodes) {
+        RemoveEntries(Uppermost(*m_editor.OpenMenu(), KeysOf(nodes)), &MenuEditor::Remove);
+    };
+}
+
+// Returns whether entries may be dropped at a place, and shows in the status bar why not.
+// @param nodes  none when the entries come from another window
+bool FormMain::MayDrop(const std::vector<TreeNode*>& nodes, const TreeDrop& drop) {
+    const std::string parentId = PlaceOf(drop).parentId;
+    std::optional<NeskError> refusal = m_editor.WhyNotMoveTo(KeysOf(nodes), parentId);
+    const bool needsRoom = drop.copies || nodes.empty();
+    if (!refusal && needsRoom)
+        refusal = m_editor.WhyNotCopyTo(std::max(nodes.size(), std::size_t{1}), parentId);
+    const wxString reason = refusal ? modUtilities::ToWx(modUtilities::MessageText(*refusal)) : wxString();
+    if (sbMain->GetStatusText(FormStatusBar::HelpPanel) != reason)
+        SetStatusText(reason, FormStatusBar::HelpPanel);
+    return !refusal;
+}
+
+void FormMain::OnDropped(const std::vector<TreeNode*>& nodes, const TreeDrop& drop) {
+    const EntryIds ids = Uppermost(*m_editor.OpenMenu(), KeysOf(nodes));
+    const DropPlace place = PlaceOf(drop);
+    try {
+        const wxBusyCursor busy;
+        tvMain->SelectKeys(drop.copies ? m_editor.CopyTo(ids, place.parentId, place.position)
+                                       : m_editor.MoveTo(ids, place.parentId, place.position));
+    } catch (const NeskError& error) {
+        ShowError(Message::DropFailed, error);
+    }
+}
+
+bool FormMain::OnDroppedText(const std::string& text, const TreeDrop& drop) {
+    const DropPlace place = PlaceOf(drop);
+    try {
+        const wxBusyCursor busy;
+        tvMain->SelectKeys(m_editor.Paste(text, place.parentId, place.position));
+        return true;
+    } catch (const NeskError& error) {
+        // The other window waits until the drag has ended.
+        CallAfter([this, error] { ShowError(Message::DropFailed, error); });
+        return false;
+    }
+}
+
+} // namespace nesk

@@ -1,0 +1,86 @@
+// Entries of the main window, dragged with the mouse.
+
+#include "gui/GuiFixture.h"
+
+#include "shell/FormStatusBar.h"
+#include "widgets/UiUtilities.h"
+
+namespace nesk::testing {
+namespace {
+
+using platform::TreeDrop;
+
+class FormMainDragTest : public MainWindowTest {
+protected:
+    FormMainDragTest() {
+        WriteMenu(SmallMenu);
+        OpenWindow();
+        Press('O', wxMOD_CONTROL);
+        Tree().Expand(Row("R.2"));
+        Settle();
+    }
+
+    void Drag(const std::string& from, wxPoint to, const std::function<void()>& held = nullptr, int key = 0) {
+        DragMouse(MiddleOf(from), to, key, held, [this] { return Tree().Dragged().empty(); });
+        Settle();
+    }
+
+    std::string Hint() const {
+        return modUtilities::FromWx(window->sbMain->GetStatusText(FormStatusBar::HelpPanel));
+    }
+
+    const std::string Before = "Main Menu\n First\n Brackets\n  Angle\n Last\n";
+};
+
+TEST_F(FormMainDragTest, BetweenTwoEntries) {
+    TreeDrop marked;
+    Drag("R.3", PointIn("R.1", 0.1), [&] { marked = Tree().Marked(); });
+    EXPECT_EQ(marked.where, TreeDrop::Where::Before);
+    EXPECT_EQ(TreeText(), "Main Menu\n Last\n First\n Brackets\n  Angle\n");
+    EXPECT_EQ(SelectedText(), "Last");
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), Before);
+}
+
+TEST_F(FormMainDragTest, SeveralIntoASubmenu) {
+    window->tvMain->SelectKeys({"R.1", "R.3"});
+    Drag("R.3", MiddleOf("R.2"));
+    EXPECT_EQ(TreeText(), "Main Menu\n Brackets\n  Angle\n  First\n  Last\n");
+    EXPECT_EQ(SelectedText(), "First Last");
+}
+
+TEST_F(FormMainDragTest, DownWithinTheSameSubmenu) {
+    Drag("R.1", PointIn("R.3", 0.9));
+    EXPECT_EQ(TreeText(), "Main Menu\n Brackets\n  Angle\n Last\n First\n");
+}
+
+TEST_F(FormMainDragTest, TheFreeAreaIsTheEndOfTheMenu) {
+    const wxRect last = Tree().RowRect(Row("R.3"));
+    Drag("R.2.1", Tree().Window().ClientToScreen(wxPoint(60, last.GetBottom() + 3 * last.height)));
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n Last\n Angle\n");
+}
+
+TEST_F(FormMainDragTest, TheStatusBarSaysWhyADropIsRefused) {
+    std::string intoItself;
+    Drag("R.2", MiddleOf("R.2.1"), [&] { intoItself = Hint(); });
+    EXPECT_EQ(intoItself, "\"Brackets\" cannot be moved into itself or into one of its own submenus.");
+    EXPECT_EQ(TreeText(), Before);
+    EXPECT_EQ(Hint(), "") << "after the drag";
+}
+
+#ifdef NESK_PORTABLE_STATION
+// During a drag Wine does not notice a simulated key.
+TEST_F(FormMainDragTest, ControlCopies) {
+    Drag("R.3", MiddleOf("R.2"), nullptr, WXK_CONTROL);
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n  Last\n Last\n");
+}
+#endif
+
+TEST_F(FormMainDragTest, EscapeCallsItOff) {
+    Drag("R.3", MiddleOf("R.2"), [] { SendKey(WXK_ESCAPE); });
+    EXPECT_EQ(TreeText(), Before);
+    EXPECT_FALSE(window->Editor().IsDirty());
+}
+
+} // namespace
+} // namespace nesk::testing
