@@ -40,6 +40,13 @@ bool CompoundChange::Revert(Menu& menu, const MenuEventHandler& report) {
         [&](MenuChange& change) { change.Apply(menu, report); });
 }
 
+std::size_t CompoundChange::EventCount() const {
+    std::size_t count = 0;
+    for (const auto& change : m_changes)
+        count += change->EventCount();
+    return count;
+}
+
 std::size_t CompoundChange::Bytes() const {
     std::size_t bytes = sizeof *this;
     for (const auto& change : m_changes)

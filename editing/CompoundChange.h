@@ -15,6 +15,7 @@ public:
 
     bool Apply(Menu& menu, const MenuEventHandler& report) override;
     bool Revert(Menu& menu, const MenuEventHandler& report) override;
+    std::size_t EventCount() const override;
     std::size_t Bytes() const override;
 
 private:

@@ -50,6 +50,9 @@ public:
     /// Undoes the change. The results are the same as for Apply.
     virtual bool Revert(Menu& menu, const MenuEventHandler& report) = 0;
 
+    /// Number of events that making or undoing the change reports.
+    virtual std::size_t EventCount() const = 0;
+
     /// Approximate memory that the change uses, in bytes.
     virtual std::size_t Bytes() const = 0;
 };
@@ -59,6 +62,7 @@ class SingleChange : public MenuChange {
 public:
     bool Apply(Menu& menu, const MenuEventHandler& report) final;
     bool Revert(Menu& menu, const MenuEventHandler& report) final;
+    std::size_t EventCount() const final { return 1; }
 
 protected:
     /// Return Kind::None when the change is not possible.

@@ -333,10 +333,11 @@ bool MenuEditor::Make(std::unique_ptr<MenuChange> change, ChangeName name) {
     return true;
 }
 
-void MenuEditor::BeginGroup(ChangeName name) {
+void MenuEditor::BeginGroup(ChangeName name, std::size_t events) {
     m_group = std::move(name);
     m_groupContext = Context();
     m_lastIds.clear();
+    ChangeBegins(events);
 }
 
 void MenuEditor::CommitGroup() {
@@ -362,6 +363,7 @@ bool MenuEditor::Undo() {
     MenuChange* const change = m_history.ToUndo();
     if (change == nullptr) return false;
     m_lastIds.clear();
+    ChangeBegins(change->EventCount());
     if (!change->Revert(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
     if (EditContext* before = m_history.Undone()) before->Restore();
     StateChanged();
@@ -372,6 +374,7 @@ bool MenuEditor::Redo() {
     MenuChange* const change = m_history.ToRedo();
     if (change == nullptr) return false;
     m_lastIds.clear();
+    ChangeBegins(change->EventCount());
     if (!change->Apply(*m_menu, [this](const MenuEvent& event) { Report(event); })) return false;
     m_history.Redone();
     StateChanged();
@@ -385,6 +388,10 @@ void MenuEditor::Report(const MenuEvent& event) {
 
 void MenuEditor::MenuReplaced() {
     Tell([](MenuEditorListener& listener) { listener.OnMenuReplaced(); });
+}
+
+void MenuEditor::ChangeBegins(std::size_t events) {
+    if (events > 1) Tell([events](MenuEditorListener& listener) { listener.OnChangeBegins(events); });
 }
 
 void MenuEditor::StateChanged() {

@@ -24,6 +24,10 @@ public:
     /// Called after a menu was opened or closed. Everything must be displayed again.
     virtual void OnMenuReplaced() = 0;
 
+    /// Called before a change of several events.
+    /// @param events  the approximate number of events; the change may also fail
+    virtual void OnChangeBegins(std::size_t events) { static_cast<void>(events); }
+
     /// Called after one entry was added, removed, moved or edited. A change of several events reports each
     /// event directly after it happened.
     virtual void OnMenuEvent(const MenuEvent& event) = 0;
@@ -253,7 +257,8 @@ public:
 
     /// Begins a group: all changes up to CommitGroup become one change with this name. Groups cannot be
     /// nested.
-    void BeginGroup(ChangeName name);
+    /// @param events  how many events are expected; views show many more quickly when they know it
+    void BeginGroup(ChangeName name, std::size_t events = 1);
 
     /// Ends a group. An empty group adds no change.
     void CommitGroup();
@@ -264,7 +269,9 @@ public:
     /// A group that is undone unless it is committed.
     class Group {
     public:
-        Group(MenuEditor& editor, ChangeName name) : m_editor(editor) { editor.BeginGroup(std::move(name)); }
+        Group(MenuEditor& editor, ChangeName name, std::size_t events) : m_editor(editor) {
+            editor.BeginGroup(std::move(name), events);
+        }
         ~Group() {
             if (!m_isCommitted) m_editor.RollBackGroup();
         }
@@ -314,6 +321,7 @@ private:
     void CompactWhenWasteful();
     void Report(const MenuEvent& event);
     void MenuReplaced();
+    void ChangeBegins(std::size_t events);
     void StateChanged();
     template <typename Call>
     void Tell(Call call);

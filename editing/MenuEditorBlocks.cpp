@@ -78,7 +78,7 @@ MenuCommands MenuEditor::CommandsFor(const EntryIds& ids) const {
 
 bool MenuEditor::RemoveAs(ChangeName name, const EntryIds& ids) {
     if (ItemsOf(ids).empty()) return false;
-    Group group(*this, std::move(name));
+    Group group(*this, std::move(name), ids.size());
     // From the last on, so that few siblings have to close ranks.
     for (const std::string& id : std::views::reverse(ids))
         Remove(id);
@@ -95,7 +95,7 @@ bool MenuEditor::Cut(const EntryIds& ids) {
 }
 
 bool MenuEditor::MoveBlocks(const EntryIds& ids, bool up) {
-    Group group(*this, NameFor(Message::ChangeMove, Message::ChangeMoveSeveral, ids));
+    Group group(*this, NameFor(Message::ChangeMove, Message::ChangeMoveSeveral, ids), ids.size());
     bool isMoved = false;
     for (EntryIds block : ByParent(ids)) {
         if (!up) std::ranges::reverse(block);
@@ -135,7 +135,7 @@ EntryIds MenuEditor::MoveTo(const EntryIds& ids, const std::string& parentId, in
     // The number of children before the place.
     int before = position > 0 ? std::min(position - 1, parent->ChildCount()) : parent->ChildCount();
     EntryIds moved;
-    Group group(*this, NameFor(Message::ChangeMove, Message::ChangeMoveSeveral, ids));
+    Group group(*this, NameFor(Message::ChangeMove, Message::ChangeMoveSeveral, ids), ids.size());
     for (const std::string& id : ids) {
         const MenuItem* item = AsItem(Find(id));
         if (item == nullptr) continue;
@@ -197,7 +197,7 @@ EntryIds MenuEditor::InsertFrom(std::string_view text, const std::string& parent
     const int count = parent->ChildCount();
     int at = position > 0 ? std::min(position, count + 1) : count + 1;
     EntryIds ids;
-    Group group(*this, std::move(name));
+    Group group(*this, std::move(name), items.size());
     for (auto& item : items) {
         ids.push_back(item->ID());
         Make(std::make_unique<InsertChange>(std::move(item), parentId, at++), {});
@@ -246,7 +246,7 @@ bool MenuEditor::SetParts(const EntryIds& ids, const CommonPartFields& fields) {
     EntryIds parts;
     for (const MenuItem* item : ItemsOf(ids))
         if (item->IsPart()) parts.push_back(item->ID());
-    Group group(*this, NameFor(Message::ChangePart, Message::ChangePartSeveral, parts));
+    Group group(*this, NameFor(Message::ChangePart, Message::ChangePartSeveral, parts), parts.size());
     for (const std::string& id : parts) {
         const PartFields before = PartFieldsOf(*AsItem(Find(id)));
         PartFields after = before;

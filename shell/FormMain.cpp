@@ -171,6 +171,10 @@ void FormMain::UpdateFileMenus() {
         if (bar->GetMenu(i) == mnuMenu) bar->EnableTop(i, m_editor.IsOpen());
 }
 
+void FormMain::OnChangeBegins(std::size_t events) {
+    tvMain->Expect(events);
+}
+
 void FormMain::OnMenuEvent(const MenuEvent& event) {
     tvMain->Follow(event);
 }

@@ -94,6 +94,7 @@ private:
 
     // Events of the editor.
     void OnMenuReplaced() override;
+    void OnChangeBegins(std::size_t events) override;
     void OnMenuEvent(const MenuEvent& event) override;
     void OnStateChanged() override;
 

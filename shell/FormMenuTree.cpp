@@ -295,10 +295,14 @@ void FormMenuTree::ShowExpanded(const EntryIds& expanded) {
 
 // --- changes ---
 
-void FormMenuTree::Follow(const MenuEvent& event) {
-    const bool isMany = ++m_events > ManyEvents || event.kind == MenuEvent::Kind::Reordered;
-    if (isMany && !m_toRestore && m_view.Root() != nullptr)
+void FormMenuTree::Expect(std::size_t events) {
+    if (events > ManyEvents && !m_toRestore && m_view.Root() != nullptr)
         m_toRestore = std::make_unique<ViewContext>(*this);
+}
+
+void FormMenuTree::Follow(const MenuEvent& event) {
+    // The number of events is not always known before.
+    Expect(event.kind == MenuEvent::Kind::Reordered ? ManyEvents + 1 : ++m_events);
     if (m_toRestore) {
         if (!event.formerId.empty()) m_toRestore->Rename(event.formerId, event.id);
         return;

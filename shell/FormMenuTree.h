@@ -30,6 +30,9 @@ public:
     /// menu is open.
     void BuildTree();
 
+    /// Prepares for a change of several events.
+    void Expect(std::size_t events);
+
     /// Updates the tree after one event of a change. After many events of one change, the tree is outdated
     /// until Settle.
     void Follow(const MenuEvent& event);

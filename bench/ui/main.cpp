@@ -1,9 +1,10 @@
 // Measures the windows: opening a large menu and the updates after an edit in it, edits among many siblings,
-// scanning a repository compared with `find`, and the start of the program. Arguments select some of the
-// measurements: opening, siblings, scan, start.
+// undo, drops and edits of many entries, scanning a repository compared with `find`, and the start of the
+// program. Arguments select some of the measurements: opening, siblings, edits, scan, start.
 
 #include "bench/Measure.h"
 #include "bench/Table.h"
+#include "bench/ui/EditsBench.h"
 #include "bench/ui/OpeningBench.h"
 #include "bench/ui/SiblingsBench.h"
 #include "bench/ui/StartBench.h"
@@ -109,6 +110,7 @@ public:
         Table table;
         if (IsWanted("opening")) MeasureOpening(table);
         if (IsWanted("siblings")) MeasureWindowSiblings(table);
+        if (IsWanted("edits")) MeasureEdits(table);
         if (IsWanted("scan")) MeasureScan(table);
         if (IsWanted("start")) MeasureStart(table, FromWx(wxFileName(argv[0]).GetPath()));
         std::printf("\n%d goals missed\n", table.Missed());
