@@ -314,6 +314,7 @@ private:
     std::vector<EntryIds> ByParent(const EntryIds& ids) const;
     bool RemoveAs(ChangeName name, const EntryIds& ids);
     bool MoveBlocks(const EntryIds& ids, bool up);
+    bool IsBlockAt(const EntryIds& ids, const MenuEntry& parent, int before) const;
     EntryIds InsertFrom(std::string_view text, const std::string& parentId, int position, ChangeName name);
     bool Make(std::unique_ptr<MenuChange> change, ChangeName name);
     std::unique_ptr<EditContext> Context() const { return m_contextSource ? m_contextSource() : nullptr; }

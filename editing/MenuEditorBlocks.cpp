@@ -128,12 +128,25 @@ EntryIds MenuEditor::MoveIn(const EntryIds& ids) {
     return MoveTo(ids, SubmenuBefore(*AsItem(Find(ids.front())))->ID(), 0);
 }
 
+// Returns whether entries are children of `parent` that stand together, and would not move if they were put
+// behind its first `before` children.
+bool MenuEditor::IsBlockAt(const EntryIds& ids, const MenuEntry& parent, int before) const {
+    const std::vector<const MenuItem*> items = ItemsOf(ids);
+    if (items.empty()) return false;
+    int next = PositionOf(*items.front());
+    const int first = next;
+    for (const MenuItem* item : items)
+        if (item->ParentMenu() != &parent || PositionOf(*item) != next++) return false;
+    return before >= first - 1 && before <= next - 1;
+}
+
 EntryIds MenuEditor::MoveTo(const EntryIds& ids, const std::string& parentId, int position) {
     if (auto refusal = WhyNotMoveTo(ids, parentId)) throw *std::move(refusal);
     const MenuEntry* parent = Find(parentId);
     if (parent == nullptr) return {};
     // The number of children before the place.
     int before = position > 0 ? std::min(position - 1, parent->ChildCount()) : parent->ChildCount();
+    if (IsBlockAt(ids, *parent, before)) return ids;
     EntryIds moved;
     Group group(*this, NameFor(Message::ChangeMove, Message::ChangeMoveSeveral, ids), ids.size());
     for (const std::string& id : ids) {

@@ -11,6 +11,7 @@ public:
     explicit Idle(std::size_t bytes) : m_bytes(bytes) {}
     bool Apply(Menu&, const MenuEventHandler&) override { return true; }
     bool Revert(Menu&, const MenuEventHandler&) override { return true; }
+    std::size_t EventCount() const override { return 1; }
     std::size_t Bytes() const override { return m_bytes; }
 
 private:

@@ -161,6 +161,34 @@ void MenuModel::Rename(ModelEntry& entry, const std::string& id) {
     entry.id = id;
 }
 
+ModelEntry MenuModel::CopyOf(const ModelEntry& entry, const std::string& id, const TextRules& rules) {
+    ModelEntry copy = entry;
+    copy.key = ++m_lastKey;
+    copy.id = id;
+    for (std::string* text : TextsOf(copy))
+        *text = rules.AfterFile(*text);
+    for (ModelEntry& child : copy.children)
+        child = CopyOf(child, id + "." + std::to_string(++m_used[copy.key]), rules);
+    return copy;
+}
+
+bool MenuModel::Insert(const ModelEntry& entry, const std::string& parentId, int position,
+                       const TextRules& rules) {
+    ModelEntry* parent = Find(parentId).entry;
+    if (parent == nullptr || parent->IsPart()) return false;
+    m_lastId = parentId + "." + std::to_string(++m_used[parent->key]);
+    parent->children.insert(parent->children.begin() + (position - 1), CopyOf(entry, m_lastId, rules));
+    return true;
+}
+
+void MenuModel::Reorder(const std::string& id, const std::vector<std::size_t>& order) {
+    std::vector<ModelEntry>& children = Find(id).entry->children;
+    std::vector<ModelEntry> ordered;
+    for (const std::size_t index : order)
+        ordered.push_back(children[index]);
+    children = std::move(ordered);
+}
+
 bool MenuModel::SetCaption(const std::string& id, const std::string& caption) {
     ModelEntry* entry = Find(id).entry;
     if (entry != nullptr) entry->caption = caption;

@@ -53,6 +53,14 @@ public:
     bool Remove(const std::string& id);
     bool Move(const std::string& id, bool up);
     bool MoveTo(const std::string& id, const std::string& parentId, int position);
+
+    /// Copies an entry as text and inserts it before a position from 1 on.
+    bool Insert(const ModelEntry& entry, const std::string& parentId, int position, const TextRules& rules);
+
+    /// Gives the children of an entry another order.
+    /// @param order  the former indexes of the children
+    void Reorder(const std::string& id, const std::vector<std::size_t>& order);
+
     bool SetCaption(const std::string& id, const std::string& caption);
     bool SetGraphic(const std::string& id, const std::string& graphic);
     bool SetPart(const std::string& id, const PartFields& fields);
@@ -76,6 +84,7 @@ public:
 
 private:
     static void Rename(ModelEntry& entry, const std::string& id);
+    ModelEntry CopyOf(const ModelEntry& entry, const std::string& id, const TextRules& rules);
     Place FindBelow(ModelEntry& entry, const std::string& id);
     void PassBelow(ModelEntry& entry, const TextRules& rules, std::vector<std::string>& histories);
 
