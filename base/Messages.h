@@ -20,6 +20,7 @@ constexpr int MoveIntoItself = 34493;   // %0% caption
 constexpr int MoveIntoPart = 34494;     // %0% caption
 constexpr int TextNotEncodable = 34495; // %0% line, %1% character, %2% code page
 constexpr int NoEntriesInText = 34496;
+constexpr int NoMemoryToEdit = 34498;
 constexpr int TooManyEntries = 34497; // %0% caption, %1% its number of children, %2% number of entries to add
 
 // Names of changes, shown by Undo and Redo. %0% caption

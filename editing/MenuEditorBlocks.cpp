@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <iterator>
 #include <map>
+#include <new>
 #include <ranges>
 #include <unordered_set>
 
@@ -24,6 +25,16 @@ namespace {
 
 const MenuItem* AsItem(const MenuEntry* entry) {
     return dynamic_cast<const MenuItem*>(entry);
+}
+
+// Runs an edit; when there is not enough memory for it, raises OutOfMemory.
+template <typename Edit>
+auto WithMemory(const char* source, Edit edit) {
+    try {
+        return edit();
+    } catch (const std::bad_alloc&) {
+        throw NeskError(RuntimeError::OutOfMemory, source, Message::NoMemoryToEdit);
+    }
 }
 
 int PositionOf(const MenuItem& item) {
@@ -191,7 +202,7 @@ std::optional<NeskError> MenuEditor::WhyNotCopyTo(std::size_t count, const std::
 }
 
 std::string MenuEditor::CopyText(const EntryIds& ids) const {
-    return EntryText::Write(ItemsOf(ids));
+    return WithMemory("MenuEditor.CopyText", [&] { return EntryText::Write(ItemsOf(ids)); });
 }
 
 // Inserts the entries of a text. The name of the change is completed with their caption or number.
@@ -220,12 +231,17 @@ EntryIds MenuEditor::InsertFrom(std::string_view text, const std::string& parent
 }
 
 EntryIds MenuEditor::Paste(std::string_view text, const std::string& parentId, int position) {
-    return InsertFrom(text, parentId, position, {Message::ChangePaste, {}});
+    return WithMemory("MenuEditor.Paste", [&] {
+        return InsertFrom(text, parentId, position, {Message::ChangePaste, {}});
+    });
 }
 
 EntryIds MenuEditor::CopyTo(const EntryIds& ids, const std::string& parentId, int position) {
     if (auto refusal = WhyNotCopyTo(ids.size(), parentId)) throw *std::move(refusal);
-    return InsertFrom(CopyText(ids), parentId, position, {Message::ChangeCopy, {}});
+    const std::string text = CopyText(ids);
+    return WithMemory("MenuEditor.CopyTo", [&] {
+        return InsertFrom(text, parentId, position, {Message::ChangeCopy, {}});
+    });
 }
 
 EntryIds MenuEditor::Duplicate(const EntryIds& ids) {

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 
 #include <wx/display.h>
 #include <wx/menu.h>
@@ -186,6 +187,9 @@ void FormMain::OnCommand(MainCommand command) {
         (this->*info.run)();
     } catch (const NeskError& error) {
         ShowError(Message::CommandFailed, error);
+    } catch (const std::bad_alloc&) {
+        ShowError(Message::CommandFailed,
+                  NeskError(RuntimeError::OutOfMemory, "FormMain", Message::NoMemoryToEdit));
     }
 }
 

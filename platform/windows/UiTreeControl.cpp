@@ -252,15 +252,21 @@ void NativeTreeView::DoCollapse(TreeNode& node) {
 // --- selection and scrolling ---
 
 std::vector<TreeNode*> NativeTreeView::Selection() const {
-    wxArrayTreeItemIds items;
-    if (m_style.multiple)
-        m_control.GetSelections(items);
-    else if (const wxTreeItemId item = m_control.GetSelection(); item.IsOk())
-        items.push_back(item);
-    std::vector<TreeNode*> nodes;
-    for (const wxTreeItemId item : items)
-        if (TreeNode* node = NodeOf(item)) nodes.push_back(node);
-    return nodes;
+    if (!m_style.multiple) {
+        TreeNode* const node = NodeOf(m_control.GetSelection());
+        return node != nullptr ? std::vector<TreeNode*>{node} : std::vector<TreeNode*>{};
+    }
+    // The control's own list has the entries below another one before it.
+    std::vector<TreeNode*> selection, nodes;
+    if (Root() != nullptr) nodes.push_back(Root());
+    while (!nodes.empty()) {
+        TreeNode* const node = nodes.back();
+        nodes.pop_back();
+        if (m_control.IsSelected(ItemOf(*node))) selection.push_back(node);
+        for (std::size_t i = node->ChildCount(); i > 0; --i)
+            nodes.push_back(&node->Child(i - 1));
+    }
+    return selection;
 }
 
 TreeNode* NativeTreeView::Selected() const {

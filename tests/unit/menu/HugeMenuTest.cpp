@@ -66,6 +66,35 @@ TEST_F(HugeMenuTest, AMillionLevelsAreEditedAndTakenBack) {
     EXPECT_FALSE(m_editor.IsOpen());
 }
 
+TEST_F(HugeMenuTest, AMillionEntriesAreCopiedAndPasted) {
+    constexpr int Submenus = 40, Parts = 25000;
+    const std::string submenu =
+        "BLOCK SUBMENU\n" + Repeat("BLOCK SUBMENU\nMENUTYPE=Part Program\nEND\n", Parts) + "END\n";
+    ASSERT_FALSE(
+        OpenWith("BLOCK MENU\nBLOCK SUBMENU\n" + Repeat(submenu, Submenus) + "END\nEND\n").has_value());
+    const std::string text = m_editor.CopyText({"R.1"});
+    EXPECT_EQ(m_editor.Paste(text, "R", 1), EntryIds{"R.2"});
+    EXPECT_EQ(m_editor.Find("R.2")->CountBelow(), std::int64_t{Submenus} * (Parts + 1));
+    EXPECT_TRUE(m_editor.Undo());
+    EXPECT_EQ(m_editor.Find("R.2"), nullptr);
+    // The same with an error at its end: nothing is pasted.
+    EXPECT_THROW(m_editor.Paste(text + "END", "R", 1), NeskError);
+    EXPECT_EQ(m_editor.OpenMenu()->ChildCount(), 1);
+}
+
+TEST_F(HugeMenuTest, HalfAMillionLevelsAreCopied) {
+    constexpr int Levels = 500000;
+    ASSERT_FALSE(OpenWith("BLOCK MENU\n" + Repeat("BLOCK SUBMENU\n", Levels)).has_value());
+    const std::string deepest = "R" + Repeat(".1", Levels);
+    EXPECT_EQ(Uppermost(*m_editor.OpenMenu(), {deepest, "R.1"}), EntryIds{"R.1"});
+    EXPECT_EQ(Uppermost(*m_editor.OpenMenu(), {deepest, deepest + ".1"}), EntryIds{deepest});
+    EXPECT_EQ(m_editor.Duplicate({"R.1"}), EntryIds{"R.2"});
+    EXPECT_NE(m_editor.Find("R.2" + Repeat(".1", Levels - 1)), nullptr);
+    EXPECT_TRUE(m_editor.Remove(EntryIds{"R.1", "R.2"}));
+    EXPECT_TRUE(m_editor.Undo());
+    EXPECT_NE(m_editor.Find(deepest), nullptr);
+}
+
 TEST_F(HugeMenuTest, HalfAMillionLevelsAreMovedAndTakenBack) {
     constexpr int Levels = 1000000;
     ASSERT_FALSE(OpenWith("BLOCK MENU\n" + Repeat("BLOCK SUBMENU\n", Levels)).has_value());
