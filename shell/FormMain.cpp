@@ -5,6 +5,8 @@
 #include "settings/NeskRegistry.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormStartPage.h"
+#include "shell/FormToolBar.h"
+#include "shell/UiCommandIcons.h"
 #include "shell/modHelp.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
@@ -30,13 +32,6 @@ using modUtilities::ToWx;
 
 namespace {
 
-constexpr int FirstCommandId = wxID_HIGHEST + 1;
-constexpr int LastCommandId = FirstCommandId + static_cast<int>(MainCommandCount) - 1;
-
-int IdOf(MainCommand command) {
-    return FirstCommandId + static_cast<int>(command);
-}
-
 // Smallest useful width and height of the tree, in device-independent pixels.
 constexpr int SmallestSide = 140;
 
@@ -52,6 +47,7 @@ FormMain::FormMain()
     // Setting the size here avoids the display queries that wx makes to compute a default.
     : wxFrame(nullptr, wxID_ANY, "", wxDefaultPosition, DefaultSize(), wxDEFAULT_FRAME_STYLE, "FormMain") {
     BuildMenuBar();
+    BuildToolBar();
     BuildControls();
     modUtilities::SetFormFont(*this);
     SetIcon(IconBundle("app", wxSize(48, 48)).GetIconFor(this));
@@ -59,12 +55,12 @@ FormMain::FormMain()
     m_editor.AddListener(*this);
     m_editor.SetContextSource([this] { return tvMain->Context(); });
 
-    Bind(
-        wxEVT_MENU,
-        [this](wxCommandEvent& event) {
-            OnCommand(static_cast<MainCommand>(event.GetId() - FirstCommandId));
-        },
-        FirstCommandId, LastCommandId);
+    Bind(wxEVT_MENU, [this](wxCommandEvent& event) {
+        if (const auto command = CommandOf(event.GetId()))
+            OnCommand(*command);
+        else
+            event.Skip();
+    });
     Bind(wxEVT_CLOSE_WINDOW, &FormMain::OnClose, this);
     BindTree();
 
@@ -112,7 +108,7 @@ void FormMain::BuildMenuBar() {
             if (menuText == Message::MenuMenu) mnuMenu = menu;
         }
         if (info.separatorBefore) menu->AppendSeparator();
-        ItemOf(info.command) = menu->Append(IdOf(info.command), ResText(info.text),
+        ItemOf(info.command) = menu->Append(CommandId(info.command), ResText(info.text),
                                             ResText(info.text + Message::StatusHelpOffset));
     }
     SetMenuBar(bar);
@@ -158,14 +154,14 @@ void FormMain::UpdateFileMenus() {
     const MainCommandSet enabled = CurrentCommands(m_editor, SelectedEntries(), [] {
         return modUtilities::DirectoryExists(NeskRegistry::Instance().NeskRoot);
     });
-    for (const MainCommandInfo& info : MainCommandTable())
-        ItemOf(info.command)->Enable(Contains(enabled, info.command));
     // While a caption is being edited, Del deletes characters and not the entry, and the keys of the Edit
     // menu edit the text.
-    if (tvMain->View().Edited() != nullptr) {
-        mnuMenuRemove->Enable(false);
-        for (const MainCommandInfo& info : MainCommandTable())
-            if (info.editsText) ItemOf(info.command)->Enable(false);
+    const bool typing = tvMain->View().Edited() != nullptr;
+    for (const MainCommandInfo& info : MainCommandTable()) {
+        const bool belongsToText = typing && (info.editsText || info.command == MainCommand::Remove);
+        const bool enable = Contains(enabled, info.command) && !belongsToText;
+        ItemOf(info.command)->Enable(enable);
+        tbMain->EnableCommand(info.command, enable);
     }
     wxMenuBar* bar = GetMenuBar();
     for (std::size_t i = 0; i < bar->GetMenuCount(); ++i)

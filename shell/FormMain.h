@@ -23,6 +23,7 @@ namespace nesk {
 
 class FormMenuTree;
 class FormStartPage;
+class FormToolBar;
 
 /// The main window: the tree of the open menu, its commands, and their questions to the user.
 class FormMain : public wxFrame, private MenuEditorListener, private MainCommandTarget {
@@ -47,6 +48,7 @@ public:
     // Controls.
     FormMenuTree* tvMain = nullptr;
     FormStatusBar* sbMain = nullptr;
+    FormToolBar* tbMain = nullptr;
     InfoBar ibIncomplete{"ibIncomplete"}; ///< the file could not be read completely
     InfoBar ibNew{"ibNew"};               ///< the menu has no file yet
     FormStartPage* pgStart = nullptr;     ///< shown instead of the tree while no menu is open
@@ -86,6 +88,7 @@ public:
 private:
     // Construction.
     void BuildMenuBar();
+    void BuildToolBar();
     void BuildControls();
     void PlaceOnScreen();
     wxMenuItem*& ItemOf(MainCommand command);

@@ -226,12 +226,13 @@ void FormMain::OpenStation() {
     StationChanged();
 }
 
-// Rebuilds the menu bar, because the new station may have another language.
+// Rebuilds the menu bar and the tool bar, because the new station may have another language.
 void FormMain::StationChanged() {
     wxMenuBar* former = GetMenuBar();
     SetMenuBar(nullptr);
     delete former;
     BuildMenuBar();
+    BuildToolBar();
     OnMenuReplaced();
     Startup::ReportProblems();
 }

@@ -120,10 +120,10 @@ void FormMain::OnContextMenu(wxPoint at) {
     FinishLabelEdit();
     UpdateFileMenus();
     wxMenu menu;
+    // What is done to entries first, then what is done with the clipboard.
     for (const int which : {Message::MenuMenu, Message::MenuEdit}) {
-        if (which != Message::MenuMenu) menu.AppendSeparator();
         for (const MainCommandInfo& info : MainCommandTable()) {
-            if (info.menu != which) continue;
+            if (info.menu != which || !info.places.inContextMenu) continue;
             if (info.separatorBefore) menu.AppendSeparator();
             const wxMenuItem* item = ItemOf(info.command);
             menu.Append(item->GetId(), item->GetItemLabel(), item->GetHelp())->Enable(item->IsEnabled());

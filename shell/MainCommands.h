@@ -95,8 +95,15 @@ struct MainCommandState {
     MenuCommands entry; ///< the commands that are possible for the selected entries
 };
 
-/// The description of a command: one row of the table for the menu bar, the context menu and the
-/// accelerators.
+/// Where a command appears outside the menu bar, and with which picture.
+struct CommandPlaces {
+    const char* icon = nullptr; ///< key of its picture and identifier (UiCommandIcons.h); null for none
+    bool inToolBar = false;     ///< it has a button in the tool bar; needs an icon
+    bool inContextMenu = false; ///< it is in the context menu of the tree
+};
+
+/// The description of a command: one row of the table for the menu bar, the tool bar, the context menu and
+/// the accelerators.
 struct MainCommandInfo {
     MainCommand command = MainCommand::Count;
     const char* name = "";        ///< control name, for example "mnuFileOpen"
@@ -107,6 +114,7 @@ struct MainCommandInfo {
     void (MainCommandTarget::*run)() = nullptr;
     bool editsText = false;         ///< its key belongs to the text while a caption is being edited
     const char* otherKey = nullptr; ///< a second key, for example "Ctrl+Shift+Z"
+    CommandPlaces places{};
 };
 
 /// All commands in the order in which they are shown, menu by menu.

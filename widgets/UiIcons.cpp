@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 
 namespace nesk {
 
@@ -13,7 +14,7 @@ struct Icon {
 };
 
 // All icons use a grid of 32. Edges are at even coordinates, so that they are also sharp at 16 pixels.
-constexpr std::array<Icon, 7> icons = {{
+constexpr std::array<Icon, 8> icons = {{
     {"folder", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 32 32">
 <path fill="#c98a1b" d="M2 7a3 3 0 0 1 3-3h7l4 4h11a3 3 0 0 1 3 3v14H2z"/>
 <path fill="#fff7e0" d="M5 10h22v8H5z"/>
@@ -40,6 +41,13 @@ M11 16a5 5 0 0 0 10 0a5 5 0 0 0-10 0z"/>
 <rect fill="#dfe8ef" x="15" y="12" width="2" height="4"/>
 <circle fill="#e5484d" cx="16" cy="18" r="4"/>
 <rect fill="#f5be4b" x="4" y="22" width="24" height="6" rx="2"/>
+</svg>)"},
+
+    {"edit", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 32 32">
+<path fill="#f5be4b" stroke="#8a5f12" stroke-width="2" stroke-linejoin="round" d="M22 4l6 6-16 16-6-6z"/>
+<path fill="#e5848a" stroke="#8a3a40" stroke-width="2" stroke-linejoin="round" d="M22 4l2-2h2l4 4v2l-2 2z"/>
+<path fill="#f7e3c0" stroke="#8a5f12" stroke-width="2" stroke-linejoin="round" d="M6 20l6 6-9 3z"/>
+<path fill="#3a2c05" d="M3 29l1-4 3 3z"/>
 </svg>)"},
 
     {"Critical", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 32 32">
@@ -70,12 +78,40 @@ M11 16a5 5 0 0 0 10 0a5 5 0 0 0-10 0z"/>
 </svg>)"},
 }};
 
+// Small pictures in the lower right corner of another one. Each has a light edge, so that it stands out on
+// any picture, and a form of its own, so that it can be told without its colour.
+constexpr std::array<Icon, 2> overlays = {{
+    {"add",
+     R"(<path fill="none" stroke="#ffffff" stroke-width="10" stroke-linecap="round" d="M23 17v12M17 23h12"/>
+<path fill="none" stroke="#1a7f37" stroke-width="6" stroke-linecap="butt" d="M23 15v16M15 23h16"/>
+</svg>)"},
+
+    {"warning",
+     R"(<path fill="#ffffff" stroke="#ffffff" stroke-width="4" stroke-linejoin="round" d="M21 12l9 18H12z"/>
+<path fill="#ffcf3f" stroke="#7a4a00" stroke-width="2" stroke-linejoin="round" d="M21 12l9 18H12z"/>
+<path fill="#000000" d="M19.5 17h3v7h-3zM19.5 25.5h3v3h-3z"/>
+</svg>)"},
+}};
+
+template <std::size_t Count>
+std::string_view SvgOf(const std::array<Icon, Count>& pictures, std::string_view key) {
+    const auto* icon =
+        std::find_if(pictures.begin(), pictures.end(), [key](const Icon& i) { return i.key == key; });
+    return icon == pictures.end() ? std::string_view() : icon->svg;
+}
+
 } // namespace
 
 wxBitmapBundle IconBundle(std::string_view key, wxSize size) {
-    const auto* icon =
-        std::find_if(icons.begin(), icons.end(), [key](const Icon& i) { return i.key == key; });
-    return icon == icons.end() ? wxBitmapBundle() : wxBitmapBundle::FromSVG(icon->svg, size);
+    const std::size_t plus = key.find('+');
+    std::string svg(SvgOf(icons, key.substr(0, plus)));
+    if (plus != std::string_view::npos && !svg.empty()) {
+        const std::string_view overlay = SvgOf(overlays, key.substr(plus + 1));
+        if (overlay.empty()) return {};
+        svg.resize(svg.rfind("</svg>"));
+        svg += overlay;
+    }
+    return svg.empty() ? wxBitmapBundle() : wxBitmapBundle::FromSVG(svg.c_str(), size);
 }
 
 } // namespace nesk

@@ -22,6 +22,7 @@
 #include <wx/radiobut.h>
 #include <wx/textctrl.h>
 #include <wx/timer.h>
+#include <wx/toolbar.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
 
@@ -262,6 +263,15 @@ void ClickDisabled(const wxMenuItem* item) {
     // The frame itself would not pass the choice of a disabled item on.
     wxCommandEvent event(wxEVT_MENU, item->GetId());
     frame->ProcessWindowEvent(event);
+    Settle();
+}
+
+void ClickTool(wxToolBar& bar, int id) {
+    if (!CanUse(&bar)) return;
+    if (bar.FindById(id) != nullptr && bar.GetToolEnabled(id))
+        bar.OnLeftClick(id, false);
+    else
+        ADD_FAILURE() << "the tool bar has no enabled button " << id;
     Settle();
 }
 

@@ -12,6 +12,7 @@ class wxControlWithItems;
 class wxDialog;
 class wxMenuItem;
 class wxTextCtrl;
+class wxToolBar;
 class wxTopLevelWindow;
 class wxWindow;
 
@@ -85,6 +86,9 @@ bool Click(const wxMenuItem* item);
 /// Chooses a menu item that is disabled, as if the choice came through. An item that is enabled fails the
 /// test.
 void ClickDisabled(const wxMenuItem* item);
+
+/// Clicks a button of a tool bar. A button that is missing or disabled fails the test.
+void ClickTool(wxToolBar& bar, int id);
 
 /// Clicks into a control near its right end, with the real mouse.
 void ClickInto(const wxWindow* control);

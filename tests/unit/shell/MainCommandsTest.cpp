@@ -1,4 +1,5 @@
 #include "shell/MainCommands.h"
+#include "base/Messages.h"
 #include "unit/CoreFixture.h"
 
 #include <set>
@@ -68,6 +69,25 @@ TEST_F(MainCommandsTest, EveryCommandHasOneRow) {
           "mnuMenuUp", "mnuMenuDown", "mnuMenuEdit", "mnuMenuRemove", "mnuSettingsAccess",
           "mnuSettingsOptions", "mnuHelpContents", "mnuFileSaveAs", "mnuHelpAbout"})
         EXPECT_TRUE(names.contains(name)) << name;
+}
+
+TEST_F(MainCommandsTest, AButtonOfTheToolBarHasAPicture) {
+    std::set<std::string> icons;
+    int count = 0;
+    for (const MainCommandInfo& info : MainCommandTable()) {
+        EXPECT_TRUE(!info.places.inToolBar || info.places.icon != nullptr) << info.name;
+        if (info.places.icon == nullptr) continue;
+        icons.insert(info.places.icon);
+        ++count;
+    }
+    EXPECT_EQ(icons.size(), static_cast<std::size_t>(count)) << "one picture for one command";
+}
+
+TEST_F(MainCommandsTest, TheContextMenuHasEveryCommandForAnEntry) {
+    for (const MainCommandInfo& info : MainCommandTable()) {
+        EXPECT_TRUE(info.menu != Message::MenuMenu || info.places.inContextMenu) << info.name;
+        EXPECT_FALSE(info.menu == Message::MenuFile && info.places.inContextMenu) << info.name;
+    }
 }
 
 TEST_F(MainCommandsTest, TheCommandsOfAMenuStandTogether) {
