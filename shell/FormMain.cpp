@@ -49,6 +49,7 @@ FormMain::FormMain()
     BuildMenuBar();
     BuildToolBar();
     BuildControls();
+    UpdateViewMenu();
     modUtilities::SetFormFont(*this);
     SetIcon(IconBundle("app", wxSize(48, 48)).GetIconFor(this));
     PlaceOnScreen();
@@ -76,21 +77,23 @@ FormMain::~FormMain() {
 // The menu item of a command. The array is in the order of MainCommand.
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     static constexpr std::array<wxMenuItem * FormMain::*, MainCommandCount> items{
-        &FormMain::mnuFileOpen,       &FormMain::mnuFileSave,
-        &FormMain::mnuFileSaveAs,     &FormMain::mnuFileClose,
-        &FormMain::mnuFileExit,       &FormMain::mnuEditUndo,
-        &FormMain::mnuEditRedo,       &FormMain::mnuEditUndoHistory,
-        &FormMain::mnuEditCut,        &FormMain::mnuEditCopy,
-        &FormMain::mnuEditPaste,      &FormMain::mnuEditPasteInside,
-        &FormMain::mnuEditDuplicate,  &FormMain::mnuEditSelectAll,
-        &FormMain::mnuMenuAddPart,    &FormMain::mnuMenuAddSubmenu,
-        &FormMain::mnuMenuUp,         &FormMain::mnuMenuDown,
-        &FormMain::mnuMenuMoveOut,    &FormMain::mnuMenuMoveIn,
-        &FormMain::mnuMenuMoveTo,     &FormMain::mnuMenuSortSubmenusFirst,
-        &FormMain::mnuMenuSortMixed,  &FormMain::mnuMenuEdit,
-        &FormMain::mnuMenuRename,     &FormMain::mnuMenuRemove,
-        &FormMain::mnuSettingsAccess, &FormMain::mnuSettingsOptions,
-        &FormMain::mnuHelpContents,   &FormMain::mnuHelpWindow,
+        &FormMain::mnuFileOpen,        &FormMain::mnuFileSave,
+        &FormMain::mnuFileSaveAs,      &FormMain::mnuFileClose,
+        &FormMain::mnuFileExit,        &FormMain::mnuEditUndo,
+        &FormMain::mnuEditRedo,        &FormMain::mnuEditUndoHistory,
+        &FormMain::mnuEditCut,         &FormMain::mnuEditCopy,
+        &FormMain::mnuEditPaste,       &FormMain::mnuEditPasteInside,
+        &FormMain::mnuEditDuplicate,   &FormMain::mnuEditSelectAll,
+        &FormMain::mnuMenuAddPart,     &FormMain::mnuMenuAddSubmenu,
+        &FormMain::mnuMenuUp,          &FormMain::mnuMenuDown,
+        &FormMain::mnuMenuMoveOut,     &FormMain::mnuMenuMoveIn,
+        &FormMain::mnuMenuMoveTo,      &FormMain::mnuMenuSortSubmenusFirst,
+        &FormMain::mnuMenuSortMixed,   &FormMain::mnuMenuEdit,
+        &FormMain::mnuMenuRename,      &FormMain::mnuMenuRemove,
+        &FormMain::mnuViewToolBar,     &FormMain::mnuViewStatusBar,
+        &FormMain::mnuViewExpandBelow, &FormMain::mnuViewCollapseAll,
+        &FormMain::mnuSettingsAccess,  &FormMain::mnuSettingsOptions,
+        &FormMain::mnuHelpContents,    &FormMain::mnuHelpWindow,
         &FormMain::mnuHelpAbout,
     };
     return this->*items[static_cast<std::size_t>(command)];
@@ -109,7 +112,8 @@ void FormMain::BuildMenuBar() {
         }
         if (info.separatorBefore) menu->AppendSeparator();
         ItemOf(info.command) = menu->Append(CommandId(info.command), ResText(info.text),
-                                            ResText(info.text + Message::StatusHelpOffset));
+                                            ResText(info.text + Message::StatusHelpOffset),
+                                            info.places.isCheck ? wxITEM_CHECK : wxITEM_NORMAL);
     }
     SetMenuBar(bar);
 }

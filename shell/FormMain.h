@@ -79,6 +79,10 @@ public:
     wxMenuItem* mnuMenuEdit = nullptr;
     wxMenuItem* mnuMenuRename = nullptr;
     wxMenuItem* mnuMenuRemove = nullptr;
+    wxMenuItem* mnuViewToolBar = nullptr;
+    wxMenuItem* mnuViewStatusBar = nullptr;
+    wxMenuItem* mnuViewExpandBelow = nullptr;
+    wxMenuItem* mnuViewCollapseAll = nullptr;
     wxMenuItem* mnuSettingsAccess = nullptr;
     wxMenuItem* mnuSettingsOptions = nullptr;
     wxMenuItem* mnuHelpContents = nullptr;
@@ -89,6 +93,8 @@ private:
     // Construction.
     void BuildMenuBar();
     void BuildToolBar();
+    void ShowViewBar(wxWindow& bar, bool show);
+    void UpdateViewMenu();
     void BuildControls();
     void PlaceOnScreen();
     wxMenuItem*& ItemOf(MainCommand command);
@@ -129,6 +135,10 @@ private:
     void EditSelected() override;
     void Rename() override;
     void Remove() override;
+    void ViewToolBar() override;
+    void ViewStatusBar() override;
+    void ExpandBelow() override;
+    void CollapseAll() override;
     void SettingsAccess() override;
     void SettingsOptions() override;
     void HelpContents() override;

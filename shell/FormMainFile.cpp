@@ -233,6 +233,7 @@ void FormMain::StationChanged() {
     delete former;
     BuildMenuBar();
     BuildToolBar();
+    UpdateViewMenu();
     OnMenuReplaced();
     Startup::ReportProblems();
 }

@@ -179,6 +179,36 @@ void FormMenuTree::SelectMore() {
     if (!nodes.empty()) m_view.SelectAll(nodes, current->Parent() != nullptr ? current : nodes.front());
 }
 
+void FormMenuTree::ExpandBelow(const std::string& id) {
+    TreeNode* const node = NodeOf(id);
+    if (node == nullptr) return;
+    const wxWindowUpdateLocker locker(&Window());
+    m_view.ExpandBelow(*node);
+}
+
+void FormMenuTree::CollapseAll() {
+    TreeNode* const root = m_view.Root();
+    if (root == nullptr) return;
+    const wxWindowUpdateLocker locker(&Window());
+    const std::vector<TreeNode*> selection = m_view.Selection();
+    const bool hidesSelection = std::any_of(selection.begin(), selection.end(), [&](const TreeNode* node) {
+        return node != root && node->Parent() != root;
+    });
+    if (hidesSelection) {
+        TreeNode* uppermost = m_view.Selected();
+        while (uppermost != root && uppermost->Parent() != root)
+            uppermost = uppermost->Parent();
+        m_view.Select(uppermost);
+    }
+    // Entries may be expanded inside a collapsed one. They are collapsed too, from below.
+    std::vector<TreeNode*> nodes{root};
+    for (std::size_t at = 0; at < nodes.size(); ++at)
+        for (std::size_t i = 0; i < nodes[at]->ChildCount(); ++i)
+            nodes.push_back(&nodes[at]->Child(i));
+    for (auto node = nodes.rbegin(); *node != root; ++node)
+        if ((*node)->IsExpanded()) m_view.Collapse(**node);
+}
+
 // --- what undo and redo show again ---
 
 class FormMenuTree::ViewContext final : public EditContext {

@@ -62,6 +62,13 @@ public:
     /// Selects the siblings of the selected entry or, when they are selected already, all rows but the root.
     void SelectMore();
 
+    /// Expands an entry and everything below it, down to the number of levels that the view can show.
+    void ExpandBelow(const std::string& id);
+
+    /// Collapses all entries but the root. A selected entry that disappears passes the selection to its
+    /// uppermost submenu.
+    void CollapseAll();
+
     /// The selection, the expanded entries and the scroll position, to be shown again later.
     std::unique_ptr<EditContext> Context();
 

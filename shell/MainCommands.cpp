@@ -40,7 +40,7 @@ bool CanRedo(const State& state) {
 using To = MainCommandTarget;
 
 // The places of a command. Icon: only an identifier. Button: also in the tool bar. ForEntry: in the context
-// menu of the tree.
+// menu of the tree. Check: a check mark in the menu.
 constexpr CommandPlaces Icon(const char* icon) {
     return {icon, false, false};
 }
@@ -51,6 +51,7 @@ constexpr CommandPlaces EntryButton(const char* icon) {
     return {icon, true, true};
 }
 constexpr CommandPlaces ForEntry{nullptr, false, true};
+constexpr CommandPlaces Check{nullptr, false, false, true};
 
 constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
     {MainCommand::FileOpen, "mnuFileOpen", Message::MenuFile, Message::FileOpen, false, CanOpen,
@@ -114,6 +115,14 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      For<&MenuCommands::rename>, &To::Rename, false, nullptr, ForEntry},
     {MainCommand::Remove, "mnuMenuRemove", Message::MenuMenu, Message::Remove, false,
      For<&MenuCommands::remove>, &To::Remove, false, nullptr, EntryButton("remove")},
+    {MainCommand::ViewToolBar, "mnuViewToolBar", Message::MenuView, Message::ViewToolBar, false, Always,
+     &To::ViewToolBar, false, nullptr, Check},
+    {MainCommand::ViewStatusBar, "mnuViewStatusBar", Message::MenuView, Message::ViewStatusBar, false, Always,
+     &To::ViewStatusBar, false, nullptr, Check},
+    {MainCommand::ExpandBelow, "mnuViewExpandBelow", Message::MenuView, Message::ExpandBelow, true,
+     For<&MenuCommands::addPart>, &To::ExpandBelow, false, nullptr, ForEntry},
+    {MainCommand::CollapseAll, "mnuViewCollapseAll", Message::MenuView, Message::CollapseAll, false, IsOpen,
+     &To::CollapseAll},
     {MainCommand::SettingsAccess, "mnuSettingsAccess", Message::MenuSettings, Message::SettingsAccess, false,
      Always, &To::SettingsAccess},
     {MainCommand::SettingsOptions, "mnuSettingsOptions", Message::MenuSettings, Message::SettingsOptions,

@@ -38,6 +38,10 @@ enum class MainCommand {
     Edit,
     Rename,
     Remove,
+    ViewToolBar,
+    ViewStatusBar,
+    ExpandBelow,
+    CollapseAll,
     SettingsAccess,
     SettingsOptions,
     HelpContents,
@@ -79,6 +83,10 @@ public:
     virtual void EditSelected() = 0;
     virtual void Rename() = 0;
     virtual void Remove() = 0;
+    virtual void ViewToolBar() = 0;
+    virtual void ViewStatusBar() = 0;
+    virtual void ExpandBelow() = 0;
+    virtual void CollapseAll() = 0;
     virtual void SettingsAccess() = 0;
     virtual void SettingsOptions() = 0;
     virtual void HelpContents() = 0;
@@ -100,6 +108,7 @@ struct CommandPlaces {
     const char* icon = nullptr; ///< key of its picture and identifier (UiCommandIcons.h); null for none
     bool inToolBar = false;     ///< it has a button in the tool bar; needs an icon
     bool inContextMenu = false; ///< it is in the context menu of the tree
+    bool isCheck = false;       ///< its menu item has a check mark
 };
 
 /// The description of a command: one row of the table for the menu bar, the tool bar, the context menu and

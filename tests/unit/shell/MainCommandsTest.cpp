@@ -9,8 +9,11 @@ namespace {
 
 using enum MainCommand;
 
-const std::set<MainCommand> AlwaysEnabled = {FileExit,     SettingsAccess, SettingsOptions,
-                                             HelpContents, HelpWindow,     HelpAbout};
+const std::set<MainCommand> AlwaysEnabled = {FileExit,        ViewToolBar,  ViewStatusBar, SettingsAccess,
+                                             SettingsOptions, HelpContents, HelpWindow,    HelpAbout};
+
+// They have a test of their own.
+const std::set<MainCommand> ViewCommands = {ExpandBelow, CollapseAll};
 
 class MainCommandsTest : public nesk::testing::CoreTest {
 protected:
@@ -25,9 +28,11 @@ protected:
         m_editor.AddPart("R", "last");
     }
 
-    // The names of the enabled commands, without those that are always enabled.
+    // The names of the enabled commands, without those that are always enabled and those of the View menu.
     std::string Enabled(const std::string& id, bool menuRootExists = true) const {
-        return Names(EnabledCommands(m_editor, EntryIds{id}, menuRootExists), AlwaysEnabled);
+        std::set<MainCommand> without = AlwaysEnabled;
+        without.insert(ViewCommands.begin(), ViewCommands.end());
+        return Names(EnabledCommands(m_editor, EntryIds{id}, menuRootExists), without);
     }
 
     static std::string Names(const MainCommandSet& set, const std::set<MainCommand>& without) {
@@ -100,7 +105,7 @@ TEST_F(MainCommandsTest, TheCommandsOfAMenuStandTogether) {
         }
         before = info.menu;
     }
-    EXPECT_EQ(menus.size(), 5u);
+    EXPECT_EQ(menus.size(), 6u);
 }
 
 TEST_F(MainCommandsTest, WithoutAFile) {
@@ -137,6 +142,28 @@ TEST_F(MainCommandsTest, WhatIsEnabledForTheSelectedEntry) {
         EXPECT_EQ(Enabled(row.id, false), NamesOf(commands))
             << row.id << ": the menu root matters to Open alone";
     }
+}
+
+TEST_F(MainCommandsTest, ASubmenuIsExpandedAndAnOpenMenuCollapsed) {
+    const auto enabled = [&](const char* id) {
+        MainCommandSet set = EnabledCommands(m_editor, id, true);
+        MainCommandSet views;
+        for (const MainCommand command : ViewCommands)
+            views.set(static_cast<std::size_t>(command));
+        return Names(set & views, {});
+    };
+    EXPECT_EQ(enabled(""), "");
+    OpenExample();
+    EXPECT_EQ(enabled("R"), NamesOf({ExpandBelow, CollapseAll}));
+    EXPECT_EQ(enabled("R.1"), NamesOf({ExpandBelow, CollapseAll}));
+    EXPECT_EQ(enabled("R.3"), NamesOf({CollapseAll})) << "a part";
+    EXPECT_EQ(enabled(""), NamesOf({CollapseAll}));
+}
+
+TEST_F(MainCommandsTest, OnlyTheBarsHaveACheckMark) {
+    for (const MainCommandInfo& info : MainCommandTable())
+        EXPECT_EQ(info.places.isCheck, info.command == ViewToolBar || info.command == ViewStatusBar)
+            << info.name;
 }
 
 TEST_F(MainCommandsTest, WhatIsAlwaysEnabled) {
