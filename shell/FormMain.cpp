@@ -13,11 +13,9 @@
 #include "widgets/UiIcons.h"
 #include "widgets/UiUtilities.h"
 
-#include <algorithm>
 #include <array>
 #include <new>
 
-#include <wx/display.h>
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
 #include <wx/sizer.h>
@@ -30,29 +28,15 @@ using modStringRes::LoadResString;
 using modUtilities::ResText;
 using modUtilities::ToWx;
 
-namespace {
-
-// Smallest useful width and height of the tree, in device-independent pixels.
-constexpr int SmallestSide = 140;
-
-// The initial window size, for a font of the usual height and a screen with enough room.
-wxSize DefaultSize() {
-    return wxWindow::FromDIP(wxSize(720, 640), nullptr);
-}
-constexpr int UsualCharHeight = 17;
-
-} // namespace
-
 FormMain::FormMain()
     // Setting the size here avoids the display queries that wx makes to compute a default.
     : wxFrame(nullptr, wxID_ANY, "", wxDefaultPosition, DefaultSize(), wxDEFAULT_FRAME_STYLE, "FormMain") {
     BuildMenuBar();
     BuildToolBar();
     BuildControls();
-    UpdateViewMenu();
     modUtilities::SetFormFont(*this);
     SetIcon(IconBundle("app", wxSize(48, 48)).GetIconFor(this));
-    PlaceOnScreen();
+    RestoreView();
     m_editor.AddListener(*this);
     m_editor.SetContextSource([this] { return tvMain->Context(); });
 
@@ -134,19 +118,6 @@ void FormMain::BuildControls() {
     sizer->Add(pgStart, wxSizerFlags(1).Expand());
     sizer->Add(&tvMain->Window(), wxSizerFlags(1).Expand());
     SetSizer(sizer);
-}
-
-void FormMain::PlaceOnScreen() {
-    const wxRect screen = wxDisplay(this).GetClientArea();
-    // A larger font needs a larger window.
-    const double scale = std::max(1.0, static_cast<double>(GetCharHeight()) / FromDIP(UsualCharHeight));
-    const wxSize wanted = DefaultSize() * scale;
-    SetMinClientSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
-    SetSize(std::min(wanted.x, screen.width), std::min(wanted.y, screen.height));
-    // Setting the client size makes the window appear at once. Otherwise wx waits until the window manager
-    // reports the frame size, and until then GTK warns that the menu bar does not fit into 2 pixels.
-    SetClientSize(GetClientSize());
-    CentreOnScreen();
 }
 
 void FormMain::UpdateTitle() {

@@ -4,6 +4,7 @@
 #include "shell/FormStatusBar.h"
 #include "shell/MainCommands.h"
 #include "shell/StartChoices.h"
+#include "shell/UiWindowPlace.h"
 
 #include <memory>
 #include <string>
@@ -90,11 +91,17 @@ public:
     wxMenuItem* mnuHelpAbout = nullptr;
 
 private:
+    /// Smallest useful width and height of the tree, in device-independent pixels.
+    static constexpr int SmallestSide = 140;
+
     // Construction.
+    static wxSize DefaultSize();
     void BuildMenuBar();
     void BuildToolBar();
     void ShowViewBar(wxWindow& bar, bool show);
     void UpdateViewMenu();
+    void RestoreView();
+    void RememberView();
     void BuildControls();
     void PlaceOnScreen();
     wxMenuItem*& ItemOf(MainCommand command);
@@ -183,6 +190,8 @@ private:
     void ShowError(int messageId, const NeskError& error);
 
     MenuEditor m_editor;
+    WindowMemory m_memory;
+    UiWindowPlace m_place{*this, m_memory};
     std::unique_ptr<FormMenuTree> m_tree;
     std::string m_addedId;         // the new entry whose caption is being typed for the first time
     bool m_captionRefused = false; // set by the last end of an edit

@@ -163,6 +163,7 @@ bool FormMain::ConfirmClose(bool mayCancel) {
 void FormMain::OnClose(wxCloseEvent& event) {
     const bool mayClose = FinishLabelEdit() && ConfirmClose(true);
     if (!mayClose && event.CanVeto()) return event.Veto();
+    RememberView();
     // Drops pending events, for example a message about a refused caption.
     DeletePendingEvents();
     Destroy();
@@ -192,7 +193,7 @@ void FormMain::OnActivate(wxActivateEvent& event) {
     if (!event.GetActive() || IsBeingDeleted()) return;
     // A window manager may move a window when it appears. wx knows the position of the window, and can
     // move it, only after that.
-    if (!m_wasActive && !IsMaximized()) PlaceOnScreen();
+    if (!m_wasActive && !m_place.WasMaximized() && !IsMaximized()) PlaceOnScreen();
     m_wasActive = true;
     // Folders may have been created or removed while the user worked with another program. Changed settings
     // are shown when the user confirms them.
@@ -234,6 +235,7 @@ void FormMain::StationChanged() {
     BuildMenuBar();
     BuildToolBar();
     UpdateViewMenu();
+    m_memory.Load();
     OnMenuReplaced();
     Startup::ReportProblems();
 }

@@ -1,14 +1,68 @@
-// What of the main window is shown: its bars.
+// What of the main window is shown, and where: its bars, its place on the screen, and what it remembers of
+// them.
 
 #include "shell/FormMain.h"
 
 #include "shell/FormMenuTree.h"
 #include "shell/FormToolBar.h"
 
+#include <algorithm>
+
+#include <wx/display.h>
 #include <wx/menu.h>
 #include <wx/utils.h>
 
 namespace nesk {
+
+namespace {
+
+constexpr int UsualCharHeight = 17;
+
+// Names of the remembered values.
+constexpr const char* ShowsToolBar = "ToolBar";
+constexpr const char* ShowsStatusBar = "StatusBar";
+
+} // namespace
+
+// The initial window size, for a font of the usual height and a screen with enough room.
+wxSize FormMain::DefaultSize() {
+    return wxWindow::FromDIP(wxSize(720, 640), nullptr);
+}
+
+// Shows the window as it was in the last run.
+void FormMain::RestoreView() {
+    m_memory.Load();
+    tbMain->Show(m_memory.Flag(ShowsToolBar, true));
+    sbMain->Show(m_memory.Flag(ShowsStatusBar, true));
+    UpdateViewMenu();
+    PlaceOnScreen();
+    if (m_place.WasMaximized()) Maximize();
+}
+
+void FormMain::RememberView() {
+    m_place.Remember();
+    m_memory.SetFlag(ShowsToolBar, tbMain->IsShown(), true);
+    m_memory.SetFlag(ShowsStatusBar, sbMain->IsShown(), true);
+    // The registry may be in use by another program. Nobody should look at a window meanwhile.
+    Hide();
+    m_memory.Save();
+}
+
+void FormMain::PlaceOnScreen() {
+    SetMinClientSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
+    const bool isRestored = m_place.Restore();
+    if (!isRestored) {
+        const wxRect screen = wxDisplay(this).GetClientArea();
+        // A larger font needs a larger window.
+        const double scale = std::max(1.0, static_cast<double>(GetCharHeight()) / FromDIP(UsualCharHeight));
+        const wxSize wanted = DefaultSize() * scale;
+        SetSize(std::min(wanted.x, screen.width), std::min(wanted.y, screen.height));
+    }
+    // Setting the client size makes the window appear at once. Otherwise wx waits until the window manager
+    // reports the frame size, and until then GTK warns that the menu bar does not fit into 2 pixels.
+    SetClientSize(GetClientSize());
+    if (!isRestored) CentreOnScreen();
+}
 
 // Replaces the tool bar if there is one already, because its texts depend on the language.
 void FormMain::BuildToolBar() {

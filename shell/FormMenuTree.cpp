@@ -190,16 +190,6 @@ void FormMenuTree::CollapseAll() {
     TreeNode* const root = m_view.Root();
     if (root == nullptr) return;
     const wxWindowUpdateLocker locker(&Window());
-    const std::vector<TreeNode*> selection = m_view.Selection();
-    const bool hidesSelection = std::any_of(selection.begin(), selection.end(), [&](const TreeNode* node) {
-        return node != root && node->Parent() != root;
-    });
-    if (hidesSelection) {
-        TreeNode* uppermost = m_view.Selected();
-        while (uppermost != root && uppermost->Parent() != root)
-            uppermost = uppermost->Parent();
-        m_view.Select(uppermost);
-    }
     // Entries may be expanded inside a collapsed one. They are collapsed too, from below.
     std::vector<TreeNode*> nodes{root};
     for (std::size_t at = 0; at < nodes.size(); ++at)

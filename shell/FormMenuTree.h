@@ -65,8 +65,8 @@ public:
     /// Expands an entry and everything below it, down to the number of levels that the view can show.
     void ExpandBelow(const std::string& id);
 
-    /// Collapses all entries but the root. A selected entry that disappears passes the selection to its
-    /// uppermost submenu.
+    /// Collapses all entries but the root. When the selected entry disappears, the submenu of the main menu
+    /// in which it is becomes selected.
     void CollapseAll();
 
     /// The selection, the expanded entries and the scroll position, to be shown again later.
