@@ -413,6 +413,14 @@ constexpr int PartsDifferent = 34634;
 constexpr int PartsNone = 34635;
 constexpr int DropNowhere = 34636;
 
+// Numbers of entries in the status bar.
+constexpr int CountsSubmenu = 34860;  // %0% 1
+constexpr int CountsSubmenus = 34861; // %0% number
+constexpr int CountsPart = 34862;     // %0% 1
+constexpr int CountsParts = 34863;    // %0% number
+constexpr int CountsEntries = 34864;  // %0% submenus, %1% parts
+constexpr int CountsSelected = 34865; // %0% CountsEntries, %1% number
+
 // Undo history.
 constexpr int UndoHistoryTitle = 34602;
 constexpr int UndoHistoryList = 34603;

@@ -138,6 +138,7 @@ void FormMain::UpdateFileMenus() {
         ItemOf(info.command)->Enable(enable);
         tbMain->EnableCommand(info.command, enable);
     }
+    UpdateCounts();
     wxMenuBar* bar = GetMenuBar();
     for (std::size_t i = 0; i < bar->GetMenuCount(); ++i)
         if (bar->GetMenu(i) == mnuMenu) bar->EnableTop(i, m_editor.IsOpen());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editing/MenuCounts.h"
 #include "editing/MenuEditor.h"
 #include "shell/FormStatusBar.h"
 #include "shell/MainCommands.h"
@@ -100,6 +101,7 @@ private:
     void BuildToolBar();
     void ShowViewBar(wxWindow& bar, bool show);
     void UpdateViewMenu();
+    void UpdateCounts();
     void RestoreView();
     void RememberView();
     void BuildControls();
@@ -190,6 +192,7 @@ private:
     void ShowError(int messageId, const NeskError& error);
 
     MenuEditor m_editor;
+    MenuCounts m_counts{m_editor};
     WindowMemory m_memory;
     UiWindowPlace m_place{*this, m_memory};
     std::unique_ptr<FormMenuTree> m_tree;

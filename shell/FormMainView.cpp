@@ -3,8 +3,10 @@
 
 #include "shell/FormMain.h"
 
+#include "shell/CountsText.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormToolBar.h"
+#include "widgets/UiUtilities.h"
 
 #include <algorithm>
 
@@ -27,6 +29,12 @@ constexpr const char* ShowsStatusBar = "StatusBar";
 // The initial window size, for a font of the usual height and a screen with enough room.
 wxSize FormMain::DefaultSize() {
     return wxWindow::FromDIP(wxSize(720, 640), nullptr);
+}
+
+void FormMain::UpdateCounts() {
+    const std::string text =
+        m_editor.IsOpen() ? CountsText(m_counts.Numbers(), tvMain->View().Selection().size()) : std::string();
+    sbMain->ShowCounts(modUtilities::ToWx(text));
 }
 
 // Shows the window as it was in the last run.

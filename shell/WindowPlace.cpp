@@ -16,7 +16,7 @@ constexpr const char* Height = "Height";
 // Sizes that a window can have, in device-independent pixels, and coordinates that window systems can use.
 constexpr int SmallestSide = 100;
 constexpr int LargestSide = 16000;
-constexpr int LargestCoordinate = 32000;
+constexpr int LargestCoordinate = 30000;
 
 // Part of the title bar that must be on a screen, in pixels.
 constexpr int ReachableWidth = 100;

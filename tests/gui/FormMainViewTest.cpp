@@ -3,6 +3,7 @@
 #include "gui/GuiFixture.h"
 
 #include "shell/FormToolBar.h"
+#include "widgets/UiUtilities.h"
 
 #include <wx/menu.h>
 
@@ -66,6 +67,19 @@ TEST_F(FormMainViewTest, AHiddenToolBarStaysHiddenWhenAMenuIsClosedAndOpened) {
     Press('W', wxMOD_CONTROL);
     Press('O', wxMOD_CONTROL);
     EXPECT_FALSE(window->tbMain->IsShown());
+}
+
+TEST_F(FormMainViewTest, TheStatusBarTellsTheNumbers) {
+    const auto counts = [&] { return modUtilities::FromWx(window->sbMain->Counts()); };
+    EXPECT_EQ(counts(), "1 submenu, 3 parts");
+    Select("R.2");
+    dialogs.Answer(wxID_YES);
+    Press(WXK_DELETE);
+    EXPECT_EQ(counts(), "0 submenus, 2 parts");
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(counts(), "1 submenu, 3 parts");
+    Press('W', wxMOD_CONTROL);
+    EXPECT_EQ(counts(), "");
 }
 
 TEST_F(FormMainViewTest, ExpandAllBelowShowsEveryLevel) {

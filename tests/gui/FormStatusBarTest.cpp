@@ -54,5 +54,28 @@ TEST_F(FormStatusBarTest, ALongPathLeavesRoomForTheExplanation) {
     EXPECT_GE(WidthOf(FormStatusBar::PathPanel), 700) << "it grows with the bar";
 }
 
+TEST_F(FormStatusBarTest, TheNumbersHaveTheRoomThatTheyNeed) {
+    bar->ShowPath("C:\\Neskroot\\menu.cfg");
+    const int helpBefore = WidthOf(FormStatusBar::HelpPanel);
+    const wxString numbers = "11 submenus, 28 parts; 2 selected";
+    bar->ShowCounts(numbers);
+    const int needed = bar->GetTextExtent(numbers).x;
+    EXPECT_EQ(bar->GetStatusText(FormStatusBar::CountsPanel), numbers);
+    EXPECT_GE(WidthOf(FormStatusBar::CountsPanel), needed);
+    EXPECT_LE(WidthOf(FormStatusBar::CountsPanel), needed + 40);
+    EXPECT_GE(WidthOf(FormStatusBar::PathPanel), bar->GetTextExtent("C:\\Neskroot\\menu.cfg").x);
+    bar->ShowCounts("");
+    EXPECT_EQ(WidthOf(FormStatusBar::HelpPanel), helpBefore) << "no numbers take no room";
+}
+
+TEST_F(FormStatusBarTest, ANarrowBarIsSharedByPathAndNumbers) {
+    bar->GetParent()->SetClientSize(250, 100);
+    ASSERT_TRUE(WaitUntil([&] { return bar->GetClientSize().x <= 260; }));
+    bar->ShowPath(wxString("C:\\") + wxString('x', 400));
+    bar->ShowCounts(wxString('9', 400));
+    EXPECT_GE(WidthOf(FormStatusBar::PathPanel), 80);
+    EXPECT_GE(WidthOf(FormStatusBar::CountsPanel), 80);
+}
+
 } // namespace
 } // namespace nesk::testing
