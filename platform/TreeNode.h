@@ -61,6 +61,7 @@ public:
 
     // For use by views only.
     void SetText(std::string text) { m_text = std::move(text); }
+    void SetImage(int image) { m_image = image; }
     void SetExpanded(bool expanded) { m_expanded = expanded; }
     void SetFilled(bool filled) { m_filled = filled; }
 

@@ -149,6 +149,10 @@ public:
 
     void SetText(TreeNode& node, const std::string& text);
 
+    /// Changes the picture of a row.
+    /// @param image  0-based index into the pictures of the view
+    void SetImage(TreeNode& node, int image);
+
     // --- state ---
 
     /// Selects only this row and makes it the current one; null clears the selection.

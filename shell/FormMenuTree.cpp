@@ -1,6 +1,7 @@
 #include "shell/FormMenuTree.h"
 
 #include "base/Messages.h"
+#include "editing/EntryMark.h"
 #include "menu/MenuId.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
@@ -27,7 +28,13 @@ using platform::TreeView;
 
 namespace {
 
-enum Image { FolderImage, PartImage };
+// Indexes of the pictures. A picture with an overlay says what is wrong with the entry.
+enum Image { FolderImage, PartImage, PartWithoutProgramImage };
+
+int ImageOf(const MenuItem& item) {
+    if (!item.IsPart()) return FolderImage;
+    return EntryMarkOf(item) == EntryMark::NoProgram ? PartWithoutProgramImage : PartImage;
+}
 
 // From this number of events on, building the tree again is faster than following each event.
 constexpr std::size_t ManyEvents = 100;
@@ -36,7 +43,7 @@ constexpr std::size_t ManyEvents = 100;
 constexpr std::size_t ManyIds = 16;
 
 std::unique_ptr<TreeNode> NodeFor(const MenuItem& item) {
-    return std::make_unique<TreeNode>(std::string(item.Caption()), item.IsPart() ? PartImage : FolderImage,
+    return std::make_unique<TreeNode>(std::string(item.Caption()), ImageOf(item),
                                       MenuId::LastPart(item.Counter()), item.ChildCount() > 0);
 }
 
@@ -45,7 +52,9 @@ std::unique_ptr<TreeNode> NodeFor(const MenuItem& item) {
 FormMenuTree::FormMenuTree(wxWindow* parent, const MenuEditor& editor)
     : m_editor(editor), m_view(*TreeView::Create(parent, "tvMain", {.multiple = true, .drag = true})) {
     const wxSize size = m_view.ImageSize();
-    m_view.SetImages({IconBundle("folder", size), IconBundle("part", size)}); // in the order of Image
+    // In the order of Image.
+    m_view.SetImages(
+        {IconBundle("folder", size), IconBundle("part", size), IconBundle("part+warning", size)});
     m_view.SetAccessibleName(modStringRes::LoadResString(Message::TreeName));
     m_view.on.fill = [this](TreeNode& node) { Fill(node); };
 }
@@ -334,8 +343,7 @@ void FormMenuTree::Follow(const MenuEvent& event) {
     case MenuEvent::Kind::Removed: Remove(event.id); break;
     case MenuEvent::Kind::Moved: Move(event); break;
     case MenuEvent::Kind::Edited:
-        if (TreeNode* node = ExistingNodeOf(event.id))
-            m_view.SetText(*node, std::string(m_editor.Find(event.id)->Caption()));
+        if (TreeNode* node = ExistingNodeOf(event.id)) Describe(*node, *m_editor.Find(event.id));
         break;
     }
 }
@@ -347,6 +355,12 @@ void FormMenuTree::Settle() {
     const std::unique_ptr<ViewContext> context = std::move(m_toRestore);
     BuildTree();
     context->Show();
+}
+
+// Shows the caption and the picture that the entry has now.
+void FormMenuTree::Describe(TreeNode& node, const MenuEntry& entry) {
+    m_view.SetText(node, std::string(entry.Caption()));
+    if (const auto* item = dynamic_cast<const MenuItem*>(&entry)) m_view.SetImage(node, ImageOf(*item));
 }
 
 // Adds the node of a new entry at the position of the event. When its siblings have no nodes yet, the entry

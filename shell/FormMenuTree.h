@@ -81,6 +81,7 @@ private:
     platform::TreeNode* ExistingNodeOf(const std::string& id) const;
     platform::TreeNode* FindNode(const std::string& id, bool create) const;
     std::vector<platform::TreeNode*> NodesOf(const EntryIds& ids);
+    void Describe(platform::TreeNode& node, const MenuEntry& entry);
     void Place(const MenuEvent& event);
     void Move(const MenuEvent& event);
     void Remove(const std::string& id);

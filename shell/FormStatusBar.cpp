@@ -35,7 +35,9 @@ int FormStatusBar::WidthFor(const wxString& text) const {
 }
 
 void FormStatusBar::FitPanels(int barWidth) {
-    const int countsWidth = m_counts.empty() ? 0 : std::min(WidthFor(m_counts), barWidth / 2);
+    // The bar draws its size grip, which is a square, over the end of the last panel.
+    const int grip = GetSize().y;
+    const int countsWidth = m_counts.empty() ? 0 : std::min(WidthFor(m_counts) + grip, barWidth / 2);
     const int left = std::max((barWidth - countsWidth) * 4 / 5, FromDIP(16));
     const int pathWidth = std::min(WidthFor(GetStatusText(PathPanel)), left);
     const int widths[PanelCount] = {pathWidth, -1, countsWidth};

@@ -152,6 +152,12 @@ void TreeView::SetText(TreeNode& node, const std::string& text) {
     DoChanged(node);
 }
 
+void TreeView::SetImage(TreeNode& node, int image) {
+    if (node.Image() == image) return;
+    node.SetImage(image);
+    DoChanged(node);
+}
+
 // --- state ---
 
 void TreeView::Select(TreeNode* node) {

@@ -221,6 +221,9 @@ void NativeTreeView::DoRemoved(TreeNode& parent, std::size_t) {
 void NativeTreeView::DoChanged(TreeNode& node) {
     const wxTreeItemId item = ItemOf(node);
     m_control.SetItemText(item, LabelOf(node));
+    for (const wxTreeItemIcon state : {wxTreeItemIcon_Normal, wxTreeItemIcon_Selected})
+        if (m_control.GetItemImage(item, state) != node.Image())
+            m_control.SetItemImage(item, node.Image(), state);
     m_control.SetItemHasChildren(item, node.MayHaveChildren());
 }
 

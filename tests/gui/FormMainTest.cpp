@@ -85,10 +85,24 @@ TEST_F(FormMainTest, OpenShowsTheTree) {
     Select("R.3");
     EXPECT_TRUE(HasIcon(Tree(), *Tree().Root(), "folder"));
     EXPECT_TRUE(HasIcon(Tree(), Row("R.2"), "folder"));
-    EXPECT_TRUE(HasIcon(Tree(), Row("R.1"), "part"));
+    EXPECT_TRUE(HasIcon(Tree(), Row("R.1"), "part+warning")) << "it has no program";
     Tree().Expand(Row("R.2"));
     Settle();
-    EXPECT_TRUE(HasIcon(Tree(), Row("R.2.1"), "part"));
+    EXPECT_TRUE(HasIcon(Tree(), Row("R.2.1"), "part+warning")) << "it has no program";
+}
+
+TEST_F(FormMainTest, ThePictureOfAPartTellsWhetherItHasAProgram) {
+    OpenSmallMenu();
+    Select("R.3");
+    PartFields fields;
+    fields.programId = "cover";
+    ASSERT_TRUE(window->Editor().SetPart("R.1", fields));
+    Settle();
+    EXPECT_TRUE(HasIcon(Tree(), Row("R.1"), "part"));
+    EXPECT_FALSE(HasIcon(Tree(), Row("R.1"), "part+warning"));
+    ASSERT_TRUE(Click(window->mnuEditUndo));
+    Select("R.3");
+    EXPECT_TRUE(HasIcon(Tree(), Row("R.1"), "part+warning"));
 }
 
 TEST_F(FormMainTest, AMissingFileOpensAnEmptyMenu) {

@@ -62,7 +62,11 @@ TEST_F(FormStatusBarTest, TheNumbersHaveTheRoomThatTheyNeed) {
     const int needed = bar->GetTextExtent(numbers).x;
     EXPECT_EQ(bar->GetStatusText(FormStatusBar::CountsPanel), numbers);
     EXPECT_GE(WidthOf(FormStatusBar::CountsPanel), needed);
-    EXPECT_LE(WidthOf(FormStatusBar::CountsPanel), needed + 40);
+    EXPECT_LE(WidthOf(FormStatusBar::CountsPanel), needed + 60);
+    Settle();
+    bar->Refresh();
+    bar->Update();
+    EXPECT_FALSE(bar->GetField(FormStatusBar::CountsPanel).IsEllipsized());
     EXPECT_GE(WidthOf(FormStatusBar::PathPanel), bar->GetTextExtent("C:\\Neskroot\\menu.cfg").x);
     bar->ShowCounts("");
     EXPECT_EQ(WidthOf(FormStatusBar::HelpPanel), helpBefore) << "no numbers take no room";
