@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """Prints the tree of a program as assistive technology sees it: its name in the first line, then a line a row with the
 level, the name and the states that matter. Ends with 1 where there is no such tree.
-Usage, on the session bus of the program: accessible_tree.py PROGRAM NAME_OF_THE_TREE"""
+With --buttons in place of the name of the tree it prints the names of the buttons in the program's tool bars.
+Usage, on the session bus of the program: accessible_tree.py PROGRAM NAME_OF_THE_TREE|--buttons"""
 import sys
 import time
 
@@ -56,8 +57,24 @@ def level_of(cell):
         cell = target
 
 
+def buttons(node, in_tool_bar=False):
+    """The names of the buttons in the tool bars at and below a node."""
+    in_tool_bar = in_tool_bar or node.get_role() == Atspi.Role.TOOL_BAR
+    if in_tool_bar and node.get_role() in (Atspi.Role.PUSH_BUTTON, Atspi.Role.TOGGLE_BUTTON):
+        yield node.get_name()
+    for child in children(node):
+        if child is not None:
+            yield from buttons(child, in_tool_bar)
+
+
 def main():
     program, name = sys.argv[1:3]
+    if name == "--buttons":
+        for application in children(Atspi.get_desktop(0)):
+            if application is not None and application.get_name() == program:
+                print("\n".join(buttons(application)))
+                return 0
+        return 1
     for _ in range(50):
         for application in children(Atspi.get_desktop(0)):
             if application is not None and application.get_name() == program:
