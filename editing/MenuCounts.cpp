@@ -47,6 +47,7 @@ void MenuCounts::OnMenuEvent(const MenuEvent& event) {
     case MenuEvent::Kind::Removed: m_isKnown = false; break;
     case MenuEvent::Kind::None:
     case MenuEvent::Kind::Moved:
+    case MenuEvent::Kind::Reordered:
     case MenuEvent::Kind::Edited: break;
     }
 }

@@ -52,6 +52,7 @@ protected:
 
 TEST_F(FormToolBarTest, AButtonTellsItsNameAndItsKey) {
     const std::string expected = "Open (Ctrl+O)\nSave (Ctrl+S)\n|Undo (Ctrl+Z)\nRedo (Ctrl+Y)\n"
+                                 "|Cut (Ctrl+X)\nCopy (Ctrl+C)\nPaste (Ctrl+V)\n"
                                  "|Add part (Ctrl+N)\nAdd submenu (Ctrl+Shift+N)\n|Move up (Ctrl+Up)\n"
                                  "Move down (Ctrl+Down)\n|Edit (Ctrl+E)\nRemove (Del)\n";
     EXPECT_EQ(ToolTips(), expected);
@@ -67,15 +68,15 @@ TEST_F(FormToolBarTest, EveryButtonHasAPicture) {
 TEST_F(FormToolBarTest, ItsButtonsAreEnabledLikeTheMenuItems) {
     EXPECT_EQ(Enabled(), "Open\n");
     Press('O', wxMOD_CONTROL);
-    EXPECT_EQ(Enabled(), "Save\nAdd part\nAdd submenu\n");
+    EXPECT_EQ(Enabled(), "Save\nPaste\nAdd part\nAdd submenu\n");
     Select("R.1");
-    EXPECT_EQ(Enabled(), "Save\nMove down\nEdit\nRemove\n");
+    EXPECT_EQ(Enabled(), "Save\nCut\nCopy\nPaste\nMove down\nEdit\nRemove\n");
     Press(WXK_F2);
     ASSERT_NE(Tree().Edited(), nullptr);
     EXPECT_EQ(Enabled(), "Save\nMove down\nEdit\n") << "while a caption is typed";
     Type("Cover");
     Press(WXK_RETURN);
-    EXPECT_EQ(Enabled(), "Save\nUndo\nMove down\nEdit\nRemove\n");
+    EXPECT_EQ(Enabled(), "Save\nUndo\nCut\nCopy\nPaste\nMove down\nEdit\nRemove\n");
 }
 
 TEST_F(FormToolBarTest, AClickRunsTheCommand) {

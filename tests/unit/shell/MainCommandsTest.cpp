@@ -146,7 +146,7 @@ TEST_F(MainCommandsTest, WhatIsEnabledForTheSelectedEntry) {
 
 TEST_F(MainCommandsTest, ASubmenuIsExpandedAndAnOpenMenuCollapsed) {
     const auto enabled = [&](const char* id) {
-        MainCommandSet set = EnabledCommands(m_editor, id, true);
+        MainCommandSet set = EnabledCommands(m_editor, EntryIds{id}, true);
         MainCommandSet views;
         for (const MainCommand command : ViewCommands)
             views.set(static_cast<std::size_t>(command));
