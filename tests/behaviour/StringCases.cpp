@@ -1,5 +1,6 @@
 #include "behaviour/Table.h"
 #include "platform/TextEncoding.h"
+#include "platform/TextFolding.h"
 
 #include <optional>
 
@@ -51,6 +52,12 @@ void AddStringCases(Table& table) {
         table.Add("string encode " + name, Encoded(text));
         table.Add("string first not encodable " + name, platform::FirstNotEncodable(text));
     }
+    // Latin letters with accents, Greek and Cyrillic.
+    for (unsigned code = 0x20; code < 0x460; ++code) {
+        if ((code >= 0x180 && code < 0x386) || (code >= 0x3CF && code < 0x400)) continue;
+        table.Add("string folded U+" + std::to_string(code), platform::Folded(Character(code)));
+    }
+    table.Add("string folded marks", platform::Folded("e\xCC\x81o\xCC\x88"));
     table.Add("string equal", platform::EqualNoCase("Gr\xC3\x96SSE", "gr\xC3\xB6sse") ? 1 : 0);
     table.Add("string not equal", platform::EqualNoCase("Stra\xC3\x9F"
                                                         "e",
