@@ -61,8 +61,8 @@ void AppendFolded(std::string& result, std::string_view text) {
         at += one.size();
         const char32_t character = Utf8Decode(one);
         if (IsAccent(character)) continue;
-        const auto* const letter = std::find_if(
-            Letters.begin(), Letters.end(), [&](const Letter& l) { return l.character == character; });
+        const auto* const letter = std::find_if(Letters.begin(), Letters.end(),
+                                                [&](const Letter& l) { return l.character == character; });
         result += letter != Letters.end() ? letter->typed : one;
     }
 }
