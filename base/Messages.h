@@ -427,4 +427,73 @@ constexpr int UndoHistoryList = 34603;
 constexpr int UndoHistoryCount = 34604; // %0% number of changes
 constexpr int UndoHistoryUndo = 34605;
 
+
+// Edit menu: finding and replacing.
+constexpr int Find = 34700;
+constexpr int FindNext = 34701;
+constexpr int FindPrevious = 34702;
+constexpr int ShowMatches = 34703;
+constexpr int Replace = 34704;
+constexpr int ChangeFolder = 34705;
+
+// Find bar.
+constexpr int FindBarText = 34760;
+constexpr int FindBarNumber = 34761; // %0% number of the entry, %1% number of entries
+constexpr int FindBarCount = 34762; // %0% number of entries
+constexpr int FindBarNothing = 34763;
+constexpr int FindBarSearching = 34764; // %0% number of entries
+constexpr int FindBarMatchesOnly = 34766;
+constexpr int FindBarClose = 34767;
+constexpr int FindBarNext = 34753;
+constexpr int FindBarPrevious = 34754;
+
+// Fields of an entry.
+constexpr int FieldCaption = 34769;
+constexpr int FieldProgram = 34770;
+constexpr int FieldPicture = 34771;
+constexpr int FieldPreview = 34772;
+constexpr int FieldHelpFile = 34773;
+constexpr int FieldHistoryDir = 34774;
+constexpr int FieldHistoryTitle = 34775;
+
+// Replace.
+constexpr int ReplaceTitle = 34776;
+constexpr int ReplaceFind = 34777;
+constexpr int ReplaceWith = 34778;
+constexpr int ReplaceFields = 34779;
+constexpr int ReplaceMatchCase = 34780;
+constexpr int ReplaceChanges = 34781;
+constexpr int ReplaceEntry = 34782;
+constexpr int ReplaceField = 34783;
+constexpr int ReplaceBefore = 34784;
+constexpr int ReplaceAfter = 34785;
+constexpr int ReplaceAll = 34786;
+constexpr int ReplaceNone = 34787;
+constexpr int ReplaceCount = 34788; // %0% chosen, %1% all
+constexpr int ReplaceOK = 34789;
+constexpr int ReplaceRefused = 34790; // %0% entry, %1% field, %2% text, %3% reason
+constexpr int ReplaceAtSign = 34791; // %0% program
+constexpr int ChangeReplace = 34792; // %0% text
+
+// Change folder.
+constexpr int FolderTitle = 34793;
+constexpr int FolderList = 34794;
+constexpr int FolderColumn = 34795;
+constexpr int FolderPaths = 34796;
+constexpr int FolderState = 34797;
+constexpr int FolderPlace = 34798;
+constexpr int FolderBrowse = 34799;
+constexpr int FolderExists = 34710;
+constexpr int FolderIsMissing = 34711;
+constexpr int FolderChecking = 34712;
+constexpr int FolderCount = 34713; // %0% number of paths
+constexpr int FolderOK = 34714;
+constexpr int FolderNoPlace = 34715;
+constexpr int FolderNotFull = 34716;
+constexpr int FolderBadCharacter = 34717;
+constexpr int FolderSamePlace = 34718;
+constexpr int FolderPrompt = 34719;
+constexpr int ChangeFolderOf = 34750; // %0% folder
+constexpr int FolderNone = 34751;
+
 } // namespace nesk::Message

@@ -216,11 +216,10 @@ void MenuSearch::ReadNextName() {
 }
 
 bool MenuSearch::Step(std::chrono::milliseconds budget) {
-    if (!IsActive()) return false;
     Synchronize();
     const Clock::time_point end = Clock::now() + budget;
     for (int i = 1; !IsDone(); ++i) {
-        if (m_searched < m_slots.size()) {
+        if (IsActive() && m_searched < m_slots.size()) {
             SetMatch(m_searched, SlotMatches(m_slots[m_searched]));
             ++m_searched;
         } else if (!m_isWalked) {
@@ -243,8 +242,8 @@ void MenuSearch::FinishTexts() {
 }
 
 bool MenuSearch::IsDone() const {
-    if (!IsActive()) return true;
-    return !m_isStale && m_isWalked && m_searched == m_slots.size() && m_namesSearched == m_slots.size();
+    if (m_isStale || !m_isWalked || m_menu != m_editor.OpenMenu()) return false;
+    return !IsActive() || (m_searched == m_slots.size() && m_namesSearched == m_slots.size());
 }
 
 // --- results ---

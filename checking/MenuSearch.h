@@ -40,7 +40,8 @@ public:
     /// Forgets the names of parts, so that they are read from their files again.
     void ForgetNames();
 
-    /// Searches for at most about `budget`. Returns true while there is more to do.
+    /// Searches for at most about `budget`; without a text, prepares for one. Returns true while there is
+    /// more to do.
     bool Step(std::chrono::milliseconds budget);
 
     /// Searches all texts that are in the menu. Only part names may be left to read.

@@ -65,7 +65,7 @@ TEST_F(MessagesTest, EveryNumberThatTheCodeUsesHasAText) {
 TEST_F(MessagesTest, EveryNumberStandsInOnePlace) {
     int files = 0;
     for (const char* folder :
-         {"base", "editing", "menu", "partedit", "platform", "settings", "shell", "widgets"}) {
+         {"base", "checking", "editing", "menu", "partedit", "platform", "settings", "shell", "widgets"}) {
         for (const auto& entry : fs::recursive_directory_iterator(Sources / folder)) {
             const fs::path& path = entry.path();
             if ((path.extension() != ".h" && path.extension() != ".cpp") || path == Names) continue;

@@ -1,27 +1,14 @@
 #include "checking/MenuSearch.h"
 
-#include "menu/MenuItem.h"
-#include "menu/MenuItemCollection.h"
-#include "unit/CoreFixture.h"
+#include "unit/checking/CheckingFixture.h"
 
 namespace nesk {
 namespace {
 
 using namespace std::chrono_literals;
 
-class MenuSearchTest : public testing::CoreTest {
+class MenuSearchTest : public testing::CheckingTest {
 protected:
-    MenuSearchTest() {
-        station.Write("C:\\Neskroot\\readme.txt", "");
-        editor.Open("C:\\Neskroot", "C:\\Neskroot\\menu.cfg");
-    }
-
-    std::string Part(const std::string& parent, const std::string& caption, const PartFields& fields = {}) {
-        const std::string id = editor.AddPart(parent, caption);
-        editor.SetPart(id, fields);
-        return id;
-    }
-
     // Captions of the entries found, in the order in which Next goes through them.
     std::vector<std::string> Found(const std::string& text) {
         search.SetText(text);
@@ -40,7 +27,6 @@ protected:
 
     using Captions = std::vector<std::string>;
 
-    MenuEditor editor;
     MenuSearch search{editor};
 };
 
