@@ -58,6 +58,9 @@ struct TreeEvents {
     /// @param text  the typed text; null when the edit was cancelled
     std::function<void(TreeNode&, const std::string* text)> renameEnds;
 
+    /// Returns whether a row is highlighted. Asked whenever a row is drawn, so it must be quick.
+    std::function<bool(TreeNode&)> isMarked;
+
     /// Returns whether rows may be dropped at a position; none are given when they come from another window.
     /// The root cannot be dragged, and nothing can be dropped into itself, but the function is called for
     /// that too, so that it can say why.
@@ -152,6 +155,9 @@ public:
     /// Changes the picture of a row.
     /// @param image  0-based index into the pictures of the view
     void SetImage(TreeNode& node, int image);
+
+    /// Draws the rows again, because other rows may be highlighted now.
+    virtual void RefreshMarks() = 0;
 
     // --- state ---
 
@@ -276,6 +282,7 @@ protected:
     void RestoreExpansion(TreeNode& node);
 
     bool IsQuiet() const { return m_quiet > 0; }
+    bool IsMarked(TreeNode& node) const { return on.isMarked && on.isMarked(node); }
 
 private:
     void OnKeyDown(wxKeyEvent& event);

@@ -99,6 +99,16 @@ void GtkTreeControl::BuildWidgets(const TreeStyle& style) {
         gtk_tree_view_column_add_attribute(m_column, m_textCell, "markup", MarkupColumn);
     else
         gtk_tree_view_column_add_attribute(m_column, m_textCell, "text", TextColumn);
+    // Half transparent, so that the text is legible in any theme and a selected row looks selected.
+    const GdkRGBA mark{1.0, 0.8, 0.0, 0.45};
+    g_object_set(m_textCell, "cell-background-rgba", &mark, "cell-background-set", FALSE, nullptr);
+    gtk_tree_view_column_set_cell_data_func(
+        m_column, m_textCell,
+        [](GtkTreeViewColumn*, GtkCellRenderer* cell, GtkTreeModel*, GtkTreeIter* iter, gpointer self) {
+            const gboolean isMarked{Of(self).IsMarked(GtkNodeModel::NodeOf(*iter))};
+            g_object_set(cell, "cell-background-set", isMarked, nullptr);
+        },
+        this, nullptr);
     gtk_tree_view_column_set_spacing(m_column, Spacing);
     // With a fixed row height GTK need not measure all rows, of which there may be 100,000. The column is as
     // wide as the widest row seen so far.

@@ -16,6 +16,7 @@ public:
     wxWindow& Window() override { return *this; }
     void SetImages(const std::vector<wxBitmapBundle>& images) override;
     void SetAccessibleName(const std::string& name) override;
+    void RefreshMarks() override { gtk_widget_queue_draw(GTK_WIDGET(m_tree)); }
 
     std::vector<TreeNode*> Selection() const override;
     TreeNode* Selected() const override;

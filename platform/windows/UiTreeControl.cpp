@@ -108,6 +108,35 @@ WXLRESULT NativeTreeControl::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLP
     return wxTreeCtrl::MSWWindowProc(message, wParam, lParam);
 }
 
+namespace {
+
+bool IsHighContrast() {
+    HIGHCONTRASTW contrast{};
+    contrast.cbSize = sizeof contrast;
+    return ::SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) != 0 &&
+           (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+} // namespace
+
+// Colours the highlighted rows.
+bool NativeTreeControl::MSWOnNotify(int control, WXLPARAM parameter, WXLPARAM* result) {
+    auto* const draw = reinterpret_cast<NMTVCUSTOMDRAW*>(parameter);
+    if (draw->nmcd.hdr.code != NM_CUSTOMDRAW) return wxTreeCtrl::MSWOnNotify(control, parameter, result);
+    *result = CDRF_DODEFAULT;
+    if (draw->nmcd.dwDrawStage == CDDS_PREPAINT) {
+        *result = CDRF_NOTIFYITEMDRAW;
+    } else if (draw->nmcd.dwDrawStage == CDDS_ITEMPREPAINT && (draw->nmcd.uItemState & CDIS_SELECTED) == 0 &&
+               m_view->IsItemMarked(wxTreeItemId(reinterpret_cast<void*>(draw->nmcd.dwItemSpec)))) {
+        // Where the user has chosen the colours, only pairs of these are legible.
+        const bool system = IsHighContrast();
+        draw->clrText = system ? ::GetSysColor(COLOR_INFOTEXT) : RGB(0, 0, 0);
+        draw->clrTextBk = system ? ::GetSysColor(COLOR_INFOBK) : RGB(255, 232, 140);
+        *result = CDRF_NEWFONT;
+    }
+    return true;
+}
+
 NativeTreeView::NativeTreeView(NativeTreeControl& control, const TreeStyle& style)
     : m_control(control), m_style(style) {
     BindEvents();
@@ -164,6 +193,11 @@ TreeNode* NativeTreeView::NodeOf(const wxTreeItemId& item) const {
     if (!item.IsOk()) return nullptr;
     const auto* data = static_cast<ItemData*>(m_control.GetItemData(item));
     return data != nullptr ? &data->node : nullptr;
+}
+
+bool NativeTreeView::IsItemMarked(const wxTreeItemId& item) const {
+    TreeNode* const node = NodeOf(item);
+    return node != nullptr && IsMarked(*node);
 }
 
 void NativeTreeView::Describe(TreeNode& node, const wxTreeItemId& item) {

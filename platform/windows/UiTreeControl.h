@@ -17,6 +17,7 @@ public:
     NativeTreeView& View() { return *m_view; }
 
     WXLRESULT MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLPARAM lParam) override;
+    bool MSWOnNotify(int control, WXLPARAM parameter, WXLPARAM* result) override;
 
 private:
     std::unique_ptr<NativeTreeView> m_view;
@@ -30,6 +31,7 @@ public:
     wxWindow& Window() override { return m_control; }
     void SetImages(const std::vector<wxBitmapBundle>& images) override;
     void SetAccessibleName(const std::string& name) override;
+    void RefreshMarks() override { m_control.Refresh(); }
 
     std::vector<TreeNode*> Selection() const override;
     TreeNode* Selected() const override;
@@ -44,6 +46,7 @@ public:
     void SetEditText(const std::string& text) override;
 
     // Events of the control and its drop target.
+    bool IsItemMarked(const wxTreeItemId& item) const;
     void OnContextKey() { ReportContextMenu(wxDefaultPosition); }
     bool OnDragOver(wxPoint point, bool copies) { return DragTo(point, copies); }
     bool OnDropped(wxPoint point, bool copies);
