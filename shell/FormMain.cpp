@@ -3,6 +3,7 @@
 #include "base/Messages.h"
 #include "settings/FormAccess.h"
 #include "settings/NeskRegistry.h"
+#include "shell/FormFinder.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormStartPage.h"
 #include "shell/FormToolBar.h"
@@ -61,23 +62,26 @@ FormMain::~FormMain() {
 // The menu item of a command. The array is in the order of MainCommand.
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     static constexpr std::array<wxMenuItem * FormMain::*, MainCommandCount> items{
-        &FormMain::mnuFileOpen,        &FormMain::mnuFileSave,
-        &FormMain::mnuFileSaveAs,      &FormMain::mnuFileClose,
-        &FormMain::mnuFileExit,        &FormMain::mnuEditUndo,
-        &FormMain::mnuEditRedo,        &FormMain::mnuEditUndoHistory,
-        &FormMain::mnuEditCut,         &FormMain::mnuEditCopy,
-        &FormMain::mnuEditPaste,       &FormMain::mnuEditPasteInside,
-        &FormMain::mnuEditDuplicate,   &FormMain::mnuEditSelectAll,
-        &FormMain::mnuMenuAddPart,     &FormMain::mnuMenuAddSubmenu,
-        &FormMain::mnuMenuUp,          &FormMain::mnuMenuDown,
-        &FormMain::mnuMenuMoveOut,     &FormMain::mnuMenuMoveIn,
-        &FormMain::mnuMenuMoveTo,      &FormMain::mnuMenuSortSubmenusFirst,
-        &FormMain::mnuMenuSortMixed,   &FormMain::mnuMenuEdit,
-        &FormMain::mnuMenuRename,      &FormMain::mnuMenuRemove,
-        &FormMain::mnuViewToolBar,     &FormMain::mnuViewStatusBar,
-        &FormMain::mnuViewExpandBelow, &FormMain::mnuViewCollapseAll,
-        &FormMain::mnuSettingsAccess,  &FormMain::mnuSettingsOptions,
-        &FormMain::mnuHelpContents,    &FormMain::mnuHelpWindow,
+        &FormMain::mnuFileOpen,         &FormMain::mnuFileSave,
+        &FormMain::mnuFileSaveAs,       &FormMain::mnuFileClose,
+        &FormMain::mnuFileExit,         &FormMain::mnuEditUndo,
+        &FormMain::mnuEditRedo,         &FormMain::mnuEditUndoHistory,
+        &FormMain::mnuEditCut,          &FormMain::mnuEditCopy,
+        &FormMain::mnuEditPaste,        &FormMain::mnuEditPasteInside,
+        &FormMain::mnuEditDuplicate,    &FormMain::mnuEditSelectAll,
+        &FormMain::mnuEditFind,         &FormMain::mnuEditFindNext,
+        &FormMain::mnuEditFindPrevious, &FormMain::mnuEditShowMatches,
+        &FormMain::mnuEditReplace,      &FormMain::mnuEditChangeFolder,
+        &FormMain::mnuMenuAddPart,      &FormMain::mnuMenuAddSubmenu,
+        &FormMain::mnuMenuUp,           &FormMain::mnuMenuDown,
+        &FormMain::mnuMenuMoveOut,      &FormMain::mnuMenuMoveIn,
+        &FormMain::mnuMenuMoveTo,       &FormMain::mnuMenuSortSubmenusFirst,
+        &FormMain::mnuMenuSortMixed,    &FormMain::mnuMenuEdit,
+        &FormMain::mnuMenuRename,       &FormMain::mnuMenuRemove,
+        &FormMain::mnuViewToolBar,      &FormMain::mnuViewStatusBar,
+        &FormMain::mnuViewExpandBelow,  &FormMain::mnuViewCollapseAll,
+        &FormMain::mnuSettingsAccess,   &FormMain::mnuSettingsOptions,
+        &FormMain::mnuHelpContents,     &FormMain::mnuHelpWindow,
         &FormMain::mnuHelpAbout,
     };
     return this->*items[static_cast<std::size_t>(command)];
@@ -111,6 +115,7 @@ void FormMain::BuildControls() {
     pgStart = new FormStartPage(this, [this](StartStep step) { TakeStep(step); });
     m_tree = std::make_unique<FormMenuTree>(this, m_editor);
     tvMain = m_tree.get();
+    m_finder = std::make_unique<FormFinder>(*this, m_editor, *m_tree);
     tvMain->Window().SetMinSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);

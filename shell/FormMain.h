@@ -23,6 +23,7 @@ struct TreeDrop;
 
 namespace nesk {
 
+class FormFinder;
 class FormMenuTree;
 class FormStartPage;
 class FormToolBar;
@@ -69,6 +70,12 @@ public:
     wxMenuItem* mnuEditPasteInside = nullptr;
     wxMenuItem* mnuEditDuplicate = nullptr;
     wxMenuItem* mnuEditSelectAll = nullptr;
+    wxMenuItem* mnuEditFind = nullptr;
+    wxMenuItem* mnuEditFindNext = nullptr;
+    wxMenuItem* mnuEditFindPrevious = nullptr;
+    wxMenuItem* mnuEditShowMatches = nullptr;
+    wxMenuItem* mnuEditReplace = nullptr;
+    wxMenuItem* mnuEditChangeFolder = nullptr;
     wxMenuItem* mnuMenuAddPart = nullptr;
     wxMenuItem* mnuMenuAddSubmenu = nullptr;
     wxMenuItem* mnuMenuUp = nullptr;
@@ -132,6 +139,12 @@ private:
     void PasteInside() override;
     void Duplicate() override;
     void SelectAll() override;
+    void Find() override;
+    void FindNext() override;
+    void FindPrevious() override;
+    void ShowMatches() override;
+    void Replace() override;
+    void ChangeFolder() override;
     void AddPart() override;
     void AddSubmenu() override;
     void MoveUp() override;
@@ -196,6 +209,7 @@ private:
     WindowMemory m_memory;
     UiWindowPlace m_place{*this, m_memory};
     std::unique_ptr<FormMenuTree> m_tree;
+    std::unique_ptr<FormFinder> m_finder;
     std::string m_addedId;         // the new entry whose caption is being typed for the first time
     bool m_captionRefused = false; // set by the last end of an edit
     bool m_wasActive = false;

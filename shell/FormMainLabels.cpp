@@ -2,6 +2,7 @@
 
 #include "base/Messages.h"
 #include "menu/MenuText.h"
+#include "shell/FormFinder.h"
 #include "shell/FormMain.h"
 #include "shell/FormMenuTree.h"
 #include "widgets/UiUtilities.h"
@@ -55,6 +56,7 @@ void FormMain::BindTree() {
 // Handles the keys of all commands. The key of a disabled command does nothing. If it reached the tree, the
 // tree would handle it as a key of its own and select another entry.
 void FormMain::OnCharHook(wxKeyEvent& event) {
+    if (m_finder->OnCharHook(event)) return;
     const bool typing = tvMain->View().Edited() != nullptr;
     for (const MainCommandInfo& info : MainCommandTable()) {
         const wxMenuItem* item = ItemOf(info.command);
@@ -121,7 +123,7 @@ void FormMain::OnContextMenu(wxPoint at) {
     UpdateFileMenus();
     wxMenu menu;
     // What is done to entries first, then what is done with the clipboard.
-    for (const int which : {Message::MenuMenu, Message::MenuEdit}) {
+    for (const int which : {Message::MenuMenu, Message::MenuEdit, Message::MenuView}) {
         for (const MainCommandInfo& info : MainCommandTable()) {
             if (info.menu != which || !info.places.inContextMenu) continue;
             if (info.separatorBefore) menu.AppendSeparator();

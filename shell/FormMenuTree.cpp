@@ -89,8 +89,10 @@ void FormMenuTree::Fill(TreeNode& node) {
     const MenuEntry* entry = m_editor.Find(KeyOf(&node));
     if (entry == nullptr) return;
     const int count = entry->ChildCount();
+    const std::vector<bool> isShown = m_filter ? m_filter(*entry) : std::vector<bool>();
     for (int i = 1; i <= count; ++i)
-        m_view.Append(node, NodeFor(entry->Children()->Item(i)));
+        if (isShown.empty() || isShown[static_cast<std::size_t>(i) - 1])
+            m_view.Append(node, NodeFor(entry->Children()->Item(i)));
 }
 
 std::string FormMenuTree::KeyOf(const TreeNode* node) {
@@ -370,7 +372,7 @@ void FormMenuTree::Place(const MenuEvent& event) {
     const auto* item = dynamic_cast<const MenuItem*>(m_editor.Find(event.id));
     if (parent == nullptr || item == nullptr) return;
     if (parent->IsFilled())
-        m_view.Insert(*parent, static_cast<std::size_t>(event.position) - 1, NodeFor(*item));
+        m_view.Insert(*parent, IndexFor(*parent, event), NodeFor(*item));
     else
         m_view.Fill(*parent);
 }
@@ -384,12 +386,25 @@ void FormMenuTree::Remove(const std::string& id) {
     if (parent != nullptr && parent->ChildCount() == 0 && node != nullptr) m_view.Fill(*node);
 }
 
+// The position of an entry among the nodes of its siblings. With a filter, not all siblings have nodes.
+std::size_t FormMenuTree::IndexFor(const TreeNode& parent, const MenuEvent& event) const {
+    if (!m_filter) return static_cast<std::size_t>(event.position) - 1;
+    const MenuItemCollection& siblings = *m_editor.Find(event.parentId)->Children();
+    std::set<std::string> before;
+    for (int i = 1; i < event.position; ++i)
+        before.insert(MenuId::LastPart(siblings.Item(i).Counter()));
+    std::size_t index = 0;
+    for (std::size_t i = 0; i < parent.ChildCount(); ++i)
+        if (before.contains(parent.Child(i).Key())) ++index;
+    return index;
+}
+
 void FormMenuTree::Move(const MenuEvent& event) {
     const wxWindowUpdateLocker locker(&Window());
     TreeNode* const node = NodeOf(event.formerId.empty() ? event.id : event.formerId);
     TreeNode* const parent = NodeOf(event.parentId);
     if (node != nullptr && parent != nullptr && parent->IsFilled()) {
-        m_view.Move(*node, *parent, static_cast<std::size_t>(event.position) - 1);
+        m_view.Move(*node, *parent, IndexFor(*parent, event));
         node->SetKey(std::string(MenuId::Parts(event.id).back()));
         return;
     }

@@ -3,8 +3,10 @@
 #include "editing/MenuEditor.h"
 #include "platform/UiTreeView.h"
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace nesk {
@@ -29,6 +31,13 @@ public:
     /// Builds the tree again from the open menu, with the root expanded and selected. Shows nothing when no
     /// menu is open.
     void BuildTree();
+
+    /// Decides for each child of an entry whether it is shown.
+    using ChildFilter = std::function<std::vector<bool>(const MenuEntry&)>;
+
+    /// Sets the filter for the children that are shown; null shows all. Nodes that exist stay until
+    /// BuildTree.
+    void SetFilter(ChildFilter filter) { m_filter = std::move(filter); }
 
     /// Prepares for a change of several events.
     void Expect(std::size_t events);
@@ -83,10 +92,12 @@ private:
     std::vector<platform::TreeNode*> NodesOf(const EntryIds& ids);
     void Describe(platform::TreeNode& node, const MenuEntry& entry);
     void Place(const MenuEvent& event);
+    std::size_t IndexFor(const platform::TreeNode& parent, const MenuEvent& event) const;
     void Move(const MenuEvent& event);
     void Remove(const std::string& id);
 
     const MenuEditor& m_editor;
+    ChildFilter m_filter;
     platform::TreeView& m_view;
     std::shared_ptr<const EntryIds> m_lastExpanded; // shared by contexts between which nothing was expanded
     std::size_t m_events = 0;                       // of the present change

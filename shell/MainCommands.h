@@ -26,6 +26,12 @@ enum class MainCommand {
     PasteInside,
     Duplicate,
     SelectAll,
+    Find,
+    FindNext,
+    FindPrevious,
+    ShowMatches,
+    Replace,
+    ChangeFolder,
     AddPart,
     AddSubmenu,
     MoveUp,
@@ -71,6 +77,12 @@ public:
     virtual void PasteInside() = 0;
     virtual void Duplicate() = 0;
     virtual void SelectAll() = 0;
+    virtual void Find() = 0;
+    virtual void FindNext() = 0;
+    virtual void FindPrevious() = 0;
+    virtual void ShowMatches() = 0;
+    virtual void Replace() = 0;
+    virtual void ChangeFolder() = 0;
     virtual void AddPart() = 0;
     virtual void AddSubmenu() = 0;
     virtual void MoveUp() = 0;

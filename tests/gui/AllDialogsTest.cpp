@@ -4,6 +4,9 @@
 #include "gui/UiDriver.h"
 #include "unit/CoreFixture.h"
 
+#include "checking/FormChangeFolder.h"
+#include "checking/FormReplace.h"
+#include "editing/MenuEditor.h"
 #include "menu/FormEditMenu.h"
 #include "menu/FormSelectMenuPicture.h"
 #include "partedit/FormBrowse.h"
@@ -59,6 +62,18 @@ void PrintTo(const DialogCase& dialog, std::ostream* text) {
 template <typename Form>
 DialogCase Case(const char* name, int helpTopic) {
     return {name, helpTopic, [] { return std::make_unique<Form>(nullptr); }};
+}
+
+// An editor with an empty menu.
+MenuEditor& EditorWithMenu() {
+    static MenuEditor editor;
+    if (!editor.IsOpen()) editor.Open("C:\\", "C:\\menu.cfg");
+    return editor;
+}
+
+template <typename Form>
+DialogCase EditorCase(const char* name, int helpTopic) {
+    return {name, helpTopic, [] { return std::make_unique<Form>(nullptr, EditorWithMenu()); }};
 }
 
 class AllDialogsTest : public CoreTest, public ::testing::WithParamInterface<DialogCase> {
@@ -145,6 +160,8 @@ INSTANTIATE_TEST_SUITE_P(
                        static const MenuEditor editor;
                        return std::make_unique<FormMoveTo>(nullptr, editor);
                    }},
+        EditorCase<FormReplace>("FormReplace", 33001),
+        EditorCase<FormChangeFolder>("FormChangeFolder", 33001),
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, WideScreen); }},
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, SmallScreen); },
                    "Small"},

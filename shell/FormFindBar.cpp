@@ -1,0 +1,187 @@
+#include "shell/FormFindBar.h"
+
+#include "base/Messages.h"
+#include "platform/AccessibleName.h"
+#include "shell/modStringRes.h"
+#include "widgets/UiUtilities.h"
+
+#include <wx/artprov.h>
+#include <wx/bmpbuttn.h>
+#include <wx/checkbox.h>
+#include <wx/sizer.h>
+#include <wx/srchctrl.h>
+#include <wx/stattext.h>
+
+namespace nesk {
+
+using modStringRes::FormatResString;
+using modStringRes::LoadResString;
+using modUtilities::FromWx;
+using modUtilities::ResText;
+using modUtilities::ToWx;
+
+namespace {
+
+// The longest number of entries for which the label has room.
+constexpr int ManyEntries = 100000;
+
+bool IsWithin(const wxWindow* window, const wxWindow& ancestor) {
+    while (window != nullptr && window != &ancestor)
+        window = window->GetParent();
+    return window != nullptr;
+}
+
+} // namespace
+
+FormFindBar::FormFindBar(wxWindow* parent)
+    : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "FormFindBar") {
+    lblFind = new wxStaticText(this, wxID_ANY, ResText(Message::FindBarText), wxDefaultPosition,
+                               wxDefaultSize, 0, "lblFind");
+    txtFind = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(160, -1)), 0,
+                               wxDefaultValidator, "txtFind");
+    txtFind->ShowSearchButton(true);
+    platform::SetAccessibleName(*txtFind, LoadResString(Message::FindBarText));
+    cmdPrevious = NewButton("cmdPrevious", wxART_GO_UP, Message::FindBarPrevious, onPrevious);
+    cmdNext = NewButton("cmdNext", wxART_GO_DOWN, Message::FindBarNext, onNext);
+    chkMatchesOnly = new wxCheckBox(this, wxID_ANY, ResText(Message::FindBarMatchesOnly), wxDefaultPosition,
+                                    wxDefaultSize, 0, wxDefaultValidator, "chkMatchesOnly");
+    lblFound = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
+                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END, "lblFound");
+    cmdClose = NewButton("cmdClose", wxART_CLOSE, Message::FindBarClose, onClose);
+    const wxString longest = ToWx(FormatResString(Message::FindBarNumber, ManyEntries, ManyEntries));
+    lblFound->SetMinSize(wxSize(lblFound->GetTextExtent(longest).x, -1));
+
+    const int gap = FromDIP(6);
+    const wxSizerFlags middle = wxSizerFlags().CenterVertical().Border(wxRIGHT, gap);
+    auto* row = new wxBoxSizer(wxHORIZONTAL);
+    row->Add(lblFind, middle);
+    row->Add(txtFind, wxSizerFlags(2).CenterVertical().Border(wxRIGHT, gap));
+    row->Add(cmdPrevious, wxSizerFlags().CenterVertical());
+    row->Add(cmdNext, middle);
+    row->Add(chkMatchesOnly, middle);
+    row->Add(lblFound, wxSizerFlags(1).CenterVertical().Border(wxRIGHT, gap));
+    row->Add(cmdClose, wxSizerFlags().CenterVertical());
+    auto* all = new wxBoxSizer(wxVERTICAL);
+    all->Add(row, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(4)));
+    SetSizer(all);
+
+    txtFind->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+        txtFind->ShowCancelButton(!txtFind->IsEmpty());
+        if (onText) onText();
+    });
+    txtFind->Bind(wxEVT_SEARCH_CANCEL, [this](wxCommandEvent&) { txtFind->Clear(); });
+    chkMatchesOnly->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) {
+        if (onMatchesOnly) onMatchesOnly();
+    });
+}
+
+wxBitmapButton* FormFindBar::NewButton(const char* name, const char* art, int textId,
+                                       std::function<void()>& action) {
+    auto* button =
+        new wxBitmapButton(this, wxID_ANY, wxArtProvider::GetBitmapBundle(art, wxART_MENU), wxDefaultPosition,
+                           wxDefaultSize, wxBORDER_NONE, wxDefaultValidator, name);
+    button->SetToolTip(ResText(textId));
+    platform::SetAccessibleName(*button, LoadResString(textId));
+    button->Bind(wxEVT_BUTTON, [&action](wxCommandEvent&) {
+        if (action) action();
+    });
+    return button;
+}
+
+std::string FormFindBar::Text() const {
+    return FromWx(txtFind->GetValue());
+}
+
+void FormFindBar::SetText(const std::string& text) {
+    txtFind->ChangeValue(ToWx(text));
+    txtFind->ShowCancelButton(!text.empty());
+}
+
+void FormFindBar::FocusText() {
+    txtFind->SetFocus();
+    txtFind->SelectAll();
+}
+
+void FormFindBar::ShowFound(const std::string& text) {
+    if (FromWx(lblFound->GetLabelText()) == text) return;
+    lblFound->SetLabelText(ToWx(text));
+    lblFound->SetToolTip(ToWx(text));
+}
+
+bool FormFindBar::HasFocusInside() const {
+    return IsShown() && IsWithin(wxWindow::FindFocus(), *this);
+}
+
+bool FormFindBar::OnCharHook(wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const bool isEnter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+    if (key == WXK_ESCAPE && !event.HasAnyModifiers()) {
+        onClose();
+        return true;
+    }
+    if (!IsWithin(wxWindow::FindFocus(), *txtFind)) {
+        // The other controls need only these. A command must not change an entry from here.
+        if (event.HasAnyModifiers()) return false;
+        const bool isHarmful = key == WXK_DELETE || key == WXK_NUMPAD_DELETE || key == WXK_F2;
+        if (!isHarmful && key >= WXK_F1 && key <= WXK_F24) return false;
+        if (!isHarmful) event.Skip();
+        return true;
+    }
+    if (isEnter && !event.HasModifiers()) {
+        (event.ShiftDown() ? onPrevious : onNext)();
+        return true;
+    }
+    return OnTextKey(event);
+}
+
+// Keys that edit the text belong to the box. Returns false for a key that does not.
+bool FormFindBar::OnTextKey(wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const int modifiers = event.GetModifiers() & ~wxMOD_SHIFT;
+    if (modifiers == 0) {
+        if (key == WXK_F2) return true; // would rename the selected entry
+        if (key >= WXK_F1 && key <= WXK_F24) return false;
+        event.Skip();
+        return true;
+    }
+    // AltGr types characters and reports both Ctrl and Alt.
+    if (modifiers == (wxMOD_CONTROL | wxMOD_ALT)) {
+        event.Skip();
+        return true;
+    }
+    if (modifiers != wxMOD_CONTROL) return false;
+    switch (key) {
+    case 'A':
+    case 'C':
+    case 'V':
+    case 'X':
+        if (event.ShiftDown()) return key == 'V'; // pastes entries elsewhere
+        [[fallthrough]];
+    case WXK_LEFT:
+    case WXK_RIGHT:
+    case WXK_HOME:
+    case WXK_END:
+    case WXK_BACK:
+    case WXK_DELETE:
+    case WXK_INSERT:
+    case WXK_NUMPAD_LEFT:
+    case WXK_NUMPAD_RIGHT:
+    case WXK_NUMPAD_HOME:
+    case WXK_NUMPAD_END:
+    case WXK_NUMPAD_DELETE:
+    case WXK_NUMPAD_INSERT: event.Skip(); return true;
+    case 'Z':
+        if (!event.ShiftDown() && txtFind->CanUndo()) txtFind->Undo();
+        return true;
+    case 'Y':
+    case 'D':
+    case 'M':
+    case WXK_UP:
+    case WXK_DOWN:
+    case WXK_NUMPAD_UP:
+    case WXK_NUMPAD_DOWN: return true; // would change the selected entry
+    default: return false;
+    }
+}
+
+} // namespace nesk
