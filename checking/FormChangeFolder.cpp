@@ -48,8 +48,11 @@ FormChangeFolder::FormChangeFolder(wxWindow* parent, MenuEditor& editor)
     m_model->Reset(static_cast<unsigned>(m_states.size()));
     lstFolders->AssociateModel(m_model.get());
     const auto append = [this](int titleId, unsigned column, int pixels, wxAlignment alignment) {
-        lstFolders->AppendTextColumn(ResText(titleId), column, wxDATAVIEW_CELL_INERT, FromDIP(pixels),
-                                     alignment, wxDATAVIEW_COL_RESIZABLE);
+        lstFolders
+            ->AppendTextColumn(ResText(titleId), column, wxDATAVIEW_CELL_INERT, FromDIP(pixels), alignment,
+                               wxDATAVIEW_COL_RESIZABLE)
+            ->GetRenderer()
+            ->EnableEllipsize(wxELLIPSIZE_MIDDLE);
     };
     append(Message::FolderColumn, FolderColumn, 360, wxALIGN_LEFT);
     append(Message::FolderPaths, PathsColumn, 80, wxALIGN_RIGHT);
@@ -62,7 +65,7 @@ FormChangeFolder::FormChangeFolder(wxWindow* parent, MenuEditor& editor)
 
     auto* place = new wxBoxSizer(wxHORIZONTAL);
     place->Add(txtPlace, wxSizerFlags(1).CenterVertical());
-    place->Add(cmdBrowse, wxSizerFlags().Border(wxLEFT, Gap()));
+    place->Add(cmdBrowse, wxSizerFlags().CenterVertical().Border(wxLEFT, Gap()));
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(lblFolders);
     content->Add(lstFolders, wxSizerFlags(1).Expand().Border(wxTOP, Gap() / 2));

@@ -85,7 +85,7 @@ void FormReplace::BuildTexts(wxSizer& content) {
 
 void FormReplace::BuildList(wxSizer& content) {
     lblChanges = NewLabel(this, "lblChanges", Message::ReplaceChanges);
-    lstChanges = new wxDataViewCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(720, 240)),
+    lstChanges = new wxDataViewCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(800, 240)),
                                     wxDV_MULTIPLE | wxDV_ROW_LINES, wxDefaultValidator);
     lstChanges->SetName("lstChanges");
     m_model->text = [this](unsigned row, unsigned column) { return TextAt(row, column); };
@@ -98,13 +98,16 @@ void FormReplace::BuildList(wxSizer& content) {
     const auto width = [this](int pixels) { return FromDIP(pixels); };
     lstChanges->AppendToggleColumn("", TickColumn, wxDATAVIEW_CELL_ACTIVATABLE, width(32));
     const auto append = [&](int titleId, unsigned column, int pixels) {
-        lstChanges->AppendTextColumn(ResText(titleId), column, wxDATAVIEW_CELL_INERT, width(pixels),
-                                     wxALIGN_LEFT, wxDATAVIEW_COL_RESIZABLE);
+        lstChanges
+            ->AppendTextColumn(ResText(titleId), column, wxDATAVIEW_CELL_INERT, width(pixels), wxALIGN_LEFT,
+                               wxDATAVIEW_COL_RESIZABLE)
+            ->GetRenderer()
+            ->EnableEllipsize(wxELLIPSIZE_MIDDLE);
     };
     append(Message::ReplaceEntry, EntryColumn, 150);
     append(Message::ReplaceField, FieldColumn, 110);
-    append(Message::ReplaceBefore, BeforeColumn, 210);
-    append(Message::ReplaceAfter, AfterColumn, 210);
+    append(Message::ReplaceBefore, BeforeColumn, 250);
+    append(Message::ReplaceAfter, AfterColumn, 250);
     // Without a mouse: the space bar ticks, Enter confirms.
     lstChanges->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         const int key = event.GetKeyCode();

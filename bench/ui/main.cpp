@@ -1,10 +1,12 @@
 // Measures the windows: opening a large menu and the updates after an edit in it, edits among many siblings,
-// undo, drops and edits of many entries, scanning a repository compared with `find`, and the start of the
-// program. Arguments select some of the measurements: opening, siblings, edits, scan, start.
+// undo, drops and edits of many entries, finding and replacing, scanning a repository compared with `find`,
+// and the start of the program. Arguments select some of the measurements: opening, siblings, edits, find,
+// scan, start.
 
 #include "bench/Measure.h"
 #include "bench/Table.h"
 #include "bench/ui/EditsBench.h"
+#include "bench/ui/FindBench.h"
 #include "bench/ui/OpeningBench.h"
 #include "bench/ui/SiblingsBench.h"
 #include "bench/ui/StartBench.h"
@@ -111,6 +113,7 @@ public:
         if (IsWanted("opening")) MeasureOpening(table);
         if (IsWanted("siblings")) MeasureWindowSiblings(table);
         if (IsWanted("edits")) MeasureEdits(table);
+        if (IsWanted("find")) MeasureFind(table);
         if (IsWanted("scan")) MeasureScan(table);
         if (IsWanted("start")) MeasureStart(table, FromWx(wxFileName(argv[0]).GetPath()));
         std::printf("\n%d goals missed\n", table.Missed());

@@ -136,7 +136,9 @@ TEST_F(MainCommandsTest, WhatIsEnabledForTheSelectedEntry) {
         {"R.1.3", {MoveOut, MoveUp, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste}},
     };
     for (const auto& row : table) {
-        std::vector<MainCommand> commands{FileSave, FileSaveAs, FileClose, Undo, UndoHistory, SelectAll};
+        std::vector<MainCommand> commands{FileSave,     FileSaveAs,  FileClose, Undo,
+                                          UndoHistory,  SelectAll,   Find,      FindNext,
+                                          FindPrevious, ShowMatches, Replace,   ChangeFolder};
         commands.insert(commands.end(), row.enabled);
         EXPECT_EQ(Enabled(row.id), NamesOf(commands)) << row.id;
         EXPECT_EQ(Enabled(row.id, false), NamesOf(commands))
