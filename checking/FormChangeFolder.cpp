@@ -1,7 +1,7 @@
 #include "checking/FormChangeFolder.h"
 
 #include "base/Messages.h"
-#include "checking/UiRowModel.h"
+#include "checking/UiRowList.h"
 #include "editing/MenuEditor.h"
 #include "partedit/FormBrowse.h"
 #include "shell/modHelp.h"
@@ -37,26 +37,16 @@ FormChangeFolder::FormChangeFolder(wxWindow* parent, MenuEditor& editor)
     : FormDialog(parent, "FormChangeFolder", Message::FolderTitle, modHelp::Topic::MainWindow)
     , m_editor(editor)
     , m_use(*editor.OpenMenu())
-    , m_states(m_use.Folders().size(), State::Unknown)
-    , m_model(new UiRowModel) {
+    , m_states(m_use.Folders().size(), State::Unknown) {
     lblFolders =
         NewLabel(this, "lblFolders", m_use.Folders().empty() ? Message::FolderNone : Message::FolderList);
-    lstFolders = new wxDataViewCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(560, 260)),
-                                    wxDV_SINGLE | wxDV_ROW_LINES, wxDefaultValidator);
-    lstFolders->SetName("lstFolders");
-    m_model->text = [this](unsigned row, unsigned column) { return TextAt(row, column); };
-    m_model->Reset(static_cast<unsigned>(m_states.size()));
-    lstFolders->AssociateModel(m_model.get());
-    const auto append = [this](int titleId, unsigned column, int pixels, wxAlignment alignment) {
-        lstFolders
-            ->AppendTextColumn(ResText(titleId), column, wxDATAVIEW_CELL_INERT, FromDIP(pixels), alignment,
-                               wxDATAVIEW_COL_RESIZABLE)
-            ->GetRenderer()
-            ->EnableEllipsize(wxELLIPSIZE_MIDDLE);
-    };
-    append(Message::FolderColumn, FolderColumn, 360, wxALIGN_LEFT);
-    append(Message::FolderPaths, PathsColumn, 80, wxALIGN_RIGHT);
-    append(Message::FolderState, StateColumn, 100, wxALIGN_LEFT);
+    lstFolders = new UiRowList(this, "lstFolders", FromDIP(wxSize(560, 260)), {});
+    lstFolders->text = [this](long row, int column) { return TextAt(static_cast<std::size_t>(row), column); };
+    // In the order of Column.
+    lstFolders->AddColumn(Message::FolderColumn, FromDIP(350));
+    lstFolders->AddColumn(Message::FolderPaths, FromDIP(80), wxLIST_FORMAT_RIGHT);
+    lstFolders->AddColumn(Message::FolderState, FromDIP(100));
+    lstFolders->SetRowCount(m_states.size());
     lblCount = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
                                 "lblCount");
     lblPlace = NewLabel(this, "lblPlace", Message::FolderPlace);
@@ -75,17 +65,18 @@ FormChangeFolder::FormChangeFolder(wxWindow* parent, MenuEditor& editor)
     Finish(content);
     cmdOK->SetLabel(ResText(Message::FolderOK));
 
-    lstFolders->Bind(wxEVT_DATAVIEW_SELECTION_CHANGED, [this](wxDataViewEvent&) { OnSelection(); });
-    lstFolders->Bind(wxEVT_DATAVIEW_ITEM_ACTIVATED, [this](wxDataViewEvent&) { txtPlace->SetFocus(); });
+    lstFolders->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { OnSelection(); });
+    lstFolders->Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent&) { OnSelection(); });
+    lstFolders->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { txtPlace->SetFocus(); });
     cmdBrowse->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnBrowse(); });
     Bind(wxEVT_IDLE, &FormChangeFolder::OnIdle, this);
-    if (!m_states.empty()) lstFolders->Select(m_model->GetItem(0));
+    if (!m_states.empty()) lstFolders->SelectRow(0);
     OnSelection();
 }
 
 FormChangeFolder::~FormChangeFolder() = default;
 
-std::string FormChangeFolder::TextAt(unsigned row, unsigned column) const {
+std::string FormChangeFolder::TextAt(std::size_t row, int column) const {
     const FolderUse::Folder& folder = m_use.Folders()[row];
     if (column == FolderColumn) return folder.path;
     if (column == PathsColumn) return std::to_string(folder.paths);
@@ -97,8 +88,7 @@ std::string FormChangeFolder::TextAt(unsigned row, unsigned column) const {
 }
 
 int FormChangeFolder::SelectedRow() const {
-    const wxDataViewItem item = lstFolders->GetSelection();
-    return item.IsOk() ? static_cast<int>(m_model->GetRow(item)) : wxNOT_FOUND;
+    return static_cast<int>(lstFolders->GetFirstSelected());
 }
 
 // Looks up the folders while there is nothing else to do: each may be on a slow drive.
@@ -108,7 +98,7 @@ void FormChangeFolder::OnIdle(wxIdleEvent& event) {
     while (m_lookedUp < m_states.size() && std::chrono::steady_clock::now() < end) {
         const bool exists = modUtilities::DirectoryExists(m_use.Folders()[m_lookedUp].path);
         m_states[m_lookedUp] = exists ? State::Exists : State::Missing;
-        m_model->RowValueChanged(static_cast<unsigned>(m_lookedUp++), StateColumn);
+        lstFolders->RefreshItem(static_cast<long>(m_lookedUp++));
     }
     if (m_lookedUp < m_states.size()) event.RequestMore();
 }

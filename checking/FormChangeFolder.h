@@ -6,15 +6,12 @@
 #include <string>
 #include <vector>
 
-#include <wx/object.h>
-
-class wxDataViewCtrl;
 class wxIdleEvent;
 
 namespace nesk {
 
 class MenuEditor;
-class UiRowModel;
+class UiRowList;
 
 /// Gives a folder that the menu uses another place: all paths below it change.
 class FormChangeFolder : public FormDialog {
@@ -29,7 +26,7 @@ public:
 
     // Controls.
     wxStaticText* lblFolders = nullptr;
-    wxDataViewCtrl* lstFolders = nullptr;
+    UiRowList* lstFolders = nullptr;
     wxStaticText* lblCount = nullptr; ///< how many paths change
     wxStaticText* lblPlace = nullptr;
     wxTextCtrl* txtPlace = nullptr;
@@ -45,13 +42,12 @@ private:
     void OnBrowse();
     void OnIdle(wxIdleEvent& event);
     int SelectedRow() const;
-    std::string TextAt(unsigned row, unsigned column) const;
+    std::string TextAt(std::size_t row, int column) const;
 
     MenuEditor& m_editor;
     FolderUse m_use;
     std::vector<State> m_states; // of the folders
     std::size_t m_lookedUp = 0;  // folders before it have a state
-    wxObjectDataPtr<UiRowModel> m_model;
 };
 
 } // namespace nesk

@@ -1,7 +1,7 @@
 #include "checking/FormReplace.h"
 
 #include "base/Messages.h"
-#include "checking/UiRowModel.h"
+#include "checking/UiRowList.h"
 #include "editing/MenuEditor.h"
 #include "shell/modHelp.h"
 #include "shell/modStringRes.h"
@@ -28,14 +28,12 @@ using modUtilities::ToWx;
 
 namespace {
 
-enum Column { TickColumn, EntryColumn, FieldColumn, BeforeColumn, AfterColumn };
+enum Column { EntryColumn, FieldColumn, BeforeColumn, AfterColumn };
 
 } // namespace
 
 FormReplace::FormReplace(wxWindow* parent, MenuEditor& editor)
-    : FormDialog(parent, "FormReplace", Message::ReplaceTitle, modHelp::Topic::MainWindow)
-    , m_editor(editor)
-    , m_model(new UiRowModel) {
+    : FormDialog(parent, "FormReplace", Message::ReplaceTitle, modHelp::Topic::MainWindow), m_editor(editor) {
     auto* content = new wxBoxSizer(wxVERTICAL);
     BuildTexts(*content);
     BuildList(*content);
@@ -85,29 +83,18 @@ void FormReplace::BuildTexts(wxSizer& content) {
 
 void FormReplace::BuildList(wxSizer& content) {
     lblChanges = NewLabel(this, "lblChanges", Message::ReplaceChanges);
-    lstChanges = new wxDataViewCtrl(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(800, 240)),
-                                    wxDV_MULTIPLE | wxDV_ROW_LINES, wxDefaultValidator);
-    lstChanges->SetName("lstChanges");
-    m_model->text = [this](unsigned row, unsigned column) { return TextAt(row, column); };
-    m_model->isTicked = [this](unsigned row) { return m_changes[row].isChosen; };
-    m_model->tick = [this](unsigned row, bool isTicked) {
-        m_changes[row].isChosen = isTicked;
+    lstChanges = new UiRowList(this, "lstChanges", FromDIP(wxSize(800, 240)), {true, true});
+    lstChanges->text = [this](long row, int column) { return TextAt(static_cast<std::size_t>(row), column); };
+    lstChanges->isTicked = [this](long row) { return m_changes[static_cast<std::size_t>(row)].isChosen; };
+    lstChanges->tick = [this](long row, bool isTicked) {
+        m_changes[static_cast<std::size_t>(row)].isChosen = isTicked;
         ShowCount();
     };
-    lstChanges->AssociateModel(m_model.get());
-    const auto width = [this](int pixels) { return FromDIP(pixels); };
-    lstChanges->AppendToggleColumn("", TickColumn, wxDATAVIEW_CELL_ACTIVATABLE, width(32));
-    const auto append = [&](int titleId, unsigned column, int pixels) {
-        lstChanges
-            ->AppendTextColumn(ResText(titleId), column, wxDATAVIEW_CELL_INERT, width(pixels), wxALIGN_LEFT,
-                               wxDATAVIEW_COL_RESIZABLE)
-            ->GetRenderer()
-            ->EnableEllipsize(wxELLIPSIZE_MIDDLE);
-    };
-    append(Message::ReplaceEntry, EntryColumn, 150);
-    append(Message::ReplaceField, FieldColumn, 110);
-    append(Message::ReplaceBefore, BeforeColumn, 250);
-    append(Message::ReplaceAfter, AfterColumn, 250);
+    // In the order of Column.
+    lstChanges->AddColumn(Message::ReplaceEntry, FromDIP(180));
+    lstChanges->AddColumn(Message::ReplaceField, FromDIP(110));
+    lstChanges->AddColumn(Message::ReplaceBefore, FromDIP(250));
+    lstChanges->AddColumn(Message::ReplaceAfter, FromDIP(250));
     // Without a mouse: the space bar ticks, Enter confirms.
     lstChanges->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         const int key = event.GetKeyCode();
@@ -135,7 +122,7 @@ void FormReplace::BuildList(wxSizer& content) {
     content.Add(row, wxSizerFlags().Expand().Border(wxTOP, Gap()));
 }
 
-std::string FormReplace::TextAt(unsigned row, unsigned column) const {
+std::string FormReplace::TextAt(std::size_t row, int column) const {
     const TextChange& change = m_changes[row];
     switch (column) {
     case EntryColumn: return std::string(change.entry->Caption());
@@ -150,9 +137,10 @@ void FormReplace::Plan() {
         FromWx(txtFind->GetValue()), FromWx(txtReplacement->GetValue()), {}, chkMatchCase->GetValue()};
     for (std::size_t i = 0; i < chkField.size(); ++i)
         options.fields.set(i, chkField[i]->GetValue());
+    lstChanges->SetRowCount(0); // no row may be drawn while the changes are replaced
     m_changes = Replacement::Plan(*m_editor.OpenMenu(), options);
-    m_model->Reset(static_cast<unsigned>(m_changes.size()));
-    if (!m_changes.empty()) lstChanges->Select(m_model->GetItem(0));
+    lstChanges->SetRowCount(m_changes.size());
+    if (!m_changes.empty()) lstChanges->SelectRow(0);
     ShowCount();
 }
 
@@ -165,15 +153,11 @@ void FormReplace::TickAll(bool isChosen) {
 
 // When some of the selected changes are not ticked, all of them are ticked.
 void FormReplace::TickSelected() {
-    wxDataViewItemArray items;
-    lstChanges->GetSelections(items);
-    const auto isTicked = [this](const wxDataViewItem& item) {
-        return m_changes[m_model->GetRow(item)].isChosen;
-    };
-    const bool isChosen = !std::all_of(items.begin(), items.end(), isTicked);
-    for (const wxDataViewItem& item : items) {
-        m_changes[m_model->GetRow(item)].isChosen = isChosen;
-        m_model->RowValueChanged(m_model->GetRow(item), TickColumn);
+    const std::vector<long> rows = lstChanges->SelectedRows();
+    const bool isChosen = !std::all_of(rows.begin(), rows.end(), lstChanges->isTicked);
+    for (const long row : rows) {
+        m_changes[static_cast<std::size_t>(row)].isChosen = isChosen;
+        lstChanges->RefreshItem(row);
     }
     ShowCount();
 }
@@ -202,10 +186,7 @@ void FormReplace::OnOK() {
         Replacement::Apply(m_editor, m_changes, {Message::ChangeReplace, {FromWx(txtFind->GetValue())}});
     if (!refusal) return Accept();
     const TextChange& change = m_changes[refusal->index];
-    const wxDataViewItem item = m_model->GetItem(static_cast<unsigned>(refusal->index));
-    lstChanges->UnselectAll();
-    lstChanges->Select(item);
-    lstChanges->EnsureVisible(item);
+    lstChanges->SelectRow(static_cast<long>(refusal->index));
     ShowReason(FormatResString(Message::ReplaceRefused,
                                modUtilities::Shortened(std::string(change.entry->Caption()), 60),
                                TextFieldName(change.field), modUtilities::Shortened(change.after, 120),

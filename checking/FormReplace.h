@@ -7,15 +7,12 @@
 #include <string>
 #include <vector>
 
-#include <wx/object.h>
-
 class wxCheckBox;
-class wxDataViewCtrl;
 
 namespace nesk {
 
 class MenuEditor;
-class UiRowModel;
+class UiRowList;
 
 /// Replaces a text in many entries: shows every change before it is made, each with a tick.
 class FormReplace : public FormDialog {
@@ -41,7 +38,7 @@ public:
         chkField{}; ///< chkField0, chkField1, ..., in the order of TextField
     wxCheckBox* chkMatchCase = nullptr;
     wxStaticText* lblChanges = nullptr;
-    wxDataViewCtrl* lstChanges = nullptr;
+    UiRowList* lstChanges = nullptr;
     wxButton* cmdAll = nullptr;
     wxButton* cmdNone = nullptr;
     wxStaticText* lblCount = nullptr; ///< how many changes are ticked
@@ -56,11 +53,10 @@ private:
     void TickAll(bool isChosen);
     void TickSelected();
     void ShowCount();
-    std::string TextAt(unsigned row, unsigned column) const;
+    std::string TextAt(std::size_t row, int column) const;
 
     MenuEditor& m_editor;
     std::vector<TextChange> m_changes;
-    wxObjectDataPtr<UiRowModel> m_model;
 };
 
 } // namespace nesk

@@ -1,5 +1,6 @@
 #include "checking/MenuSearch.h"
 
+#include "checking/TextFields.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "partedit/PartReference.h"
@@ -47,6 +48,8 @@ void MenuSearch::OnMenuEvent(const MenuEvent& event) {
 }
 
 void MenuSearch::OnStateChanged() {
+    // Saving may have replaced the tree by a copy. A later copy may be where the first one was.
+    if (m_menu != m_editor.OpenMenu()) m_isStale = true;
     if (IsActive()) Synchronize();
 }
 
@@ -83,7 +86,7 @@ void MenuSearch::UpdateEdited() {
         if (!std::binary_search(m_edited.begin(), m_edited.end(), slot.entry, std::less<>())) continue;
         SetSlotText(slot);
         if (i < m_searched) SetMatch(i, SlotMatches(slot));
-        if (slot.name != NoName && !m_names[slot.name].isRead) m_namesSearched = std::min(m_namesSearched, i);
+        m_namesSearched = std::min(m_namesSearched, i);
     }
     m_edited.clear();
     ++m_version;
@@ -114,15 +117,20 @@ void MenuSearch::AddSlot(const MenuEntry& entry) {
 
 // The text goes to the end of the buffer. A replaced text stays in it until the next walk.
 void MenuSearch::SetSlotText(Slot& slot) {
-    std::string path;
     slot.begin = m_buffer.size();
-    AppendFields(m_buffer, *slot.entry, path);
+    AppendFields(m_buffer, *slot.entry);
     slot.length = static_cast<Index>(m_buffer.size() - slot.begin);
-    slot.name = path.empty() ? NoName : NameIndex(path);
+    slot.name = NoName;
+    const auto* item = slot.entry != m_menu ? static_cast<const MenuItem*>(slot.entry) : nullptr;
+    if (item == nullptr || !item->ProgramID().starts_with('@')) return;
+    slot.name = UnknownName;
+    // The first walk, of which the user waits for the end, knows no names.
+    if (m_nameOfPath.empty()) return;
+    if (const auto known = m_nameOfPath.find(ProgramPath(*item)); known != m_nameOfPath.end())
+        slot.name = known->second;
 }
 
-// @param programPath  receives the path of the partinfo.ini, if there is one
-void MenuSearch::AppendFields(std::string& text, const MenuEntry& entry, std::string& programPath) {
+void MenuSearch::AppendFields(std::string& text, const MenuEntry& entry) {
     const auto append = [&](std::string_view field) {
         if (field.empty()) return;
         platform::AppendFolded(text, field);
@@ -132,14 +140,15 @@ void MenuSearch::AppendFields(std::string& text, const MenuEntry& entry, std::st
     append(entry.Graphic());
     if (entry.ParentMenu() == nullptr) return;
     const auto& item = static_cast<const MenuItem&>(entry);
-    if (!item.ProgramID().empty()) {
-        const std::string program(item.ProgramID());
-        programPath = PartReference::IniPath(program);
-        append(programPath.empty() ? program : programPath);
-    }
-    for (const std::string_view field :
-         {item.Preview(), item.HelpFile(), item.HistoryDir(), item.HistoryTitle()})
+    for (const std::string_view field : {FieldText(entry, TextField::Program), item.Preview(),
+                                         item.HelpFile(), item.HistoryDir(), item.HistoryTitle()})
         append(field);
+}
+
+// Path of the partinfo.ini of an entry; "" for none.
+std::string MenuSearch::ProgramPath(const MenuEntry& entry) {
+    if (entry.ParentMenu() == nullptr) return "";
+    return PartReference::IniPath(std::string(static_cast<const MenuItem&>(entry).ProgramID()));
 }
 
 MenuSearch::Index MenuSearch::NameIndex(const std::string& path) {
@@ -189,7 +198,7 @@ void MenuSearch::ForgetNames() {
 bool MenuSearch::SlotMatches(const Slot& slot) const {
     if (m_text.empty()) return false;
     if (TextOf(slot).find(m_text) != std::string_view::npos) return true;
-    return slot.name != NoName && m_names[slot.name].folded.find(m_text) != std::string::npos;
+    return slot.name < m_names.size() && m_names[slot.name].folded.find(m_text) != std::string::npos;
 }
 
 void MenuSearch::SetMatch(Index slot, bool isMatch) {
@@ -203,16 +212,22 @@ void MenuSearch::SetMatch(Index slot, bool isMatch) {
         m_matches.erase(place);
 }
 
-void MenuSearch::ReadNextName() {
+// Returns true when a file was read.
+bool MenuSearch::ReadNextName() {
     const Index index = m_namesSearched++;
-    const Slot& slot = m_slots[index];
-    if (slot.name == NoName) return;
+    Slot& slot = m_slots[index];
+    if (slot.name == NoName) return false;
+    if (slot.name == UnknownName) slot.name = NameIndex(ProgramPath(*slot.entry));
     Name& name = m_names[slot.name];
-    if (!name.isRead) {
+    const bool isFile = !name.isRead;
+    if (isFile) {
         name.folded = platform::Folded(modUtilities::ReadIniValue(name.path, "Part", "Name"));
         name.isRead = true;
     }
+    const bool before = slot.isMatch;
     SetMatch(index, SlotMatches(slot));
+    if (slot.isMatch && !before) ++m_foundByName;
+    return isFile;
 }
 
 bool MenuSearch::Step(std::chrono::milliseconds budget) {
@@ -225,8 +240,8 @@ bool MenuSearch::Step(std::chrono::milliseconds budget) {
         } else if (!m_isWalked) {
             WalkOne();
         } else {
-            ReadNextName();
-            i = EntriesPerLook; // a file takes longer than an entry
+            const bool isFile = ReadNextName();
+            i = isFile ? EntriesPerLook : i; // a file takes longer than an entry
         }
         if (i % EntriesPerLook == 0 && Clock::now() >= end) break;
     }
@@ -251,10 +266,9 @@ bool MenuSearch::IsDone() const {
 bool MenuSearch::Matches(const MenuEntry& entry) const {
     if (m_text.empty()) return false;
     std::string text;
-    std::string path;
-    AppendFields(text, entry, path);
+    AppendFields(text, entry);
     if (text.find(m_text) != std::string::npos) return true;
-    const auto name = m_nameOfPath.find(path);
+    const auto name = m_nameOfPath.find(ProgramPath(entry));
     return name != m_nameOfPath.end() && m_names[name->second].folded.find(m_text) != std::string::npos;
 }
 

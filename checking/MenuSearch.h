@@ -75,9 +75,14 @@ public:
     /// Increases whenever entries were found or no longer are.
     std::size_t Version() const { return m_version; }
 
+    /// Increases whenever an entry was found by the name of its part, which may be long after the text was
+    /// set.
+    std::size_t FoundByName() const { return m_foundByName; }
+
 private:
     using Index = std::uint32_t;
     static constexpr Index NoName = UINT32_MAX;
+    static constexpr Index UnknownName = UINT32_MAX - 1; ///< the entry has a name that was never read
 
     // An entry, in the order of the tree.
     struct Slot {
@@ -112,10 +117,11 @@ private:
     bool WalkOne();
     void AddSlot(const MenuEntry& entry);
     void SetSlotText(Slot& slot);
-    static void AppendFields(std::string& text, const MenuEntry& entry, std::string& programPath);
+    static void AppendFields(std::string& text, const MenuEntry& entry);
+    static std::string ProgramPath(const MenuEntry& entry);
     bool SlotMatches(const Slot& slot) const;
     void SetMatch(Index slot, bool isMatch);
-    void ReadNextName();
+    bool ReadNextName();
     std::optional<Index> SlotOf(const MenuEntry& entry) const;
     Index NameIndex(const std::string& path);
     std::string_view TextOf(const Slot& slot) const {
@@ -137,6 +143,7 @@ private:
     std::vector<Name> m_names;
     std::unordered_map<std::string, Index> m_nameOfPath;
     std::size_t m_version = 0;
+    std::size_t m_foundByName = 0;
 };
 
 } // namespace nesk

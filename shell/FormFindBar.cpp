@@ -35,21 +35,17 @@ bool IsWithin(const wxWindow* window, const wxWindow& ancestor) {
 
 FormFindBar::FormFindBar(wxWindow* parent)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "FormFindBar") {
-    lblFind = new wxStaticText(this, wxID_ANY, ResText(Message::FindBarText), wxDefaultPosition,
-                               wxDefaultSize, 0, "lblFind");
+    lblFind = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblFind");
     txtFind = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(160, -1)), 0,
                                wxDefaultValidator, "txtFind");
     txtFind->ShowSearchButton(true);
-    platform::SetAccessibleName(*txtFind, LoadResString(Message::FindBarText));
-    cmdPrevious = NewButton("cmdPrevious", wxART_GO_UP, Message::FindBarPrevious, onPrevious);
-    cmdNext = NewButton("cmdNext", wxART_GO_DOWN, Message::FindBarNext, onNext);
-    chkMatchesOnly = new wxCheckBox(this, wxID_ANY, ResText(Message::FindBarMatchesOnly), wxDefaultPosition,
-                                    wxDefaultSize, 0, wxDefaultValidator, "chkMatchesOnly");
+    cmdPrevious = NewButton("cmdPrevious", wxART_GO_UP, onPrevious);
+    cmdNext = NewButton("cmdNext", wxART_GO_DOWN, onNext);
+    chkMatchesOnly = new wxCheckBox(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0,
+                                    wxDefaultValidator, "chkMatchesOnly");
     lblFound = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END, "lblFound");
-    cmdClose = NewButton("cmdClose", wxART_CLOSE, Message::FindBarClose, onClose);
-    const wxString longest = ToWx(FormatResString(Message::FindBarNumber, ManyEntries, ManyEntries));
-    lblFound->SetMinSize(wxSize(lblFound->GetTextExtent(longest).x, -1));
+    cmdClose = NewButton("cmdClose", wxART_CLOSE, onClose);
 
     const int gap = FromDIP(6);
     const wxSizerFlags middle = wxSizerFlags().CenterVertical().Border(wxRIGHT, gap);
@@ -75,17 +71,29 @@ FormFindBar::FormFindBar(wxWindow* parent)
     });
 }
 
-wxBitmapButton* FormFindBar::NewButton(const char* name, const char* art, int textId,
-                                       std::function<void()>& action) {
+wxBitmapButton* FormFindBar::NewButton(const char* name, const char* art, std::function<void()>& action) {
     auto* button =
         new wxBitmapButton(this, wxID_ANY, wxArtProvider::GetBitmapBundle(art, wxART_MENU), wxDefaultPosition,
                            wxDefaultSize, wxBORDER_NONE, wxDefaultValidator, name);
-    button->SetToolTip(ResText(textId));
-    platform::SetAccessibleName(*button, LoadResString(textId));
     button->Bind(wxEVT_BUTTON, [&action](wxCommandEvent&) {
         if (action) action();
     });
     return button;
+}
+
+void FormFindBar::ShowTexts() {
+    lblFind->SetLabel(ResText(Message::FindBarText));
+    chkMatchesOnly->SetLabel(ResText(Message::FindBarMatchesOnly));
+    platform::SetAccessibleName(*txtFind, LoadResString(Message::FindBarText));
+    const auto name = [](wxBitmapButton& button, int textId) {
+        button.SetToolTip(ResText(textId));
+        platform::SetAccessibleName(button, LoadResString(textId));
+    };
+    name(*cmdPrevious, Message::FindBarPrevious);
+    name(*cmdNext, Message::FindBarNext);
+    name(*cmdClose, Message::FindBarClose);
+    const wxString longest = ToWx(FormatResString(Message::FindBarNumber, ManyEntries, ManyEntries));
+    lblFound->SetMinSize(wxSize(lblFound->GetTextExtent(longest).x, -1));
 }
 
 std::string FormFindBar::Text() const {

@@ -19,6 +19,9 @@ class FormFindBar : public wxPanel {
 public:
     explicit FormFindBar(wxWindow* parent);
 
+    /// Sets the texts of the controls in the language in use.
+    void ShowTexts();
+
     /// The typed text.
     std::string Text() const;
     void SetText(const std::string& text);
@@ -52,7 +55,7 @@ public:
     std::function<void()> onClose;
 
 private:
-    wxBitmapButton* NewButton(const char* name, const char* art, int textId, std::function<void()>& action);
+    wxBitmapButton* NewButton(const char* name, const char* art, std::function<void()>& action);
     bool OnTextKey(wxKeyEvent& event);
 };
 

@@ -87,6 +87,7 @@ void FormFinder::BuildBar() {
 void FormFinder::Begin() {
     if (m_bar == nullptr) BuildBar();
     if (!m_bar->IsShown()) {
+        m_bar->ShowTexts();
         m_bar->Show();
         m_frame.Layout();
         // The parts may have got other names meanwhile.
@@ -103,6 +104,7 @@ void FormFinder::End() {
     const bool wasFiltering = m_isFiltering;
     m_isFiltering = m_goesToFirst = false;
     m_search.SetText("");
+    m_kept.clear();
     m_bar->SetText("");
     m_bar->Hide();
     m_frame.Layout();
@@ -136,7 +138,7 @@ void FormFinder::OnIdle(wxIdleEvent& event) {
     }
     if (m_shownVersion == m_search.Version() && isMore) return;
     // A filtered tree is built again only once, when all names are read.
-    if (m_isFiltering && !isMore && m_shownVersion != m_search.Version()) ApplyFilter();
+    if (m_isFiltering && !isMore && m_shownByName != m_search.FoundByName()) ApplyFilter();
     if (m_shownVersion != m_search.Version()) m_tree.View().RefreshMarks();
     m_shownVersion = m_search.Version();
     ShowState();
@@ -218,12 +220,13 @@ std::vector<bool> FormFinder::ShownChildren(const MenuEntry& parent) {
     std::vector<bool> isShown = m_search.LeadsToMatch(parent);
     if (m_kept.empty()) return isShown;
     const std::string above = parent.ID() + ".";
-    for (const std::string& id : m_kept) {
-        if (!id.starts_with(above)) continue;
-        const std::string_view counter = MenuId::Parts(std::string_view(id).substr(above.size())).front();
-        for (std::size_t i = 0; i < isShown.size(); ++i)
-            if (MenuId::LastPart(parent.Children()->Item(static_cast<int>(i) + 1).Counter()) == counter)
-                isShown[i] = true;
+    std::unordered_set<std::string> counters;
+    for (const std::string& id : m_kept)
+        if (id.starts_with(above))
+            counters.emplace(id.substr(above.size(), id.find('.', above.size()) - above.size()));
+    for (std::size_t i = 0; !counters.empty() && i < isShown.size(); ++i) {
+        const MenuItem& child = parent.Children()->Item(static_cast<int>(i) + 1);
+        if (counters.contains(MenuId::LastPart(child.Counter()))) isShown[i] = true;
     }
     return isShown;
 }
@@ -231,6 +234,7 @@ std::vector<bool> FormFinder::ShownChildren(const MenuEntry& parent) {
 void FormFinder::ApplyFilter() {
     const wxWindowUpdateLocker locker(&m_tree.Window());
     const bool on = m_isFiltering && m_search.IsActive();
+    m_shownByName = m_search.FoundByName();
     const std::string selected = m_tree.SelectedKey();
     if (on && m_before == nullptr) m_before = m_tree.Context();
     if (!on && m_before == nullptr) return;
@@ -284,12 +288,20 @@ void FormFinder::OnMenuReplaced() {
 
 void FormFinder::OnMenuEvent(const MenuEvent& event) {
     if (!m_isFiltering) return;
-    if (!event.formerId.empty())
-        for (std::string& id : m_kept)
-            if (id == event.formerId || id.starts_with(event.formerId + "."))
-                id = event.id + id.substr(event.formerId.size());
     if (event.kind != MenuEvent::Kind::Added && event.kind != MenuEvent::Kind::Moved) return;
-    if (std::find(m_kept.begin(), m_kept.end(), event.id) == m_kept.end()) m_kept.push_back(event.id);
+    if (!event.formerId.empty()) {
+        // The ids of the entries below changed, too.
+        std::vector<std::string> moved;
+        const std::string below = event.formerId + ".";
+        for (const std::string& id : m_kept)
+            if (id.starts_with(below)) moved.push_back(id);
+        for (const std::string& id : moved) {
+            m_kept.erase(id);
+            m_kept.insert(event.id + id.substr(event.formerId.size()));
+        }
+        m_kept.erase(event.formerId);
+    }
+    m_kept.insert(event.id);
 }
 
 void FormFinder::OnStateChanged() {

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 class wxFrame;
@@ -68,12 +69,13 @@ private:
     FormMenuTree& m_tree;
     MenuSearch m_search;
     FormFindBar* m_bar = nullptr;
-    std::string m_origin;                  // id of the entry from which the first match is looked for
-    bool m_isFiltering = false;            // the tree shows only entries found
-    bool m_goesToFirst = false;            // the first match, which is not found yet, is to be selected
-    std::vector<std::string> m_kept;       // ids of entries that stay shown although they were not found
-    std::unique_ptr<EditContext> m_before; // what was expanded before the tree was filtered
+    std::string m_origin;                   // id of the entry from which the first match is looked for
+    bool m_isFiltering = false;             // the tree shows only entries found
+    bool m_goesToFirst = false;             // the first match, which is not found yet, is to be selected
+    std::unordered_set<std::string> m_kept; // ids of entries that stay shown although they were not found
+    std::unique_ptr<EditContext> m_before;  // what was expanded before the tree was filtered
     std::size_t m_shownVersion = 0;
+    std::size_t m_shownByName = 0; // FoundByName when the filter was applied
 };
 
 } // namespace nesk

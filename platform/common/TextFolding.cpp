@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 namespace nesk::platform {
 
@@ -38,21 +37,21 @@ constexpr std::array<Letter, 13> Letters{{{0xC6, "AE"},
                                           {0x3C2, "\xCE\xA3"},
                                           {0x1E9E, "SS"}}};
 
-bool IsAscii(char c) {
-    return static_cast<signed char>(c) >= 0;
-}
-
-char Upper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 } // namespace
 
 void AppendFolded(std::string& result, std::string_view text) {
-    if (std::all_of(text.begin(), text.end(), IsAscii)) {
-        std::transform(text.begin(), text.end(), std::back_inserter(result), Upper);
-        return;
+    // Written so that the compiler handles many characters at once.
+    const std::size_t begin = result.size();
+    result.append(text);
+    unsigned char all = 0;
+    for (std::size_t i = begin; i < result.size(); ++i) {
+        const auto c = static_cast<unsigned char>(result[i]);
+        all = static_cast<unsigned char>(all | c);
+        const bool isLower = static_cast<unsigned char>(c - 'a') < 26;
+        result[i] = static_cast<char>(c - (isLower ? 'a' - 'A' : 0));
     }
+    if (all < 0x80) return;
+    result.resize(begin);
     const std::string known = IsUtf8(text) ? std::string(text) : Utf8FromBytes(text);
     const std::string upper = ToUpper(Decomposed(known));
     for (std::size_t at = 0; at < upper.size();) {

@@ -1,5 +1,6 @@
 #include "checking/FormChangeFolder.h"
 
+#include "checking/UiRowList.h"
 #include "gui/ModalDriver.h"
 #include "gui/UiDriver.h"
 #include "menu/MenuItem.h"
@@ -9,7 +10,6 @@
 #include "widgets/UiUtilities.h"
 
 #include <wx/button.h>
-#include <wx/dataview.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
@@ -37,14 +37,11 @@ protected:
         return dialog.Invoke();
     }
 
-    static std::string Row(FormChangeFolder& dialog, unsigned row) {
-        auto* model = static_cast<wxDataViewVirtualListModel*>(dialog.lstFolders->GetModel());
+    static std::string Row(FormChangeFolder& dialog, long row) {
         std::string text;
-        for (unsigned column = 0; column < 3; ++column) {
-            wxVariant value;
-            model->GetValue(value, model->GetItem(row), column);
-            text += (column == 0 ? "" : "|") + modUtilities::FromWx(value.GetString());
-        }
+        for (int column = 0; column < 3; ++column)
+            text +=
+                (column == 0 ? "" : "|") + modUtilities::FromWx(dialog.lstFolders->GetItemText(row, column));
         return text;
     }
 };

@@ -74,6 +74,7 @@ TEST_F(MenuSearchTest, TheNameOfThePartIsFoundWhenItIsRead) {
     while (search.Step(1ms)) {
     }
     EXPECT_TRUE(search.IsDone());
+    EXPECT_EQ(search.FoundByName(), 1u);
     EXPECT_EQ(Listed(), Captions{"one"});
     EXPECT_TRUE(search.Matches(*editor.Find(id)));
     EXPECT_EQ(Found("parts\\a"), Captions{"one"}) << "the path is searched as well";
@@ -149,6 +150,29 @@ TEST_F(MenuSearchTest, ChangedProgramGivesItsOwnName) {
     while (search.Step(10ms)) {
     }
     EXPECT_EQ(Listed(), Captions{"part"});
+}
+
+// A save replaces a tree that has much unused memory by a copy.
+TEST_F(MenuSearchTest, ASaveThatCopiesTheTree) {
+    MenuEditor small(platform::StationFiles(), 100);
+    MenuSearch inCopy(small);
+    small.Open("C:\\Neskroot", "C:\\Neskroot\\menu.cfg");
+    for (int i = 0; i < 50; ++i)
+        small.AddPart("R", "lid " + std::to_string(i));
+    inCopy.SetText("lid 4");
+    inCopy.FinishTexts();
+    EXPECT_EQ(inCopy.Count(), 11u);
+    for (int i = 1; i <= 40; ++i)
+        small.Remove("R." + std::to_string(i));
+    for (int i = 0; i < 30; ++i) // fills the memory with texts that are replaced
+        small.SetCaption("R", std::string(100'000, 'a') + std::to_string(i));
+    const Menu* before = small.OpenMenu();
+    small.Save("C:\\Neskroot\\menu.cfg");
+    ASSERT_NE(small.OpenMenu(), before);
+    inCopy.FinishTexts();
+    EXPECT_EQ(inCopy.Count(), 10u);
+    EXPECT_EQ(inCopy.NumberOf(*small.Find("R.41")), 1u);
+    EXPECT_EQ(inCopy.Next(nullptr), small.Find("R.41"));
 }
 
 TEST_F(MenuSearchTest, SubmenusThatLeadToMatches) {

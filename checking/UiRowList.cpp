@@ -1,0 +1,57 @@
+#include "checking/UiRowList.h"
+
+#include "widgets/UiUtilities.h"
+
+namespace nesk {
+
+UiRowList::UiRowList(wxWindow* parent, const char* name, wxSize size, Style style)
+    : wxListView(parent, wxID_ANY, wxDefaultPosition, size,
+                 wxLC_REPORT | wxLC_VIRTUAL | (style.multiple ? 0 : wxLC_SINGLE_SEL), wxDefaultValidator,
+                 name) {
+    if (!style.ticks) return;
+    EnableCheckBoxes();
+    const auto onTick = [this](bool isOn) {
+        return [this, isOn](wxListEvent& event) {
+            if (!tick || isTicked(event.GetIndex()) == isOn) return;
+            tick(event.GetIndex(), isOn);
+            RefreshItem(event.GetIndex());
+        };
+    };
+    Bind(wxEVT_LIST_ITEM_CHECKED, onTick(true));
+    Bind(wxEVT_LIST_ITEM_UNCHECKED, onTick(false));
+}
+
+void UiRowList::AddColumn(int titleId, int width, wxListColumnFormat format) {
+    AppendColumn(modUtilities::ResText(titleId), format, width);
+}
+
+void UiRowList::SetRowCount(std::size_t count) {
+    for (const long row : SelectedRows())
+        Select(row, false);
+    SetItemCount(static_cast<long>(count));
+    Refresh();
+}
+
+std::vector<long> UiRowList::SelectedRows() const {
+    std::vector<long> rows;
+    for (long row = GetFirstSelected(); row != wxNOT_FOUND; row = GetNextSelected(row))
+        rows.push_back(row);
+    return rows;
+}
+
+void UiRowList::SelectRow(long row) {
+    for (const long other : SelectedRows())
+        if (other != row) Select(other, false);
+    Select(row);
+    Focus(row); // scrolls, too
+}
+
+wxString UiRowList::OnGetItemText(long row, long column) const {
+    return modUtilities::ToWx(text(row, static_cast<int>(column)));
+}
+
+bool UiRowList::OnGetItemIsChecked(long row) const {
+    return isTicked && isTicked(row);
+}
+
+} // namespace nesk
