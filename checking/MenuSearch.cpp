@@ -17,6 +17,8 @@ namespace {
 // Stands between the fields of an entry. No text that a user types contains it.
 constexpr char Separator = '\n';
 
+constexpr std::size_t MostReserved = std::size_t{64} << 20; // bytes
+
 // The clock is read once for so many entries.
 constexpr int EntriesPerLook = 64;
 
@@ -67,6 +69,8 @@ void MenuSearch::Restart() {
     m_isWalked = m_menu == nullptr;
     ++m_version;
     if (m_menu == nullptr) return;
+    // About what is needed, so that the buffer is not copied while it grows.
+    m_buffer.reserve(std::min(m_menu->Memory()->Bytes() / 2, MostReserved));
     AddSlot(*m_menu);
     m_levels.push_back({0, 1});
 }

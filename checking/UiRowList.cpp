@@ -6,8 +6,8 @@ namespace nesk {
 
 UiRowList::UiRowList(wxWindow* parent, const char* name, wxSize size, Style style)
     : wxListView(parent, wxID_ANY, wxDefaultPosition, size,
-                 wxLC_REPORT | wxLC_VIRTUAL | (style.multiple ? 0 : wxLC_SINGLE_SEL), wxDefaultValidator,
-                 name) {
+                 wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_THEME | (style.multiple ? 0 : wxLC_SINGLE_SEL),
+                 wxDefaultValidator, name) {
     if (!style.ticks) return;
     EnableCheckBoxes();
     const auto onTick = [this](bool isOn) {

@@ -28,7 +28,7 @@ using platform::TreeNode;
 namespace {
 
 // Short enough that a key pressed meanwhile is answered at once.
-constexpr std::chrono::milliseconds Slice{8};
+constexpr std::chrono::milliseconds Slice{3};
 
 // A filtered tree shows so many entries at once; the user expands the others.
 constexpr std::size_t MostExpanded = 300;

@@ -49,7 +49,9 @@ void MeasureFind(Table& table) {
         window->ProcessCommand(window->mnuFileOpen->GetId());
         window->ProcessCommand(window->mnuEditFind->GetId());
         auto& box = dynamic_cast<wxSearchCtrl&>(*wxWindow::FindWindowByName("txtFind", window));
-        // Before any idle time, so that no text is prepared.
+        // Paints the find bar. In the few slices of idle time in it, the search prepares a small part of the
+        // texts.
+        Settle();
         first.push_back(MillisecondsSettled([&] { box.SetValue("s"); }));
         const std::string found = wxWindow::FindWindowByName("lblFound", window)->GetLabel().utf8_string();
         Demand(!found.empty() && found.front() != 'N', "nothing was found");
@@ -76,7 +78,7 @@ void MeasureFind(Table& table) {
         Settle();
     }
     table.Heading("Finding among 100,000 entries, medians of " + std::to_string(Rounds) + " rounds");
-    table.AtMost("the first letter, directly after the menu was opened", Median(first), 50, " ms");
+    table.AtMost("the first letter, directly after the find bar was opened", Median(first), 50, " ms");
     table.AtMost("a letter, the slowest of 18", Median(letter), 50, " ms");
     table.AtMost("go to the next match", Median(next), 50, " ms");
     table.Line("show only matches", std::to_string(Median(filter)) + " ms");
