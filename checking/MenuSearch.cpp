@@ -77,7 +77,7 @@ void MenuSearch::Restart() {
 
 // Brings the slots up to date with the menu. Saving may replace the whole tree by a copy.
 void MenuSearch::Synchronize() {
-    if (m_isStale || m_menu != m_editor.OpenMenu())
+    if (m_isStale)
         Restart();
     else if (!m_edited.empty())
         UpdateEdited();
@@ -162,7 +162,7 @@ MenuSearch::Index MenuSearch::NameIndex(const std::string& path) {
 }
 
 std::optional<MenuSearch::Index> MenuSearch::SlotOf(const MenuEntry& entry) const {
-    if (m_isStale || m_menu != m_editor.OpenMenu()) return std::nullopt;
+    if (m_isStale) return std::nullopt;
     const auto found =
         std::find_if(m_slots.begin(), m_slots.end(), [&](const Slot& slot) { return slot.entry == &entry; });
     if (found == m_slots.end()) return std::nullopt;
@@ -261,7 +261,7 @@ void MenuSearch::FinishTexts() {
 }
 
 bool MenuSearch::IsDone() const {
-    if (m_isStale || !m_isWalked || m_menu != m_editor.OpenMenu()) return false;
+    if (m_isStale || !m_isWalked) return false;
     return !IsActive() || (m_searched == m_slots.size() && m_namesSearched == m_slots.size());
 }
 
