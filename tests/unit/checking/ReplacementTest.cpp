@@ -34,6 +34,8 @@ TEST(ReplacedTest, CaseMattersOnlyOnRequest) {
 TEST(ReplacedTest, LettersWhoseCasesDifferInLength) {
     // The upper case of the first letter is shorter, in bytes, than its lower case.
     EXPECT_EQ(Replaced("ⱥbc lid ⱥ", "LID", "x"), "ⱥbc x ⱥ");
+    EXPECT_EQ(Replaced("xⱥy", "Ⱥ", "-"), "x-y");
+    EXPECT_EQ(Replaced("xȺyȺ", "ⱥ", "-"), "x-y-");
     EXPECT_EQ(Replaced("ıı lid", "Lid", "x"), "ıı x");
 }
 
