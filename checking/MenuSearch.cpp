@@ -310,9 +310,9 @@ std::vector<bool> MenuSearch::LeadsToMatch(const MenuEntry& parent) {
     const std::optional<Index> above = SlotOf(parent);
     if (!above) return result;
     Index slot = *above + 1;
-    for (std::size_t i = 0; i < result.size(); ++i) {
+    for (std::vector<bool>::reference leads : result) {
         const auto match = std::lower_bound(m_matches.begin(), m_matches.end(), slot);
-        result[i] = match != m_matches.end() && *match < m_slots[slot].end;
+        leads = match != m_matches.end() && *match < m_slots[slot].end;
         slot = m_slots[slot].end;
     }
     return result;
