@@ -22,8 +22,8 @@ using modUtilities::ToWx;
 
 namespace {
 
-// The longest number of entries for which the label has room.
-constexpr int ManyEntries = 100000;
+// In the narrowest window the label has room for so many entries.
+constexpr int ManyEntries = 999;
 
 bool IsWithin(const wxWindow* window, const wxWindow& ancestor) {
     while (window != nullptr && window != &ancestor)
@@ -36,7 +36,7 @@ bool IsWithin(const wxWindow* window, const wxWindow& ancestor) {
 FormFindBar::FormFindBar(wxWindow* parent)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "FormFindBar") {
     lblFind = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblFind");
-    txtFind = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(160, -1)), 0,
+    txtFind = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(80, -1)), 0,
                                wxDefaultValidator, "txtFind");
     txtFind->ShowSearchButton(true);
     cmdPrevious = NewButton("cmdPrevious", wxART_GO_UP, onPrevious);
