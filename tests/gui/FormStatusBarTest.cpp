@@ -62,7 +62,7 @@ TEST_F(FormStatusBarTest, TheNumbersHaveTheRoomThatTheyNeed) {
     const int needed = bar->GetTextExtent(numbers).x;
     EXPECT_EQ(bar->GetStatusText(FormStatusBar::CountsPanel), numbers);
     EXPECT_GE(WidthOf(FormStatusBar::CountsPanel), needed);
-    EXPECT_LE(WidthOf(FormStatusBar::CountsPanel), needed + 60);
+    EXPECT_LE(WidthOf(FormStatusBar::CountsPanel), needed + 80);
     Settle();
     bar->Refresh();
     bar->Update();

@@ -14,6 +14,7 @@
 #include <gtk/gtk.h>
 #include <wx/button.h>
 #include <wx/menu.h>
+#include <wx/toolbar.h>
 
 namespace nesk::testing {
 namespace {
@@ -49,7 +50,11 @@ TEST_F(FirstStepsTest, AStationThatIsOpenedBringsItsSettings) {
     // The menu bar was recreated and works.
     ASSERT_TRUE(Click(window->mnuFileOpen));
     EXPECT_TRUE(window->Editor().IsOpen());
-    EXPECT_EQ(window->GetMenuBar()->GetMenuCount(), 5u);
+    EXPECT_EQ(window->GetMenuBar()->GetMenuCount(), 6u);
+    // So was the tool bar.
+    EXPECT_EQ(static_cast<wxWindow*>(window->GetToolBar()), window->FindWindow("tbMain"));
+    ClickTool(*window->GetToolBar(), wxID_SAVE);
+    EXPECT_FALSE(MenuOnDisk().empty());
     ASSERT_TRUE(Click(window->mnuFileClose));
 }
 
