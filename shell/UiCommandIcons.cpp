@@ -13,14 +13,14 @@ namespace nesk {
 
 namespace {
 
-// The program's own pictures.
+// The program's own pictures. The toolkit has one for removing too, but on Windows it is a sheet of paper.
 struct OwnPicture {
     std::string_view icon;
     std::string_view key; // of UiIcons.h
 };
 
 constexpr OwnPicture OwnPictures[] = {
-    {"add-part", "part+add"}, {"add-submenu", "folder+add"}, {"edit", "edit"}};
+    {"add-part", "part+add"}, {"add-submenu", "folder+add"}, {"edit", "edit"}, {"remove", "remove"}};
 
 // The toolkit's own commands.
 struct StockCommand {
@@ -46,7 +46,7 @@ constexpr StockCommand StockCommands[] = {
     {"replace", wxID_REPLACE, wxART_FIND_AND_REPLACE},
     {"up", wxID_UP, wxART_GO_UP},
     {"down", wxID_DOWN, wxART_GO_DOWN},
-    {"remove", wxID_REMOVE, wxART_DELETE},
+    {"remove", wxID_REMOVE},
     {"preferences", wxID_PREFERENCES},
     {"help", wxID_HELP_CONTENTS},
     {"about", wxID_ABOUT},

@@ -14,7 +14,7 @@ struct Icon {
 };
 
 // All icons use a grid of 32. Edges are at even coordinates, so that they are also sharp at 16 pixels.
-constexpr std::array<Icon, 8> icons = {{
+constexpr std::array<Icon, 9> icons = {{
     {"folder", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 32 32">
 <path fill="#c98a1b" d="M2 7a3 3 0 0 1 3-3h7l4 4h11a3 3 0 0 1 3 3v14H2z"/>
 <path fill="#fff7e0" d="M5 10h22v8H5z"/>
@@ -48,6 +48,11 @@ M11 16a5 5 0 0 0 10 0a5 5 0 0 0-10 0z"/>
 <path fill="#e5848a" stroke="#8a3a40" stroke-width="2" stroke-linejoin="round" d="M22 4l2-2h2l4 4v2l-2 2z"/>
 <path fill="#f7e3c0" stroke="#8a5f12" stroke-width="2" stroke-linejoin="round" d="M6 20l6 6-9 3z"/>
 <path fill="#3a2c05" d="M3 29l1-4 3 3z"/>
+</svg>)"},
+
+    {"remove", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 32 32">
+<path fill="none" stroke="#8a1a12" stroke-width="8" stroke-linecap="round" d="M7 7l18 18M25 7L7 25"/>
+<path fill="none" stroke="#d83a2f" stroke-width="5" stroke-linecap="round" d="M7 7l18 18M25 7L7 25"/>
 </svg>)"},
 
     {"Critical", R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 32 32">
