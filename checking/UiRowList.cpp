@@ -46,6 +46,13 @@ void UiRowList::SelectRow(long row) {
     Focus(row); // scrolls, too
 }
 
+std::vector<int> UiRowList::ColumnWidths() const {
+    std::vector<int> widths;
+    for (int i = 0; i < GetColumnCount(); ++i)
+        widths.push_back(ToDIP(GetColumnWidth(i)));
+    return widths;
+}
+
 wxString UiRowList::OnGetItemText(long row, long column) const {
     return modUtilities::ToWx(text(row, static_cast<int>(column)));
 }

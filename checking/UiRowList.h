@@ -40,6 +40,9 @@ public:
     /// Selects only this row and scrolls to it.
     void SelectRow(long row);
 
+    /// Widths of the columns, in device-independent pixels.
+    std::vector<int> ColumnWidths() const;
+
     // Overrides of wx.
     wxString OnGetItemText(long row, long column) const override;
     bool OnGetItemIsChecked(long row) const override;

@@ -36,9 +36,10 @@ bool IsWithin(const wxWindow* window, const wxWindow& ancestor) {
 FormFindBar::FormFindBar(wxWindow* parent)
     : wxPanel(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL, "FormFindBar") {
     lblFind = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblFind");
-    txtFind = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(80, -1)), 0,
-                               wxDefaultValidator, "txtFind");
-    txtFind->ShowSearchButton(true);
+    txtFindHere = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(80, -1)), 0,
+                                   wxDefaultValidator, "txtFindHere");
+    txtFindHere->ShowSearchButton(true);
+    m_box = txtFindHere;
     cmdPrevious = NewButton("cmdPrevious", wxART_GO_UP, onPrevious);
     cmdNext = NewButton("cmdNext", wxART_GO_DOWN, onNext);
     chkMatchesOnly = new wxCheckBox(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0,
@@ -51,7 +52,7 @@ FormFindBar::FormFindBar(wxWindow* parent)
     const wxSizerFlags middle = wxSizerFlags().CenterVertical().Border(wxRIGHT, gap);
     auto* row = new wxBoxSizer(wxHORIZONTAL);
     row->Add(lblFind, middle);
-    row->Add(txtFind, wxSizerFlags(2).CenterVertical().Border(wxRIGHT, gap));
+    row->Add(txtFindHere, wxSizerFlags(2).CenterVertical().Border(wxRIGHT, gap));
     row->Add(cmdPrevious, wxSizerFlags().CenterVertical());
     row->Add(cmdNext, middle);
     row->Add(chkMatchesOnly, middle);
@@ -61,11 +62,11 @@ FormFindBar::FormFindBar(wxWindow* parent)
     all->Add(row, wxSizerFlags(1).Expand().Border(wxALL, FromDIP(4)));
     SetSizer(all);
 
-    txtFind->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
-        txtFind->ShowCancelButton(!txtFind->IsEmpty());
+    txtFindHere->Bind(wxEVT_TEXT, [this](wxCommandEvent&) {
+        txtFindHere->ShowCancelButton(!txtFindHere->IsEmpty());
         if (onText) onText();
     });
-    txtFind->Bind(wxEVT_SEARCH_CANCEL, [this](wxCommandEvent&) { txtFind->Clear(); });
+    txtFindHere->Bind(wxEVT_SEARCH_CANCEL, [this](wxCommandEvent&) { txtFindHere->Clear(); });
     chkMatchesOnly->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) {
         if (onMatchesOnly) onMatchesOnly();
     });
@@ -84,7 +85,7 @@ wxBitmapButton* FormFindBar::NewButton(const char* name, const char* art, std::f
 void FormFindBar::ShowTexts() {
     lblFind->SetLabel(ResText(Message::FindBarText));
     chkMatchesOnly->SetLabel(ResText(Message::FindBarMatchesOnly));
-    platform::SetAccessibleName(*txtFind, LoadResString(Message::FindBarText));
+    platform::SetAccessibleName(*txtFindHere, LoadResString(Message::FindBarText));
     const auto name = [](wxBitmapButton& button, int textId) {
         button.SetToolTip(ResText(textId));
         platform::SetAccessibleName(button, LoadResString(textId));
@@ -97,17 +98,17 @@ void FormFindBar::ShowTexts() {
 }
 
 std::string FormFindBar::Text() const {
-    return FromWx(txtFind->GetValue());
+    return FromWx(m_box->GetValue());
 }
 
 void FormFindBar::SetText(const std::string& text) {
-    txtFind->ChangeValue(ToWx(text));
-    txtFind->ShowCancelButton(!text.empty());
+    m_box->ChangeValue(ToWx(text));
+    m_box->ShowCancelButton(!text.empty());
 }
 
 void FormFindBar::FocusText() {
-    txtFind->SetFocus();
-    txtFind->SelectAll();
+    m_box->SetFocus();
+    m_box->SelectAll();
 }
 
 void FormFindBar::ShowFound(const std::string& text) {
@@ -116,8 +117,21 @@ void FormFindBar::ShowFound(const std::string& text) {
     lblFound->SetToolTip(ToWx(text));
 }
 
+void FormFindBar::UseBox(wxSearchCtrl* box) {
+    wxSearchCtrl* const used = box != nullptr ? box : txtFindHere;
+    if (used == m_box) return;
+    const std::string text = Text();
+    SetText("");
+    m_box = used;
+    SetText(text);
+    lblFind->Show(box == nullptr);
+    txtFindHere->Show(box == nullptr);
+    Layout();
+}
+
 bool FormFindBar::HasFocusInside() const {
-    return IsShown() && IsWithin(wxWindow::FindFocus(), *this);
+    const wxWindow* focus = wxWindow::FindFocus();
+    return IsShown() && (IsWithin(focus, *this) || IsWithin(focus, *m_box));
 }
 
 bool FormFindBar::OnCharHook(wxKeyEvent& event) {
@@ -127,7 +141,7 @@ bool FormFindBar::OnCharHook(wxKeyEvent& event) {
         onClose();
         return true;
     }
-    if (!IsWithin(wxWindow::FindFocus(), *txtFind)) {
+    if (!IsWithin(wxWindow::FindFocus(), *m_box)) {
         // The other controls need only these. A command must not change an entry from here.
         if (event.HasAnyModifiers()) return false;
         const bool isHarmful = key == WXK_DELETE || key == WXK_NUMPAD_DELETE || key == WXK_F2;
@@ -179,7 +193,7 @@ bool FormFindBar::OnTextKey(wxKeyEvent& event) {
     case WXK_NUMPAD_DELETE:
     case WXK_NUMPAD_INSERT: event.Skip(); return true;
     case 'Z':
-        if (!event.ShiftDown() && txtFind->CanUndo()) txtFind->Undo();
+        if (!event.ShiftDown() && m_box->CanUndo()) m_box->Undo();
         return true;
     case 'Y':
     case 'D':

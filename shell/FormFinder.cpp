@@ -6,6 +6,7 @@
 #include "menu/MenuItemCollection.h"
 #include "shell/FormFindBar.h"
 #include "shell/FormMenuTree.h"
+#include "shell/FormToolBar.h"
 #include "shell/modStringRes.h"
 #include "widgets/UiUtilities.h"
 
@@ -16,6 +17,7 @@
 #include <wx/checkbox.h>
 #include <wx/frame.h>
 #include <wx/sizer.h>
+#include <wx/srchctrl.h>
 #include <wx/utils.h>
 #include <wx/wupdlock.h>
 
@@ -84,15 +86,35 @@ void FormFinder::BuildBar() {
         }
 }
 
-void FormFinder::Begin() {
+void FormFinder::UseToolBar(FormToolBar& bar) {
+    m_toolBar = &bar;
+    if (m_bar != nullptr) m_bar->UseBox(nullptr);
+    wxSearchCtrl& box = *bar.txtFind;
+    box.Enable(m_editor.IsOpen());
+    box.Bind(wxEVT_TEXT, [this, &box](wxCommandEvent&) {
+        box.ShowCancelButton(!box.IsEmpty());
+        if (!m_editor.IsOpen()) return;
+        ShowBar();
+        OnText();
+    });
+    box.Bind(wxEVT_SEARCH_CANCEL, [&box](wxCommandEvent&) { box.Clear(); });
+}
+
+// Shows the bar, with the box that can be seen.
+void FormFinder::ShowBar() {
     if (m_bar == nullptr) BuildBar();
-    if (!m_bar->IsShown()) {
-        m_bar->ShowTexts();
-        m_bar->Show();
-        m_frame.Layout();
-        // The parts may have got other names meanwhile.
-        m_search.ForgetNames();
-    }
+    m_bar->UseBox(m_toolBar != nullptr && m_toolBar->ShowsFindBox() ? m_toolBar->txtFind : nullptr);
+    if (m_bar->IsShown()) return;
+    m_bar->ShowTexts();
+    m_bar->Show();
+    m_frame.Layout();
+    m_origin = m_tree.SelectedKey();
+    // The parts may have got other names meanwhile.
+    m_search.ForgetNames();
+}
+
+void FormFinder::Begin() {
+    ShowBar();
     m_origin = m_tree.SelectedKey();
     m_bar->FocusText();
     ShowState();
@@ -193,6 +215,10 @@ void FormFinder::ShowState() {
 }
 
 bool FormFinder::OnCharHook(wxKeyEvent& event) {
+    // A click into the box of the tool bar begins to find.
+    if (m_toolBar != nullptr && !IsShown() && m_editor.IsOpen() &&
+        m_toolBar->IsDescendant(wxWindow::FindFocus()))
+        ShowBar();
     if (!IsShown() || m_tree.View().Edited() != nullptr) return false;
     if (m_bar->HasFocusInside()) return m_bar->OnCharHook(event);
     if (event.GetKeyCode() != WXK_ESCAPE || event.HasAnyModifiers()) return false;
@@ -276,6 +302,7 @@ void FormFinder::ExpandShown() {
 // --- events of the editor ---
 
 void FormFinder::OnMenuReplaced() {
+    if (m_toolBar != nullptr) m_toolBar->txtFind->Enable(m_editor.IsOpen());
     m_isFiltering = m_goesToFirst = false;
     m_kept.clear();
     m_before.reset();
@@ -306,6 +333,7 @@ void FormFinder::OnMenuEvent(const MenuEvent& event) {
 
 void FormFinder::OnStateChanged() {
     if (!IsShown()) return;
+    m_tree.Settle();
     // An entry may have come into a submenu that the filter hides.
     const auto isMissing = [this](const std::string& id) {
         return m_editor.Find(id) != nullptr && m_tree.NodeOf(id) == nullptr;

@@ -16,6 +16,7 @@ namespace nesk {
 
 class FormFindBar;
 class FormMenuTree;
+class FormToolBar;
 
 /// Finds entries in the tree of the main window: connects the find bar, the search and the tree. The bar is
 /// created when it is first needed and is shown only while the user finds something.
@@ -25,7 +26,10 @@ public:
     FormFinder(wxFrame& frame, MenuEditor& editor, FormMenuTree& tree);
     ~FormFinder() override;
 
-    /// Shows the bar, and gives it the focus.
+    /// Lets the user type into the box of a tool bar as long as the bar shows it.
+    void UseToolBar(FormToolBar& bar);
+
+    /// Shows the bar, and gives the box the focus.
     void Begin();
 
     /// Goes to the next or the previous entry found. Shows the bar when there is no text to find.
@@ -54,6 +58,7 @@ private:
     void OnStateChanged() override;
 
     bool IsShown() const;
+    void ShowBar();
     void BuildBar();
     void OnText();
     void OnIdle(wxIdleEvent& event);
@@ -69,6 +74,7 @@ private:
     FormMenuTree& m_tree;
     MenuSearch m_search;
     FormFindBar* m_bar = nullptr;
+    FormToolBar* m_toolBar = nullptr;
     std::string m_origin;                   // id of the entry from which the first match is looked for
     bool m_isFiltering = false;             // the tree shows only entries found
     bool m_goesToFirst = false;             // the first match, which is not found yet, is to be selected

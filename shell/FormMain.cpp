@@ -116,6 +116,7 @@ void FormMain::BuildControls() {
     m_tree = std::make_unique<FormMenuTree>(this, m_editor);
     tvMain = m_tree.get();
     m_finder = std::make_unique<FormFinder>(*this, m_editor, *m_tree);
+    m_finder->UseToolBar(*tbMain);
     tvMain->Window().SetMinSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);

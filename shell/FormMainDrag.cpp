@@ -2,6 +2,8 @@
 
 #include "base/Messages.h"
 #include "editing/MenuEditor.h"
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
 #include "shell/FormMain.h"
 #include "shell/FormMenuTree.h"
 #include "shell/modUtilities.h"
@@ -25,11 +27,14 @@ struct DropPlace {
     int position;
 };
 
-DropPlace PlaceOf(const TreeDrop& drop) {
-    if (drop.where == TreeDrop::Where::On) return {FormMenuTree::KeyOf(drop.node), 0};
-    const int index = static_cast<int>(drop.node->Index()) + 1;
-    return {FormMenuTree::KeyOf(drop.node->Parent()),
-            drop.where == TreeDrop::Where::Before ? index : index + 1};
+// The rows may be only some of the entries, so the position is that of the entry and not that of its row.
+DropPlace PlaceOf(const MenuEditor& editor, const TreeDrop& drop) {
+    const std::string id = FormMenuTree::KeyOf(drop.node);
+    const auto* item = dynamic_cast<const MenuItem*>(editor.Find(id));
+    if (drop.where == TreeDrop::Where::On || item == nullptr) return {id, 0};
+    const MenuEntry& parent = *item->ParentMenu();
+    const int position = parent.Children()->PositionOf(*item);
+    return {parent.ID(), drop.where == TreeDrop::Where::Before ? position : position + 1};
 }
 
 EntryIds KeysOf(const std::vector<TreeNode*>& nodes) {
@@ -64,7 +69,7 @@ void FormMain::BindDrag() {
 // Returns whether entries may be dropped at a place, and shows in the status bar why not.
 // @param nodes  none when the entries come from another window
 bool FormMain::MayDrop(const std::vector<TreeNode*>& nodes, const TreeDrop& drop) {
-    const std::string parentId = PlaceOf(drop).parentId;
+    const std::string parentId = PlaceOf(m_editor, drop).parentId;
     std::optional<NeskError> refusal = m_editor.WhyNotMoveTo(KeysOf(nodes), parentId);
     const bool needsRoom = drop.copies || nodes.empty();
     if (!refusal && needsRoom)
@@ -77,7 +82,7 @@ bool FormMain::MayDrop(const std::vector<TreeNode*>& nodes, const TreeDrop& drop
 
 void FormMain::OnDropped(const std::vector<TreeNode*>& nodes, const TreeDrop& drop) {
     const EntryIds ids = Uppermost(*m_editor.OpenMenu(), KeysOf(nodes));
-    const DropPlace place = PlaceOf(drop);
+    const DropPlace place = PlaceOf(m_editor, drop);
     try {
         const wxBusyCursor busy;
         tvMain->SelectKeys(drop.copies ? m_editor.CopyTo(ids, place.parentId, place.position)
@@ -88,7 +93,7 @@ void FormMain::OnDropped(const std::vector<TreeNode*>& nodes, const TreeDrop& dr
 }
 
 bool FormMain::OnDroppedText(const std::string& text, const TreeDrop& drop) {
-    const DropPlace place = PlaceOf(drop);
+    const DropPlace place = PlaceOf(m_editor, drop);
     try {
         const wxBusyCursor busy;
         tvMain->SelectKeys(m_editor.Paste(text, place.parentId, place.position));

@@ -4,10 +4,46 @@
 
 #include "checking/FormChangeFolder.h"
 #include "checking/FormReplace.h"
+#include "checking/UiRowList.h"
+#include "settings/WindowMemory.h"
 #include "shell/FormFinder.h"
 #include "shell/FormMenuTree.h"
 
 namespace nesk {
+
+namespace {
+
+// Gives the columns of a list the widths that the user gave them before, and remembers those that the user
+// changes.
+class RememberedColumns {
+public:
+    RememberedColumns(WindowMemory& memory, const std::string& name, UiRowList& list)
+        : m_memory(memory), m_name(name), m_list(list) {
+        for (int i = 0; i < list.GetColumnCount(); ++i)
+            if (const auto width = memory.Number(NameOf(i)); width && *width > 0 && *width <= WidestColumn)
+                list.SetColumnWidth(i, list.FromDIP(*width));
+        m_before = list.ColumnWidths();
+    }
+    ~RememberedColumns() {
+        const std::vector<int> after = m_list.ColumnWidths();
+        for (std::size_t i = 0; i < after.size(); ++i)
+            if (after[i] != m_before[i]) m_memory.SetNumber(NameOf(static_cast<int>(i)), after[i]);
+    }
+    RememberedColumns(const RememberedColumns&) = delete;
+    RememberedColumns& operator=(const RememberedColumns&) = delete;
+
+private:
+    static constexpr int WidestColumn = 5000;
+
+    std::string NameOf(int column) const { return m_name + "Column" + std::to_string(column + 1); }
+
+    WindowMemory& m_memory;
+    std::string m_name;
+    UiRowList& m_list;
+    std::vector<int> m_before;
+};
+
+} // namespace
 
 void FormMain::Find() {
     if (FinishLabelEdit()) m_finder->Begin();
@@ -26,11 +62,17 @@ void FormMain::ShowMatches() {
 }
 
 void FormMain::Replace() {
-    if (FinishLabelEdit()) FormReplace(this, m_editor).Invoke(m_finder->Text());
+    if (!FinishLabelEdit()) return;
+    FormReplace dialog(this, m_editor);
+    const RememberedColumns columns(m_memory, "Replace", *dialog.lstChanges);
+    dialog.Invoke(m_finder->Text());
 }
 
 void FormMain::ChangeFolder() {
-    if (FinishLabelEdit()) FormChangeFolder(this, m_editor).Invoke();
+    if (!FinishLabelEdit()) return;
+    FormChangeFolder dialog(this, m_editor);
+    const RememberedColumns columns(m_memory, "ChangeFolder", *dialog.lstFolders);
+    dialog.Invoke();
 }
 
 } // namespace nesk

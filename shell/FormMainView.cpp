@@ -4,6 +4,7 @@
 #include "shell/FormMain.h"
 
 #include "shell/CountsText.h"
+#include "shell/FormFinder.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormToolBar.h"
 #include "widgets/UiUtilities.h"
@@ -83,6 +84,7 @@ void FormMain::BuildToolBar() {
     tbMain = new FormToolBar(this, "tbMain");
     tbMain->Show(isShown);
     SetToolBar(tbMain);
+    if (m_finder) m_finder->UseToolBar(*tbMain);
 }
 
 // Shows or hides a bar of the window, and gives its room to the tree.

@@ -1,10 +1,13 @@
 #include "shell/FormToolBar.h"
 
+#include "base/Messages.h"
+#include "platform/AccessibleName.h"
 #include "shell/UiCommandIcons.h"
 #include "widgets/UiUtilities.h"
 
 #include <wx/frame.h>
 #include <wx/menuitem.h>
+#include <wx/srchctrl.h>
 
 namespace nesk {
 
@@ -18,8 +21,9 @@ wxString ToolTip(const wxString& name, const wxString& caption) {
 
 } // namespace
 
-FormToolBar::FormToolBar(wxFrame* parent, const char* name)
-    : wxToolBar(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTB_HORIZONTAL | wxTB_FLAT, name) {
+FormToolBar::FormToolBar(wxFrame* parent, const char* controlName)
+    : wxToolBar(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTB_HORIZONTAL | wxTB_FLAT,
+                controlName) {
     int menu = 0;
     bool separate = false;
     for (const MainCommandInfo& info : MainCommandTable()) {
@@ -34,7 +38,18 @@ FormToolBar::FormToolBar(wxFrame* parent, const char* name)
         AddTool(CommandId(info.command), label, CommandIcon(info.places.icon), ToolTip(label, caption));
     }
     AddStretchableSpace();
+    const wxString name = modUtilities::ResText(Message::FindBarText);
+    txtFind = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(140, -1)), 0,
+                               wxDefaultValidator, "txtFind");
+    txtFind->ShowSearchButton(true);
+    txtFind->SetDescriptiveText(wxControl::RemoveMnemonics(name));
+    platform::SetAccessibleName(*txtFind, modUtilities::FromWx(name));
+    AddControl(txtFind, wxControl::RemoveMnemonics(name));
     Realize();
+}
+
+bool FormToolBar::ShowsFindBox() const {
+    return IsShown() && GetBestSize().x <= GetParent()->GetClientSize().x;
 }
 
 void FormToolBar::EnableCommand(MainCommand command, bool enable) {

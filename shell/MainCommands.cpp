@@ -91,7 +91,7 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      nullptr,
      {"select-all", false, true}},
     {MainCommand::Find, "mnuEditFind", Message::MenuEdit, Message::Find, true, IsOpen, &To::Find, false,
-     nullptr, Button("find")},
+     nullptr, Icon("find")},
     {MainCommand::FindNext, "mnuEditFindNext", Message::MenuEdit, Message::FindNext, false, IsOpen,
      &To::FindNext},
     {MainCommand::FindPrevious, "mnuEditFindPrevious", Message::MenuEdit, Message::FindPrevious, false,

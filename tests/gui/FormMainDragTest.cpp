@@ -60,6 +60,16 @@ TEST_F(FormMainDragTest, TheFreeAreaIsTheEndOfTheMenu) {
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n Last\n Angle\n");
 }
 
+TEST_F(FormMainDragTest, InAFilteredTreeTheEntryDecidesAboutThePlace) {
+    Press('F', wxMOD_CONTROL);
+    Type("st"); // First, Last: the submenu between them is hidden
+    Press('F', wxMOD_CONTROL | wxMOD_SHIFT);
+    ASSERT_EQ(Tree().Root()->ChildCount(), 2u);
+    Drag("R.1", PointIn("R.3", 0.9));
+    Press(WXK_ESCAPE);
+    EXPECT_EQ(TreeText(), "Main Menu\n Brackets\n  Angle\n Last\n First\n");
+}
+
 TEST_F(FormMainDragTest, TheStatusBarSaysWhyADropIsRefused) {
     std::string intoItself;
     Drag("R.2", MiddleOf("R.2.1"), [&] { intoItself = Hint(); });

@@ -2,6 +2,7 @@
 
 #include "gui/TreeIcons.h"
 #include "menu/MenuItem.h"
+#include "shell/FormToolBar.h"
 
 #include <algorithm>
 
@@ -136,6 +137,40 @@ TEST_F(FormMainFindTest, KeysThatEditTextReachTheBox) {
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n Last\n");
     EXPECT_FALSE(window->Editor().IsDirty());
     EXPECT_EQ(Tree().Edited(), nullptr);
+}
+
+TEST_F(FormMainFindTest, AClickIntoTheBoxOfTheToolBarBegins) {
+    Press(WXK_DOWN);
+    const wxRect bar = window->tbMain->GetScreenRect(); // GTK does not know where in it the box is
+    ClickPoint(wxPoint(bar.GetRight() - window->FromDIP(40), bar.y + bar.height / 2));
+    Press(WXK_DELETE); // must not remove the selected entry
+    EXPECT_TRUE(BarIsShown());
+    Type("last");
+    EXPECT_EQ(Selected(), "R.3");
+    Press(WXK_ESCAPE);
+    EXPECT_TRUE(TreeHasFocus());
+    EXPECT_EQ(Box().GetValue(), "");
+    EXPECT_EQ(window->Editor().OpenMenu()->ChildCount(), 3);
+}
+
+TEST_F(FormMainFindTest, WithoutAToolBarTheFindBarHasTheBox) {
+    ASSERT_TRUE(Click(window->mnuViewToolBar));
+    Press('F', wxMOD_CONTROL);
+    const wxWindow* own = testing::Find(*window, "txtFindHere");
+    EXPECT_TRUE(own->IsShownOnScreen());
+    Type("last");
+    EXPECT_EQ(Selected(), "R.3");
+    ASSERT_TRUE(Click(window->mnuViewToolBar));
+    Press('F', wxMOD_CONTROL);
+    EXPECT_FALSE(own->IsShownOnScreen()) << "the tool bar has it again";
+    EXPECT_EQ(Box().GetValue(), "last");
+}
+
+TEST_F(FormMainFindTest, AToolBarWithoutRoomLeavesTheBoxToTheFindBar) {
+    window->SetSize(window->FromDIP(wxSize(360, 400)));
+    ASSERT_TRUE(WaitUntil([&] { return window->GetSize().x == window->FromDIP(360); }));
+    Press('F', wxMOD_CONTROL);
+    EXPECT_TRUE(testing::Find(*window, "txtFindHere")->IsShownOnScreen());
 }
 
 TEST_F(FormMainFindTest, OtherControlsOfTheBarChangeNoEntry) {

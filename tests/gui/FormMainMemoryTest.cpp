@@ -2,6 +2,9 @@
 
 #include "gui/GuiFixture.h"
 
+#include "checking/FormReplace.h"
+#include "checking/UiRowList.h"
+#include "gui/NextDialog.h"
 #include "settings/RegEntry.h"
 #include "shell/FormToolBar.h"
 
@@ -72,6 +75,31 @@ TEST_F(FormMainMemoryTest, SizeAndPlaceComeBack) {
     EXPECT_EQ(window->GetSize(), wanted.GetSize());
     EXPECT_LE(std::abs(window->GetPosition().x - wanted.x), 2);
     EXPECT_LE(std::abs(window->GetPosition().y - wanted.y), 2);
+}
+
+TEST_F(FormMainMemoryTest, ColumnWidthsComeBack) {
+    WriteMenu(SmallMenu);
+    OpenWindow();
+    Press('O', wxMOD_CONTROL);
+    {
+        const NextDialog<FormReplace> first([](FormReplace& dialog) {
+            EXPECT_TRUE(dialog.lstChanges->SetColumnWidth(1, dialog.FromDIP(177)));
+            Press(WXK_ESCAPE);
+        });
+        dialogs.Answer(wxID_NONE);
+        Press('H', wxMOD_CONTROL);
+    }
+    CloseWindow();
+    EXPECT_EQ(Stored("ReplaceColumn2"), "177");
+    EXPECT_EQ(Stored("ReplaceColumn1"), "") << "was not changed";
+    OpenWindow();
+    Press('O', wxMOD_CONTROL);
+    const NextDialog<FormReplace> second([](FormReplace& dialog) {
+        EXPECT_EQ(dialog.lstChanges->ColumnWidths().at(1), 177);
+        Press(WXK_ESCAPE);
+    });
+    dialogs.Answer(wxID_NONE);
+    Press('H', wxMOD_CONTROL);
 }
 
 TEST_F(FormMainMemoryTest, HiddenBarsStayHidden) {
