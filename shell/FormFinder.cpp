@@ -108,14 +108,20 @@ void FormFinder::ShowBar() {
     m_bar->ShowTexts();
     m_bar->Show();
     m_frame.Layout();
-    m_origin = m_tree.SelectedKey();
+    StartHere();
     // The parts may have got other names meanwhile.
     m_search.ForgetNames();
 }
 
+// Takes the selected entry as the one from which the first match of a text is looked for.
+void FormFinder::StartHere() {
+    m_origin = m_tree.SelectedKey();
+    m_start = m_tree.Context();
+}
+
 void FormFinder::Begin() {
     ShowBar();
-    m_origin = m_tree.SelectedKey();
+    StartHere();
     m_bar->FocusText();
     ShowState();
     wxWakeUpIdle();
@@ -139,7 +145,12 @@ void FormFinder::End() {
 void FormFinder::OnText() {
     m_search.SetText(m_bar->Text());
     if (m_search.IsActive()) m_search.FinishTexts();
-    if (m_isFiltering) ApplyFilter();
+    const wxWindowUpdateLocker locker(&m_tree.Window());
+    // What was expanded for a shorter text closes again.
+    if (m_isFiltering)
+        ApplyFilter();
+    else if (m_start)
+        m_start->Restore();
     const MenuEntry* origin = m_editor.Find(m_origin);
     GoTo(m_search.NextFrom(origin));
     m_goesToFirst = m_search.IsActive() && m_search.Count() == 0;
@@ -184,7 +195,7 @@ void FormFinder::Next() {
     m_search.FinishTexts();
     if (m_search.Count() == 0) wxBell();
     GoTo(m_search.Next(Selected()));
-    m_origin = m_tree.SelectedKey();
+    StartHere();
     ShowState();
 }
 
@@ -193,7 +204,7 @@ void FormFinder::Previous() {
     m_search.FinishTexts();
     if (m_search.Count() == 0) wxBell();
     GoTo(m_search.Previous(Selected()));
-    m_origin = m_tree.SelectedKey();
+    StartHere();
     ShowState();
 }
 
@@ -306,6 +317,7 @@ void FormFinder::OnMenuReplaced() {
     m_isFiltering = m_goesToFirst = false;
     m_kept.clear();
     m_before.reset();
+    m_start.reset();
     m_tree.SetFilter({});
     m_search.SetText("");
     if (!IsShown()) return;

@@ -59,6 +59,7 @@ private:
 
     bool IsShown() const;
     void ShowBar();
+    void StartHere();
     void BuildBar();
     void OnText();
     void OnIdle(wxIdleEvent& event);
@@ -76,6 +77,7 @@ private:
     FormFindBar* m_bar = nullptr;
     FormToolBar* m_toolBar = nullptr;
     std::string m_origin;                   // id of the entry from which the first match is looked for
+    std::unique_ptr<EditContext> m_start;   // what the tree showed then
     bool m_isFiltering = false;             // the tree shows only entries found
     bool m_goesToFirst = false;             // the first match, which is not found yet, is to be selected
     std::unordered_set<std::string> m_kept; // ids of entries that stay shown although they were not found

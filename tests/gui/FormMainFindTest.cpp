@@ -139,6 +139,20 @@ TEST_F(FormMainFindTest, KeysThatEditTextReachTheBox) {
     EXPECT_EQ(Tree().Edited(), nullptr);
 }
 
+TEST_F(FormMainFindTest, WhatAShorterTextExpandedClosesAgain) {
+    Press('F', wxMOD_CONTROL);
+    Type("an"); // in "Angle"
+    EXPECT_TRUE(Row("R.2").IsExpanded());
+    Type("x");
+    EXPECT_FALSE(Row("R.2").IsExpanded());
+    EXPECT_EQ(Selected(), "R") << "where it began";
+    Press(WXK_BACK);
+    EXPECT_EQ(Selected(), "R.2.1");
+    Press(WXK_ESCAPE);
+    EXPECT_EQ(Selected(), "R.2.1");
+    EXPECT_TRUE(Row("R.2").IsExpanded());
+}
+
 TEST_F(FormMainFindTest, AClickIntoTheBoxOfTheToolBarBegins) {
     Press(WXK_DOWN);
     const wxRect bar = window->tbMain->GetScreenRect(); // GTK does not know where in it the box is
