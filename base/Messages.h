@@ -427,7 +427,6 @@ constexpr int UndoHistoryList = 34603;
 constexpr int UndoHistoryCount = 34604; // %0% number of changes
 constexpr int UndoHistoryUndo = 34605;
 
-
 // Edit menu: finding and replacing.
 constexpr int Find = 34700;
 constexpr int FindNext = 34701;
@@ -439,7 +438,7 @@ constexpr int ChangeFolder = 34705;
 // Find bar.
 constexpr int FindBarText = 34760;
 constexpr int FindBarNumber = 34761; // %0% number of the entry, %1% number of entries
-constexpr int FindBarCount = 34762; // %0% number of entries
+constexpr int FindBarCount = 34762;  // %0% number of entries
 constexpr int FindBarNothing = 34763;
 constexpr int FindBarSearching = 34764; // %0% number of entries
 constexpr int FindBarMatchesOnly = 34766;
@@ -472,8 +471,8 @@ constexpr int ReplaceNone = 34787;
 constexpr int ReplaceCount = 34788; // %0% chosen, %1% all
 constexpr int ReplaceOK = 34789;
 constexpr int ReplaceRefused = 34790; // %0% entry, %1% field, %2% text, %3% reason
-constexpr int ReplaceAtSign = 34791; // %0% program
-constexpr int ChangeReplace = 34792; // %0% text
+constexpr int ReplaceAtSign = 34791;  // %0% program
+constexpr int ChangeReplace = 34792;  // %0% text
 
 // Change folder.
 constexpr int FolderTitle = 34793;

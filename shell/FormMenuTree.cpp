@@ -214,8 +214,7 @@ void FormMenuTree::CollapseAll() {
 
 class FormMenuTree::ViewContext final : public EditContext {
 public:
-    explicit ViewContext(FormMenuTree& tree) : m_tree(tree) {
-        m_selected = tree.SelectedKeys();
+    explicit ViewContext(FormMenuTree& tree) : m_tree(tree), m_selected(tree.SelectedKeys()) {
         m_current = tree.SelectedKey();
         const TreeView::Scroll scroll = tree.m_view.ScrollPosition();
         m_top = KeyOf(scroll.top);

@@ -12,7 +12,7 @@ protected:
     // Captions of the entries found, in the order in which Next goes through them.
     std::vector<std::string> Found(const std::string& text) {
         search.SetText(text);
-        while (search.Step(10ms)) {
+        while (search.Step(1std ::chrono::milliseconds::zero())) {
         }
         return Listed();
     }
@@ -117,23 +117,23 @@ TEST_F(MenuSearchTest, EditsAreFollowed) {
     Part("R", "lid two");
     EXPECT_EQ(Found("lid").size(), 2u);
     editor.SetCaption("R.1", "cover");
-    EXPECT_FALSE(search.Step(10ms));
+    EXPECT_FALSE(search.Step(1std ::chrono::milliseconds::zero()));
     EXPECT_EQ(Listed(), Captions{"lid two"});
     Part("R", "lid three");
-    while (search.Step(10ms)) {
+    while (search.Step(1std ::chrono::milliseconds::zero())) {
     }
     EXPECT_EQ(Listed(), (Captions{"lid two", "lid three"}));
     editor.Remove("R.2");
-    while (search.Step(10ms)) {
+    while (search.Step(1std ::chrono::milliseconds::zero())) {
     }
     EXPECT_EQ(Listed(), Captions{"lid three"});
     editor.Undo();
     editor.MoveDown("R.2");
-    while (search.Step(10ms)) {
+    while (search.Step(1std ::chrono::milliseconds::zero())) {
     }
     EXPECT_EQ(Listed(), (Captions{"lid three", "lid two"}));
     editor.Close();
-    EXPECT_FALSE(search.Step(10ms));
+    EXPECT_FALSE(search.Step(1std ::chrono::milliseconds::zero()));
     EXPECT_EQ(search.Count(), 0u);
     EXPECT_EQ(search.Next(nullptr), nullptr);
 }
@@ -147,7 +147,7 @@ TEST_F(MenuSearchTest, ChangedProgramGivesItsOwnName) {
     EXPECT_EQ(Found("second"), Captions{});
     fields.programId = "@C:\\B\\partinfo.ini@";
     editor.SetPart(id, fields);
-    while (search.Step(10ms)) {
+    while (search.Step(1std ::chrono::milliseconds::zero())) {
     }
     EXPECT_EQ(Listed(), Captions{"part"});
 }
@@ -196,7 +196,7 @@ TEST_F(MenuSearchTest, SmallSlicesFindTheSame) {
         editor.AddPart("R", "part " + std::to_string(i));
     search.SetText("part 99");
     int slices = 1;
-    while (search.Step(0ms))
+    while (search.Step(std::chrono::milliseconds::zero()))
         ++slices;
     EXPECT_GT(slices, 5);
     EXPECT_EQ(search.Count(), 11u);
