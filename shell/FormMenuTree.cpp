@@ -214,8 +214,8 @@ void FormMenuTree::CollapseAll() {
 
 class FormMenuTree::ViewContext final : public EditContext {
 public:
-    explicit ViewContext(FormMenuTree& tree) : m_tree(tree), m_selected(tree.SelectedKeys()) {
-        m_current = tree.SelectedKey();
+    explicit ViewContext(FormMenuTree& tree)
+        : m_tree(tree), m_selected(tree.SelectedKeys()), m_current(tree.SelectedKey()) {
         const TreeView::Scroll scroll = tree.m_view.ScrollPosition();
         m_top = KeyOf(scroll.top);
         m_offset = scroll.offset;

@@ -2,6 +2,8 @@
 
 #include "unit/checking/CheckingFixture.h"
 
+#include <chrono>
+
 namespace nesk {
 namespace {
 
@@ -12,7 +14,7 @@ protected:
     // Captions of the entries found, in the order in which Next goes through them.
     std::vector<std::string> Found(const std::string& text) {
         search.SetText(text);
-        while (search.Step(1std ::chrono::milliseconds::zero())) {
+        while (search.Step(10ms)) {
         }
         return Listed();
     }
@@ -117,23 +119,23 @@ TEST_F(MenuSearchTest, EditsAreFollowed) {
     Part("R", "lid two");
     EXPECT_EQ(Found("lid").size(), 2u);
     editor.SetCaption("R.1", "cover");
-    EXPECT_FALSE(search.Step(1std ::chrono::milliseconds::zero()));
+    EXPECT_FALSE(search.Step(10ms));
     EXPECT_EQ(Listed(), Captions{"lid two"});
     Part("R", "lid three");
-    while (search.Step(1std ::chrono::milliseconds::zero())) {
+    while (search.Step(10ms)) {
     }
     EXPECT_EQ(Listed(), (Captions{"lid two", "lid three"}));
     editor.Remove("R.2");
-    while (search.Step(1std ::chrono::milliseconds::zero())) {
+    while (search.Step(10ms)) {
     }
     EXPECT_EQ(Listed(), Captions{"lid three"});
     editor.Undo();
     editor.MoveDown("R.2");
-    while (search.Step(1std ::chrono::milliseconds::zero())) {
+    while (search.Step(10ms)) {
     }
     EXPECT_EQ(Listed(), (Captions{"lid three", "lid two"}));
     editor.Close();
-    EXPECT_FALSE(search.Step(1std ::chrono::milliseconds::zero()));
+    EXPECT_FALSE(search.Step(10ms));
     EXPECT_EQ(search.Count(), 0u);
     EXPECT_EQ(search.Next(nullptr), nullptr);
 }
@@ -147,7 +149,7 @@ TEST_F(MenuSearchTest, ChangedProgramGivesItsOwnName) {
     EXPECT_EQ(Found("second"), Captions{});
     fields.programId = "@C:\\B\\partinfo.ini@";
     editor.SetPart(id, fields);
-    while (search.Step(1std ::chrono::milliseconds::zero())) {
+    while (search.Step(10ms)) {
     }
     EXPECT_EQ(Listed(), Captions{"part"});
 }
