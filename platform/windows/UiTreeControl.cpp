@@ -43,7 +43,8 @@ public:
 
     std::size_t GetDataSize() const override { return Text().size(); }
     bool GetDataHere(void* buffer) const override {
-        std::memcpy(buffer, Text().data(), Text().size());
+        const std::string& text = Text();
+        std::memcpy(buffer, text.data(), text.size());
         return true;
     }
     bool SetData(std::size_t, const void*) override { return false; }
