@@ -48,6 +48,7 @@ void UiRowList::SelectRow(long row) {
 
 std::vector<int> UiRowList::ColumnWidths() const {
     std::vector<int> widths;
+    widths.reserve(static_cast<std::size_t>(GetColumnCount()));
     for (int i = 0; i < GetColumnCount(); ++i)
         widths.push_back(ToDIP(GetColumnWidth(i)));
     return widths;

@@ -16,7 +16,6 @@
 #include <iterator>
 #include <map>
 #include <new>
-#include <ranges>
 #include <unordered_set>
 
 namespace nesk {
@@ -91,8 +90,7 @@ bool MenuEditor::RemoveAs(ChangeName name, const EntryIds& ids) {
     if (ItemsOf(ids).empty()) return false;
     Group group(*this, std::move(name), ids.size());
     // From the last on, so that few siblings have to close ranks.
-    for (const std::string& id : std::views::reverse(ids))
-        Remove(id);
+    std::for_each(ids.rbegin(), ids.rend(), [this](const std::string& id) { Remove(id); });
     group.Commit();
     return true;
 }
@@ -109,7 +107,7 @@ bool MenuEditor::MoveBlocks(const EntryIds& ids, bool up) {
     Group group(*this, NameFor(Message::ChangeMove, Message::ChangeMoveSeveral, ids), ids.size());
     bool isMoved = false;
     for (EntryIds block : ByParent(ids)) {
-        if (!up) std::ranges::reverse(block);
+        if (!up) std::reverse(block.begin(), block.end());
         // When the leading entry cannot move, the others would close up to it.
         const MenuCommands leading = CommandsFor(block.front());
         if (!(up ? leading.moveUp : leading.moveDown)) continue;

@@ -11,7 +11,7 @@ std::string CountsText(const EntryNumbers& numbers, std::size_t selected) {
     const auto counted = [](std::int64_t count, int one, int many) {
         return FormatResString(count == 1 ? one : many, count);
     };
-    const std::string entries = FormatResString(
+    std::string entries = FormatResString(
         Message::CountsEntries, counted(numbers.submenus, Message::CountsSubmenu, Message::CountsSubmenus),
         counted(numbers.parts, Message::CountsPart, Message::CountsParts));
     if (selected < 2) return entries;

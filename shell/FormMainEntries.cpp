@@ -39,7 +39,7 @@ std::string NearestTo(const MenuEditor& editor, const EntryIds& ids) {
     if (position < siblings.Count()) return siblings.Item(position + 1).ID();
     const std::unordered_set<std::string> removed(ids.begin(), ids.end());
     for (int before = position - 1; before > 0; --before)
-        if (const std::string id = siblings.Item(before).ID(); !removed.contains(id)) return id;
+        if (std::string id = siblings.Item(before).ID(); !removed.contains(id)) return id;
     return parent.ID();
 }
 

@@ -9,6 +9,10 @@
 #include "shell/FormFinder.h"
 #include "shell/FormMenuTree.h"
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace nesk {
 
 namespace {
@@ -17,8 +21,8 @@ namespace {
 // changes.
 class RememberedColumns {
 public:
-    RememberedColumns(WindowMemory& memory, const std::string& name, UiRowList& list)
-        : m_memory(memory), m_name(name), m_list(list) {
+    RememberedColumns(WindowMemory& memory, std::string name, UiRowList& list)
+        : m_memory(memory), m_name(std::move(name)), m_list(list) {
         for (int i = 0; i < list.GetColumnCount(); ++i)
             if (const auto width = memory.Number(NameOf(i)); width && *width > 0 && *width <= WidestColumn)
                 list.SetColumnWidth(i, list.FromDIP(*width));

@@ -123,7 +123,7 @@ gboolean GtkTreeControl::OnDragMotion(GdkDragContext* context, int x, int y, gui
 gboolean GtkTreeControl::OnDragDrop(GdkDragContext* context, int x, int y, guint time) {
     if (gtk_drag_get_source_widget(context) != GTK_WIDGET(m_tree)) {
         // The rows come from another window, which has to send them first.
-        const GdkAtom target = gtk_drag_dest_find_target(GTK_WIDGET(m_tree), context, nullptr);
+        GdkAtom target = gtk_drag_dest_find_target(GTK_WIDGET(m_tree), context, nullptr);
         if (target == GDK_NONE) return FALSE;
         gtk_drag_get_data(GTK_WIDGET(m_tree), context, target, time);
         return TRUE;
