@@ -411,7 +411,7 @@ constexpr int PartsHistory = 34632;
 constexpr int PartsSame = 34633; // %0% value
 constexpr int PartsDifferent = 34634;
 constexpr int PartsNone = 34635;
-constexpr int DropNowhere = 34636;
+constexpr int PartsNoPicture = 34637;
 
 // Numbers of entries in the status bar.
 constexpr int CountsSubmenu = 34860;  // %0% 1

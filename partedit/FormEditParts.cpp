@@ -92,7 +92,18 @@ FormEditParts::FormEditParts(wxWindow* parent)
     Finish(content);
 
     BindPictureButtons(*picItemHost, *cmdMenuSelect, *cmdMenuDelete);
-    picItemHost->onChanged = [this] { UpdateControls(); };
+    picItemHost->onChanged = [this] {
+        m_hasPicture = true;
+        UpdateControls();
+    };
+    cmdMenuDelete->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) {
+        picItemHost->SetPath("");
+        m_hasPicture = true;
+        lblPicture->SetLabelText(ResText(Message::PartsNoPicture));
+        cmdMenuSelect->SetFocus(); // the button is disabled now
+        UpdateControls();
+    });
+    txtHistoryDir->SetHint(ResText(Message::PartDefaultHistory));
     for (wxCheckBox* box : {chkPicture, chkHistory})
         box->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { UpdateControls(); });
     cmdBrowse->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnBrowse(); });
@@ -105,6 +116,7 @@ std::optional<CommonPartFields> FormEditParts::Edit(const std::vector<PartFields
     lblPicture->SetLabelText(PresentText(graphic));
     lblHistory->SetLabelText(PresentText(history));
     picItemHost->SetPath(graphic.value_or(""));
+    m_hasPicture = graphic.has_value();
     m_historyBefore = history.value_or("");
     txtHistoryDir->ChangeValue(ToWx(m_historyBefore));
     UpdateControls();
@@ -121,10 +133,11 @@ void FormEditParts::UpdateControls() {
     const bool picture = chkPicture->GetValue();
     picItemHost->Enable(picture);
     cmdMenuSelect->Enable(picture);
-    cmdMenuDelete->Enable(picture && !picItemHost->Path().empty());
+    cmdMenuDelete->Enable(picture && (!m_hasPicture || !picItemHost->Path().empty()));
     txtHistoryDir->Enable(chkHistory->GetValue());
     cmdBrowse->Enable(chkHistory->GetValue());
-    cmdOK->Enable(picture || chkHistory->GetValue());
+    // Without a chosen picture, OK would remove those that the parts have.
+    cmdOK->Enable((picture || chkHistory->GetValue()) && (!picture || m_hasPicture));
 }
 
 void FormEditParts::OnBrowse() {

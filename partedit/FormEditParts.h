@@ -42,6 +42,7 @@ private:
     void UpdateControls();
 
     std::string m_historyBefore;
+    bool m_hasPicture = false; // the picture that is shown is that of all parts, or the user chose it
 };
 
 } // namespace nesk

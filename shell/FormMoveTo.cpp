@@ -28,6 +28,9 @@ using platform::TreeView;
 
 namespace {
 
+// A larger menu would take a moment to be shown, and nobody could survey it.
+constexpr std::int64_t MostExpanded = 5000;
+
 bool HasSubmenu(const MenuEntry& entry) {
     for (int i = 1; i <= entry.ChildCount(); ++i)
         if (!entry.Children()->Item(i).IsPart()) return true;
@@ -97,7 +100,11 @@ std::string FormMoveTo::Choose(const EntryIds& ids) {
     m_target.clear();
     TreeNode& root = tvSubmenus->SetRoot(std::make_unique<TreeNode>(
         std::string(menu->Caption()), 0, std::string(MenuId::Root), HasSubmenu(*menu)));
-    tvSubmenus->Expand(root);
+    // Typing finds only what is expanded.
+    if (menu->CountBelow() <= MostExpanded)
+        tvSubmenus->ExpandBelow(root);
+    else
+        tvSubmenus->Expand(root);
     TreeNode* const present = NodeOf(MenuId::OfParent(ids.front()));
     TreeNode& start = present != nullptr ? *present : root;
     tvSubmenus->Select(&start);

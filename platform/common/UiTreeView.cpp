@@ -239,11 +239,14 @@ void TreeView::OnKeyDown(wxKeyEvent& event) {
     if (m_edited != nullptr || !plain || m_root == nullptr) return event.Skip();
     const int key = event.GetKeyCode();
     if (key == WXK_F10 && event.ShiftDown()) return ReportContextMenu(wxDefaultPosition);
+    const bool isEnter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
     // After a search without a match, Enter would open the selected entry, which the user did not search for.
-    if ((key == WXK_RETURN || key == WXK_NUMPAD_ENTER) && m_typeAhead.HasMissed()) {
+    if (isEnter && m_typeAhead.HasMissed()) {
         m_typeAhead.Reset();
         return wxBell();
     }
+    // GTK would select the row with the focus alone.
+    if (isEnter && Selection().size() > 1) return ReportActivated(*Selected());
     // The controls would handle these keys as their own commands before they become characters.
     switch (key) {
     case WXK_SPACE: return TypeText(" ");

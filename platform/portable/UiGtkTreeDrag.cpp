@@ -2,6 +2,8 @@
 
 #include "platform/portable/UiGtkTreeView.h"
 
+#include <algorithm>
+
 namespace nesk::platform::portable {
 
 namespace {
@@ -42,11 +44,13 @@ gboolean GtkTreeControl::OnButtonPress(const GdkEventButton& press) {
     if (node == nullptr || x < cell.x) return FALSE;
     if (press.button != GDK_BUTTON_PRIMARY) return FALSE;
     ReportClick(*node);
-    if ((press.state & (GDK_CONTROL_MASK | GDK_SHIFT_MASK)) != 0) return FALSE;
+    if ((press.state & GDK_SHIFT_MASK) != 0) return FALSE;
+    const bool control = (press.state & GDK_CONTROL_MASK) != 0;
     m_pressed = node;
     m_pressedAt = wxPoint(static_cast<int>(press.x_root), static_cast<int>(press.y_root));
-    // GTK would select this row alone, so the others could not be dragged with it.
-    m_pressedSelected = selected && m_style.drag && Selection().size() > 1;
+    // GTK would select this row alone, or with Ctrl deselect it, so it could not be dragged with the others.
+    m_pressedSelected = selected && m_style.drag && (control || Selection().size() > 1);
+    m_pressedControl = control;
     if (!m_pressedSelected) return FALSE;
     gtk_widget_grab_focus(GTK_WIDGET(m_tree));
     return TRUE;
@@ -56,7 +60,13 @@ gboolean GtkTreeControl::OnButtonRelease(const GdkEventButton& release) {
     TreeNode* const node = m_pressed;
     m_pressed = nullptr;
     if (release.button != GDK_BUTTON_PRIMARY || node == nullptr || !m_pressedSelected) return FALSE;
-    Select(node);
+    if (!m_pressedControl) {
+        Select(node);
+        return TRUE;
+    }
+    std::vector<TreeNode*> rest = Selection();
+    std::erase(rest, node);
+    SelectAll(rest, rest.empty() ? nullptr : rest.front());
     return TRUE;
 }
 
@@ -67,7 +77,9 @@ gboolean GtkTreeControl::OnMotion(GdkEventMotion& motion) {
         return FALSE;
     TreeNode* const node = m_pressed;
     m_pressed = nullptr;
-    if (!BeginDrag(m_pressedSelected ? Selection() : std::vector<TreeNode*>{node})) return FALSE;
+    const std::vector<TreeNode*> selection = Selection();
+    const bool isSelected = std::find(selection.begin(), selection.end(), node) != selection.end();
+    if (!BeginDrag(isSelected ? selection : std::vector<TreeNode*>{node})) return FALSE;
     const GtkTargetEntry target = RowTarget();
     GtkTargetList* const targets = gtk_target_list_new(&target, 1);
     gtk_drag_begin_with_coordinates(GTK_WIDGET(m_tree), targets,

@@ -105,7 +105,8 @@ private:
     // alone.
     TreeNode* m_pressed = nullptr;
     bool m_pressedSelected = false;
-    wxPoint m_pressedAt; // in screen coordinates
+    bool m_pressedControl = false; // with Ctrl held down: deselects the row unless it starts a drag
+    wxPoint m_pressedAt;           // in screen coordinates
 };
 
 } // namespace nesk::platform::portable

@@ -9,6 +9,7 @@
 #include <wx/msw/private.h>
 #include <wx/msw/wrapcctl.h>
 #include <wx/textctrl.h>
+#include <wx/utils.h>
 
 namespace nesk::platform {
 
@@ -106,6 +107,12 @@ WXLRESULT NativeTreeControl::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLP
         m_view->OnContextKey();
         return 0;
     }
+    // With several rows to be selected, wx would toggle one by the space bar before any handler sees the key.
+    if (message == WM_KEYDOWN && wParam == VK_SPACE && m_view->OnSpaceKey()) {
+        m_swallowsSpace = true;
+        return 0;
+    }
+    if (message == WM_CHAR && wParam == VK_SPACE && std::exchange(m_swallowsSpace, false)) return 0;
     return wxTreeCtrl::MSWWindowProc(message, wParam, lParam);
 }
 
@@ -167,6 +174,13 @@ void NativeTreeView::BindEvents() {
     m_control.Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, &NativeTreeView::OnBeginLabelEdit, this);
     m_control.Bind(wxEVT_TREE_END_LABEL_EDIT, &NativeTreeView::OnEndLabelEdit, this);
     if (m_style.drag) m_control.Bind(wxEVT_TREE_BEGIN_DRAG, &NativeTreeView::OnBeginDrag, this);
+}
+
+bool NativeTreeView::OnSpaceKey() {
+    if (!m_style.multiple || Edited() != nullptr || wxGetKeyState(WXK_CONTROL) || wxGetKeyState(WXK_ALT))
+        return false;
+    TypeText(" ");
+    return true;
 }
 
 void NativeTreeView::OnLeftDown(wxMouseEvent& event) {

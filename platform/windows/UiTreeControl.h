@@ -21,6 +21,7 @@ public:
 
 private:
     std::unique_ptr<NativeTreeView> m_view;
+    bool m_swallowsSpace = false; // its character follows the key
 };
 
 /// The tree view of Windows.
@@ -47,6 +48,7 @@ public:
 
     // Events of the control and its drop target.
     bool IsItemMarked(const wxTreeItemId& item) const;
+    bool OnSpaceKey();
     void OnContextKey() { ReportContextMenu(wxDefaultPosition); }
     bool OnDragOver(wxPoint point, bool copies) { return DragTo(point, copies); }
     bool OnDropped(wxPoint point, bool copies);

@@ -204,17 +204,34 @@ TEST_F(FormMainEntriesTest, PartsGetTheSamePictureAndKeepTheirHistories) {
         EXPECT_FALSE(dialog.cmdOK->IsEnabled()) << "nothing would change";
         EXPECT_FALSE(dialog.txtHistoryDir->IsEnabled());
         Click(dialog.chkPicture);
+        EXPECT_FALSE(dialog.cmdOK->IsEnabled()) << "it would remove the pictures";
         dialog.picItemHost->SetPath("C:\\new.bmp");
         Click(dialog.cmdOK);
     });
     dialogs.Answer(wxID_NONE);
-    Press('E', wxMOD_CONTROL);
+    Press(WXK_RETURN); // edits all of them, like Ctrl+E
     EXPECT_EQ(Item("R.1").Graphic(), "C:\\new.bmp");
     EXPECT_EQ(Item("R.3").Graphic(), "C:\\new.bmp");
     EXPECT_EQ(Item("R.3").HistoryDir(), "C:\\Two");
     EXPECT_EQ(Item("R.2").Graphic(), "");
     Press('Z', wxMOD_CONTROL);
     EXPECT_EQ(Item("R.1").Graphic(), "a.bmp");
+}
+
+TEST_F(FormMainEntriesTest, ThePicturesOfAllPartsAreRemoved) {
+    window->Editor().SetPart("R.1", {"a.bmp", "", "", "", 0, "", ""});
+    window->Editor().SetPart("R.3", {"b.bmp", "", "", "", 0, "", ""});
+    window->tvMain->SelectKeys({"R.1", "R.3"});
+    const NextDialog<FormEditParts> edit([](FormEditParts& dialog) {
+        Click(dialog.chkPicture);
+        Click(dialog.cmdMenuDelete);
+        EXPECT_EQ(TextOf(dialog.lblPicture), "The parts will have no picture.");
+        Click(dialog.cmdOK);
+    });
+    dialogs.Answer(wxID_NONE);
+    Press('E', wxMOD_CONTROL);
+    EXPECT_EQ(Item("R.1").Graphic(), "");
+    EXPECT_EQ(Item("R.3").Graphic(), "");
 }
 
 TEST_F(FormMainEntriesTest, AHistoryFolderForAllPartsMustExist) {
