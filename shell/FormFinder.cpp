@@ -162,6 +162,8 @@ void FormFinder::OnText() {
 void FormFinder::OnIdle(wxIdleEvent& event) {
     event.Skip();
     if (!IsShown() || !m_editor.IsOpen() || m_tree.View().Edited() != nullptr) return;
+    // Rows that are built again cannot be dropped.
+    if (!m_tree.View().Dragged().empty()) return;
     const bool isMore = m_search.Step(Slice);
     if (isMore) event.RequestMore();
     if (m_goesToFirst && m_search.Count() > 0) {

@@ -1,10 +1,12 @@
 #include "platform/windows/UiTreeControl.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <functional>
 #include <optional>
 #include <utility>
 
+#include <windowsx.h>
 #include <wx/dnd.h>
 #include <wx/msw/private.h>
 #include <wx/msw/wrapcctl.h>
@@ -113,6 +115,12 @@ WXLRESULT NativeTreeControl::MSWWindowProc(WXUINT message, WXWPARAM wParam, WXLP
         return 0;
     }
     if (message == WM_CHAR && wParam == VK_SPACE && std::exchange(m_swallowsSpace, false)) return 0;
+    const wxPoint point(GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam));
+    if (message == WM_LBUTTONDOWN && (wParam & MK_SHIFT) == 0 &&
+        m_view->OnPress(point, (wParam & MK_CONTROL) != 0))
+        return 0;
+    if (message == WM_MOUSEMOVE && (wParam & MK_LBUTTON) != 0 && m_view->OnMove(point)) return 0;
+    if (message == WM_LBUTTONUP && m_view->OnRelease()) return 0;
     return wxTreeCtrl::MSWWindowProc(message, wParam, lParam);
 }
 
@@ -229,6 +237,7 @@ wxString LabelOf(const TreeNode& node) {
 } // namespace
 
 void NativeTreeView::DoReset() {
+    m_pressed = nullptr;
     m_control.DeleteAllItems();
     TreeNode* const root = Root();
     if (root == nullptr) return;
@@ -259,6 +268,7 @@ void NativeTreeView::DoInserted(TreeNode& inserted) {
 }
 
 void NativeTreeView::DoRemove(TreeNode& node) {
+    m_pressed = nullptr;
     m_control.Delete(ItemOf(node));
     node.native = nullptr;
 }
@@ -428,10 +438,56 @@ void NativeTreeView::SetEditText(const std::string& text) {
 // --- dragging ---
 
 void NativeTreeView::OnBeginDrag(wxTreeEvent& event) {
-    TreeNode* const node = NodeOf(event.GetItem());
-    if (node == nullptr) return;
-    const bool several = m_style.multiple && m_control.IsSelected(event.GetItem());
-    if (!BeginDrag(several ? Selection() : std::vector<TreeNode*>{node})) return;
+    if (TreeNode* const node = NodeOf(event.GetItem())) StartDrag(*node);
+}
+
+// wx does not let the only selected row be dragged right after the control got the focus, and deselects a row
+// at once when it is pressed with Ctrl. Such a press is decided here, when the mouse moves or is released.
+bool NativeTreeView::OnPress(wxPoint point, bool control) {
+    m_pressed = nullptr;
+    if (!m_style.multiple || !m_style.drag) return false;
+    int place = 0;
+    const wxTreeItemId item = m_control.HitTest(point, place);
+    TreeNode* const node = (place & wxTREE_HITTEST_ONITEM) != 0 ? NodeOf(item) : nullptr;
+    if (node == nullptr) return false;
+    const std::vector<TreeNode*> selection = Selection();
+    const bool isOnlyOne = selection.size() == 1 && selection.front() == node;
+    if (!control && !isOnlyOne) return false;
+    if (Edited() != nullptr) EndLabelEdit(true);
+    m_control.SetFocus();
+    ReportClick(*node);
+    m_pressed = node;
+    m_pressedAt = point;
+    m_pressedControl = control;
+    return true;
+}
+
+bool NativeTreeView::OnMove(wxPoint point) {
+    if (m_pressed == nullptr) return false;
+    const bool isDrag = std::abs(point.x - m_pressedAt.x) > ::GetSystemMetrics(SM_CXDRAG) ||
+                        std::abs(point.y - m_pressedAt.y) > ::GetSystemMetrics(SM_CYDRAG);
+    if (isDrag) StartDrag(*std::exchange(m_pressed, nullptr));
+    return true;
+}
+
+bool NativeTreeView::OnRelease() {
+    TreeNode* const node = std::exchange(m_pressed, nullptr);
+    if (node == nullptr) return false;
+    if (!m_pressedControl) return true;
+    std::vector<TreeNode*> selection = Selection();
+    TreeNode* current = node;
+    if (std::erase(selection, node) == 0)
+        selection.push_back(node);
+    else
+        current = selection.empty() ? nullptr : selection.front();
+    SelectAll(selection, current);
+    return true;
+}
+
+// Drags the selected rows if the pressed one is among them, otherwise that one alone.
+void NativeTreeView::StartDrag(TreeNode& node) {
+    const bool several = m_style.multiple && m_control.IsSelected(ItemOf(node));
+    if (!BeginDrag(several ? Selection() : std::vector<TreeNode*>{&node})) return;
     m_droppedHere = false;
     RowData rows([this] { return DragText(); });
     wxDropSource source(rows, &m_control);

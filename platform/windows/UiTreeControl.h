@@ -49,6 +49,9 @@ public:
     // Events of the control and its drop target.
     bool IsItemMarked(const wxTreeItemId& item) const;
     bool OnSpaceKey();
+    bool OnPress(wxPoint point, bool control);
+    bool OnMove(wxPoint point);
+    bool OnRelease();
     void OnContextKey() { ReportContextMenu(wxDefaultPosition); }
     bool OnDragOver(wxPoint point, bool copies) { return DragTo(point, copies); }
     bool OnDropped(wxPoint point, bool copies);
@@ -78,6 +81,7 @@ private:
     void OnBeginLabelEdit(wxTreeEvent& event);
     void OnEndLabelEdit(wxTreeEvent& event);
     void OnBeginDrag(wxTreeEvent& event);
+    void StartDrag(TreeNode& node);
     void CorrectEdit();
 
     static wxTreeItemId ItemOf(const TreeNode& node) { return wxTreeItemId(node.native); }
@@ -88,6 +92,10 @@ private:
     TreeStyle m_style;
     bool m_mayEdit = false; // only the program starts an edit; a slow second click does not
     bool m_restoring = false;
+    // A press that either begins a drag or, with Ctrl, selects or deselects the row.
+    TreeNode* m_pressed = nullptr;
+    wxPoint m_pressedAt;
+    bool m_pressedControl = false;
     bool m_droppedHere = false; // the rows of the last drag were dropped in this view
 };
 

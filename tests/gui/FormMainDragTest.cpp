@@ -5,6 +5,8 @@
 #include "shell/FormStatusBar.h"
 #include "widgets/UiUtilities.h"
 
+#include <wx/menu.h>
+
 namespace nesk::testing {
 namespace {
 
@@ -42,6 +44,20 @@ TEST_F(FormMainDragTest, BetweenTwoEntries) {
     EXPECT_EQ(TreeText(), Before);
 }
 
+TEST_F(FormMainDragTest, TheSelectedEntry) {
+    Select("R.1");
+    Drag("R.1", PointIn("R.3", 0.9));
+    EXPECT_EQ(TreeText(), "Main Menu\n Brackets\n  Angle\n Last\n First\n");
+}
+
+TEST_F(FormMainDragTest, AClickWithControlSelectsAndDeselects) {
+    ClickRow("R.1");
+    ClickRow("R.3", wxMOUSE_BTN_LEFT, WXK_CONTROL);
+    EXPECT_EQ(SelectedText(), "First Last");
+    ClickRow("R.1", wxMOUSE_BTN_LEFT, WXK_CONTROL);
+    EXPECT_EQ(SelectedText(), "Last");
+}
+
 TEST_F(FormMainDragTest, SeveralIntoASubmenu) {
     window->tvMain->SelectKeys({"R.1", "R.3"});
     Drag("R.3", MiddleOf("R.2"));
@@ -63,7 +79,7 @@ TEST_F(FormMainDragTest, TheFreeAreaIsTheEndOfTheMenu) {
 TEST_F(FormMainDragTest, InAFilteredTreeTheEntryDecidesAboutThePlace) {
     Press('F', wxMOD_CONTROL);
     Type("st"); // First, Last: the submenu between them is hidden
-    Press('F', wxMOD_CONTROL | wxMOD_SHIFT);
+    ASSERT_TRUE(Click(window->mnuEditShowMatches));
     ASSERT_EQ(Tree().Root()->ChildCount(), 2u);
     Drag("R.1", PointIn("R.3", 0.9));
     Press(WXK_ESCAPE);
