@@ -67,6 +67,7 @@ drag() {
 
 before_first=$(count "$menu" Turbine)
 [[ $before_first == 1 ]] || fail "the example has no Turbine"
+keys alt+v t # without the tool bar the rows are where drag looks for them
 keys Home Down Down
 drag 84 ctrl
 to_second
