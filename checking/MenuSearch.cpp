@@ -96,7 +96,7 @@ void MenuSearch::UpdateEdited() {
     ++m_version;
 }
 
-// Adds the next entry of the tree. Returns false when there is none.
+// Adds the next entry of the tree. Returns false at the end of the tree.
 bool MenuSearch::WalkOne() {
     while (!m_levels.empty()) {
         Level& level = m_levels.back();

@@ -22,7 +22,7 @@ public:
     /// @param menu  the menu as it is directly after the event
     void Follow(const MenuEvent& event, const MenuEntry& menu);
 
-    /// Describes the first difference from a menu; "" if there is none.
+    /// Describes the first difference from a menu; "" when both are equal.
     std::string DifferenceFrom(const MenuEntry& menu) const;
 
 private:
