@@ -413,6 +413,14 @@ constexpr int PartsDifferent = 34634;
 constexpr int PartsNone = 34635;
 constexpr int PartsNoPicture = 34637;
 
+// What a drop does; %0% caption.
+constexpr int DropMovesInto = 34640;
+constexpr int DropCopiesInto = 34641;
+constexpr int DropMovesBefore = 34642;
+constexpr int DropCopiesBefore = 34643;
+constexpr int DropMovesAfter = 34644;
+constexpr int DropCopiesAfter = 34645;
+
 // Numbers of entries in the status bar.
 constexpr int CountsSubmenu = 34860;  // %0% 1
 constexpr int CountsSubmenus = 34861; // %0% number
@@ -441,10 +449,14 @@ constexpr int FindBarNumber = 34761; // %0% number of the entry, %1% number of e
 constexpr int FindBarCount = 34762;  // %0% number of entries
 constexpr int FindBarNothing = 34763;
 constexpr int FindBarSearching = 34764; // %0% number of entries
+constexpr int FindBarField = 34765; // %0% and %1% as FindBarNumber, %2% name of the field, %3% its text
 constexpr int FindBarMatchesOnly = 34766;
 constexpr int FindBarClose = 34767;
 constexpr int FindBarNext = 34753;
 constexpr int FindBarPrevious = 34754;
+constexpr int FindPartName = 34758;
+constexpr int FindSubmenu = 34768;
+constexpr int MoveSubmenu = 34757;
 
 // Fields of an entry.
 constexpr int FieldCaption = 34769;
@@ -466,6 +478,7 @@ constexpr int ReplaceEntry = 34782;
 constexpr int ReplaceField = 34783;
 constexpr int ReplaceBefore = 34784;
 constexpr int ReplaceAfter = 34785;
+constexpr int EntrySubmenu = 34759;
 constexpr int ReplaceAll = 34786;
 constexpr int ReplaceNone = 34787;
 constexpr int ReplaceCount = 34788; // %0% chosen, %1% all
@@ -492,6 +505,7 @@ constexpr int FolderNotFull = 34716;
 constexpr int FolderBadCharacter = 34717;
 constexpr int FolderSamePlace = 34718;
 constexpr int FolderPrompt = 34719;
+constexpr int FolderPlaceMissing = 34720; // %0% folder
 constexpr int ChangeFolderOf = 34750; // %0% folder
 constexpr int FolderNone = 34751;
 

@@ -92,21 +92,29 @@ bool FolderUse::IsWithin(std::string_view path, std::string_view folder) {
            (upper.size() == start.size() || upper[start.size()] == '\\');
 }
 
+std::vector<TextChange> FolderUse::PathsIn(const Menu& menu, const std::string& folder) {
+    std::vector<TextChange> paths;
+    ForEachEntry(menu, [&](const MenuEntry& entry) {
+        for (const TextField field : Paths)
+            if (const std::string path(FieldText(entry, field)); !path.empty() && IsWithin(path, folder))
+                paths.push_back({&entry, field, path, path});
+    });
+    return paths;
+}
+
+std::string FolderUse::Moved(std::string_view path, std::string_view folder, std::string_view place) {
+    const std::string_view from = WithoutSeparator(folder);
+    // Counted in levels: another case of a letter may have another length in bytes.
+    const auto levels = std::count(from.begin(), from.end(), '\\');
+    return std::string(WithoutSeparator(place)).append(path.substr(LengthOfLevels(path, levels)));
+}
+
 std::vector<TextChange> FolderUse::Plan(const Menu& menu, const std::string& folder,
                                         const std::string& place) {
-    const std::string_view from = WithoutSeparator(folder);
-    const std::string_view to = WithoutSeparator(place);
-    const auto levels = std::count(from.begin(), from.end(), '\\');
-    std::vector<TextChange> changes;
-    ForEachEntry(menu, [&](const MenuEntry& entry) {
-        for (const TextField field : Paths) {
-            const std::string_view before = FieldText(entry, field);
-            if (before.empty() || !IsWithin(before, from)) continue;
-            // Counted in levels: another case of a letter may have another length in bytes.
-            std::string after = std::string(to).append(before.substr(LengthOfLevels(before, levels)));
-            if (after != before) changes.push_back({&entry, field, std::string(before), std::move(after)});
-        }
-    });
+    std::vector<TextChange> changes = PathsIn(menu, folder);
+    for (TextChange& change : changes)
+        change.after = Moved(change.before, folder, place);
+    std::erase_if(changes, [](const TextChange& change) { return change.after == change.before; });
     return changes;
 }
 

@@ -31,6 +31,12 @@ public:
     /// "C:\Parts\x".
     static bool IsWithin(std::string_view path, std::string_view folder);
 
+    /// The paths at or below a folder, in the order of the tree, as changes that change nothing.
+    static std::vector<TextChange> PathsIn(const Menu& menu, const std::string& folder);
+
+    /// A path at or below a folder after the folder got another place.
+    static std::string Moved(std::string_view path, std::string_view folder, std::string_view place);
+
     /// The changes that give a folder another place, in the order of the tree. All paths at or below the
     /// folder keep the rest of their path.
     /// @param folder  with or without a trailing "\"

@@ -1,10 +1,13 @@
 #include "checking/FormChangeFolder.h"
 
 #include "base/Messages.h"
+#include "checking/EntryPlace.h"
 #include "checking/UiRowList.h"
 #include "editing/MenuEditor.h"
+#include "menu/MenuEntry.h"
 #include "partedit/FormBrowse.h"
 #include "shell/modHelp.h"
+#include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "widgets/UiUtilities.h"
@@ -28,6 +31,7 @@ using modUtilities::ToWx;
 namespace {
 
 enum Column { FolderColumn, PathsColumn, StateColumn };
+enum PathColumn { EntryColumn, SubmenuColumn, BeforeColumn, AfterColumn };
 
 constexpr std::chrono::milliseconds Slice{10};
 
@@ -38,40 +42,61 @@ FormChangeFolder::FormChangeFolder(wxWindow* parent, MenuEditor& editor)
     , m_editor(editor)
     , m_use(*editor.OpenMenu())
     , m_states(m_use.Folders().size(), State::Unknown) {
-    lblFolders =
-        NewLabel(this, "lblFolders", m_use.Folders().empty() ? Message::FolderNone : Message::FolderList);
-    lstFolders = new UiRowList(this, "lstFolders", FromDIP(wxSize(560, 260)), {});
-    lstFolders->text = [this](long row, int column) { return TextAt(static_cast<std::size_t>(row), column); };
-    // In the order of Column.
-    lstFolders->AddColumn(Message::FolderColumn, FromDIP(350));
-    lstFolders->AddColumn(Message::FolderPaths, FromDIP(80), wxLIST_FORMAT_RIGHT);
-    lstFolders->AddColumn(Message::FolderState, FromDIP(100));
-    lstFolders->SetRowCount(m_states.size());
-    lblCount = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
-                                "lblCount");
-    lblPlace = NewLabel(this, "lblPlace", Message::FolderPlace);
-    txtPlace = NewTextBox(this, "txtPlace");
-    cmdBrowse = NewButton(this, "cmdBrowse", Message::FolderBrowse);
-
-    auto* place = new wxBoxSizer(wxHORIZONTAL);
-    place->Add(txtPlace, wxSizerFlags(1).CenterVertical());
-    place->Add(cmdBrowse, wxSizerFlags().CenterVertical().Border(wxLEFT, Gap()));
     auto* content = new wxBoxSizer(wxVERTICAL);
-    content->Add(lblFolders);
-    content->Add(lstFolders, wxSizerFlags(1).Expand().Border(wxTOP, Gap() / 2));
-    content->Add(lblCount, wxSizerFlags().Expand().Border(wxTOP, Gap() / 2));
-    content->Add(lblPlace, wxSizerFlags().Border(wxTOP, Gap()));
-    content->Add(place, wxSizerFlags().Expand().Border(wxTOP, Gap() / 2));
+    BuildFolders(*content);
+    BuildPlace(*content);
+    BuildPaths(*content);
     Finish(content);
     cmdOK->SetLabel(ResText(Message::FolderOK));
-
-    lstFolders->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { OnSelection(); });
-    lstFolders->Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent&) { OnSelection(); });
-    lstFolders->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { txtPlace->SetFocus(); });
-    cmdBrowse->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnBrowse(); });
     Bind(wxEVT_IDLE, &FormChangeFolder::OnIdle, this);
     if (!m_states.empty()) lstFolders->SelectRow(0);
     OnSelection();
+}
+
+void FormChangeFolder::BuildFolders(wxSizer& content) {
+    lblFolders =
+        NewLabel(this, "lblFolders", m_use.Folders().empty() ? Message::FolderNone : Message::FolderList);
+    lstFolders = new UiRowList(this, "lstFolders", FromDIP(wxSize(700, 170)), {});
+    lstFolders->text = [this](long row, int column) { return TextAt(static_cast<std::size_t>(row), column); };
+    // In the order of Column.
+    lstFolders->AddColumn(Message::FolderColumn, FromDIP(480));
+    lstFolders->AddColumn(Message::FolderPaths, FromDIP(80), wxLIST_FORMAT_RIGHT);
+    lstFolders->AddColumn(Message::FolderState, FromDIP(100));
+    lstFolders->SetRowCount(m_states.size());
+    lstFolders->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { OnSelection(); });
+    lstFolders->Bind(wxEVT_LIST_ITEM_DESELECTED, [this](wxListEvent&) { OnSelection(); });
+    lstFolders->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { txtPlace->SetFocus(); });
+    content.Add(lblFolders);
+    content.Add(lstFolders, wxSizerFlags(1).Expand().Border(wxTOP, Gap() / 2));
+}
+
+void FormChangeFolder::BuildPlace(wxSizer& content) {
+    lblPlace = NewLabel(this, "lblPlace", Message::FolderPlace);
+    txtPlace = NewTextBox(this, "txtPlace");
+    cmdBrowse = NewButton(this, "cmdBrowse", Message::FolderBrowse);
+    auto* place = new wxBoxSizer(wxHORIZONTAL);
+    place->Add(txtPlace, wxSizerFlags(1).CenterVertical());
+    place->Add(cmdBrowse, wxSizerFlags().CenterVertical().Border(wxLEFT, Gap()));
+    txtPlace->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { lstPaths->Refresh(); });
+    cmdBrowse->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnBrowse(); });
+    content.Add(lblPlace, wxSizerFlags().Border(wxTOP, Gap()));
+    content.Add(place, wxSizerFlags().Expand().Border(wxTOP, Gap() / 2));
+}
+
+void FormChangeFolder::BuildPaths(wxSizer& content) {
+    lblCount = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_NO_AUTORESIZE,
+                                "lblCount");
+    lstPaths = new UiRowList(this, "lstPaths", FromDIP(wxSize(700, 150)), {});
+    lstPaths->text = [this](long row, int column) {
+        return PathTextAt(static_cast<std::size_t>(row), column);
+    };
+    // In the order of PathColumn.
+    lstPaths->AddColumn(Message::ReplaceEntry, FromDIP(150));
+    lstPaths->AddColumn(Message::EntrySubmenu, FromDIP(130));
+    lstPaths->AddColumn(Message::ReplaceBefore, FromDIP(200));
+    lstPaths->AddColumn(Message::ReplaceAfter, FromDIP(200));
+    content.Add(lblCount, wxSizerFlags().Expand().Border(wxTOP, Gap()));
+    content.Add(lstPaths, wxSizerFlags(1).Expand().Border(wxTOP, Gap() / 2));
 }
 
 FormChangeFolder::~FormChangeFolder() = default;
@@ -87,20 +112,44 @@ std::string FormChangeFolder::TextAt(std::size_t row, int column) const {
     }
 }
 
+std::string FormChangeFolder::PathTextAt(std::size_t row, int column) const {
+    const TextChange& path = m_paths[row];
+    switch (column) {
+    case EntryColumn: return std::string(path.entry->Caption());
+    case SubmenuColumn: return EntryPlace(*path.entry);
+    case BeforeColumn: return path.before;
+    default: return FolderUse::Moved(path.before, m_folder, FromWx(txtPlace->GetValue()));
+    }
+}
+
 int FormChangeFolder::SelectedRow() const {
     return static_cast<int>(lstFolders->GetFirstSelected());
 }
 
-// Looks up the folders while there is nothing else to do: each may be on a slow drive.
+// While there is nothing else to do: the paths of a large menu take a moment.
 void FormChangeFolder::OnIdle(wxIdleEvent& event) {
     event.Skip();
+    const int row = SelectedRow();
+    const std::string folder =
+        row != wxNOT_FOUND ? m_use.Folders()[static_cast<std::size_t>(row)].path : std::string();
+    if (m_folder != folder) {
+        lstPaths->SetRowCount(0); // no row may be drawn while the paths are replaced
+        m_paths = FolderUse::PathsIn(*m_editor.OpenMenu(), folder);
+        m_folder = folder;
+        lstPaths->SetRowCount(m_paths.size());
+    }
+    LookUpFolders();
+    if (m_lookedUp < m_states.size()) event.RequestMore();
+}
+
+// Each folder may be on a slow drive.
+void FormChangeFolder::LookUpFolders() {
     const auto end = std::chrono::steady_clock::now() + Slice;
     while (m_lookedUp < m_states.size() && std::chrono::steady_clock::now() < end) {
         const bool exists = modUtilities::DirectoryExists(m_use.Folders()[m_lookedUp].path);
         m_states[m_lookedUp] = exists ? State::Exists : State::Missing;
         lstFolders->RefreshItem(static_cast<long>(m_lookedUp++));
     }
-    if (m_lookedUp < m_states.size()) event.RequestMore();
 }
 
 // Begins with the place that the folder has now, which is often changed only in part.
@@ -110,7 +159,7 @@ void FormChangeFolder::OnSelection() {
     if (isChosen) {
         const FolderUse::Folder& folder = m_use.Folders()[static_cast<std::size_t>(row)];
         txtPlace->ChangeValue(ToWx(folder.path));
-        lblCount->SetLabelText(ToWx(FormatResString(Message::FolderCount, folder.paths)));
+        lblCount->SetLabel(ToWx(FormatResString(Message::FolderCount, folder.paths)));
     }
     txtPlace->Enable(isChosen);
     cmdBrowse->Enable(isChosen);
@@ -121,13 +170,25 @@ void FormChangeFolder::OnBrowse() {
     const std::string chosen =
         FormBrowse(this).Invoke(LoadResString(Message::FolderPrompt), FromWx(txtPlace->GetValue()));
     if (chosen.empty()) return;
-    txtPlace->ChangeValue(ToWx(chosen));
+    txtPlace->SetValue(ToWx(chosen));
     txtPlace->SetFocus();
 }
 
 bool FormChangeFolder::Invoke() {
     lstFolders->SetFocus();
     return ShowModal() == wxID_OK;
+}
+
+// The folder may be moved later, so a place that does not exist is possible.
+bool FormChangeFolder::ConfirmMissing(const std::string& place) {
+    {
+        const wxBusyCursor busy;
+        if (modUtilities::DirectoryExists(place)) return true;
+    }
+    namespace Option = modMessageBox::Option;
+    return modMessageBox::ShowMessage(FormatResString(Message::FolderPlaceMissing, place),
+                                      Option::YesNo | Option::Question | Option::SecondDefault) ==
+           modMessageBox::Result::Yes;
 }
 
 void FormChangeFolder::OnOK() {
@@ -139,6 +200,7 @@ void FormChangeFolder::OnOK() {
         txtPlace->SetFocus();
         return ShowReason(LoadResString(reason));
     }
+    if (!ConfirmMissing(place)) return txtPlace->SetFocus();
     const wxBusyCursor busy;
     const std::vector<TextChange> changes = FolderUse::Plan(*m_editor.OpenMenu(), folder, place);
     const auto refusal = Replacement::Apply(m_editor, changes, {Message::ChangeFolderOf, {folder}});

@@ -1,6 +1,7 @@
 #include "checking/FormReplace.h"
 
 #include "base/Messages.h"
+#include "checking/EntryPlace.h"
 #include "checking/UiRowList.h"
 #include "editing/MenuEditor.h"
 #include "shell/modHelp.h"
@@ -28,7 +29,20 @@ using modUtilities::ToWx;
 
 namespace {
 
-enum Column { EntryColumn, FieldColumn, BeforeColumn, AfterColumn };
+enum Column { EntryColumn, SubmenuColumn, FieldColumn, BeforeColumn, AfterColumn };
+
+// Enables or disables two buttons. A button that has the focus hands it to the other one before it is
+// disabled, so that Tab goes on from there.
+void EnableOneOrBoth(wxButton& first, bool isFirst, wxButton& second, bool isSecond) {
+    const bool wasFirst = first.HasFocus();
+    const bool wasSecond = second.HasFocus();
+    if (isFirst) first.Enable();
+    if (isSecond) second.Enable();
+    if (wasFirst && !isFirst) second.SetFocus();
+    if (wasSecond && !isSecond) first.SetFocus();
+    first.Enable(isFirst);
+    second.Enable(isSecond);
+}
 
 } // namespace
 
@@ -91,10 +105,11 @@ void FormReplace::BuildList(wxSizer& content) {
         ShowCount();
     };
     // In the order of Column.
-    lstChanges->AddColumn(Message::ReplaceEntry, FromDIP(180));
-    lstChanges->AddColumn(Message::ReplaceField, FromDIP(110));
-    lstChanges->AddColumn(Message::ReplaceBefore, FromDIP(250));
-    lstChanges->AddColumn(Message::ReplaceAfter, FromDIP(250));
+    lstChanges->AddColumn(Message::ReplaceEntry, FromDIP(170));
+    lstChanges->AddColumn(Message::EntrySubmenu, FromDIP(120));
+    lstChanges->AddColumn(Message::ReplaceField, FromDIP(100));
+    lstChanges->AddColumn(Message::ReplaceBefore, FromDIP(200));
+    lstChanges->AddColumn(Message::ReplaceAfter, FromDIP(200));
     // Without a mouse: the space bar ticks, Enter confirms.
     lstChanges->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         const int key = event.GetKeyCode();
@@ -126,6 +141,7 @@ std::string FormReplace::TextAt(std::size_t row, int column) const {
     const TextChange& change = m_changes[row];
     switch (column) {
     case EntryColumn: return std::string(change.entry->Caption());
+    case SubmenuColumn: return EntryPlace(*change.entry);
     case FieldColumn: return TextFieldName(change.field);
     case BeforeColumn: return change.before;
     default: return change.after;
@@ -168,8 +184,7 @@ void FormReplace::ShowCount() {
     lblCount->SetLabelText(ToWx(FormatResString(Message::ReplaceCount, chosen, m_changes.size())));
     // Finish creates the buttons after the first plan.
     if (cmdOK != nullptr) cmdOK->Enable(chosen > 0);
-    cmdAll->Enable(chosen < static_cast<std::ptrdiff_t>(m_changes.size()));
-    cmdNone->Enable(chosen > 0);
+    EnableOneOrBoth(*cmdAll, chosen<static_cast<std::ptrdiff_t>(m_changes.size()), *cmdNone, chosen> 0);
 }
 
 bool FormReplace::Invoke(const std::string& find) {

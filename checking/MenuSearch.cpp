@@ -1,10 +1,12 @@
 #include "checking/MenuSearch.h"
 
+#include "base/Messages.h"
 #include "checking/TextFields.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "partedit/PartReference.h"
 #include "platform/TextFolding.h"
+#include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 
 #include <algorithm>
@@ -157,7 +159,7 @@ std::string MenuSearch::ProgramPath(const MenuEntry& entry) {
 
 MenuSearch::Index MenuSearch::NameIndex(const std::string& path) {
     const auto [place, isNew] = m_nameOfPath.try_emplace(path, static_cast<Index>(m_names.size()));
-    if (isNew) m_names.push_back({path, "", false});
+    if (isNew) m_names.push_back({path, "", "", false});
     return place->second;
 }
 
@@ -225,7 +227,8 @@ bool MenuSearch::ReadNextName() {
     Name& name = m_names[slot.name];
     const bool isFile = !name.isRead;
     if (isFile) {
-        name.folded = platform::Folded(modUtilities::ReadIniValue(name.path, "Part", "Name"));
+        name.text = modUtilities::ReadIniValue(name.path, "Part", "Name");
+        name.folded = platform::Folded(name.text);
         name.isRead = true;
     }
     const bool before = slot.isMatch;
@@ -274,6 +277,20 @@ bool MenuSearch::Matches(const MenuEntry& entry) const {
     if (text.find(m_text) != std::string::npos) return true;
     const auto name = m_nameOfPath.find(ProgramPath(entry));
     return name != m_nameOfPath.end() && m_names[name->second].folded.find(m_text) != std::string::npos;
+}
+
+std::optional<MenuSearch::Found> MenuSearch::FoundBesideCaption(const MenuEntry& entry) const {
+    if (m_text.empty()) return std::nullopt;
+    for (const TextFieldInfo& info : TextFields()) {
+        const std::string text(FieldText(entry, info.field));
+        if (platform::Folded(text).find(m_text) == std::string::npos) continue;
+        if (info.field == TextField::Caption) return std::nullopt;
+        return Found{TextFieldName(info.field), text};
+    }
+    const auto name = m_nameOfPath.find(ProgramPath(entry));
+    if (name == m_nameOfPath.end() || m_names[name->second].folded.find(m_text) == std::string::npos)
+        return std::nullopt;
+    return Found{modStringRes::LoadResString(Message::FindPartName), m_names[name->second].text};
 }
 
 std::size_t MenuSearch::NumberOf(const MenuEntry& entry) const {

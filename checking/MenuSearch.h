@@ -59,6 +59,16 @@ public:
     /// True when the entry contains the text. Looks at the entry itself, so that it is right at any time.
     bool Matches(const MenuEntry& entry) const;
 
+    /// A field that contains the text.
+    struct Found {
+        std::string field; ///< its name, for example "Picture"
+        std::string text;
+    };
+
+    /// The first field of an entry that contains the text; nothing when that is the caption, which everybody
+    /// sees, or when there is none.
+    std::optional<Found> FoundBesideCaption(const MenuEntry& entry) const;
+
     /// The entry found next after an entry, or before it, in the order of the tree. After the last one comes
     /// the first one.
     /// @param from  null for the root
@@ -97,6 +107,7 @@ private:
     // The name in a partinfo.ini.
     struct Name {
         std::string path;
+        std::string text;
         std::string folded;
         bool isRead = false;
     };

@@ -210,6 +210,13 @@ void FormFinder::Previous() {
     ShowState();
 }
 
+// Which one of the entries found is selected, and where it has the text if that is not to be seen.
+std::string FormFinder::NumberText(const MenuEntry& selected, std::size_t number, std::size_t count) const {
+    const auto found = m_search.FoundBesideCaption(selected);
+    return found ? FormatResString(Message::FindBarField, number, count, found->field, found->text)
+                 : FormatResString(Message::FindBarNumber, number, count);
+}
+
 void FormFinder::ShowState() {
     if (!IsShown()) return;
     m_bar->chkMatchesOnly->SetValue(m_isFiltering);
@@ -222,7 +229,7 @@ void FormFinder::ShowState() {
     else if (count == 0)
         m_bar->ShowFound(LoadResString(Message::FindBarNothing));
     else if (number > 0)
-        m_bar->ShowFound(FormatResString(Message::FindBarNumber, number, count));
+        m_bar->ShowFound(NumberText(*selected, number, count));
     else
         m_bar->ShowFound(FormatResString(Message::FindBarCount, count));
 }

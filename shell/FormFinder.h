@@ -69,6 +69,7 @@ private:
     void ExpandShown();
     std::vector<bool> ShownChildren(const MenuEntry& parent);
     void ShowState();
+    std::string NumberText(const MenuEntry& selected, std::size_t number, std::size_t count) const;
 
     wxFrame& m_frame;
     MenuEditor& m_editor;

@@ -203,6 +203,7 @@ private:
     void ShowBar(InfoBar& bar, const std::string& text, int icon);
     int Ask(const std::string& text, int titleId, long style);
     void ShowError(int messageId, const NeskError& error);
+    void ShowRefusal(int messageId, const NeskError& error);
 
     MenuEditor m_editor;
     MenuCounts m_counts{m_editor};

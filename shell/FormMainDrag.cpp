@@ -6,6 +6,7 @@
 #include "menu/MenuItemCollection.h"
 #include "shell/FormMain.h"
 #include "shell/FormMenuTree.h"
+#include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "widgets/UiUtilities.h"
 
@@ -20,6 +21,8 @@ using platform::TreeDrop;
 using platform::TreeNode;
 
 namespace {
+
+constexpr std::size_t LongestCaption = 40;
 
 // The place of a drop: a parent, and the position before which the entries go; 0 for the end.
 struct DropPlace {
@@ -44,6 +47,20 @@ EntryIds KeysOf(const std::vector<TreeNode*>& nodes) {
     return ids;
 }
 
+// What a drop at a place does.
+std::string DropText(const MenuEditor& editor, const TreeDrop& drop) {
+    using Where = TreeDrop::Where;
+    const MenuEntry* entry = editor.Find(FormMenuTree::KeyOf(drop.node));
+    if (entry == nullptr) return "";
+    // There is no place before or after the main menu.
+    const Where where = entry == editor.OpenMenu() ? Where::On : drop.where;
+    int textId = drop.copies ? Message::DropCopiesInto : Message::DropMovesInto;
+    if (where == Where::Before) textId = drop.copies ? Message::DropCopiesBefore : Message::DropMovesBefore;
+    if (where == Where::After) textId = drop.copies ? Message::DropCopiesAfter : Message::DropMovesAfter;
+    return modStringRes::FormatResString(
+        textId, modUtilities::Shortened(std::string(entry->Caption()), LongestCaption));
+}
+
 } // namespace
 
 void FormMain::BindDrag() {
@@ -66,7 +83,7 @@ void FormMain::BindDrag() {
     };
 }
 
-// Returns whether entries may be dropped at a place, and shows in the status bar why not.
+// Returns whether entries may be dropped at a place, and shows in the status bar what that does, or why not.
 // @param nodes  none when the entries come from another window
 bool FormMain::MayDrop(const std::vector<TreeNode*>& nodes, const TreeDrop& drop) {
     const std::string parentId = PlaceOf(m_editor, drop).parentId;
@@ -74,9 +91,10 @@ bool FormMain::MayDrop(const std::vector<TreeNode*>& nodes, const TreeDrop& drop
     const bool needsRoom = drop.copies || nodes.empty();
     if (!refusal && needsRoom)
         refusal = m_editor.WhyNotCopyTo(std::max(nodes.size(), std::size_t{1}), parentId);
-    const wxString reason = refusal ? modUtilities::ToWx(modUtilities::MessageText(*refusal)) : wxString();
-    if (sbMain->GetStatusText(FormStatusBar::HelpPanel) != reason)
-        SetStatusText(reason, FormStatusBar::HelpPanel);
+    const wxString text =
+        modUtilities::ToWx(refusal ? modUtilities::MessageText(*refusal) : DropText(m_editor, drop));
+    if (sbMain->GetStatusText(FormStatusBar::HelpPanel) != text)
+        SetStatusText(text, FormStatusBar::HelpPanel);
     return !refusal;
 }
 
@@ -88,7 +106,7 @@ void FormMain::OnDropped(const std::vector<TreeNode*>& nodes, const TreeDrop& dr
         tvMain->SelectKeys(drop.copies ? m_editor.CopyTo(ids, place.parentId, place.position)
                                        : m_editor.MoveTo(ids, place.parentId, place.position));
     } catch (const NeskError& error) {
-        ShowError(Message::DropFailed, error);
+        ShowRefusal(Message::DropFailed, error);
     }
 }
 
@@ -97,10 +115,15 @@ bool FormMain::OnDroppedText(const std::string& text, const TreeDrop& drop) {
     try {
         const wxBusyCursor busy;
         tvMain->SelectKeys(m_editor.Paste(text, place.parentId, place.position));
+        // The user goes on with what came. The other window holds the focus until the drag has ended.
+        CallAfter([this] {
+            Raise();
+            tvMain->Window().SetFocus();
+        });
         return true;
     } catch (const NeskError& error) {
         // The other window waits until the drag has ended.
-        CallAfter([this, error] { ShowError(Message::DropFailed, error); });
+        CallAfter([this, error] { ShowRefusal(Message::DropFailed, error); });
         return false;
     }
 }

@@ -131,7 +131,7 @@ void FormMain::PasteAt(const std::string& parentId, int position) {
         tvMain->SelectKeys(m_editor.Paste(*text, parentId, position));
     } catch (NeskError& error) {
         error.file = error.line != 0 ? LoadResString(Message::ClipboardName) : "";
-        ShowError(Message::PasteFailed, error);
+        ShowRefusal(Message::PasteFailed, error);
     }
 }
 

@@ -122,15 +122,31 @@ void FormMain::OnContextMenu(wxPoint at) {
     FinishLabelEdit();
     UpdateFileMenus();
     wxMenu menu;
-    // What is done to entries first, then what is done with the clipboard.
-    for (const int which : {Message::MenuMenu, Message::MenuEdit, Message::MenuView}) {
+    auto moving = std::make_unique<wxMenu>();
+    auto finding = std::make_unique<wxMenu>();
+    const auto append = [this](wxMenu& target, const MainCommandInfo& info) {
+        if (info.separatorBefore && target.GetMenuItemCount() > 0) target.AppendSeparator();
+        const wxMenuItem* item = ItemOf(info.command);
+        target.Append(item->GetId(), item->GetItemLabel(), item->GetHelp())->Enable(item->IsEnabled());
+    };
+    const auto appendAll = [&](int which) {
         for (const MainCommandInfo& info : MainCommandTable()) {
-            if (info.menu != which || !info.places.inContextMenu) continue;
-            if (info.separatorBefore) menu.AppendSeparator();
-            const wxMenuItem* item = ItemOf(info.command);
-            menu.Append(item->GetId(), item->GetItemLabel(), item->GetHelp())->Enable(item->IsEnabled());
+            if (info.menu != which) continue;
+            switch (info.places.inContextMenu) {
+            case ContextPlace::None: break;
+            case ContextPlace::Menu: append(menu, info); break;
+            case ContextPlace::MoveSubmenu: append(*moving, info); break;
+            case ContextPlace::FindSubmenu: append(*finding, info); break;
+            }
         }
-    }
+    };
+    // What is done to entries first, then what is done with the clipboard.
+    appendAll(Message::MenuMenu);
+    menu.AppendSubMenu(moving.release(), modUtilities::ResText(Message::MoveSubmenu));
+    menu.AppendSeparator();
+    appendAll(Message::MenuEdit);
+    menu.AppendSubMenu(finding.release(), modUtilities::ResText(Message::FindSubmenu));
+    appendAll(Message::MenuView);
     tvMain->Window().PopupMenu(&menu, at);
 }
 

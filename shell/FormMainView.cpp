@@ -34,7 +34,7 @@ wxSize FormMain::DefaultSize() {
 
 void FormMain::UpdateCounts() {
     const std::string text =
-        m_editor.IsOpen() ? CountsText(m_counts.Numbers(), tvMain->View().Selection().size()) : std::string();
+        m_editor.IsOpen() ? CountsText(m_counts.Numbers(), SelectedEntries().size()) : std::string();
     sbMain->ShowCounts(modUtilities::ToWx(text));
 }
 

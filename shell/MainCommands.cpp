@@ -40,18 +40,24 @@ bool CanRedo(const State& state) {
 using To = MainCommandTarget;
 
 // The places of a command. Icon: only an identifier. Button: also in the tool bar. ForEntry: in the context
-// menu of the tree. Check: a check mark in the menu.
+// menu of the tree. Moving, Finding: in a submenu of it. Check: a check mark in the menu.
 constexpr CommandPlaces Icon(const char* icon) {
-    return {icon, false, false};
+    return {icon, false, ContextPlace::None};
 }
 constexpr CommandPlaces Button(const char* icon) {
-    return {icon, true, false};
+    return {icon, true, ContextPlace::None};
 }
 constexpr CommandPlaces EntryButton(const char* icon) {
-    return {icon, true, true};
+    return {icon, true, ContextPlace::Menu};
 }
-constexpr CommandPlaces ForEntry{nullptr, false, true};
-constexpr CommandPlaces Check{nullptr, false, false, true};
+constexpr CommandPlaces Moving(const char* icon = nullptr) {
+    return {icon, icon != nullptr, ContextPlace::MoveSubmenu};
+}
+constexpr CommandPlaces Finding(const char* icon = nullptr) {
+    return {icon, false, ContextPlace::FindSubmenu};
+}
+constexpr CommandPlaces ForEntry{nullptr, false, ContextPlace::Menu};
+constexpr CommandPlaces Check{nullptr, false, ContextPlace::None, true};
 
 constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
     {MainCommand::FileOpen, "mnuFileOpen", Message::MenuFile, Message::FileOpen, false, CanOpen,
@@ -65,11 +71,11 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
     {MainCommand::FileExit, "mnuFileExit", Message::MenuFile, Message::FileExit, true, Always, &To::FileExit,
      false, nullptr, Icon("exit")},
     {MainCommand::Undo, "mnuEditUndo", Message::MenuEdit, Message::Undo, false, CanUndo, &To::Undo, true,
-     nullptr, Button("undo")},
+     nullptr, EntryButton("undo")},
     {MainCommand::Redo, "mnuEditRedo", Message::MenuEdit, Message::Redo, false, CanRedo, &To::Redo, true,
-     "Ctrl+Shift+Z", Button("redo")},
+     "Ctrl+Shift+Z", EntryButton("redo")},
     {MainCommand::UndoHistory, "mnuEditUndoHistory", Message::MenuEdit, Message::UndoHistory, false, CanUndo,
-     &To::UndoHistory},
+     &To::UndoHistory, false, nullptr, ForEntry},
     {MainCommand::Cut, "mnuEditCut", Message::MenuEdit, Message::Cut, true, For<&MenuCommands::copy>,
      &To::Cut, true, nullptr, EntryButton("cut")},
     {MainCommand::Copy, "mnuEditCopy", Message::MenuEdit, Message::Copy, false, For<&MenuCommands::copy>,
@@ -89,38 +95,38 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      &To::SelectAll,
      true,
      nullptr,
-     {"select-all", false, true}},
+     {"select-all", false, ContextPlace::Menu}},
     {MainCommand::Find, "mnuEditFind", Message::MenuEdit, Message::Find, true, IsOpen, &To::Find, false,
-     nullptr, Icon("find")},
+     nullptr, Finding("find")},
     {MainCommand::FindNext, "mnuEditFindNext", Message::MenuEdit, Message::FindNext, false, IsOpen,
-     &To::FindNext},
+     &To::FindNext, false, nullptr, Finding()},
     {MainCommand::FindPrevious, "mnuEditFindPrevious", Message::MenuEdit, Message::FindPrevious, false,
-     IsOpen, &To::FindPrevious},
+     IsOpen, &To::FindPrevious, false, nullptr, Finding()},
     {MainCommand::ShowMatches, "mnuEditShowMatches", Message::MenuEdit, Message::ShowMatches, false, IsOpen,
-     &To::ShowMatches},
+     &To::ShowMatches, false, nullptr, Finding()},
     {MainCommand::Replace, "mnuEditReplace", Message::MenuEdit, Message::Replace, true, IsOpen, &To::Replace,
-     false, nullptr, Icon("replace")},
+     false, nullptr, Finding("replace")},
     {MainCommand::ChangeFolder, "mnuEditChangeFolder", Message::MenuEdit, Message::ChangeFolder, false,
-     IsOpen, &To::ChangeFolder},
+     IsOpen, &To::ChangeFolder, false, nullptr, Finding()},
     {MainCommand::AddPart, "mnuMenuAddPart", Message::MenuMenu, Message::AddPart, false,
      For<&MenuCommands::addPart>, &To::AddPart, false, nullptr, EntryButton("add-part")},
     {MainCommand::AddSubmenu, "mnuMenuAddSubmenu", Message::MenuMenu, Message::AddSubmenu, false,
      For<&MenuCommands::addSubmenu>, &To::AddSubmenu, false, nullptr, EntryButton("add-submenu")},
     {MainCommand::MoveUp, "mnuMenuUp", Message::MenuMenu, Message::MoveUp, true, For<&MenuCommands::moveUp>,
-     &To::MoveUp, false, nullptr, EntryButton("up")},
+     &To::MoveUp, false, nullptr, Moving("up")},
     {MainCommand::MoveDown, "mnuMenuDown", Message::MenuMenu, Message::MoveDown, false,
-     For<&MenuCommands::moveDown>, &To::MoveDown, false, nullptr, EntryButton("down")},
+     For<&MenuCommands::moveDown>, &To::MoveDown, false, nullptr, Moving("down")},
     {MainCommand::MoveOut, "mnuMenuMoveOut", Message::MenuMenu, Message::MoveOut, false,
-     For<&MenuCommands::moveOut>, &To::MoveOut, false, nullptr, ForEntry},
+     For<&MenuCommands::moveOut>, &To::MoveOut, false, nullptr, Moving()},
     {MainCommand::MoveIn, "mnuMenuMoveIn", Message::MenuMenu, Message::MoveIn, false,
-     For<&MenuCommands::moveIn>, &To::MoveIn, false, nullptr, ForEntry},
+     For<&MenuCommands::moveIn>, &To::MoveIn, false, nullptr, Moving()},
     {MainCommand::MoveTo, "mnuMenuMoveTo", Message::MenuMenu, Message::MoveTo, false,
-     For<&MenuCommands::copy>, &To::MoveTo, false, nullptr, ForEntry},
+     For<&MenuCommands::copy>, &To::MoveTo, false, nullptr, Moving()},
     {MainCommand::SortSubmenusFirst, "mnuMenuSortSubmenusFirst", Message::MenuMenu,
      Message::SortSubmenusFirst, true, For<&MenuCommands::sort>, &To::SortSubmenusFirst, false, nullptr,
-     ForEntry},
+     Moving()},
     {MainCommand::SortMixed, "mnuMenuSortMixed", Message::MenuMenu, Message::SortMixed, false,
-     For<&MenuCommands::sort>, &To::SortMixed, false, nullptr, ForEntry},
+     For<&MenuCommands::sort>, &To::SortMixed, false, nullptr, Moving()},
     {MainCommand::Edit, "mnuMenuEdit", Message::MenuMenu, Message::Edit, true, For<&MenuCommands::edit>,
      &To::EditSelected, false, nullptr, EntryButton("edit")},
     {MainCommand::Rename, "mnuMenuRename", Message::MenuMenu, Message::Rename, false,
@@ -134,7 +140,7 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
     {MainCommand::ExpandBelow, "mnuViewExpandBelow", Message::MenuView, Message::ExpandBelow, true,
      For<&MenuCommands::addPart>, &To::ExpandBelow, false, nullptr, ForEntry},
     {MainCommand::CollapseAll, "mnuViewCollapseAll", Message::MenuView, Message::CollapseAll, false, IsOpen,
-     &To::CollapseAll},
+     &To::CollapseAll, false, nullptr, ForEntry},
     {MainCommand::SettingsAccess, "mnuSettingsAccess", Message::MenuSettings, Message::SettingsAccess, false,
      Always, &To::SettingsAccess},
     {MainCommand::SettingsOptions, "mnuSettingsOptions", Message::MenuSettings, Message::SettingsOptions,

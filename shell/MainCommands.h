@@ -115,12 +115,16 @@ struct MainCommandState {
     MenuCommands entry; ///< the commands that are possible for the selected entries
 };
 
+/// The part of the tree's context menu in which a command appears. It has two submenus, so that it fits a
+/// small screen: for the commands that move and sort, and for those that find and replace texts.
+enum class ContextPlace { None, Menu, MoveSubmenu, FindSubmenu };
+
 /// Where a command appears outside the menu bar, and with which picture.
 struct CommandPlaces {
     const char* icon = nullptr; ///< key of its picture and identifier (UiCommandIcons.h); null for none
     bool inToolBar = false;     ///< it has a button in the tool bar; needs an icon
-    bool inContextMenu = false; ///< it is in the context menu of the tree
-    bool isCheck = false;       ///< its menu item has a check mark
+    ContextPlace inContextMenu = ContextPlace::None;
+    bool isCheck = false; ///< its menu item has a check mark
 };
 
 /// The description of a command: one row of the table for the menu bar, the tool bar, the context menu and

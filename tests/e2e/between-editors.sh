@@ -70,6 +70,8 @@ before_first=$(count "$menu" Turbine)
 keys alt+v t # without the tool bar the rows are where drag looks for them
 keys Home Down Down
 drag 84 ctrl
+second_is_active() { [[ $(xdotool getactivewindow) == "$second_window" ]]; }
+until_true "the focus where the entry was dropped" second_is_active
 to_second
 until_true "the copied entry" is_dirty
 keys ctrl+s
@@ -79,6 +81,7 @@ to_first
 is_clean || fail "a copy changed the window from which it came"
 
 drag 84
+to_first
 until_true "the removal after the move" is_dirty
 keys ctrl+s
 until_true "the save after the move" is_clean

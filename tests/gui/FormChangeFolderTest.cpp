@@ -6,6 +6,7 @@
 #include "menu/MenuItem.h"
 #include "partedit/FormBrowse.h"
 #include "shell/Startup.h"
+#include "shell/modMessageBox.h"
 #include "unit/checking/CheckingFixture.h"
 #include "widgets/UiUtilities.h"
 
@@ -59,6 +60,7 @@ TEST_F(FormChangeFolderTest, ListsTheFoldersAndWhetherTheyExist) {
 
 TEST_F(FormChangeFolderTest, ChangesAllPathsByKeyboard) {
     AddParts();
+    Expect(modMessageBox::Result::Yes);
     EXPECT_TRUE(Show([](FormChangeFolder& dialog) {
         Press(WXK_DOWN);
         EXPECT_TRUE(WaitUntil([&] { return TextOf(dialog.txtPlace) == "C:\\Parts\\A"; }));
@@ -69,21 +71,59 @@ TEST_F(FormChangeFolderTest, ChangesAllPathsByKeyboard) {
         Type("D:\\New\\");
         Press(WXK_RETURN);
     }));
+    EXPECT_EQ(messages.at(0).text,
+              "The folder D:\\New\\ does not exist here.\n\nDo you want to change the paths all the same?");
     EXPECT_EQ(Item("R.1").ProgramID(), "@D:\\New\\partinfo.ini@");
     EXPECT_EQ(Item("R.1").Graphic(), "D:\\Pictures\\a.bmp");
     editor.Undo();
     EXPECT_EQ(Item("R.1").ProgramID(), "@C:\\Parts\\A\\partinfo.ini@");
 }
 
+TEST_F(FormChangeFolderTest, ListsThePathsBeforeAndAfter) {
+    AddParts();
+    station.Write("E:\\Here\\x", "");
+    EXPECT_TRUE(Show([](FormChangeFolder& dialog) {
+        const auto path = [&](int column) {
+            return modUtilities::FromWx(dialog.lstPaths->GetItemText(0, column));
+        };
+        EXPECT_TRUE(WaitUntil([&] { return dialog.lstPaths->GetItemCount() == 1; }));
+        EXPECT_EQ(path(0), "a");
+        EXPECT_EQ(path(1), "Main Menu");
+        EXPECT_EQ(path(2), "C:\\Parts\\A\\partinfo.ini");
+        EXPECT_EQ(path(3), "C:\\Parts\\A\\partinfo.ini");
+        Fill(dialog.txtPlace, "E:\\Here");
+        EXPECT_EQ(path(3), "E:\\Here\\A\\partinfo.ini");
+        dialog.lstFolders->SelectRow(2);
+        EXPECT_TRUE(WaitUntil([&] { return path(2) == "D:\\Pictures\\a.bmp"; })) << path(2);
+        Fill(dialog.txtPlace, "E:\\Here");
+        Click(dialog.cmdOK); // the folder exists, so nothing is asked
+    }));
+    EXPECT_EQ(Item("R.1").Graphic(), "E:\\Here\\a.bmp");
+}
+
+TEST_F(FormChangeFolderTest, APlaceThatDoesNotExistMayBeCorrected) {
+    AddParts();
+    Expect(modMessageBox::Result::No);
+    EXPECT_FALSE(Show([](FormChangeFolder& dialog) {
+        Fill(dialog.txtPlace, "E:\\Here");
+        Click(dialog.cmdOK);
+        EXPECT_TRUE(IsOpen(dialog));
+        EXPECT_TRUE(WaitUntil([&] { return dialog.txtPlace->HasFocus(); }));
+        Press(WXK_ESCAPE);
+    }));
+    EXPECT_EQ(Item("R.1").ProgramID(), "@C:\\Parts\\A\\partinfo.ini@");
+}
+
 TEST_F(FormChangeFolderTest, SaysWhatIsWrongWithThePlace) {
     AddParts();
-    EXPECT_FALSE(Show([](FormChangeFolder& dialog) {
+    EXPECT_FALSE(Show([this](FormChangeFolder& dialog) {
         Click(dialog.cmdOK);
         EXPECT_TRUE(dialog.lblReason->IsShown());
         const std::string same = TextOf(dialog.lblReason);
         Fill(dialog.txtPlace, "relative");
         Click(dialog.cmdOK);
         EXPECT_NE(TextOf(dialog.lblReason), same);
+        station.Write("C:\\日\\x", "");
         Fill(dialog.txtPlace, "C:\\日");
         Click(dialog.cmdOK);
         EXPECT_NE(TextOf(dialog.lblReason).find("Nothing was changed"), std::string::npos);

@@ -94,10 +94,26 @@ TEST_F(FormMainDragTest, TheStatusBarSaysWhyADropIsRefused) {
     EXPECT_EQ(Hint(), "") << "after the drag";
 }
 
+TEST_F(FormMainDragTest, TheStatusBarSaysWhatADropDoes) {
+    std::string before;
+    Drag("R.3", PointIn("R.1", 0.1), [&] { before = Hint(); });
+    EXPECT_EQ(before, "Moves to the place before \"First\". With Ctrl: copies.");
+    EXPECT_EQ(Hint(), "");
+    std::string after;
+    Drag("R.3", PointIn("R.2.1", 0.9), [&] { after = Hint(); });
+    EXPECT_EQ(after, "Moves to the place after \"Angle\". With Ctrl: copies.");
+    std::string into;
+    Drag("R.1", MiddleOf("R.2"), [&] { into = Hint(); });
+    EXPECT_EQ(into, "Moves to the end of \"Brackets\". With Ctrl: copies.");
+}
+
 #ifdef NESK_PORTABLE_STATION
 // During a drag Wine does not notice a simulated key.
 TEST_F(FormMainDragTest, ControlCopies) {
-    Drag("R.3", MiddleOf("R.2"), nullptr, WXK_CONTROL);
+    std::string hint;
+    Drag(
+        "R.3", MiddleOf("R.2"), [&] { hint = Hint(); }, WXK_CONTROL);
+    EXPECT_EQ(hint, "Copies to the end of \"Brackets\".");
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n  Last\n Last\n");
 }
 #endif

@@ -199,7 +199,7 @@ TEST_F(FormMainEntriesTest, PartsGetTheSamePictureAndKeepTheirHistories) {
     window->Editor().SetPart("R.3", {"b.bmp", "", "", "", 0, "C:\\Two", ""});
     window->tvMain->SelectKeys({"R.1", "R.2", "R.3"});
     const NextDialog<FormEditParts> edit([](FormEditParts& dialog) {
-        EXPECT_EQ(modUtilities::FromWx(dialog.GetTitle()), "Edit 2 Parts");
+        EXPECT_EQ(modUtilities::FromWx(dialog.GetTitle()), "Edit the Selected Parts (2)");
         EXPECT_EQ(TextOf(dialog.lblPicture), "Now: different values. They are kept unless you tick the box.");
         EXPECT_FALSE(dialog.cmdOK->IsEnabled()) << "nothing would change";
         EXPECT_FALSE(dialog.txtHistoryDir->IsEnabled());

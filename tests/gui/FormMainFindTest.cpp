@@ -86,6 +86,14 @@ TEST_F(FormMainFindTest, GoesThroughTheMatchesByKeys) {
     EXPECT_EQ(Found(), "2 of 2");
 }
 
+TEST_F(FormMainFindTest, TellsTheFieldThatIsNotToBeSeen) {
+    window->Editor().SetGraphic("R.2", "D:\\Pictures\\shelf.bmp");
+    Press('F', wxMOD_CONTROL);
+    Type("shel");
+    EXPECT_EQ(Selected(), "R.2");
+    EXPECT_EQ(Found(), "1 of 1 - Picture: D:\\Pictures\\shelf.bmp");
+}
+
 TEST_F(FormMainFindTest, GoesThroughTheMatchesFromTheTree) {
     Press('F', wxMOD_CONTROL);
     Type("st");
@@ -276,7 +284,7 @@ TEST_F(FormMainFindTest, NamesOfPartsAreFoundInIdleTime) {
     window->Editor().SetPart("R.3", fields);
     Press('F', wxMOD_CONTROL);
     Type("crank");
-    EXPECT_TRUE(WaitUntil([&] { return Found() == "1 of 1"; })) << Found();
+    EXPECT_TRUE(WaitUntil([&] { return Found() == "1 of 1 - Part name: Crankshaft"; })) << Found();
     EXPECT_EQ(Selected(), "R.3");
     EXPECT_TRUE(IsMarked("R.3"));
 }

@@ -233,5 +233,21 @@ TEST_F(FormMainKeysTest, TheContextMenuHasTheCommandsOfTheMenu) {
     EXPECT_TRUE(window->Editor().CommandsFor("R.2.2").addPart) << "a submenu";
 }
 
+TEST_F(FormMainKeysTest, TheContextMenuFindsInASubmenu) {
+    std::deque<int> keys{WXK_UP, WXK_UP, WXK_UP, WXK_RIGHT, WXK_RETURN};
+    wxTimer timer;
+    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+        if (keys.empty()) return timer.Stop();
+        SendKey(keys.front());
+        keys.pop_front();
+    });
+    timer.Start(200);
+    ClickRow("R.2", wxMOUSE_BTN_RIGHT);
+    EXPECT_TRUE(WaitUntil([&] {
+        const wxWindow* bar = wxWindow::FindWindowByName("FormFindBar", window);
+        return bar != nullptr && bar->IsShown();
+    }));
+}
+
 } // namespace
 } // namespace nesk::testing

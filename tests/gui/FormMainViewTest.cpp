@@ -78,6 +78,9 @@ TEST_F(FormMainViewTest, TheStatusBarTellsTheNumbers) {
     EXPECT_EQ(counts(), "0 submenus, 2 parts");
     Press('Z', wxMOD_CONTROL);
     EXPECT_EQ(counts(), "1 submenu, 3 parts");
+    window->tvMain->SelectKeys({"R.1", "R.2", "R.2.1"});
+    Settle();
+    EXPECT_EQ(counts(), "1 submenu, 3 parts; 2 selected") << "the entry below a selected one does not count";
     Press('W', wxMOD_CONTROL);
     EXPECT_EQ(counts(), "");
 }

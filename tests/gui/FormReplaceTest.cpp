@@ -54,9 +54,10 @@ TEST_F(FormReplaceTest, ListsEveryChangeBeforeAndAfter) {
         Type("new");
         EXPECT_EQ(TextOf(dialog.lblCount), "Changes chosen: 3 of 3");
         EXPECT_EQ(Cell(dialog, 1, 0), "old part");
-        EXPECT_EQ(Cell(dialog, 1, 1), "Picture");
-        EXPECT_EQ(Cell(dialog, 1, 2), "C:\\old\\a.bmp");
-        EXPECT_EQ(Cell(dialog, 1, 3), "C:\\new\\a.bmp");
+        EXPECT_EQ(Cell(dialog, 1, 1), "Main Menu");
+        EXPECT_EQ(Cell(dialog, 1, 2), "Picture");
+        EXPECT_EQ(Cell(dialog, 1, 3), "C:\\old\\a.bmp");
+        EXPECT_EQ(Cell(dialog, 1, 4), "C:\\new\\a.bmp");
         Press(WXK_RETURN);
     }));
     EXPECT_EQ(Item("R.1").Caption(), "new part");
@@ -101,6 +102,20 @@ TEST_F(FormReplaceTest, OnlyTickedChangesAreMade) {
     EXPECT_EQ(Item("R.2").Caption(), "new lid");
 }
 
+TEST_F(FormReplaceTest, TheFocusLeavesAButtonThatDisablesItself) {
+    EXPECT_FALSE(Show([](FormReplace& dialog) {
+        Focus(dialog.cmdNone);
+        Press(WXK_SPACE);
+        EXPECT_FALSE(dialog.cmdNone->IsEnabled());
+        EXPECT_TRUE(WaitUntil([&] { return dialog.cmdAll->HasFocus(); }));
+        Press(WXK_SPACE);
+        EXPECT_FALSE(dialog.cmdAll->IsEnabled());
+        EXPECT_TRUE(WaitUntil([&] { return dialog.cmdNone->HasFocus(); }));
+        EXPECT_EQ(TextOf(dialog.lblCount), "Changes chosen: 3 of 3");
+        Press(WXK_ESCAPE);
+    }));
+}
+
 TEST_F(FormReplaceTest, AClickTicks) {
     EXPECT_TRUE(Show([](FormReplace& dialog) {
         Fill(dialog.txtReplacement, "new");
@@ -140,7 +155,7 @@ TEST_F(FormReplaceTest, ManyChanges) {
         const auto begin = std::chrono::steady_clock::now();
         Fill(dialog.txtReplacement, "x");
         EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(3));
-        EXPECT_EQ(Cell(dialog, 20'000, 3), "x 19997");
+        EXPECT_EQ(Cell(dialog, 20'000, 4), "x 19997");
         Click(dialog.cmdOK);
     }));
     EXPECT_EQ(Item("R.20002").Caption(), "x 19999");

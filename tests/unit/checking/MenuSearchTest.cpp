@@ -86,6 +86,26 @@ TEST_F(MenuSearchTest, TheNameOfThePartIsFoundWhenItIsRead) {
     EXPECT_EQ(Found("gea"), Captions{"one"});
 }
 
+TEST_F(MenuSearchTest, SaysWhichFieldHasTheText) {
+    station.Write("C:\\Parts\\A\\partinfo.ini", "[Part]\r\nName=Bearing\r\n");
+    PartFields fields;
+    fields.programId = "@C:\\Parts\\A\\partinfo.ini@";
+    fields.helpFile = "C:\\Help\\Lid.hlp";
+    fields.graphic = "lid.bmp";
+    const MenuEntry& entry = *editor.Find(Part("R", "Cover", fields));
+    const auto field = [&](const char* text) {
+        Found(text);
+        const auto found = search.FoundBesideCaption(entry);
+        return found ? found->field + ": " + found->text : std::string();
+    };
+    EXPECT_EQ(field("COV"), "") << "the caption";
+    EXPECT_EQ(field("lid"), "Picture: lid.bmp") << "the first field";
+    EXPECT_EQ(field("hlp"), "Help file: C:\\Help\\Lid.hlp");
+    EXPECT_EQ(field("bear"), "Part name: Bearing");
+    EXPECT_EQ(field("nowhere"), "");
+    EXPECT_EQ(field(""), "");
+}
+
 TEST_F(MenuSearchTest, NextAndPreviousFollowTheTree) {
     Part("R", "x1");
     const std::string submenu = editor.AddSubmenu("R", "inner");
