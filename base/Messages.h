@@ -449,7 +449,7 @@ constexpr int FindBarNumber = 34761; // %0% number of the entry, %1% number of e
 constexpr int FindBarCount = 34762;  // %0% number of entries
 constexpr int FindBarNothing = 34763;
 constexpr int FindBarSearching = 34764; // %0% number of entries
-constexpr int FindBarField = 34765; // %0% and %1% as FindBarNumber, %2% name of the field, %3% its text
+constexpr int FindBarField = 34765;     // %0% and %1% as FindBarNumber, %2% name of the field, %3% its text
 constexpr int FindBarMatchesOnly = 34766;
 constexpr int FindBarClose = 34767;
 constexpr int FindBarNext = 34753;
@@ -506,7 +506,7 @@ constexpr int FolderBadCharacter = 34717;
 constexpr int FolderSamePlace = 34718;
 constexpr int FolderPrompt = 34719;
 constexpr int FolderPlaceMissing = 34720; // %0% folder
-constexpr int ChangeFolderOf = 34750; // %0% folder
+constexpr int ChangeFolderOf = 34750;     // %0% folder
 constexpr int FolderNone = 34751;
 
 } // namespace nesk::Message

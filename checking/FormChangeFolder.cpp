@@ -92,9 +92,9 @@ void FormChangeFolder::BuildPaths(wxSizer& content) {
     };
     // In the order of PathColumn.
     lstPaths->AddColumn(Message::ReplaceEntry, FromDIP(150));
-    lstPaths->AddColumn(Message::EntrySubmenu, FromDIP(130));
-    lstPaths->AddColumn(Message::ReplaceBefore, FromDIP(200));
-    lstPaths->AddColumn(Message::ReplaceAfter, FromDIP(200));
+    lstPaths->AddColumn(Message::EntrySubmenu, FromDIP(120));
+    lstPaths->AddColumn(Message::ReplaceBefore, FromDIP(195));
+    lstPaths->AddColumn(Message::ReplaceAfter, FromDIP(195));
     content.Add(lblCount, wxSizerFlags().Expand().Border(wxTOP, Gap()));
     content.Add(lstPaths, wxSizerFlags(1).Expand().Border(wxTOP, Gap() / 2));
 }

@@ -108,8 +108,8 @@ void FormReplace::BuildList(wxSizer& content) {
     lstChanges->AddColumn(Message::ReplaceEntry, FromDIP(170));
     lstChanges->AddColumn(Message::EntrySubmenu, FromDIP(120));
     lstChanges->AddColumn(Message::ReplaceField, FromDIP(100));
-    lstChanges->AddColumn(Message::ReplaceBefore, FromDIP(200));
-    lstChanges->AddColumn(Message::ReplaceAfter, FromDIP(200));
+    lstChanges->AddColumn(Message::ReplaceBefore, FromDIP(190));
+    lstChanges->AddColumn(Message::ReplaceAfter, FromDIP(190));
     // Without a mouse: the space bar ticks, Enter confirms.
     lstChanges->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
         const int key = event.GetKeyCode();

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <wx/bmpbndl.h>
@@ -149,6 +150,13 @@ public:
 
     /// Marks a node as not filled, so that its children are requested again. It must not have children.
     void Unfill(TreeNode& node);
+
+    /// Whether a search for a node requests the children that are not there yet.
+    enum class Missing { Stay, Create };
+
+    /// The node with these keys, one for each level from the root down; null when there is none. The keys of
+    /// siblings must differ.
+    TreeNode* NodeAt(const std::vector<std::string_view>& keys, Missing missing);
 
     void SetText(TreeNode& node, const std::string& text);
 

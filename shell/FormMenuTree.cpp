@@ -112,28 +112,18 @@ EntryIds FormMenuTree::SelectedKeys() const {
 }
 
 TreeNode* FormMenuTree::NodeOf(const std::string& id) {
-    return FindNode(id, true);
+    return FindNode(id, TreeView::Missing::Create);
 }
 
 // The node of an entry; null when it was not created yet.
 TreeNode* FormMenuTree::ExistingNodeOf(const std::string& id) const {
-    return FindNode(id, false);
+    return FindNode(id, TreeView::Missing::Stay);
 }
 
-TreeNode* FormMenuTree::FindNode(const std::string& id, bool create) const {
+TreeNode* FormMenuTree::FindNode(const std::string& id, TreeView::Missing missing) const {
     // Most changes concern the selected entry.
     if (TreeNode* selected = m_view.Selected(); selected != nullptr && KeyOf(selected) == id) return selected;
-    const std::vector<std::string_view> parts = MenuId::Parts(id);
-    TreeNode* node = m_view.Root();
-    if (node == nullptr || node->Key() != parts.front()) return nullptr;
-    for (std::size_t level = 1; level < parts.size() && node != nullptr; ++level) {
-        if (create) m_view.Fill(*node);
-        TreeNode* found = nullptr;
-        for (std::size_t i = 0; i < node->ChildCount() && found == nullptr; ++i)
-            if (node->Child(i).Key() == parts[level]) found = &node->Child(i);
-        node = found;
-    }
-    return node;
+    return m_view.NodeAt(MenuId::Parts(id), missing);
 }
 
 // The nodes of the entries that exist.

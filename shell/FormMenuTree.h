@@ -88,7 +88,7 @@ private:
     void ShowExpanded(const EntryIds& expanded);
     void Fill(platform::TreeNode& node);
     platform::TreeNode* ExistingNodeOf(const std::string& id) const;
-    platform::TreeNode* FindNode(const std::string& id, bool create) const;
+    platform::TreeNode* FindNode(const std::string& id, platform::TreeView::Missing missing) const;
     std::vector<platform::TreeNode*> NodesOf(const EntryIds& ids);
     void Describe(platform::TreeNode& node, const MenuEntry& entry);
     void Place(const MenuEvent& event);

@@ -79,20 +79,6 @@ void FormMoveTo::Fill(TreeNode& node) {
     }
 }
 
-// The node of an entry, with the nodes above it.
-TreeNode* FormMoveTo::NodeOf(const std::string& id) {
-    const std::vector<std::string_view> parts = MenuId::Parts(id);
-    TreeNode* node = tvSubmenus->Root();
-    for (std::size_t level = 1; level < parts.size() && node != nullptr; ++level) {
-        tvSubmenus->Fill(*node);
-        TreeNode* found = nullptr;
-        for (std::size_t i = 0; i < node->ChildCount() && found == nullptr; ++i)
-            if (node->Child(i).Key() == parts[level]) found = &node->Child(i);
-        node = found;
-    }
-    return node;
-}
-
 std::string FormMoveTo::Choose(const EntryIds& ids) {
     const Menu* menu = m_editor.OpenMenu();
     if (menu == nullptr || ids.empty()) return "";
@@ -105,7 +91,8 @@ std::string FormMoveTo::Choose(const EntryIds& ids) {
         tvSubmenus->ExpandBelow(root);
     else
         tvSubmenus->Expand(root);
-    TreeNode* const present = NodeOf(MenuId::OfParent(ids.front()));
+    TreeNode* const present =
+        tvSubmenus->NodeAt(MenuId::Parts(MenuId::OfParent(ids.front())), TreeView::Missing::Create);
     TreeNode& start = present != nullptr ? *present : root;
     tvSubmenus->Select(&start);
     tvSubmenus->EnsureVisible(start);

@@ -33,7 +33,6 @@ protected:
 
 private:
     void Fill(platform::TreeNode& node);
-    platform::TreeNode* NodeOf(const std::string& id);
 
     const MenuEditor& m_editor;
     EntryIds m_ids;

@@ -147,6 +147,19 @@ void TreeView::Unfill(TreeNode& node) {
     DoChanged(node);
 }
 
+TreeNode* TreeView::NodeAt(const std::vector<std::string_view>& keys, Missing missing) {
+    TreeNode* node = m_root.get();
+    if (node == nullptr || keys.empty() || node->Key() != keys.front()) return nullptr;
+    for (std::size_t level = 1; level < keys.size() && node != nullptr; ++level) {
+        if (missing == Missing::Create) Fill(*node);
+        TreeNode* found = nullptr;
+        for (std::size_t i = 0; i < node->ChildCount() && found == nullptr; ++i)
+            if (node->Child(i).Key() == keys[level]) found = &node->Child(i);
+        node = found;
+    }
+    return node;
+}
+
 void TreeView::SetText(TreeNode& node, const std::string& text) {
     node.SetText(text);
     DoChanged(node);

@@ -97,14 +97,14 @@ TEST_F(FormMainDragTest, TheStatusBarSaysWhyADropIsRefused) {
 TEST_F(FormMainDragTest, TheStatusBarSaysWhatADropDoes) {
     std::string before;
     Drag("R.3", PointIn("R.1", 0.1), [&] { before = Hint(); });
-    EXPECT_EQ(before, "Moves to the place before \"First\". With Ctrl: copies.");
+    EXPECT_EQ(before, "Moves before \"First\"; Ctrl copies.");
     EXPECT_EQ(Hint(), "");
     std::string after;
     Drag("R.3", PointIn("R.2.1", 0.9), [&] { after = Hint(); });
-    EXPECT_EQ(after, "Moves to the place after \"Angle\". With Ctrl: copies.");
+    EXPECT_EQ(after, "Moves after \"Angle\"; Ctrl copies.");
     std::string into;
     Drag("R.1", MiddleOf("R.2"), [&] { into = Hint(); });
-    EXPECT_EQ(into, "Moves to the end of \"Brackets\". With Ctrl: copies.");
+    EXPECT_EQ(into, "Moves to the end of \"Brackets\"; Ctrl copies.");
 }
 
 #ifdef NESK_PORTABLE_STATION
