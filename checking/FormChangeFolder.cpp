@@ -35,6 +35,18 @@ enum PathColumn { EntryColumn, SubmenuColumn, BeforeColumn, AfterColumn };
 
 constexpr std::chrono::milliseconds Slice{10};
 
+// The folder may be moved later, so a place that does not exist is possible.
+bool ConfirmMissing(const std::string& place) {
+    {
+        const wxBusyCursor busy;
+        if (modUtilities::DirectoryExists(place)) return true;
+    }
+    namespace Option = modMessageBox::Option;
+    return modMessageBox::ShowMessage(FormatResString(Message::FolderPlaceMissing, place),
+                                      Option::YesNo | Option::Question | Option::SecondDefault) ==
+           modMessageBox::Result::Yes;
+}
+
 } // namespace
 
 FormChangeFolder::FormChangeFolder(wxWindow* parent, MenuEditor& editor)
@@ -177,18 +189,6 @@ void FormChangeFolder::OnBrowse() {
 bool FormChangeFolder::Invoke() {
     lstFolders->SetFocus();
     return ShowModal() == wxID_OK;
-}
-
-// The folder may be moved later, so a place that does not exist is possible.
-bool FormChangeFolder::ConfirmMissing(const std::string& place) {
-    {
-        const wxBusyCursor busy;
-        if (modUtilities::DirectoryExists(place)) return true;
-    }
-    namespace Option = modMessageBox::Option;
-    return modMessageBox::ShowMessage(FormatResString(Message::FolderPlaceMissing, place),
-                                      Option::YesNo | Option::Question | Option::SecondDefault) ==
-           modMessageBox::Result::Yes;
 }
 
 void FormChangeFolder::OnOK() {

@@ -51,7 +51,6 @@ private:
     std::string TextAt(std::size_t row, int column) const;
     std::string PathTextAt(std::size_t row, int column) const;
     void LookUpFolders();
-    bool ConfirmMissing(const std::string& place);
 
     MenuEditor& m_editor;
     FolderUse m_use;
