@@ -395,10 +395,10 @@ constexpr int StationFolderPrompt = 34419;
 constexpr int PictureChoosePictureTitle = 32026;
 
 // Edits of several entries.
-constexpr int ClipboardName = 34620;
 constexpr int ClipboardBusy = 34621;
 constexpr int ClipboardHasNoText = 34622;
 constexpr int PasteFailed = 34623;          // %0% error
+constexpr int PasteBadText = 34646;         // %0% error, %1% line
 constexpr int ConfirmRemoveSeveral = 34624; // %0% number of entries, %1% "" or RemovedBelowSeveral
 constexpr int RemovedBelowSeveral = 34625;  // %0% number of entries below them
 constexpr int DropFailed = 34626;           // %0% error
@@ -413,13 +413,16 @@ constexpr int PartsDifferent = 34634;
 constexpr int PartsNone = 34635;
 constexpr int PartsNoPicture = 34637;
 
-// What a drop does; %0% caption.
+// What a drop does; %0% caption of the target, %1% what is dropped.
 constexpr int DropMovesInto = 34640;
 constexpr int DropCopiesInto = 34641;
 constexpr int DropMovesBefore = 34642;
 constexpr int DropCopiesBefore = 34643;
 constexpr int DropMovesAfter = 34644;
 constexpr int DropCopiesAfter = 34645;
+constexpr int DropOfOne = 34647;     // %0% caption
+constexpr int DropOfSeveral = 34648; // %0% number of entries
+constexpr int DropFromOther = 34649;
 
 // Numbers of entries in the status bar.
 constexpr int CountsSubmenu = 34860;  // %0% 1

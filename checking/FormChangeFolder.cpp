@@ -43,8 +43,8 @@ bool ConfirmMissing(const std::string& place) {
     }
     namespace Option = modMessageBox::Option;
     return modMessageBox::ShowMessage(FormatResString(Message::FolderPlaceMissing, place),
-                                      Option::YesNo | Option::Question | Option::SecondDefault) ==
-           modMessageBox::Result::Yes;
+                                      Option::OkCancel | Option::Question | Option::SecondDefault) ==
+           modMessageBox::Result::Ok;
 }
 
 } // namespace

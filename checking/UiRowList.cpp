@@ -15,6 +15,8 @@ UiRowList::UiRowList(wxWindow* parent, const char* name, wxSize size, Style styl
             if (!tick || isTicked(event.GetIndex()) == isOn) return;
             tick(event.GetIndex(), isOn);
             RefreshItem(event.GetIndex());
+            // Keys go on from the row that was clicked.
+            if (!IsSelected(event.GetIndex())) SelectRow(event.GetIndex());
         };
     };
     Bind(wxEVT_LIST_ITEM_CHECKED, onTick(true));

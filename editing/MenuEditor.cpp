@@ -190,7 +190,7 @@ MenuCommands MenuEditor::CommandsFor(const std::string& id) const {
     commands.addPart = commands.addSubmenu = item == nullptr || !item->IsPart();
     commands.rename = true;
     commands.pasteInside = commands.addPart;
-    commands.sort = entry->ChildCount() > 1;
+    commands.sort = !SortTarget({id}).empty();
     commands.pasteAfter = true; // the root has no place after it: there it is the end of the menu
     if (item == nullptr) return commands;
     const MenuItemCollection& siblings = *item->ParentMenu()->Children();

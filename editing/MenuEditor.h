@@ -246,6 +246,10 @@ public:
     /// EntryText::Read.
     EntryIds Paste(std::string_view text, const std::string& parentId, int position);
 
+    /// The entry whose children a command to sort is about: the selected one, or the parent when a part or
+    /// several siblings are selected. "" when there is none or it has fewer than 2 children.
+    std::string SortTarget(const EntryIds& ids) const;
+
     /// Sorts the children of an entry by caption, in the order of the user's language. Returns false when
     /// they are in this order already.
     /// @param submenusFirst  false mixes submenus and part buttons

@@ -71,6 +71,7 @@ MenuCommands MenuEditor::CommandsFor(const EntryIds& ids) const {
     MenuCommands commands;
     const std::vector<const MenuItem*> items = ItemsOf(ids);
     if (items.empty()) return commands;
+    commands.sort = !SortTarget(ids).empty();
     commands.remove = commands.copy = commands.pasteAfter = true;
     commands.edit =
         std::any_of(items.begin(), items.end(), [](const MenuItem* item) { return item->IsPart(); });
@@ -245,6 +246,20 @@ EntryIds MenuEditor::CopyTo(const EntryIds& ids, const std::string& parentId, in
 EntryIds MenuEditor::Duplicate(const EntryIds& ids) {
     const MenuItem* last = ids.empty() ? nullptr : AsItem(Find(ids.back()));
     return last != nullptr ? CopyTo(ids, last->ParentMenu()->ID(), PositionOf(*last) + 1) : EntryIds{};
+}
+
+std::string MenuEditor::SortTarget(const EntryIds& ids) const {
+    if (ids.empty()) return "";
+    const MenuEntry* target = Find(ids.front());
+    const MenuItem* first = AsItem(target);
+    if (first != nullptr && (ids.size() > 1 || first->IsPart())) target = first->ParentMenu();
+    if (target == nullptr || target->ChildCount() < 2) return "";
+    const std::string id = target->ID();
+    const bool areSiblings =
+        ids.size() == 1 || std::all_of(ids.begin(), ids.end(), [&](const std::string& selected) {
+            return MenuId::OfParent(selected) == id;
+        });
+    return areSiblings ? id : "";
 }
 
 bool MenuEditor::Sort(const std::string& parentId, bool submenusFirst) {

@@ -231,10 +231,8 @@ void FormMain::ShowError(int messageId, const NeskError& error) {
     Ask(FormatResString(messageId, modUtilities::ErrorText(error)), Message::ErrorTitle, wxOK | wxICON_ERROR);
 }
 
-// Shows why the program refused what the user did. The error's number means nothing to the user; its line
-// does.
+// Shows why the program refused what the user did. The number of the error means nothing to the user.
 void FormMain::ShowRefusal(int messageId, const NeskError& error) {
-    if (!error.file.empty()) return ShowError(messageId, error);
     Ask(FormatResString(messageId, modUtilities::MessageText(error)), Message::ErrorTitle,
         wxOK | wxICON_ERROR);
 }

@@ -22,7 +22,7 @@ using platform::TreeNode;
 
 namespace {
 
-constexpr std::size_t LongestCaption = 40;
+constexpr std::size_t LongestCaption = 25;
 
 // The place of a drop: a parent, and the position before which the entries go; 0 for the end.
 struct DropPlace {
@@ -47,8 +47,21 @@ EntryIds KeysOf(const std::vector<TreeNode*>& nodes) {
     return ids;
 }
 
+std::string ShortCaption(const MenuEntry& entry) {
+    return modUtilities::Shortened(std::string(entry.Caption()), LongestCaption);
+}
+
+// What is dragged.
+std::string DraggedText(const MenuEditor& editor, const std::vector<TreeNode*>& nodes) {
+    if (nodes.empty()) return modStringRes::LoadResString(Message::DropFromOther);
+    const EntryIds ids = Uppermost(*editor.OpenMenu(), KeysOf(nodes));
+    if (ids.size() != 1) return modStringRes::FormatResString(Message::DropOfSeveral, ids.size());
+    const MenuEntry* entry = editor.Find(ids.front());
+    return entry != nullptr ? modStringRes::FormatResString(Message::DropOfOne, ShortCaption(*entry)) : "";
+}
+
 // What a drop at a place does.
-std::string DropText(const MenuEditor& editor, const TreeDrop& drop) {
+std::string DropText(const MenuEditor& editor, const std::vector<TreeNode*>& nodes, const TreeDrop& drop) {
     using Where = TreeDrop::Where;
     const MenuEntry* entry = editor.Find(FormMenuTree::KeyOf(drop.node));
     if (entry == nullptr) return "";
@@ -57,8 +70,7 @@ std::string DropText(const MenuEditor& editor, const TreeDrop& drop) {
     int textId = drop.copies ? Message::DropCopiesInto : Message::DropMovesInto;
     if (where == Where::Before) textId = drop.copies ? Message::DropCopiesBefore : Message::DropMovesBefore;
     if (where == Where::After) textId = drop.copies ? Message::DropCopiesAfter : Message::DropMovesAfter;
-    return modStringRes::FormatResString(
-        textId, modUtilities::Shortened(std::string(entry->Caption()), LongestCaption));
+    return modStringRes::FormatResString(textId, ShortCaption(*entry), DraggedText(editor, nodes));
 }
 
 } // namespace
@@ -92,7 +104,7 @@ bool FormMain::MayDrop(const std::vector<TreeNode*>& nodes, const TreeDrop& drop
     if (!refusal && needsRoom)
         refusal = m_editor.WhyNotCopyTo(std::max(nodes.size(), std::size_t{1}), parentId);
     const wxString text =
-        modUtilities::ToWx(refusal ? modUtilities::MessageText(*refusal) : DropText(m_editor, drop));
+        modUtilities::ToWx(refusal ? modUtilities::MessageText(*refusal) : DropText(m_editor, nodes, drop));
     if (sbMain->GetStatusText(FormStatusBar::HelpPanel) != text)
         SetStatusText(text, FormStatusBar::HelpPanel);
     return !refusal;

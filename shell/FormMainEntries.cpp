@@ -84,11 +84,11 @@ void FormMain::MoveTo() {
 }
 
 void FormMain::SortSubmenusFirst() {
-    if (FinishLabelEdit()) m_editor.Sort(tvMain->SelectedKey(), true);
+    if (FinishLabelEdit()) m_editor.Sort(m_editor.SortTarget(SelectedEntries()), true);
 }
 
 void FormMain::SortMixed() {
-    if (FinishLabelEdit()) m_editor.Sort(tvMain->SelectedKey(), false);
+    if (FinishLabelEdit()) m_editor.Sort(m_editor.SortTarget(SelectedEntries()), false);
 }
 
 // --- clipboard ---
@@ -129,9 +129,10 @@ void FormMain::PasteAt(const std::string& parentId, int position) {
         const std::optional<std::string> text = Clipboard::Text();
         if (!text) throw NeskError(5000, "FormMain.Paste", Message::ClipboardHasNoText);
         tvMain->SelectKeys(m_editor.Paste(*text, parentId, position));
-    } catch (NeskError& error) {
-        error.file = error.line != 0 ? LoadResString(Message::ClipboardName) : "";
-        ShowRefusal(Message::PasteFailed, error);
+    } catch (const NeskError& error) {
+        if (error.line == 0) return ShowRefusal(Message::PasteFailed, error);
+        Ask(FormatResString(Message::PasteBadText, modUtilities::MessageText(error), error.line),
+            Message::ErrorTitle, wxOK | wxICON_ERROR);
     }
 }
 

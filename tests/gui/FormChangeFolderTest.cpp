@@ -60,11 +60,11 @@ TEST_F(FormChangeFolderTest, ListsTheFoldersAndWhetherTheyExist) {
 
 TEST_F(FormChangeFolderTest, ChangesAllPathsByKeyboard) {
     AddParts();
-    Expect(modMessageBox::Result::Yes);
+    Expect(modMessageBox::Result::Ok);
     EXPECT_TRUE(Show([](FormChangeFolder& dialog) {
         Press(WXK_DOWN);
         EXPECT_TRUE(WaitUntil([&] { return TextOf(dialog.txtPlace) == "C:\\Parts\\A"; }));
-        EXPECT_EQ(TextOf(dialog.lblCount), "Paths that change: 1");
+        EXPECT_EQ(TextOf(dialog.lblCount), "Paths in this folder: 1");
         Press('N', wxMOD_ALT);
         EXPECT_TRUE(WaitUntil([&] { return dialog.txtPlace->HasFocus(); }));
         Press('A', wxMOD_CONTROL);
@@ -72,7 +72,7 @@ TEST_F(FormChangeFolderTest, ChangesAllPathsByKeyboard) {
         Press(WXK_RETURN);
     }));
     EXPECT_EQ(messages.at(0).text,
-              "The folder D:\\New\\ does not exist here.\n\nDo you want to change the paths all the same?");
+              "The folder D:\\New\\ does not exist here.\n\nOK changes the paths all the same.");
     EXPECT_EQ(Item("R.1").ProgramID(), "@D:\\New\\partinfo.ini@");
     EXPECT_EQ(Item("R.1").Graphic(), "D:\\Pictures\\a.bmp");
     editor.Undo();
@@ -103,7 +103,7 @@ TEST_F(FormChangeFolderTest, ListsThePathsBeforeAndAfter) {
 
 TEST_F(FormChangeFolderTest, APlaceThatDoesNotExistMayBeCorrected) {
     AddParts();
-    Expect(modMessageBox::Result::No);
+    Expect(modMessageBox::Result::Cancel);
     EXPECT_FALSE(Show([](FormChangeFolder& dialog) {
         Fill(dialog.txtPlace, "E:\\Here");
         Click(dialog.cmdOK);

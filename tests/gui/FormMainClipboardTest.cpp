@@ -85,7 +85,8 @@ TEST_F(FormMainClipboardTest, TheRootIsNotCopied) {
 TEST_F(FormMainClipboardTest, TextThatIsNoEntryIsRefusedWithItsLine) {
     Select("R.1");
     ExpectRefused("Dear colleagues,", "Line 1 is neither");
-    ExpectRefused("BLOCK SUBMENU\nCAPTION=x\nEND\nBLOCK SUBMENU\nHELPTOPIC=y\nEND\n", "Line: 5");
+    ExpectRefused("BLOCK SUBMENU\nCAPTION=x\nEND\nBLOCK SUBMENU\nHELPTOPIC=y\nEND\n",
+                  "correct line 5 of the text");
     ExpectRefused("BLOCK SUBMENU\nCAPTION=\xD0\x96\nEND\n", "Line 2: the character \"\xD0\x96\"");
     ExpectRefused("BLOCK SUBMENU\nCAPTION=x\n", "Line 2: the text ends before");
 }

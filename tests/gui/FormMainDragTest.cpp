@@ -95,16 +95,22 @@ TEST_F(FormMainDragTest, TheStatusBarSaysWhyADropIsRefused) {
 }
 
 TEST_F(FormMainDragTest, TheStatusBarSaysWhatADropDoes) {
+    window->tvMain->SelectKeys({"R.2", "R.3"});
+    std::string several;
+    Drag("R.3", PointIn("R.1", 0.1), [&] { several = Hint(); });
+    EXPECT_EQ(several, "Moves 2 entries before \"First\"; Ctrl copies.");
+    Press('Z', wxMOD_CONTROL);
+    Select("R.1");
     std::string before;
     Drag("R.3", PointIn("R.1", 0.1), [&] { before = Hint(); });
-    EXPECT_EQ(before, "Moves before \"First\"; Ctrl copies.");
+    EXPECT_EQ(before, "Moves \"Last\" before \"First\"; Ctrl copies.");
     EXPECT_EQ(Hint(), "");
     std::string after;
     Drag("R.3", PointIn("R.2.1", 0.9), [&] { after = Hint(); });
-    EXPECT_EQ(after, "Moves after \"Angle\"; Ctrl copies.");
+    EXPECT_EQ(after, "Moves \"Last\" after \"Angle\"; Ctrl copies.");
     std::string into;
     Drag("R.1", MiddleOf("R.2"), [&] { into = Hint(); });
-    EXPECT_EQ(into, "Moves to the end of \"Brackets\"; Ctrl copies.");
+    EXPECT_EQ(into, "Moves \"First\" to the end of \"Brackets\"; Ctrl copies.");
 }
 
 #ifdef NESK_PORTABLE_STATION
@@ -113,7 +119,7 @@ TEST_F(FormMainDragTest, ControlCopies) {
     std::string hint;
     Drag(
         "R.3", MiddleOf("R.2"), [&] { hint = Hint(); }, WXK_CONTROL);
-    EXPECT_EQ(hint, "Copies to the end of \"Brackets\".");
+    EXPECT_EQ(hint, "Copies \"Last\" to the end of \"Brackets\".");
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n  Last\n Last\n");
 }
 #endif

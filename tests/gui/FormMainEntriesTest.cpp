@@ -159,7 +159,11 @@ TEST_F(FormMainEntriesTest, SortsTheSelectedSubmenu) {
     Press('Z', wxMOD_CONTROL);
     EXPECT_EQ(TreeText(), "Main Menu\n Gears\n  Angle\n First\n Last\n");
     Select("R.1");
-    EXPECT_FALSE(window->mnuMenuSortMixed->IsEnabled()) << "a part button";
+    EXPECT_TRUE(Click(window->mnuMenuSortMixed)) << "of a part button: its siblings";
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Gears\n  Angle\n Last\n");
+    EXPECT_EQ(SelectedText(), "First");
+    Select("R.2");
+    EXPECT_FALSE(window->mnuMenuSortMixed->IsEnabled()) << "a submenu with one entry";
 }
 
 TEST_F(FormMainEntriesTest, AHundredEntriesAreRemovedAndBroughtBack) {

@@ -126,6 +126,7 @@ TEST_F(FormReplaceTest, AClickTicks) {
         EXPECT_TRUE(WaitUntil([&] { return TextOf(dialog.lblCount) == "Changes chosen: 2 of 3"; }))
             << TextOf(dialog.lblCount);
         EXPECT_FALSE(dialog.Changes()[2].isChosen);
+        EXPECT_EQ(dialog.lstChanges->SelectedRows(), std::vector<long>{2}) << "keys go on from there";
         Click(dialog.cmdOK);
     }));
     EXPECT_EQ(Item("R.2").Caption(), "Old lid");

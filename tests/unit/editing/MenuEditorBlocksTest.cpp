@@ -284,6 +284,18 @@ TEST_F(MenuEditorBlocksTest, SortsByCaption) {
     EXPECT_FALSE(m_editor.Sort("R", true)) << "sorted already";
 }
 
+TEST_F(MenuEditorBlocksTest, WhatIsSorted) {
+    EXPECT_EQ(m_editor.SortTarget({"R"}), "R");
+    EXPECT_EQ(m_editor.SortTarget({Id("Sub")}), Id("Sub"));
+    EXPECT_EQ(m_editor.SortTarget({Id("b")}), Id("Sub")) << "the siblings of a part";
+    EXPECT_EQ(m_editor.SortTarget(Ids({"a", "Sub"})), "R") << "siblings";
+    EXPECT_EQ(m_editor.SortTarget(Ids({"a", "b"})), "") << "of two submenus";
+    EXPECT_EQ(m_editor.SortTarget({Id("Empty")}), "");
+    EXPECT_EQ(m_editor.SortTarget({}), "");
+    EXPECT_TRUE(m_editor.CommandsFor(Ids({"a", "Sub"})).sort);
+    EXPECT_FALSE(m_editor.CommandsFor(Ids({"a", "b"})).sort);
+}
+
 TEST_F(MenuEditorBlocksTest, SortedEntriesAreStillFoundByTheirIds) {
     const std::string e = Id("e");
     m_editor.MoveDown(e);

@@ -330,10 +330,10 @@ TEST_F(MenuEditorTest, Commands) {
     } table[] = {
         {"R", {true, true, false, false, false, false, false, false, true, false, true, true, true}},
         {"R.1", {true, true, false, true, false, false, true, true, true, true, true, true, true}},
-        {"R.2", {false, false, true, false, false, true, true, true, true, true, true, false, false}},
-        {"R.1.1", {false, false, false, true, true, false, true, true, true, true, true, false, false}},
-        {"R.1.2", {false, false, true, true, true, false, true, true, true, true, true, false, false}},
-        {"R.1.3", {false, false, true, false, true, false, true, true, true, true, true, false, false}},
+        {"R.2", {false, false, true, false, false, true, true, true, true, true, true, false, true}},
+        {"R.1.1", {false, false, false, true, true, false, true, true, true, true, true, false, true}},
+        {"R.1.2", {false, false, true, true, true, false, true, true, true, true, true, false, true}},
+        {"R.1.3", {false, false, true, false, true, false, true, true, true, true, true, false, true}},
         {"", {}},
         {"R.9", {}},
     };
