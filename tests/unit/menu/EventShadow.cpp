@@ -5,6 +5,7 @@
 #include "menu/MenuItemCollection.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace nesk::testing {
@@ -18,6 +19,19 @@ std::vector<std::string> IdsBelow(const MenuEntry& entry) {
     return ids;
 }
 
+std::string TextsOf(const MenuEntry& entry) {
+    std::string texts(entry.Caption());
+    const auto append = [&](std::string_view text) { texts.append("\n").append(text); };
+    append(entry.Graphic());
+    const auto* item = dynamic_cast<const MenuItem*>(&entry);
+    if (item == nullptr) return texts;
+    for (const std::string_view text : {item->MenuType(), item->Preview(), item->ProgramID(),
+                                        item->HelpFile(), item->HistoryDir(), item->HistoryTitle()})
+        append(text);
+    append(std::to_string(item->HelpTopic()));
+    return texts;
+}
+
 bool IsWithin(const std::string& id, const std::string& above) {
     return id.starts_with(above) && (id.size() == above.size() || id[above.size()] == '.');
 }
@@ -25,33 +39,29 @@ bool IsWithin(const std::string& id, const std::string& above) {
 } // namespace
 
 void EventShadow::Reset(const MenuEntry& menu) {
-    m_children.clear();
+    m_rows.clear();
     Add(menu);
 }
 
 void EventShadow::Add(const MenuEntry& entry) {
-    m_children[entry.ID()] = IdsBelow(entry);
+    m_rows[entry.ID()] = {IdsBelow(entry), TextsOf(entry)};
     for (int i = 1; i <= entry.ChildCount(); ++i)
         Add(entry.Children()->Item(i));
 }
 
-void EventShadow::Erase(const std::string& id) {
-    std::erase(m_children[MenuId::OfParent(id)], id);
-}
-
 void EventShadow::Follow(const MenuEvent& event, const MenuEntry& menu) {
     const auto insert = [&] {
-        std::vector<std::string>& siblings = m_children[event.parentId];
+        std::vector<std::string>& siblings = ChildrenOf(event.parentId);
         const auto place = std::clamp<std::ptrdiff_t>(event.position - 1, 0, std::ssize(siblings));
         siblings.insert(siblings.begin() + place, event.id);
     };
     switch (event.kind) {
-    case MenuEvent::Kind::None:
-    case MenuEvent::Kind::Edited: break;
-    case MenuEvent::Kind::Reordered: m_children[event.id] = IdsBelow(*menu.Find(event.id)); break;
+    case MenuEvent::Kind::None: break;
+    case MenuEvent::Kind::Edited: m_rows[event.id].texts = TextsOf(*menu.Find(event.id)); break;
+    case MenuEvent::Kind::Reordered: ChildrenOf(event.id) = IdsBelow(*menu.Find(event.id)); break;
     case MenuEvent::Kind::Removed:
-        Erase(event.id);
-        std::erase_if(m_children, [&](const auto& below) { return IsWithin(below.first, event.id); });
+        std::erase(ChildrenOf(MenuId::OfParent(event.id)), event.id);
+        std::erase_if(m_rows, [&](const auto& row) { return IsWithin(row.first, event.id); });
         break;
     case MenuEvent::Kind::Added:
         insert();
@@ -59,18 +69,18 @@ void EventShadow::Follow(const MenuEvent& event, const MenuEntry& menu) {
         break;
     case MenuEvent::Kind::Moved: {
         const std::string former = event.formerId.empty() ? event.id : event.formerId;
-        Erase(former);
+        std::erase(ChildrenOf(MenuId::OfParent(former)), former);
         insert();
         if (former == event.id) break;
         const auto renamed = [&](std::string id) {
             return IsWithin(id, former) ? id.replace(0, former.size(), event.id) : id;
         };
-        std::map<std::string, std::vector<std::string>> children;
-        for (auto& [id, ids] : m_children) {
-            std::transform(ids.begin(), ids.end(), ids.begin(), renamed);
-            children[renamed(id)] = std::move(ids);
+        std::map<std::string, Row> rows;
+        for (auto& [id, row] : m_rows) {
+            std::transform(row.children.begin(), row.children.end(), row.children.begin(), renamed);
+            rows[renamed(id)] = std::move(row);
         }
-        m_children = std::move(children);
+        m_rows = std::move(rows);
     }
     }
 }
@@ -78,10 +88,13 @@ void EventShadow::Follow(const MenuEvent& event, const MenuEntry& menu) {
 std::string EventShadow::DifferenceFrom(const MenuEntry& menu) const {
     EventShadow expected;
     expected.Reset(menu);
-    if (m_children == expected.m_children) return "";
-    for (const auto& [id, ids] : expected.m_children)
-        if (const auto own = m_children.find(id); own == m_children.end() || own->second != ids)
+    if (m_rows == expected.m_rows) return "";
+    for (const auto& [id, row] : expected.m_rows) {
+        const auto own = m_rows.find(id);
+        if (own == m_rows.end() || own->second.children != row.children)
             return "the events do not tell what is below " + id;
+        if (own->second.texts != row.texts) return "the events do not tell the texts of " + id;
+    }
     return "the events leave an entry that is not there";
 }
 

@@ -12,7 +12,8 @@ class MenuEntry;
 
 namespace nesk::testing {
 
-/// Follows the events of a menu as a view does: it keeps the ids of the entries and knows nothing else.
+/// Follows the events of a menu as a view does: it keeps the ids and texts of the entries, reads an entry
+/// only when an event names it, and knows nothing else.
 class EventShadow {
 public:
     /// Starts with the entries of a menu.
@@ -26,10 +27,17 @@ public:
     std::string DifferenceFrom(const MenuEntry& menu) const;
 
 private:
-    void Add(const MenuEntry& entry);
-    void Erase(const std::string& id);
+    // What a view shows of an entry.
+    struct Row {
+        std::vector<std::string> children; // ids
+        std::string texts;                 // caption and fields, one a line
+        bool operator==(const Row&) const = default;
+    };
 
-    std::map<std::string, std::vector<std::string>> m_children; // ids, by the id of the parent
+    void Add(const MenuEntry& entry);
+    std::vector<std::string>& ChildrenOf(const std::string& id) { return m_rows[id].children; }
+
+    std::map<std::string, Row> m_rows; // by id
 };
 
 } // namespace nesk::testing

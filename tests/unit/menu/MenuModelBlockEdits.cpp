@@ -46,11 +46,14 @@ EntryIds MenuModelFixture::SomeIds() {
 void MenuModelFixture::EditSeveral() {
     m_isSeveral = true;
     const EntryIds ids = SomeIds();
-    switch (m_random->Below(5)) {
+    switch (m_random->Below(8)) {
     case 0: RemoveSeveral(ids); break;
     case 1: MoveSeveral(ids, SomeId()); break;
     case 2: CopySeveral(ids, SomeId()); break;
     case 3: Sort(SomeId()); break;
+    case 4: SetParts(ids); break;
+    case 5:
+    case 6: Replace(); break;
     default: MoveBlocks(ids, m_random->OneIn(2)); break;
     }
     m_isSeveral = false;

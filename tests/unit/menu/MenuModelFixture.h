@@ -1,5 +1,6 @@
 #pragma once
 
+#include "checking/Replacement.h"
 #include "editing/MenuEditor.h"
 #include "unit/CoreFixture.h"
 #include "unit/menu/EventShadow.h"
@@ -90,6 +91,12 @@ private:
     void MoveBlocks(const EntryIds& ids, bool up);
     static std::string Joined(const EntryIds& ids);
 
+    // --- fields of several entries at once ---
+
+    void SetParts(const EntryIds& ids);
+    ReplaceOptions SomeReplacement();
+    void Replace();
+
     const TextRules* m_rules = nullptr;
     Random* m_random = nullptr;
     MenuEditor* m_editor = nullptr;
@@ -104,6 +111,7 @@ private:
     std::vector<MenuEvent> m_events;
     EventShadow m_shadow;
     bool m_isSeveral = false; // an edit of several entries, which may report several events
+    bool m_rollsBack = false; // an edit that is refused only after it has changed some entries
     std::vector<std::string> m_histories;
     int m_step = 0;
     std::string m_action;

@@ -37,11 +37,11 @@ void MenuModelFixture::Edit() {
         Move(id, m_random->OneIn(2));
     else if (kind < 560)
         MoveTo(id, SomeId());
-    else if (kind < 640)
+    else if (kind < 660)
         EditSeveral();
-    else if (kind < 680)
+    else if (kind < 690)
         SetCaption(id);
-    else if (kind < 740)
+    else if (kind < 750)
         SetGraphic(id);
     else if (kind < 850)
         SetPart(id);
