@@ -2,6 +2,7 @@
 
 #include "gui/GuiFixture.h"
 
+#include "gui/MouseDrag.h"
 #include "shell/FormStatusBar.h"
 #include "widgets/UiUtilities.h"
 
@@ -74,6 +75,20 @@ TEST_F(FormMainDragTest, TheFreeAreaIsTheEndOfTheMenu) {
     const wxRect last = Tree().RowRect(Row("R.3"));
     Drag("R.2.1", Tree().Window().ClientToScreen(wxPoint(60, last.GetBottom() + 3 * last.height)));
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n Last\n Angle\n");
+}
+
+TEST_F(FormMainDragTest, IntoACollapsedSubmenuThatOpensUnderTheMouse) {
+    Tree().Collapse(Row("R.2"));
+    Settle();
+    MouseDrag drag(MiddleOf("R.3"));
+    drag.To(MiddleOf("R.2"));
+    drag.RestUntil([&] { return Row("R.2").IsExpanded(); });
+    drag.To([&] { return PointIn("R.2.1", 0.1); });
+    drag.Make([&] { return Tree().Dragged().empty(); });
+    Settle();
+    EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Last\n  Angle\n");
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(TreeText(), Before);
 }
 
 TEST_F(FormMainDragTest, InAFilteredTreeTheEntryDecidesAboutThePlace) {

@@ -1,5 +1,6 @@
 // Rows of a tree view, dragged with the mouse.
 
+#include "gui/MouseDrag.h"
 #include "gui/TreeViewFixture.h"
 
 namespace nesk::testing {
@@ -29,6 +30,7 @@ TEST_F(TreeViewTest, ARowIsDraggedIntoAnother) {
     EXPECT_EQ(marked.node, many);
     EXPECT_EQ(marked.where, TreeDrop::Where::On);
     EXPECT_EQ(view->Marked().node, nullptr) << "the mark goes with the drag";
+    EXPECT_FALSE(many->IsExpanded()) << "the mouse did not rest there";
 }
 
 #ifdef NESK_PORTABLE_STATION
@@ -81,6 +83,67 @@ TEST_F(TreeViewTest, BelowAnOpenNodeIsItsFirstChild) {
     Settle();
     Drag(*tools, PointIn(*games, 0.95));
     EXPECT_EQ(dropped, "Tools moved before Chess");
+}
+
+TEST_F(TreeViewTest, ADragThatRestsOnACollapsedRowOpensIt) {
+    Show();
+    MouseDrag drag(OnScreen(PointIn(*tools)));
+    drag.To(OnScreen(PointIn(*games)));
+    drag.RestUntil([&] { return games->IsExpanded(); });
+    drag.To([&] { return OnScreen(PointIn(games->Child(1), 0.9)); });
+    drag.Make([&] { return view->Dragged().empty(); });
+    EXPECT_EQ(dropped, "Tools moved after Go");
+    EXPECT_FALSE(many->IsExpanded());
+}
+
+TEST_F(TreeViewTest, ADragThatRestsBetweenRowsOpensNothing) {
+    Show();
+    view->on.mayDrop = [](const std::vector<TreeNode*>&, const TreeDrop&) { return true; };
+    bool isOpen = false;
+    MouseDrag drag(OnScreen(PointIn(*tools)));
+    drag.To(OnScreen(PointIn(*many, 0.1)));
+    // Twice as long as it takes to open a row.
+    int rests = 0;
+    drag.RestUntil([&] { return ++rests == 40; });
+    drag.Do([&] { isOpen = many->IsExpanded(); });
+    drag.Make([&] { return view->Dragged().empty(); });
+    EXPECT_FALSE(isOpen);
+    EXPECT_EQ(dropped, "Tools moved before Long menu");
+}
+
+TEST_F(TreeViewTest, NearAnEdgeADragScrolls) {
+    Show();
+    view->Expand(*many);
+    Settle();
+    ASSERT_FALSE(IsSeen(many->Child(30)));
+    // Within one line of the edge. The frame of the window may catch the last pixels.
+    const wxSize size = view->Window().GetClientSize();
+    MouseDrag drag(OnScreen(PointIn(*games)));
+    drag.To(OnScreen(wxPoint(60, size.y - 10)));
+    drag.RestUntil([&] { return IsSeen(many->Child(30)); });
+    bool isAway = false;
+    drag.Do([&] { isAway = !IsSeen(*root); });
+    drag.To(OnScreen(wxPoint(60, 8)));
+    drag.RestUntil([&] { return IsAtTop(); });
+    drag.To([&] { return OnScreen(PointIn(many->Child(1), 0.9)); });
+    drag.Make([&] { return view->Dragged().empty(); });
+    EXPECT_TRUE(isAway);
+    EXPECT_EQ(dropped, "Games moved after Entry 01");
+}
+
+TEST_F(TreeViewTest, AwayFromTheEdgesADragDoesNotScroll) {
+    Show();
+    view->Expand(*many);
+    Settle();
+    int rests = 0;
+    bool isAtTop = false;
+    MouseDrag drag(OnScreen(PointIn(*games)));
+    drag.To(OnScreen(PointIn(many->Child(5), 0.9)));
+    drag.RestUntil([&] { return ++rests == 20; });
+    drag.Do([&] { isAtTop = IsAtTop(); });
+    drag.Make([&] { return view->Dragged().empty(); });
+    EXPECT_TRUE(isAtTop);
+    EXPECT_EQ(dropped, "Games moved after Entry 05");
 }
 
 } // namespace

@@ -73,6 +73,7 @@ protected:
 
     std::string Selected() const { return Names(view->Selection()); }
     std::string Current() const { return view->Selected() != nullptr ? view->Selected()->Text() : ""; }
+    bool IsAtTop() const { return view->ScrollPosition().top == root && view->ScrollPosition().offset == 0; }
     bool IsSeen(const platform::TreeNode& node) const { return !view->RowRect(node).IsEmpty(); }
 
     // A point in a row, in client coordinates. `part` is 0 at the upper edge of the row and 1 at the lower

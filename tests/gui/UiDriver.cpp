@@ -1,5 +1,6 @@
 #include "gui/UiDriver.h"
 
+#include "gui/MouseDrag.h"
 #include "widgets/UiUtilities.h"
 
 #include <cstdlib>
@@ -182,32 +183,11 @@ void DoubleClickPoint(wxPoint point) {
 
 void DragMouse(wxPoint from, wxPoint to, int key, const std::function<void()>& held,
                const std::function<bool()>& isOver) {
-    // On Windows the drag blocks until it ends, so a timer makes its steps.
-    std::vector<std::function<void()>> steps;
-    wxUIActionSimulator simulator;
-    for (int i = 1; i <= 10; ++i)
-        steps.push_back([&simulator, from, to, i] {
-            simulator.MouseMove(
-                wxPoint(from.x + (to.x - from.x) * i / 10, from.y + (to.y - from.y) * i / 10));
-        });
-    if (key != 0) steps.push_back([&] { simulator.KeyDown(key); });
-    for (int i = 0; i < 4; ++i)
-        steps.push_back([&simulator, to, i] { simulator.MouseMove(wxPoint(to.x + i % 2, to.y)); });
-    if (held) steps.push_back(held);
-    steps.push_back([&] { simulator.MouseUp(); });
-    if (key != 0) steps.push_back([&] { simulator.KeyUp(key); });
-    simulator.MouseMove(from);
-    Settle();
-    std::size_t next = 0;
-    wxTimer timer;
-    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-        if (next < steps.size()) steps[next++]();
-    });
-    timer.Start(40);
-    simulator.MouseDown();
-    EXPECT_TRUE(WaitUntil([&] { return next == steps.size() && isOver(); })) << "the drag does not end";
-    timer.Stop();
-    Settle();
+    MouseDrag drag(from);
+    drag.To(to);
+    if (key != 0) drag.Hold(key).To(to);
+    if (held) drag.Do(held);
+    drag.Make(isOver);
 }
 
 wxWindow* Find(const wxWindow& in, const std::string& name) {
