@@ -91,19 +91,25 @@ gboolean GtkTreeControl::OnMotion(GdkEventMotion& motion) {
 
 void GtkTreeControl::ConnectDrag() {
     const GtkTargetEntry target = RowTarget();
-    gtk_drag_dest_set(GTK_WIDGET(m_tree), GtkDestDefaults(0), &target, 1,
+    // The window around the tree receives drops. The tree alone does not get drags over its scroll bars,
+    // which lie over its edges, where a drag has to scroll.
+    gtk_drag_dest_set(m_widget, GtkDestDefaults(0), &target, 1,
                       GdkDragAction(GDK_ACTION_MOVE | GDK_ACTION_COPY));
+    const auto connectTarget = [this](const char* signal, GCallback handler) {
+        g_signal_connect(m_widget, signal, handler, this);
+    };
     const auto connect = [this](const char* signal, GCallback handler) {
         g_signal_connect(m_tree, signal, handler, this);
     };
-    connect("drag-motion",
-            G_CALLBACK(+[](GtkWidget*, GdkDragContext* context, int x, int y, guint time, gpointer self) {
-                return Of(self).OnDragMotion(context, x, y, time);
-            }));
-    connect("drag-drop", G_CALLBACK(+[](GtkWidget*, GdkDragContext* context, int x, int y, guint time,
-                                        gpointer self) { return Of(self).OnDragDrop(context, x, y, time); }));
-    connect("drag-leave",
-            G_CALLBACK(+[](GtkWidget*, GdkDragContext*, guint, gpointer self) { Of(self).LeaveDrag(); }));
+    connectTarget("drag-motion",
+                  G_CALLBACK(+[](GtkWidget*, GdkDragContext* context, int x, int y, guint time,
+                                 gpointer self) { return Of(self).OnDragMotion(context, x, y, time); }));
+    connectTarget("drag-drop",
+                  G_CALLBACK(+[](GtkWidget*, GdkDragContext* context, int x, int y, guint time,
+                                 gpointer self) { return Of(self).OnDragDrop(context, x, y, time); }));
+    connectTarget("drag-leave", G_CALLBACK(+[](GtkWidget*, GdkDragContext*, guint, gpointer self) {
+                      Of(self).LeaveDrag();
+                  }));
     connect("drag-end", G_CALLBACK(+[](GtkWidget*, GdkDragContext*, gpointer self) { Of(self).EndDrag(); }));
     // GTK's own handlers, which transfer rows of its models, must not run.
     connect("drag-data-get", G_CALLBACK(+[](GtkWidget* tree, GdkDragContext*, GtkSelectionData* data, guint,
@@ -114,11 +120,10 @@ void GtkTreeControl::ConnectDrag() {
                                        reinterpret_cast<const guchar*>(text.data()),
                                        static_cast<int>(text.size()));
             }));
-    connect("drag-data-received", G_CALLBACK(+[](GtkWidget* tree, GdkDragContext* context, int x, int y,
-                                                 GtkSelectionData* data, guint, guint time, gpointer self) {
-                g_signal_stop_emission_by_name(tree, "drag-data-received");
-                Of(self).OnDragReceived(context, x, y, *data, time);
-            }));
+    connectTarget(
+        "drag-data-received",
+        G_CALLBACK(+[](GtkWidget*, GdkDragContext* context, int x, int y, GtkSelectionData* data, guint,
+                       guint time, gpointer self) { Of(self).OnDragReceived(context, x, y, *data, time); }));
     connect("drag-data-delete", G_CALLBACK(+[](GtkWidget* tree, GdkDragContext*, gpointer self) {
                 g_signal_stop_emission_by_name(tree, "drag-data-delete");
                 Of(self).ReportTaken();
@@ -127,7 +132,7 @@ void GtkTreeControl::ConnectDrag() {
 
 gboolean GtkTreeControl::OnDragMotion(GdkDragContext* context, int x, int y, guint time) {
     const bool copies = Copies(context);
-    const bool allowed = DragTo(FromWidget(x, y), copies);
+    const bool allowed = DragTo(wxPoint(x, y), copies);
     gdk_drag_status(context, !allowed ? GdkDragAction(0) : copies ? GDK_ACTION_COPY : GDK_ACTION_MOVE, time);
     return TRUE;
 }
@@ -135,12 +140,12 @@ gboolean GtkTreeControl::OnDragMotion(GdkDragContext* context, int x, int y, gui
 gboolean GtkTreeControl::OnDragDrop(GdkDragContext* context, int x, int y, guint time) {
     if (gtk_drag_get_source_widget(context) != GTK_WIDGET(m_tree)) {
         // The rows come from another window, which has to send them first.
-        GdkAtom target = gtk_drag_dest_find_target(GTK_WIDGET(m_tree), context, nullptr);
+        GdkAtom target = gtk_drag_dest_find_target(m_widget, context, nullptr);
         if (target == GDK_NONE) return FALSE;
-        gtk_drag_get_data(GTK_WIDGET(m_tree), context, target, time);
+        gtk_drag_get_data(m_widget, context, target, time);
         return TRUE;
     }
-    const bool dropped = Drop(FromWidget(x, y), Copies(context));
+    const bool dropped = Drop(wxPoint(x, y), Copies(context));
     gtk_drag_finish(context, gboolean{dropped}, FALSE, time);
     return TRUE;
 }
@@ -150,8 +155,8 @@ void GtkTreeControl::OnDragReceived(GdkDragContext* context, int x, int y, const
     const bool copies = gdk_drag_context_get_selected_action(context) == GDK_ACTION_COPY;
     const int length = gtk_selection_data_get_length(&data);
     const auto* const bytes = reinterpret_cast<const char*>(gtk_selection_data_get_data(&data));
-    const bool dropped = length > 0 && DropText(FromWidget(x, y), copies,
-                                                std::string(bytes, static_cast<std::size_t>(length)));
+    const bool dropped =
+        length > 0 && DropText(wxPoint(x, y), copies, std::string(bytes, static_cast<std::size_t>(length)));
     // What was moved is removed from the other window.
     gtk_drag_finish(context, gboolean{dropped}, gboolean{dropped && !copies}, time);
 }

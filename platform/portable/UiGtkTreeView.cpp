@@ -64,6 +64,7 @@ GtkTreeControl::GtkTreeControl(wxWindow* parent, const char* name, const TreeSty
 
 GtkTreeControl::~GtkTreeControl() {
     // No handler may run while the widgets are destroyed.
+    g_signal_handlers_disconnect_matched(m_widget, G_SIGNAL_MATCH_DATA, 0, 0, nullptr, nullptr, this);
     g_signal_handlers_disconnect_matched(m_tree, G_SIGNAL_MATCH_DATA, 0, 0, nullptr, nullptr, this);
     g_signal_handlers_disconnect_matched(gtk_tree_view_get_selection(m_tree), G_SIGNAL_MATCH_DATA, 0, 0,
                                          nullptr, nullptr, this);
