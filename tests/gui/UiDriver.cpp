@@ -19,6 +19,7 @@
 #include <wx/evtloop.h>
 #include <wx/frame.h>
 #include <wx/listbox.h>
+#include <wx/listctrl.h>
 #include <wx/menu.h>
 #include <wx/radiobut.h>
 #include <wx/textctrl.h>
@@ -150,6 +151,14 @@ void SetClipboard(const std::string& text) {
     wxTheClipboard->SetData(new wxTextDataObject(ToWx(text)));
 }
 
+void SetClipboardWithoutText() {
+    const wxClipboardLocker locker;
+    EXPECT_FALSE(!locker) << "the clipboard is in use";
+    auto* const data = new wxCustomDataObject(wxDataFormat("application/x-neskmanager-test"));
+    data->SetData(1, "x");
+    wxTheClipboard->SetData(data);
+}
+
 std::string Clipboard() {
     const wxClipboardLocker locker;
     EXPECT_FALSE(!locker) << "the clipboard is in use";
@@ -259,6 +268,31 @@ void ClickInto(const wxWindow* control) {
     if (!CanUse(control)) return;
     const wxRect place = control->GetScreenRect();
     ClickPoint(wxPoint(place.x + place.width - 10, place.y + place.height / 2));
+}
+
+void ClickMiddle(const wxWindow* control) {
+    if (!CanUse(control)) return;
+    const wxRect place = control->GetScreenRect();
+    ClickPoint(wxPoint(place.x + place.width / 2, place.y + place.height / 2));
+}
+
+void ClickListRow(const wxListView& list, long row) {
+    if (!CanUse(&list)) return;
+    wxRect place;
+    ASSERT_TRUE(list.GetItemRect(row, place, wxLIST_RECT_LABEL));
+    const wxPoint middle(place.x + place.width / 2, place.y + place.height / 2);
+    ASSERT_TRUE(list.GetClientRect().Contains(middle)) << "the row is out of view";
+    ClickPoint(list.ClientToScreen(middle));
+}
+
+void SelectTextByMouse(const wxTextCtrl* box) {
+    ClickInto(box);
+    if (!CanUse(box)) return;
+    const wxRect place = box->GetScreenRect();
+    const int middle = place.y + place.height / 2;
+    MouseDrag(wxPoint(place.x + place.width - 10, middle)).To(wxPoint(place.x + 1, middle)).Make([box] {
+        return box->GetStringSelection() == box->GetValue();
+    });
 }
 
 void Choose(wxControlWithItems* list, const std::string& line) {

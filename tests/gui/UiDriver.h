@@ -10,6 +10,7 @@
 
 class wxControlWithItems;
 class wxDialog;
+class wxListView;
 class wxMenuItem;
 class wxTextCtrl;
 class wxToolBar;
@@ -49,6 +50,9 @@ void SendKey(int key, int modifiers = 0);
 /// Puts a text on the clipboard, and returns the text that is there.
 void SetClipboard(const std::string& text);
 std::string Clipboard();
+
+/// Puts something on the clipboard that has no text.
+void SetClipboardWithoutText();
 
 /// Pastes a text.
 void Paste(const std::string& text);
@@ -92,6 +96,15 @@ void ClickTool(wxToolBar& bar, int id);
 
 /// Clicks into a control near its right end, with the real mouse.
 void ClickInto(const wxWindow* control);
+
+/// Clicks the middle of a control, with the real mouse.
+void ClickMiddle(const wxWindow* control);
+
+/// Clicks a row of a list that is in view, with the real mouse.
+void ClickListRow(const wxListView& list, long row);
+
+/// Selects the text of a text box by a drag from its end to its beginning. The text must fit into the box.
+void SelectTextByMouse(const wxTextCtrl* box);
 
 /// Chooses a line of a list or of a drop-down list.
 void Choose(wxControlWithItems* list, const std::string& line);
