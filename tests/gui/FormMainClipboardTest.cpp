@@ -2,7 +2,9 @@
 
 #include "gui/GuiFixture.h"
 
+#include "base/Messages.h"
 #include "menu/MenuItemCollection.h"
+#include "shell/modStringRes.h"
 
 namespace nesk::testing {
 namespace {
@@ -71,6 +73,7 @@ TEST_F(FormMainClipboardTest, DuplicatesBehindTheSelection) {
     window->tvMain->SelectKeys({"R.1", "R.2"});
     Press('D', wxMOD_CONTROL);
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n First\n Brackets\n  Angle\n Last\n");
+    EXPECT_EQ(window->tvMain->SelectedKeys(), (EntryIds{"R.4", "R.5"})) << "the copies";
 }
 
 TEST_F(FormMainClipboardTest, TheRootIsNotCopied) {
@@ -89,6 +92,17 @@ TEST_F(FormMainClipboardTest, TextThatIsNoEntryIsRefusedWithItsLine) {
                   "correct line 5 of the text");
     ExpectRefused("BLOCK SUBMENU\nCAPTION=\xD0\x96\nEND\n", "Line 2: the character \"\xD0\x96\"");
     ExpectRefused("BLOCK SUBMENU\nCAPTION=x\n", "Line 2: the text ends before");
+}
+
+TEST_F(FormMainClipboardTest, WithoutTextNothingIsPasted) {
+    Select("R.1");
+    SetClipboardWithoutText();
+    dialogs.Answer(wxID_OK);
+    Press('V', wxMOD_CONTROL);
+    ASSERT_EQ(dialogs.shown.size(), 1u);
+    const std::string reason = modStringRes::LoadResString(Message::ClipboardHasNoText);
+    EXPECT_NE(dialogs.shown.back().text.find(reason), std::string::npos) << dialogs.shown.back().text;
+    EXPECT_EQ(TreeText(), Before);
 }
 
 TEST_F(FormMainClipboardTest, MoreEntriesThanASubmenuHoldsAreRefused) {

@@ -3,6 +3,7 @@
 #include "gui/GuiFixture.h"
 
 #include "gui/MouseDrag.h"
+#include "menu/MenuItemCollection.h"
 #include "shell/FormStatusBar.h"
 #include "widgets/UiUtilities.h"
 
@@ -136,6 +137,29 @@ TEST_F(FormMainDragTest, ControlCopies) {
         "R.3", MiddleOf("R.2"), [&] { hint = Hint(); }, WXK_CONTROL);
     EXPECT_EQ(hint, "Copies \"Last\" to the end of \"Brackets\".");
     EXPECT_EQ(TreeText(), "Main Menu\n First\n Brackets\n  Angle\n  Last\n Last\n");
+    EXPECT_EQ(window->tvMain->SelectedKeys(), EntryIds{"R.2.2"}) << "the copy";
+}
+
+TEST_F(FormMainDragTest, AFullMenuTakesNoCopy) {
+    std::string entries;
+    for (int i = 0; i < MenuItemCollection::MaxCount; ++i)
+        entries += "BLOCK SUBMENU\nMENUTYPE=Part Program\nEND\n";
+    WriteMenu("BLOCK MENU\n" + entries + "END\n");
+    Press('W', wxMOD_CONTROL);
+    Press('O', wxMOD_CONTROL);
+    ASSERT_EQ(window->Editor().OpenMenu()->ChildCount(), MenuItemCollection::MaxCount);
+    std::string hint;
+    TreeDrop marked;
+    const auto look = [&] {
+        hint = Hint();
+        marked = Tree().Marked();
+    };
+    Drag("R.1", PointIn("R.3", 0.9), look, WXK_CONTROL);
+    EXPECT_NE(hint.find("32,767"), std::string::npos) << hint;
+    EXPECT_EQ(marked.node, nullptr);
+    Drag("R.1", PointIn("R.3", 0.9), look);
+    EXPECT_EQ(hint, "") << "moving needs no room";
+    EXPECT_NE(marked.node, nullptr);
 }
 #endif
 

@@ -77,6 +77,15 @@ TEST_F(TreeViewTest, ADragCanBeCalledOff) {
     EXPECT_EQ(view->Marked().node, nullptr);
 }
 
+TEST_F(TreeViewTest, ARowThatIsRemovedDuringItsDragIsNotDropped) {
+    Show();
+    view->Expand(*games);
+    Settle();
+    Drag(games->Child(1), PointIn(*many), [&] { view->Remove(games->Child(1)); });
+    EXPECT_EQ(dropped, "");
+    EXPECT_EQ(games->ChildCount(), 3u);
+}
+
 TEST_F(TreeViewTest, BelowAnOpenNodeIsItsFirstChild) {
     Show();
     view->Expand(*games);

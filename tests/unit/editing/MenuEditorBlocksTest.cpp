@@ -1,13 +1,19 @@
 // Edits of several entries at once.
 
 #include "base/Messages.h"
+#include "editing/EntryText.h"
+#include "editing/InsertChange.h"
 #include "editing/MenuEditor.h"
+#include "editing/OrderChange.h"
+#include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "unit/CoreFixture.h"
 #include "unit/Errors.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <memory>
 
 namespace nesk {
 namespace {
@@ -241,6 +247,12 @@ TEST_F(MenuEditorBlocksTest, PastesTextOfAnEditorWithOtherLineEnds) {
     ExpectStep("Müller a Sub(b c d) e Empty f", Message::ChangePaste, "Müller");
 }
 
+TEST_F(MenuEditorBlocksTest, PastesTextUpToAZero) {
+    const std::string text = m_editor.CopyText(Ids({"f"}));
+    m_editor.Paste(text + std::string(1, '\0') + "hello", "R", 1);
+    ExpectStep("f a Sub(b c d) e Empty f", Message::ChangePaste, "f");
+}
+
 TEST_F(MenuEditorBlocksTest, RefusesTextThatIsNoBlockWithItsLine) {
     const auto refusalOf = [&](const std::string& text) {
         const NeskError error = ErrorOf([&] { m_editor.Paste(text, "R", 1); });
@@ -329,6 +341,46 @@ TEST_F(MenuEditorBlocksTest, ARefusedTextChangesNoPart) {
               }).messageId,
               Message::NotEncodable);
     ExpectNothingChanged();
+}
+
+TEST_F(MenuEditorBlocksTest, AGroupThatIsNotCommittedIsUndone) {
+    {
+        const MenuEditor::Group group(m_editor, {Message::ChangeRemoveSeveral, {"2"}}, 2);
+        m_editor.Remove(Id("a"));
+        m_editor.Remove(Id("Sub"));
+        EXPECT_EQ(Tree(), "e Empty f");
+    }
+    ExpectNothingChanged();
+}
+
+// What the changes kept for Undo are limited by.
+TEST_F(MenuEditorBlocksTest, TheMemoryOfAChangeIncludesItsEntries) {
+    Menu menu;
+    const auto changeOf = [&](const std::string& text) {
+        return InsertChange(std::move(EntryText::Read(text, menu).front()), "R", 1);
+    };
+    const std::string leaf = "BLOCK SUBMENU\nEND\n";
+    std::string children;
+    for (int i = 0; i < 100; ++i)
+        children += leaf;
+    EXPECT_GE(changeOf("BLOCK SUBMENU\n" + children + "END\n").Bytes(),
+              changeOf(leaf).Bytes() + 100 * sizeof(MenuItem));
+    EXPECT_GE(OrderChange("R", std::vector<std::int32_t>(1000)).Bytes(),
+              OrderChange("R", std::vector<std::int32_t>(1)).Bytes() + 999 * sizeof(std::int32_t));
+}
+
+TEST_F(MenuEditorBlocksTest, AnInsertedEntryThatWasTakenBackOutlivesItsMenu) {
+    auto menu = std::make_unique<Menu>();
+    const std::weak_ptr<Arena> memory = menu->Memory();
+    auto change = std::make_unique<InsertChange>(
+        std::move(EntryText::Read("BLOCK SUBMENU\nEND\n", *menu).front()), "R", 1);
+    const auto ignore = [](const MenuEvent&) {};
+    ASSERT_TRUE(change->Apply(*menu, ignore));
+    ASSERT_TRUE(change->Revert(*menu, ignore));
+    menu.reset();
+    EXPECT_FALSE(memory.expired()) << "the change keeps the entry";
+    change.reset();
+    EXPECT_TRUE(memory.expired());
 }
 
 } // namespace
