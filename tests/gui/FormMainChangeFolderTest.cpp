@@ -64,10 +64,11 @@ protected:
 
 TEST_F(FormMainChangeFolderTest, ByMouse) {
     ASSERT_EQ(Paths("R.1"), First);
+    station.Write("E:\\New pictures\\readme.txt", "");
     Change([&](FormChangeFolder& dialog) {
         ClickFolder(dialog, "D:\\Pictures");
         EXPECT_EQ(TextOf(dialog.txtPlace), "D:\\Pictures");
-        EXPECT_EQ(TextOf(dialog.lblCount), "Paths that change: 2");
+        EXPECT_EQ(TextOf(dialog.lblCount), "Paths in this folder: 2");
         SelectTextByMouse(dialog.txtPlace);
         Type("E:\\New pictures");
         ClickMiddle(dialog.cmdOK);
