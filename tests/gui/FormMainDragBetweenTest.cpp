@@ -86,7 +86,10 @@ TEST_F(FormMainDragBetweenTest, WhatTheOtherWindowRefusesStays) {
 }
 
 TEST_F(FormMainDragBetweenTest, TheRootIsNotDragged) {
-    DragToOther("R");
+    std::size_t dragged = 1;
+    DragMouse(
+        MiddleOf("R"), OtherRow(), 0, [&] { dragged = Tree().Dragged().size(); }, [] { return true; });
+    EXPECT_EQ(dragged, 0u);
     EXPECT_EQ(received, "");
     EXPECT_EQ(TreeText(), Before);
 }

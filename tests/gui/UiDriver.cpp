@@ -286,7 +286,6 @@ void ClickListRow(const wxListView& list, long row) {
 }
 
 void SelectTextByMouse(const wxTextCtrl* box) {
-    ClickInto(box);
     if (!CanUse(box)) return;
     const wxRect place = box->GetScreenRect();
     const int middle = place.y + place.height / 2;
