@@ -8,7 +8,6 @@ namespace {
 
 using platform::TreeDrop;
 using platform::TreeNode;
-using platform::TreeView;
 
 TEST_F(TreeViewTest, ARowIsDraggedBetweenOthers) {
     Show();
