@@ -65,6 +65,7 @@ void MenuModelFixture::RunSequence(unsigned seed) {
     if (!HasFailure()) SaveForAnother();
     if (!HasFailure() && seed % 4 == 0) ThroughAFile();
     m_editor = nullptr;
+    m_random = nullptr;
 }
 
 std::string MenuModelFixture::Where() const {
