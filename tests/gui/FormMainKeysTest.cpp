@@ -3,6 +3,7 @@
 #include "shell/modStringRes.h"
 
 #include <deque>
+#include <functional>
 
 #include <wx/menu.h>
 #include <wx/msgdlg.h>
@@ -18,6 +19,21 @@ protected:
         WriteMenu(SmallMenu);
         OpenWindow();
         Press('O', wxMOD_CONTROL);
+    }
+
+    // Opens the context menu of the entry R.2 with the mouse and presses keys in it. Returns whether `isDone`
+    // became true afterwards.
+    bool ContextMenu(std::deque<int> keys, const std::function<bool()>& isDone) {
+        // The click returns only after the menu is closed, so a timer presses the keys.
+        wxTimer timer;
+        timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+            if (keys.empty()) return timer.Stop();
+            SendKey(keys.front());
+            keys.pop_front();
+        });
+        timer.Start(200);
+        ClickRow("R.2", wxMOUSE_BTN_RIGHT);
+        return WaitUntil(isDone);
     }
 };
 
@@ -217,33 +233,15 @@ TEST_F(FormMainKeysTest, TheQuestionNamesWhatIsRemoved) {
 }
 
 TEST_F(FormMainKeysTest, TheContextMenuHasTheCommandsOfTheMenu) {
-    // The click returns only after the menu is closed, so a timer chooses the menu's second command.
-    std::deque<int> keys{WXK_DOWN, WXK_DOWN, WXK_RETURN};
-    wxTimer timer;
-    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-        if (keys.empty()) return timer.Stop();
-        SendKey(keys.front());
-        keys.pop_front();
-    });
-    timer.Start(200);
-    ClickRow("R.2", wxMOUSE_BTN_RIGHT);
-    ASSERT_TRUE(WaitUntil([&] { return Tree().Edited() != nullptr; }));
+    // The menu's second command.
+    ASSERT_TRUE(ContextMenu({WXK_DOWN, WXK_DOWN, WXK_RETURN}, [&] { return Tree().Edited() != nullptr; }));
     Press(WXK_RETURN);
     EXPECT_EQ(window->tvMain->SelectedKey(), "R.2.2") << "below the entry that was clicked";
     EXPECT_TRUE(window->Editor().CommandsFor("R.2.2").addPart) << "a submenu";
 }
 
 TEST_F(FormMainKeysTest, TheContextMenuFindsInASubmenu) {
-    std::deque<int> keys{WXK_UP, WXK_UP, WXK_UP, WXK_RIGHT, WXK_RETURN};
-    wxTimer timer;
-    timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
-        if (keys.empty()) return timer.Stop();
-        SendKey(keys.front());
-        keys.pop_front();
-    });
-    timer.Start(200);
-    ClickRow("R.2", wxMOUSE_BTN_RIGHT);
-    EXPECT_TRUE(WaitUntil([&] {
+    EXPECT_TRUE(ContextMenu({WXK_UP, WXK_UP, WXK_UP, WXK_RIGHT, WXK_RETURN}, [&] {
         const wxWindow* bar = wxWindow::FindWindowByName("FormFindBar", window);
         return bar != nullptr && bar->IsShown();
     }));
