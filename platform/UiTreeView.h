@@ -314,6 +314,7 @@ private:
     int m_hoverTicks = 0;
     wxTimer m_dragTimer;
     wxTimer m_menuTimer;
+    int m_menuWaits = 0;
 };
 
 } // namespace nesk::platform

@@ -18,6 +18,8 @@ namespace {
 constexpr std::size_t MostLevelsExpanded = 200;
 
 constexpr int ScrollMilliseconds = 50;
+// On a busy machine the next paint may take longer.
+constexpr int MostWaits = 20;
 constexpr int DragTickMilliseconds = 60;
 constexpr int TicksBeforeOpening = 12; // held over a collapsed entry before it opens
 
@@ -357,10 +359,8 @@ void TreeView::ReportContextMenu(wxPoint screen) {
     // Opened by keyboard: show the menu at the selected row. A control may scroll only at its next paint.
     TreeNode* const node = Selected();
     if (node != nullptr) EnsureVisible(*node);
-    if (node != nullptr && RowRect(*node).IsEmpty())
-        m_menuTimer.StartOnce(ScrollMilliseconds);
-    else
-        OpenMenuAtSelected();
+    m_menuWaits = 0;
+    OpenMenuAtSelected();
 }
 
 // The menu applies to the selection if the clicked row is part of it, otherwise to the clicked row.
@@ -372,9 +372,14 @@ void TreeView::SelectForMenu(TreeNode* node) {
     if (std::find(selection.begin(), selection.end(), node) == selection.end()) Select(node);
 }
 
+// Waits until the row is visible.
 void TreeView::OpenMenuAtSelected() {
     TreeNode* const node = Selected();
     const wxRect row = node != nullptr ? RowRect(*node) : wxRect();
+    if (node != nullptr && row.IsEmpty() && m_menuWaits++ < MostWaits) {
+        m_menuTimer.StartOnce(ScrollMilliseconds);
+        return;
+    }
     if (on.contextMenu) on.contextMenu(node, wxPoint(row.x, row.y + row.height));
 }
 
