@@ -65,8 +65,8 @@ public:
         std::string text;
     };
 
-    /// The first field of an entry that contains the text; nothing when that is the caption, which everybody
-    /// sees, or when there is none.
+    /// The first field of an entry that contains the text. Nothing when that field is the caption, which the
+    /// tree shows, or when no field contains the text.
     std::optional<Found> FoundBesideCaption(const MenuEntry& entry) const;
 
     /// The entry found next after an entry, or before it, in the order of the tree. After the last one comes

@@ -246,8 +246,9 @@ public:
     /// EntryText::Read.
     EntryIds Paste(std::string_view text, const std::string& parentId, int position);
 
-    /// The entry whose children a command to sort is about: the selected one, or the parent when a part or
-    /// several siblings are selected. "" when there is none or it has fewer than 2 children.
+    /// Id of the entry whose children the sort commands order: the selected submenu, or the parent of the
+    /// selected part or siblings. "" when the selected entries have different parents, or when there are
+    /// fewer than 2 children to order.
     std::string SortTarget(const EntryIds& ids) const;
 
     /// Sorts the children of an entry by caption, in the order of the user's language. Returns false when

@@ -154,8 +154,8 @@ public:
     /// Whether a search for a node requests the children that are not there yet.
     enum class Missing { Stay, Create };
 
-    /// The node with these keys, one for each level from the root down; null when there is none. The keys of
-    /// siblings must differ.
+    /// Finds a node by the keys of all nodes from the root down to it. Returns null when there is no such
+    /// node. Siblings must have different keys.
     TreeNode* NodeAt(const std::vector<std::string_view>& keys, Missing missing);
 
     void SetText(TreeNode& node, const std::string& text);
