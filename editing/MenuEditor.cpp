@@ -3,6 +3,7 @@
 #include "base/BackupNames.h"
 #include "base/Messages.h"
 #include "editing/CompoundChange.h"
+#include "editing/InsertChange.h"
 #include "editing/MoveToChange.h"
 #include "editing/SamePlace.h"
 #include "menu/MenuFile.h"
@@ -191,6 +192,7 @@ MenuCommands MenuEditor::CommandsFor(const std::string& id) const {
     commands.rename = true;
     commands.pasteInside = commands.addPart;
     commands.sort = !SortTarget({id}).empty();
+    commands.addParts = true;   // beside a part
     commands.pasteAfter = true; // the root has no place after it: there it is the end of the menu
     if (item == nullptr) return commands;
     const MenuItemCollection& siblings = *item->ParentMenu()->Children();
@@ -218,6 +220,23 @@ std::string MenuEditor::AddPart(const std::string& parentId, const std::string& 
 
 std::string MenuEditor::AddSubmenu(const std::string& parentId, const std::string& caption) {
     return Add(parentId, caption, MenuItem::SubmenuType);
+}
+
+std::string MenuEditor::AddPart(const std::string& parentId, const std::string& caption,
+                                const PartFields& fields) {
+    MenuEntry* parent = m_menu ? m_menu->Find(parentId) : nullptr;
+    const MenuItem* item = AsItem(parent);
+    if (parent == nullptr || (item != nullptr && item->IsPart())) return "";
+    MenuText::Check(caption, "MenuEditor.Add");
+    CheckPartFields(fields, {});
+    auto part = parent->SubMenus().NewItem();
+    part->SetCaption(caption);
+    part->SetMenuType(MenuItem::PartType);
+    ApplyPartFields(*part, fields);
+    std::string id = part->ID();
+    Make(std::make_unique<InsertChange>(std::move(part), parentId, parent->ChildCount() + 1),
+         {Message::ChangeAdd, {caption}});
+    return id;
 }
 
 bool MenuEditor::MoveUp(const std::string& id) {

@@ -52,6 +52,7 @@ struct MenuCommands {
     bool pasteAfter = false;
     bool pasteInside = false;
     bool sort = false;
+    bool addParts = false; ///< many parts from folders
 
     bool operator==(const MenuCommands&) const = default;
 };
@@ -168,6 +169,10 @@ public:
     std::string AddPart(const std::string& parentId, const std::string& caption);
     std::string AddSubmenu(const std::string& parentId, const std::string& caption);
 
+    /// Does the same as AddPart, and gives the part its fields, as one event. Raises 5000 also for a field
+    /// that cannot be stored.
+    std::string AddPart(const std::string& parentId, const std::string& caption, const PartFields& fields);
+
     /// Moves an entry one position. Returns false when that is not possible; nothing has then changed.
     bool MoveUp(const std::string& id);
     bool MoveDown(const std::string& id);
@@ -250,6 +255,10 @@ public:
     /// selected part or siblings. "" when the selected entries have different parents, or when there are
     /// fewer than 2 children to order.
     std::string SortTarget(const EntryIds& ids) const;
+
+    /// Id of the entry to which many parts are added: the selected submenu, or the submenu in which the first
+    /// of the selected entries is. "" when nothing is selected.
+    std::string AddPartsTarget(const EntryIds& ids) const;
 
     /// Sorts the children of an entry by caption, in the order of the user's language. Returns false when
     /// they are in this order already.

@@ -72,6 +72,7 @@ MenuCommands MenuEditor::CommandsFor(const EntryIds& ids) const {
     const std::vector<const MenuItem*> items = ItemsOf(ids);
     if (items.empty()) return commands;
     commands.sort = !SortTarget(ids).empty();
+    commands.addParts = !AddPartsTarget(ids).empty();
     commands.remove = commands.copy = commands.pasteAfter = true;
     commands.edit =
         std::any_of(items.begin(), items.end(), [](const MenuItem* item) { return item->IsPart(); });
@@ -260,6 +261,14 @@ std::string MenuEditor::SortTarget(const EntryIds& ids) const {
             return MenuId::OfParent(selected) == id;
         });
     return areSiblings ? id : "";
+}
+
+std::string MenuEditor::AddPartsTarget(const EntryIds& ids) const {
+    const MenuEntry* target = ids.empty() ? nullptr : Find(ids.front());
+    if (target == nullptr) return "";
+    const MenuItem* first = AsItem(target);
+    if (first != nullptr && (ids.size() > 1 || first->IsPart())) target = first->ParentMenu();
+    return target->ID();
 }
 
 bool MenuEditor::Sort(const std::string& parentId, bool submenusFirst) {

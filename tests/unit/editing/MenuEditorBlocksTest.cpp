@@ -175,6 +175,19 @@ TEST_F(MenuEditorBlocksTest, EntriesOfSeveralParentsHaveNoLevelInCommon) {
     ExpectNothingChanged();
 }
 
+TEST_F(MenuEditorBlocksTest, PartsAreAddedWhereTheSelectedEntriesAre) {
+    EXPECT_EQ(m_editor.AddPartsTarget({"R"}), "R");
+    EXPECT_EQ(m_editor.AddPartsTarget(Ids({"Sub"})), Id("Sub"));
+    EXPECT_EQ(m_editor.AddPartsTarget(Ids({"b"})), Id("Sub")) << "beside a part";
+    EXPECT_EQ(m_editor.AddPartsTarget(Ids({"b", "d"})), Id("Sub"));
+    EXPECT_EQ(m_editor.AddPartsTarget(Ids({"Sub", "Empty"})), "R");
+    EXPECT_EQ(m_editor.AddPartsTarget(Ids({"b", "e"})), Id("Sub")) << "where the first is";
+    EXPECT_EQ(m_editor.AddPartsTarget({}), "");
+    EXPECT_EQ(m_editor.AddPartsTarget({"R.99"}), "");
+    EXPECT_TRUE(m_editor.CommandsFor(Ids({"b", "e"})).addParts);
+    EXPECT_FALSE(m_editor.CommandsFor(Ids({"b", "e"})).addPart);
+}
+
 TEST_F(MenuEditorBlocksTest, MovesEntriesToAPlaceAmongTheirSiblings) {
     m_editor.MoveTo(Ids({"a", "f"}), "R", 4); // before Empty
     ExpectStep("Sub(b c d) e a f Empty", Message::ChangeMoveSeveral, "2");

@@ -167,10 +167,35 @@ TEST_F(MenuEditorTest, Adding) {
     EXPECT_EQ(m_editor.Find("R.1.1")->Caption(), "Ärger");
 }
 
+TEST_F(MenuEditorTest, APartIsAddedWithItsFields) {
+    OpenExample();
+    PartFields fields;
+    fields.programId = "@D:\\p\\partinfo.ini@";
+    fields.historyTitle = "Housing";
+    EXPECT_EQ(m_editor.AddPart("R.1", "New", fields), "R.1.4");
+    EXPECT_EQ(m_recorder.Take(), (Texts{"added R.1.4 in R.1 at 4", "dirty"}));
+    const auto& part = dynamic_cast<const MenuItem&>(*m_editor.Find("R.1.4"));
+    EXPECT_EQ(PartFieldsOf(part), fields);
+    EXPECT_EQ(part.Caption(), "New");
+    EXPECT_EQ(part.MenuType(), "Part Program");
+    EXPECT_TRUE(m_editor.Undo());
+    EXPECT_EQ(m_editor.Find("R.1.4"), nullptr);
+    EXPECT_TRUE(m_editor.Redo());
+    EXPECT_EQ(PartFieldsOf(dynamic_cast<const MenuItem&>(*m_editor.Find("R.1.4"))), fields);
+    m_editor.Undo();
+    m_recorder.Take();
+    fields.graphic = "C:\\日.bmp";
+    ExpectNoChange([&] {
+        EXPECT_THROW(m_editor.AddPart("R.1", "New", fields), NeskError);
+        EXPECT_THROW(m_editor.AddPart("R.1", "日", {}), NeskError);
+    });
+}
+
 TEST_F(MenuEditorTest, NothingIsAddedBelowAPartOrNowhere) {
     OpenExample();
     ExpectNoChange([&] {
         for (const char* id : {"R.2", "R.1.1", "R.9", "", "X"}) {
+            EXPECT_EQ(m_editor.AddPart(id, "x", {}), "") << id;
             EXPECT_EQ(m_editor.AddPart(id, "x"), "") << id;
             EXPECT_EQ(m_editor.AddSubmenu(id, "x"), "") << id;
         }
@@ -325,15 +350,15 @@ TEST_F(MenuEditorTest, Commands) {
     const struct {
         const char* id;
         // add part, add submenu, up, down, out, in, edit, remove, rename, copy, paste after, paste inside,
-        // sort
+        // sort, add parts
         MenuCommands commands;
     } table[] = {
-        {"R", {true, true, false, false, false, false, false, false, true, false, true, true, true}},
-        {"R.1", {true, true, false, true, false, false, true, true, true, true, true, true, true}},
-        {"R.2", {false, false, true, false, false, true, true, true, true, true, true, false, true}},
-        {"R.1.1", {false, false, false, true, true, false, true, true, true, true, true, false, true}},
-        {"R.1.2", {false, false, true, true, true, false, true, true, true, true, true, false, true}},
-        {"R.1.3", {false, false, true, false, true, false, true, true, true, true, true, false, true}},
+        {"R", {true, true, false, false, false, false, false, false, true, false, true, true, true, true}},
+        {"R.1", {true, true, false, true, false, false, true, true, true, true, true, true, true, true}},
+        {"R.2", {false, false, true, false, false, true, true, true, true, true, true, false, true, true}},
+        {"R.1.1", {false, false, false, true, true, false, true, true, true, true, true, false, true, true}},
+        {"R.1.2", {false, false, true, true, true, false, true, true, true, true, true, false, true, true}},
+        {"R.1.3", {false, false, true, false, true, false, true, true, true, true, true, false, true, true}},
         {"", {}},
         {"R.9", {}},
     };
