@@ -2,9 +2,11 @@
 
 #include "platform/TreeNode.h"
 #include "platform/TypeAhead.h"
+#include "platform/UiFileTarget.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -72,6 +74,15 @@ struct TreeEvents {
 
     /// A drag has left the view or has ended.
     std::function<void()> dragLeft;
+
+    // Files that are dragged from the system's file manager. Their paths are Windows paths.
+
+    /// Returns whether files may be dropped on a row; null for the free area below the rows. Called for each
+    /// move.
+    std::function<bool(const std::vector<std::string>& paths, TreeNode* node)> mayDropFiles;
+
+    /// Files were dropped where they may be. The drag has ended.
+    std::function<void(const std::vector<std::string>& paths, TreeNode* node)> droppedFiles;
 
     // Drags between windows of this program. Without dragText, rows are dragged within the view only.
 
@@ -283,6 +294,7 @@ protected:
     bool DropText(wxPoint point, bool copies, const std::string& text);
     void LeaveDrag();
     void EndDrag();
+    FileDragEvents FileEvents();
     std::string DragText() const { return on.dragText ? on.dragText(m_dragged) : ""; }
     void ReportTaken();
 
@@ -301,6 +313,9 @@ private:
     void SelectForMenu(TreeNode* node);
     void OpenMenuAtSelected();
     void OnDragTimer();
+    TreeDrop FileDropAt(wxPoint point) const;
+    bool DragFilesTo(wxPoint point, const std::vector<std::string>& paths);
+    void DropFiles(wxPoint point, const std::vector<std::string>& paths);
     void Mark(const TreeDrop& drop);
 
     std::unique_ptr<TreeNode> m_root;
@@ -308,6 +323,7 @@ private:
     TypeAhead m_typeAhead;
     int m_quiet = 0;
     std::vector<TreeNode*> m_dragged;
+    std::optional<std::vector<std::string>> m_draggedFiles;
     TreeDrop m_marked;
     wxPoint m_dragPoint;
     bool m_dragCopies = false;

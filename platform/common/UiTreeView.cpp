@@ -400,6 +400,7 @@ std::string TreeView::Corrected(const std::string& text) const {
 // --- dragging ---
 
 TreeDrop TreeView::DropAt(wxPoint point, bool copies) const {
+    if (m_draggedFiles) return FileDropAt(point);
     TreeDrop drop{RowAt(point), TreeDrop::Where::On, copies};
     // The free area below the rows stands for the end of the tree.
     if (drop.node == nullptr) drop.node = Root();
@@ -458,6 +459,33 @@ bool TreeView::DropText(wxPoint point, bool copies, const std::string& text) {
     return drop.node != nullptr && on.droppedText && on.droppedText(text, drop);
 }
 
+// The free area below the rows stands for the root.
+TreeDrop TreeView::FileDropAt(wxPoint point) const {
+    TreeNode* const node = RowAt(point);
+    TreeNode* const marked = node != nullptr ? node : Root();
+    const bool allowed = marked != nullptr && on.mayDropFiles && on.mayDropFiles(*m_draggedFiles, node);
+    return allowed ? TreeDrop{marked, TreeDrop::Where::On, true} : TreeDrop{};
+}
+
+FileDragEvents TreeView::FileEvents() {
+    return {
+        [this](const std::vector<std::string>& paths, wxPoint point) { return DragFilesTo(point, paths); },
+        [this] { LeaveDrag(); },
+        [this](const std::vector<std::string>& paths, wxPoint point) { DropFiles(point, paths); }};
+}
+
+bool TreeView::DragFilesTo(wxPoint point, const std::vector<std::string>& paths) {
+    if (m_draggedFiles != paths) m_draggedFiles = paths;
+    m_dragPoint = point;
+    Mark(DropAt(point, true));
+    if (!m_dragTimer.IsRunning()) m_dragTimer.Start(DragTickMilliseconds);
+    return m_marked.node != nullptr;
+}
+
+void TreeView::DropFiles(wxPoint point, const std::vector<std::string>& paths) {
+    if (Root() != nullptr && on.droppedFiles) on.droppedFiles(paths, RowAt(point));
+}
+
 void TreeView::ReportTaken() {
     if (m_dragged.empty() || !on.dragTaken) return;
     // The control is still busy ending the drag.
@@ -466,6 +494,7 @@ void TreeView::ReportTaken() {
 
 void TreeView::LeaveDrag() {
     m_dragTimer.Stop();
+    m_draggedFiles.reset();
     Mark({});
     if (on.dragLeft) on.dragLeft();
 }

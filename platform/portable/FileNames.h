@@ -12,8 +12,4 @@ std::string NameFromHost(std::string_view bytes);
 /// The reverse of NameFromHost.
 std::string NameToHost(std::string_view name);
 
-/// True when `name` matches `pattern`, in which "*" is any text and "?" any character, compared without
-/// regard to case. "*.*" matches every name, as on Windows.
-bool MatchesPattern(std::string_view name, std::string_view pattern);
-
 } // namespace nesk::platform::portable

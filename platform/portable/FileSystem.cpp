@@ -1,6 +1,7 @@
 #include "platform/FileSystem.h"
 
 #include "platform/ErrorCode.h"
+#include "platform/NamePattern.h"
 #include "platform/TemporaryName.h"
 #include "platform/portable/FileHandle.h"
 #include "platform/portable/FileLock.h"
@@ -199,7 +200,7 @@ public:
             if (found == nullptr)
                 return errno != 0 ? ErrorFromErrno(errno, ErrorCode::ReadFault) : ErrorCode::NoMoreItems;
             std::string name = NameFromHost(found->d_name);
-            if (!portable::MatchesPattern(name, m_pattern)) continue;
+            if (!MatchesPattern(name, m_pattern)) continue;
             struct stat status {};
             // A folder needs no further query. A broken link is reported as an entry, too.
             if (found->d_type == DT_DIR)
@@ -233,9 +234,14 @@ class HostFileSystem final : public FileSystem {
 public:
     ErrorCode Attributes(const std::string& path, std::uint32_t& attributes) override {
         attributes = 0;
+        struct stat status {};
+        if (const std::string likely = portable::LikelyHostPath(path);
+            !likely.empty() && ::stat(likely.c_str(), &status) == 0) {
+            attributes = AttributesOf(status, std::string_view(likely).substr(likely.rfind('/') + 1));
+            return ErrorCode::Success;
+        }
         fs::path host;
         if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
-        struct stat status {};
         if (::stat(host.c_str(), &status) != 0) return MissingCode(host, errno);
         attributes = AttributesOf(status, host.filename().string());
         return ErrorCode::Success;
@@ -268,11 +274,17 @@ public:
 
     ErrorCode OpenForReading(const std::string& path, std::unique_ptr<FileReader>& reader) override {
         reader.reset();
-        fs::path host;
-        if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
         // Without O_NONBLOCK, opening a pipe without a writer would block the program.
-        FileHandle handle(::open(host.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-        if (!handle) return MissingCode(host, errno);
+        constexpr int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+        FileHandle handle;
+        if (const std::string likely = portable::LikelyHostPath(path); !likely.empty())
+            handle = FileHandle(::open(likely.c_str(), flags));
+        if (!handle) {
+            fs::path host;
+            if (const ErrorCode result = Locate(path, host); result != ErrorCode::Success) return result;
+            handle = FileHandle(::open(host.c_str(), flags));
+            if (!handle) return MissingCode(host, errno);
+        }
         struct stat status {};
         if (::fstat(handle.Get(), &status) != 0) return ErrorFromErrno(errno, ErrorCode::ReadFault);
         if (!S_ISREG(status.st_mode)) return ErrorCode::AccessDenied;

@@ -98,6 +98,22 @@ std::string LookUp(std::string_view path) {
 // std::filesystem::path stores each name separately, which takes longer than the system calls.
 class KnownFolders {
 public:
+    // Where a path leads if the rest of it, after the folders that are known, is spelled as on the host. The
+    // rest is not looked up. "" when no part of the path is known.
+    std::string Guess(std::string_view path) const {
+        if (m_levels.empty() || m_station.native() != StationFolder().native()) return "";
+        const auto difference = std::mismatch(path.begin(), path.end(), m_path.begin(), m_path.end()).first;
+        const auto same = static_cast<std::size_t>(difference - path.begin());
+        const auto level = std::find_if(m_levels.rbegin(), m_levels.rend(),
+                                        [same](const Level& known) { return known.length <= same; });
+        const std::size_t root = HasDrive(path) ? 2 : 0;
+        if (level == m_levels.rend() || m_levels.front().length != root) return "";
+        // The known part ends with a separator or a drive.
+        std::string rest = NameToHost(path.substr(level->length));
+        std::replace(rest.begin(), rest.end(), '\\', '/');
+        return Below(level->host, std::string_view(rest).substr(rest.starts_with('/') ? 1 : 0));
+    }
+
     // Finds the folder of a path that ends with a separator and does not contain "..".
     std::string Find(std::string_view path) {
         Forget(path);
@@ -149,6 +165,34 @@ private:
 
 } // namespace
 
+namespace {
+
+KnownFolders& Known() {
+    static thread_local KnownFolders known;
+    return known;
+}
+
+// True when each name of a path stands for a file of the same name.
+bool HasPlainNames(std::string_view path) {
+    constexpr std::string_view forbidden = "<>:\"|?*/";
+    char before = '\\';
+    for (const char c : path.substr(2)) {
+        const bool isSeparator = c == '\\';
+        // A name does not end with a dot or a space, and none is empty.
+        if (isSeparator && (before == '.' || before == ' ')) return false;
+        if (static_cast<unsigned char>(c) < 0x20 || forbidden.find(c) != std::string_view::npos) return false;
+        before = c;
+    }
+    return before != '.' && before != ' ' && before != '\\';
+}
+
+} // namespace
+
+std::string LikelyHostPath(const std::string& path) {
+    if (!HasDrive(path) || path.size() < 4 || path[2] != '\\' || !HasPlainNames(path)) return "";
+    return Known().Guess(path);
+}
+
 fs::path ToHostPath(const std::string& path) {
     if (path.empty() || path.find('\0') != std::string::npos) return {};
     if (path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1])) return {};
@@ -157,8 +201,7 @@ fs::path ToHostPath(const std::string& path) {
                                       ? ""
                                       : WithoutTrailingDots(std::string_view(path).substr(separator + 1));
     if (separator == std::string::npos || path.find("..") != std::string::npos) return LookUp(path);
-    static thread_local KnownFolders known;
-    std::string folder = known.Find(std::string_view(path).substr(0, separator + 1));
+    std::string folder = Known().Find(std::string_view(path).substr(0, separator + 1));
     return name.empty() ? std::move(folder) : FindEntry(folder, name);
 }
 

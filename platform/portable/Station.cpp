@@ -2,16 +2,25 @@
 
 #include "platform/portable/StationRegistry.h"
 
+#include <atomic>
 #include <cstdlib>
-#include <optional>
+#include <deque>
+#include <mutex>
+#include <utility>
 
 namespace nesk::platform::portable {
 
 namespace {
 
-std::optional<std::filesystem::path>& ChosenFolder() {
-    static std::optional<std::filesystem::path> folder;
-    return folder;
+// The folder in use; null before the first use. Another thread may still use the former folder, so none is
+// ever deleted.
+std::atomic<const std::filesystem::path*> g_folder = nullptr;
+
+void Choose(std::filesystem::path folder) {
+    static std::mutex mutex;
+    static std::deque<std::filesystem::path> folders;
+    const std::lock_guard lock(mutex);
+    g_folder = &folders.emplace_back(std::move(folder));
 }
 
 std::string Environment(const char* name) {
@@ -31,13 +40,12 @@ std::filesystem::path DefaultStationFolder() {
 }
 
 const std::filesystem::path& StationFolder() {
-    std::optional<std::filesystem::path>& folder = ChosenFolder();
-    if (!folder) folder = DefaultStationFolder();
-    return *folder;
+    if (g_folder == nullptr) Choose(DefaultStationFolder());
+    return *g_folder;
 }
 
 void UseStation(const std::filesystem::path& folder) {
-    ChosenFolder() = std::filesystem::absolute(folder).lexically_normal();
+    Choose(std::filesystem::absolute(folder).lexically_normal());
     ReopenStationRegistry();
 }
 

@@ -10,7 +10,7 @@ namespace nesk::platform::portable {
 std::filesystem::path DefaultStationFolder();
 
 /// Folder of the station in use: DefaultStationFolder, read once, unless UseStation replaced it. The
-/// reference is valid until the next UseStation.
+/// reference stays valid.
 const std::filesystem::path& StationFolder();
 
 /// Switches to another station. Handles that are open on the old one become invalid.
@@ -21,6 +21,11 @@ void UseStation(const std::filesystem::path& folder);
 /// of the drive. A path without a drive letter is relative to the root of C:. Empty when `path` is empty, is
 /// on a network share, or contains a zero byte.
 std::filesystem::path ToHostPath(const std::string& path);
+
+/// A host path to which a Windows path leads if something exists there; a guess from the folders that
+/// ToHostPath found before, made without a system call. "" when there is no guess. When nothing exists at the
+/// guess, ask ToHostPath.
+std::string LikelyHostPath(const std::string& path);
 
 /// Converts an absolute host path to a Windows path: on a drive of the station if the path is inside it,
 /// otherwise on Z:. Bytes that are not UTF-8 survive a round trip.

@@ -35,4 +35,17 @@ char32_t common::UpperCase(char32_t character) {
     return u_tolower(upper) == given ? static_cast<char32_t>(upper) : character;
 }
 
+char32_t common::InCase(char32_t character, LetterCase letters, int languageId) {
+    if (character > 0xFFFF) return character;
+    // Turkish and Azerbaijani have two letters i, with and without a dot.
+    const int language = languageId & 0x3FF;
+    const bool hasTwo = language == 0x1F || language == 0x2C;
+    const bool isUpper = letters == LetterCase::Upper;
+    if (hasTwo && isUpper && (character == U'i' || character == U'ı')) return character == U'i' ? U'İ' : U'I';
+    if (hasTwo && !isUpper && (character == U'I' || character == U'İ'))
+        return character == U'I' ? U'ı' : U'i';
+    const auto given = static_cast<UChar32>(character);
+    return static_cast<char32_t>(isUpper ? u_toupper(given) : u_tolower(given));
+}
+
 } // namespace nesk::platform

@@ -2,28 +2,16 @@
 
 #include "platform/portable/UiGtkTreeView.h"
 
+#include "platform/portable/UiGtkEntries.h"
+
 #include <algorithm>
 
 namespace nesk::platform::portable {
 
 namespace {
 
-// No other program accepts rows: it would then own what the user meant to move.
-GtkTargetEntry RowTarget() {
-    static char name[] = "application/x-neskmanager-entries";
-    return {name, 0, 0};
-}
-
 GtkTreeControl& Of(gpointer self) {
     return *static_cast<GtkTreeControl*>(self);
-}
-
-bool Copies(GdkDragContext* context) {
-    GdkModifierType modifiers{};
-    GdkWindow* const window = gdk_drag_context_get_dest_window(context);
-    gdk_window_get_device_position(window, gdk_drag_context_get_device(context), nullptr, nullptr,
-                                   &modifiers);
-    return (modifiers & GDK_CONTROL_MASK) != 0;
 }
 
 } // namespace
@@ -80,7 +68,7 @@ gboolean GtkTreeControl::OnMotion(GdkEventMotion& motion) {
     const std::vector<TreeNode*> selection = Selection();
     const bool isSelected = std::find(selection.begin(), selection.end(), node) != selection.end();
     if (!BeginDrag(isSelected ? selection : std::vector<TreeNode*>{node})) return FALSE;
-    const GtkTargetEntry target = RowTarget();
+    const GtkTargetEntry target = EntryTarget();
     GtkTargetList* const targets = gtk_target_list_new(&target, 1);
     gtk_drag_begin_with_coordinates(GTK_WIDGET(m_tree), targets,
                                     GdkDragAction(GDK_ACTION_MOVE | GDK_ACTION_COPY), GDK_BUTTON_PRIMARY,
@@ -90,11 +78,12 @@ gboolean GtkTreeControl::OnMotion(GdkEventMotion& motion) {
 }
 
 void GtkTreeControl::ConnectDrag() {
-    const GtkTargetEntry target = RowTarget();
+    const GtkTargetEntry target = EntryTarget();
     // The window around the tree receives drops. The tree alone does not get drags over its scroll bars,
     // which lie over its edges, where a drag has to scroll.
     gtk_drag_dest_set(m_widget, GtkDestDefaults(0), &target, 1,
                       GdkDragAction(GDK_ACTION_MOVE | GDK_ACTION_COPY));
+    m_files = std::make_unique<GtkFiles>(*this, m_widget, FileEvents());
     const auto connectTarget = [this](const char* signal, GCallback handler) {
         g_signal_connect(m_widget, signal, handler, this);
     };
@@ -108,17 +97,14 @@ void GtkTreeControl::ConnectDrag() {
                   G_CALLBACK(+[](GtkWidget*, GdkDragContext* context, int x, int y, guint time,
                                  gpointer self) { return Of(self).OnDragDrop(context, x, y, time); }));
     connectTarget("drag-leave", G_CALLBACK(+[](GtkWidget*, GdkDragContext*, guint, gpointer self) {
-                      Of(self).LeaveDrag();
+                      Of(self).OnDragLeave();
                   }));
     connect("drag-end", G_CALLBACK(+[](GtkWidget*, GdkDragContext*, gpointer self) { Of(self).EndDrag(); }));
     // GTK's own handlers, which transfer rows of its models, must not run.
     connect("drag-data-get", G_CALLBACK(+[](GtkWidget* tree, GdkDragContext*, GtkSelectionData* data, guint,
                                             guint, gpointer self) {
                 g_signal_stop_emission_by_name(tree, "drag-data-get");
-                const std::string text = Of(self).DragText();
-                gtk_selection_data_set(data, gtk_selection_data_get_target(data), 8,
-                                       reinterpret_cast<const guchar*>(text.data()),
-                                       static_cast<int>(text.size()));
+                SetDragText(*data, Of(self).DragText());
             }));
     connectTarget(
         "drag-data-received",
@@ -131,13 +117,20 @@ void GtkTreeControl::ConnectDrag() {
 }
 
 gboolean GtkTreeControl::OnDragMotion(GdkDragContext* context, int x, int y, guint time) {
-    const bool copies = Copies(context);
+    if (m_files->Brings(context)) return m_files->OnMotion(context, wxPoint(x, y), time);
+    const bool copies = DragCopies(context);
     const bool allowed = DragTo(wxPoint(x, y), copies);
     gdk_drag_status(context, !allowed ? GdkDragAction(0) : copies ? GDK_ACTION_COPY : GDK_ACTION_MOVE, time);
     return TRUE;
 }
 
+void GtkTreeControl::OnDragLeave() {
+    m_files->OnLeave();
+    LeaveDrag();
+}
+
 gboolean GtkTreeControl::OnDragDrop(GdkDragContext* context, int x, int y, guint time) {
+    if (m_files->Brings(context)) return m_files->OnDrop(context, wxPoint(x, y), time);
     if (gtk_drag_get_source_widget(context) != GTK_WIDGET(m_tree)) {
         // The rows come from another window, which has to send them first.
         GdkAtom target = gtk_drag_dest_find_target(m_widget, context, nullptr);
@@ -145,18 +138,17 @@ gboolean GtkTreeControl::OnDragDrop(GdkDragContext* context, int x, int y, guint
         gtk_drag_get_data(m_widget, context, target, time);
         return TRUE;
     }
-    const bool dropped = Drop(wxPoint(x, y), Copies(context));
+    const bool dropped = Drop(wxPoint(x, y), DragCopies(context));
     gtk_drag_finish(context, gboolean{dropped}, FALSE, time);
     return TRUE;
 }
 
-void GtkTreeControl::OnDragReceived(GdkDragContext* context, int x, int y, const GtkSelectionData& data,
+void GtkTreeControl::OnDragReceived(GdkDragContext* context, int x, int y, GtkSelectionData& data,
                                     guint time) {
+    if (m_files->Brings(context)) return m_files->OnReceived(context, data, time);
     const bool copies = gdk_drag_context_get_selected_action(context) == GDK_ACTION_COPY;
-    const int length = gtk_selection_data_get_length(&data);
-    const auto* const bytes = reinterpret_cast<const char*>(gtk_selection_data_get_data(&data));
-    const bool dropped =
-        length > 0 && DropText(wxPoint(x, y), copies, std::string(bytes, static_cast<std::size_t>(length)));
+    const std::string text = portable::DragText(data);
+    const bool dropped = !text.empty() && DropText(wxPoint(x, y), copies, text);
     // What was moved is removed from the other window.
     gtk_drag_finish(context, gboolean{dropped}, gboolean{dropped && !copies}, time);
 }

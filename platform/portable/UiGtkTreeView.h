@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/UiTreeView.h"
+#include "platform/portable/UiGtkFiles.h"
 #include "platform/portable/UiGtkTreeModel.h"
 
 #include <wx/control.h>
@@ -74,7 +75,8 @@ private:
     // Drag signals.
     gboolean OnDragMotion(GdkDragContext* context, int x, int y, guint time);
     gboolean OnDragDrop(GdkDragContext* context, int x, int y, guint time);
-    void OnDragReceived(GdkDragContext* context, int x, int y, const GtkSelectionData& data, guint time);
+    void OnDragReceived(GdkDragContext* context, int x, int y, GtkSelectionData& data, guint time);
+    void OnDragLeave();
 
     void WidenColumn();
     void ScrollAgain();
@@ -83,6 +85,7 @@ private:
 
     TreeStyle m_style;
     GtkNodeModel m_model;
+    std::unique_ptr<GtkFiles> m_files; // null when nothing can be dragged
     GtkTreeView* m_tree = nullptr;
     GtkTreeViewColumn* m_column = nullptr;
     GtkCellRenderer* m_imageCell = nullptr;

@@ -22,4 +22,15 @@ char32_t common::UpperCase(char32_t character) {
     return static_cast<char32_t>(unit);
 }
 
+char32_t common::InCase(char32_t character, LetterCase letters, int languageId) {
+    if (character > 0xFFFF) return character;
+    const auto unit = static_cast<wchar_t>(character);
+    wchar_t result = unit;
+    const DWORD flags =
+        LCMAP_LINGUISTIC_CASING | (letters == LetterCase::Upper ? LCMAP_UPPERCASE : LCMAP_LOWERCASE);
+    const LCID locale = MAKELCID(static_cast<WORD>(languageId), SORT_DEFAULT);
+    if (::LCMapStringW(locale, flags, &unit, 1, &result, 1) != 1) return character;
+    return static_cast<char32_t>(result);
+}
+
 } // namespace nesk::platform

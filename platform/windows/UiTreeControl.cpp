@@ -1,9 +1,9 @@
 #include "platform/windows/UiTreeControl.h"
 
+#include "platform/windows/UiEntryData.h"
+#include "platform/windows/UiFileDropTarget.h"
+
 #include <cstdlib>
-#include <cstring>
-#include <functional>
-#include <optional>
 #include <utility>
 
 #include <windowsx.h>
@@ -33,57 +33,29 @@ public:
     TreeNode& node;
 };
 
-// No other program accepts rows: it would then own what the user meant to move.
-wxDataFormat RowFormat() {
-    return wxDataFormat("application/x-neskmanager-entries");
-}
-
-// The dragged rows as text, which is made only when another window asks for it.
-class RowData final : public wxDataObjectSimple {
+class RowTarget final : public FileDropTarget {
 public:
-    explicit RowData(std::function<std::string()> make)
-        : wxDataObjectSimple(RowFormat()), m_make(std::move(make)) {}
-
-    std::size_t GetDataSize() const override { return Text().size(); }
-    bool GetDataHere(void* buffer) const override {
-        const std::string& text = Text();
-        std::memcpy(buffer, text.data(), text.size());
-        return true;
-    }
-    bool SetData(std::size_t, const void*) override { return false; }
+    explicit RowTarget(NativeTreeView& view) : RowTarget(view, new wxCustomDataObject(EntryFormat())) {}
 
 private:
-    const std::string& Text() const {
-        if (!m_text) m_text = m_make();
-        return *m_text;
-    }
-
-    std::function<std::string()> m_make;
-    mutable std::optional<std::string> m_text;
-};
-
-class RowTarget final : public wxDropTarget {
-public:
-    explicit RowTarget(NativeTreeView& view)
-        : wxDropTarget(new wxCustomDataObject(RowFormat())), m_view(view) {}
+    RowTarget(NativeTreeView& view, wxCustomDataObject* data)
+        : FileDropTarget(view.Window(), view.FileEvents(), data), m_view(view), m_data(*data) {}
 
     // The system's result is "copy" when Ctrl is held.
-    wxDragResult OnDragOver(wxCoord x, wxCoord y, wxDragResult result) override {
-        return m_view.OnDragOver(wxPoint(x, y), result == wxDragCopy) ? result : wxDragNone;
+    wxDragResult OnOtherOver(wxPoint point, wxDragResult result) override {
+        return m_view.OnDragOver(point, result == wxDragCopy) ? result : wxDragNone;
     }
-    void OnLeave() override { m_view.OnDragLeave(); }
-    wxDragResult OnData(wxCoord x, wxCoord y, wxDragResult result) override {
-        const wxPoint point(x, y);
+    void OnOtherLeave() override { m_view.OnDragLeave(); }
+    wxDragResult OnOtherData(wxPoint point, wxDragResult result) override {
         const bool copies = result == wxDragCopy;
         if (!m_view.Dragged().empty()) return m_view.OnDropped(point, copies) ? result : wxDragNone;
         if (!GetData()) return wxDragNone;
-        const auto& data = static_cast<const wxCustomDataObject&>(*GetDataObject());
-        const std::string text(static_cast<const char*>(data.GetData()), data.GetSize());
+        const std::string text(static_cast<const char*>(m_data.GetData()), m_data.GetSize());
         return m_view.OnDroppedText(point, copies, text) ? result : wxDragNone;
     }
 
-private:
     NativeTreeView& m_view;
+    const wxCustomDataObject& m_data;
 };
 
 long StyleOf(const TreeStyle& style) {
@@ -279,11 +251,14 @@ void NativeTreeView::DoRemoved(TreeNode& parent, std::size_t) {
 
 void NativeTreeView::DoChanged(TreeNode& node) {
     const wxTreeItemId item = ItemOf(node);
-    m_control.SetItemText(item, LabelOf(node));
+    // Only what is different: each message lays the row out again.
+    if (const wxString label = LabelOf(node); m_control.GetItemText(item) != label)
+        m_control.SetItemText(item, label);
     for (const wxTreeItemIcon state : {wxTreeItemIcon_Normal, wxTreeItemIcon_Selected})
         if (m_control.GetItemImage(item, state) != node.Image())
             m_control.SetItemImage(item, node.Image(), state);
-    m_control.SetItemHasChildren(item, node.MayHaveChildren());
+    if (m_control.ItemHasChildren(item) != node.MayHaveChildren())
+        m_control.SetItemHasChildren(item, node.MayHaveChildren());
 }
 
 void NativeTreeView::OnExpanding(wxTreeEvent& event) {
@@ -489,7 +464,7 @@ void NativeTreeView::StartDrag(TreeNode& node) {
     const bool several = m_style.multiple && m_control.IsSelected(ItemOf(node));
     if (!BeginDrag(several ? Selection() : std::vector<TreeNode*>{&node})) return;
     m_droppedHere = false;
-    RowData rows([this] { return DragText(); });
+    EntryData rows([this] { return DragText(); });
     wxDropSource source(rows, &m_control);
     const wxDragResult result = source.DoDragDrop(wxDrag_AllowMove);
     // What was moved into another window is removed here.

@@ -59,6 +59,7 @@ public:
         return DropText(point, copies, text);
     }
     void OnDragLeave() { LeaveDrag(); }
+    using TreeView::FileEvents;
 
 protected:
     void DoReset() override;

@@ -1,4 +1,5 @@
 #include "behaviour/Table.h"
+#include "platform/LetterCase.h"
 #include "platform/TextEncoding.h"
 #include "platform/TextFolding.h"
 
@@ -58,6 +59,17 @@ void AddStringCases(Table& table) {
         table.Add("string folded U+" + std::to_string(code), platform::Folded(Character(code)));
     }
     table.Add("string folded marks", platform::Folded("e\xCC\x81o\xCC\x88"));
+    for (const int language : {1031, 1033, 1055}) {
+        const std::string of = " of " + std::to_string(language) + " U+";
+        for (unsigned code = 0x20; code < 0x180; ++code) {
+            using platform::LetterCase;
+            const std::string text = Character(code);
+            table.Add("string in upper case" + of + std::to_string(code),
+                      platform::InCase(text, LetterCase::Upper, language));
+            table.Add("string in lower case" + of + std::to_string(code),
+                      platform::InCase(text, LetterCase::Lower, language));
+        }
+    }
     table.Add("string equal", platform::EqualNoCase("Gr\xC3\x96SSE", "gr\xC3\xB6sse") ? 1 : 0);
     table.Add("string not equal", platform::EqualNoCase("Stra\xC3\x9F"
                                                         "e",

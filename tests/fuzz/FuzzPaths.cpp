@@ -5,6 +5,7 @@
 #include "fuzz/Fuzz.h"
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
+#include "platform/NamePattern.h"
 #include "platform/portable/FileNames.h"
 #include "platform/portable/Station.h"
 #include "shell/modUtilities.h"
@@ -113,7 +114,7 @@ void CheckHostName(const std::string& name) {
 }
 
 void CheckPattern(const std::string& name, const std::string& pattern) {
-    using platform::portable::MatchesPattern;
+    using platform::MatchesPattern;
     Require(MatchesPattern(name, "*") && MatchesPattern(name, "*.*"),
             "every name matches the widest pattern");
     Require(MatchesPattern(name, name), "a name matches itself");

@@ -6,6 +6,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
@@ -86,15 +87,64 @@ TEST_F(HostPathTest, NamesThatAreNotUtf8Survive) {
     EXPECT_EQ(ToHostPath(ToWindowsPath(path)), path);
 }
 
-TEST_F(HostPathTest, Patterns) {
-    EXPECT_TRUE(MatchesPattern("anything", "*.*"));
-    EXPECT_TRUE(MatchesPattern("Part.INI", "*.ini"));
-    EXPECT_TRUE(MatchesPattern("Ä1", "ä?"));
-    EXPECT_TRUE(MatchesPattern("aXbXc", "a*b*c"));
-    EXPECT_TRUE(MatchesPattern("", "*"));
-    EXPECT_FALSE(MatchesPattern("part", "*.ini"));
-    EXPECT_FALSE(MatchesPattern("ab", "a?c"));
-    EXPECT_FALSE(MatchesPattern("", "?"));
+// After a file was found, the next ones are first looked for where it was.
+class LikelyPathTest : public HostPathTest {
+protected:
+    LikelyPathTest() {
+        station.Write("C:\\Parts\\group1\\a.txt", "a");
+        EXPECT_TRUE(IsThere("C:\\Parts\\group1\\a.txt"));
+    }
+
+    static bool IsThere(const std::string& path) {
+        std::uint32_t attributes = 0;
+        const bool exists = StationFiles().Attributes(path, attributes) == ErrorCode::Success;
+        std::unique_ptr<FileReader> reader;
+        const bool opens = StationFiles().OpenForReading(path, reader) == ErrorCode::Success;
+        EXPECT_EQ(exists, opens) << path;
+        return exists;
+    }
+};
+
+TEST_F(LikelyPathTest, FilesInTheSameAndInOtherFolders) {
+    station.Write("C:\\Parts\\group1\\b.txt", "b");
+    station.Write("C:\\Parts\\group2\\deep\\c.txt", "c");
+    EXPECT_EQ(LikelyHostPath("C:\\Parts\\group1\\b.txt"), Drive("c") / "Parts" / "group1" / "b.txt");
+    EXPECT_EQ(LikelyHostPath("C:\\Parts\\group2\\x"), Drive("c") / "Parts" / "group2" / "x");
+    station.Write("D:\\d.txt", "d");
+    EXPECT_EQ(LikelyHostPath("C:\\Parts\\group1\\b.txt"), "") << "only the last folder is known";
+    EXPECT_TRUE(IsThere("C:\\Parts\\group1\\b.txt"));
+    EXPECT_TRUE(IsThere("C:\\Parts\\group2\\deep\\c.txt"));
+    EXPECT_TRUE(IsThere("D:\\d.txt"));
+    EXPECT_FALSE(IsThere("C:\\Parts\\group1\\d.txt"));
+    EXPECT_FALSE(IsThere("D:\\Parts\\group1\\a.txt"));
+}
+
+TEST_F(LikelyPathTest, OtherSpellings) {
+    for (const char* path :
+         {"c:\\parts\\GROUP1\\A.TXT", "C:\\Parts\\group1\\a.txt.", "C:\\Parts\\group1 \\a.txt",
+          "C:/Parts/group1/a.txt", "C:\\Parts\\\\group1\\a.txt", "\\Parts\\group1\\a.txt",
+          "C:\\Parts\\group1\\..\\group1\\a.txt"})
+        EXPECT_TRUE(IsThere(path)) << path;
+    for (const char* path : {"C:\\Parts\\group1\\a.txt\\", "C:\\Parts\\group1\\a?txt",
+                             "C:\\Parts\\group1\\a.txt:x", "1:\\Parts\\group1\\a.txt"})
+        EXPECT_FALSE(IsThere(path)) << path;
+}
+
+// On the host a name may contain what a Windows name cannot.
+TEST_F(LikelyPathTest, NamesThatWindowsDoesNotKnow) {
+    for (const char* name : {"dot.", "blank ", "a?b", "a:b", "a<b"}) {
+        std::ofstream(Drive("c") / "Parts" / "group1" / name) << "x";
+        EXPECT_FALSE(IsThere("C:\\Parts\\group1\\" + std::string(name))) << name;
+    }
+}
+
+TEST_F(LikelyPathTest, FoldersThatAreRenamedMeanwhile) {
+    fs::rename(Drive("c") / "Parts", Drive("c") / "PARTS");
+    EXPECT_TRUE(IsThere("C:\\Parts\\group1\\a.txt"));
+    fs::rename(Drive("c") / "PARTS", Drive("c") / "Other");
+    EXPECT_FALSE(IsThere("C:\\Parts\\group1\\a.txt"));
+    const TempStation other;
+    EXPECT_FALSE(IsThere("C:\\Other\\group1\\a.txt"));
 }
 
 // Sets or removes an environment variable while the object lives.
