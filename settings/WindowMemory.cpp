@@ -3,6 +3,7 @@
 #include "base/NeskError.h"
 #include "platform/Registry.h"
 #include "platform/StationFolder.h"
+#include "platform/TextEncoding.h"
 #include "settings/RegEntry.h"
 
 #include <charconv>
@@ -54,6 +55,17 @@ bool WindowMemory::Flag(const std::string& name, bool otherwise) const {
     if (found == m_values.end()) return otherwise;
     if (found->second == "true") return true;
     return found->second == "false" ? false : otherwise;
+}
+
+std::optional<std::string> WindowMemory::Text(const std::string& name) const {
+    const auto found = m_values.find(name);
+    return found != m_values.end() && !found->second.empty() ? std::optional(found->second) : std::nullopt;
+}
+
+void WindowMemory::SetText(const std::string& name, const std::string& value) {
+    const std::string stored = platform::ToAnsi(value) ? value : "";
+    // Storing an empty text removes the value.
+    if (!stored.empty() || m_values.contains(name)) m_values[name] = stored;
 }
 
 void WindowMemory::SetNumber(const std::string& name, int value) {

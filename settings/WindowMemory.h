@@ -20,7 +20,13 @@ public:
     /// A switch that is remembered; `otherwise` when the value is missing or neither "true" nor "false".
     bool Flag(const std::string& name, bool otherwise) const;
 
+    /// A text that is remembered; nothing when the value is missing.
+    std::optional<std::string> Text(const std::string& name) const;
+
     void SetNumber(const std::string& name, int value);
+
+    /// An empty text is forgotten. So is one that cannot be stored in the station's code page.
+    void SetText(const std::string& name, const std::string& value);
 
     /// @param otherwise  the value that Flag has without a stored one; it is not stored unless another one
     /// was

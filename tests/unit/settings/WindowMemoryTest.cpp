@@ -52,6 +52,23 @@ TEST_F(WindowMemoryTest, WhatIsSavedIsLoaded) {
     EXPECT_FALSE(next.Flag("ToolBar", true));
 }
 
+TEST_F(WindowMemoryTest, TextsAreRememberedUnlessTheyAreEmpty) {
+    memory.Load();
+    EXPECT_EQ(memory.Text("Pattern"), std::nullopt);
+    memory.SetText("Pattern", "*.bmp");
+    memory.SetText("Empty", "");
+    memory.SetText("Unknown", "日"); // not in the code page; it must not keep the others from being stored
+    EXPECT_TRUE(memory.Save());
+    EXPECT_EQ(Stored(), "Pattern=*.bmp\n");
+    WindowMemory next;
+    next.Load();
+    EXPECT_EQ(next.Text("Pattern"), "*.bmp");
+    next.SetText("Pattern", "");
+    EXPECT_EQ(next.Text("Pattern"), std::nullopt);
+    EXPECT_TRUE(next.Save());
+    EXPECT_EQ(Stored(), "");
+}
+
 TEST_F(WindowMemoryTest, NothingNewWritesNothing) {
     memory.Load();
     memory.SetFlag("ToolBar", true, true);
