@@ -17,7 +17,8 @@ bool IsWordCharacter(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
-// Adds the numbers of the blocks 32000 and 34000 in a line of code. Digits inside a longer word do not count.
+// Adds the numbers of the blocks 32000, 34000 and 35000 in a line of code. Digits inside a longer word do not
+// count.
 void AddNumbers(const std::string& line, std::set<int>& numbers) {
     for (std::size_t at = 0; at < line.size();) {
         if (!IsWordCharacter(line[at])) {
@@ -28,7 +29,8 @@ void AddNumbers(const std::string& line, std::set<int>& numbers) {
         while (end < line.size() && IsWordCharacter(line[end]))
             ++end;
         const std::string word = line.substr(at, end - at);
-        const bool ours = word.size() == 5 && (word.starts_with("32") || word.starts_with("34"));
+        const bool ours =
+            word.size() == 5 && (word.starts_with("32") || word.starts_with("34") || word.starts_with("35"));
         if (ours && word.find_first_not_of("0123456789") == std::string::npos)
             numbers.insert(std::stoi(word));
         at = end;
@@ -48,12 +50,24 @@ std::set<int> NumbersIn(const fs::path& path) {
 }
 
 const fs::path Sources = NESK_SOURCE_DIR;
-const fs::path Names = Sources / "base" / "Messages.h";
+
+// The headers that name the numbers: base/Messages.h and base/...Messages.h.
+bool IsNames(const fs::path& path) {
+    return path.parent_path() == Sources / "base" && path.filename().string().ends_with("Messages.h");
+}
+
+// The numbers that have a name.
+std::set<int> NamedNumbers() {
+    std::set<int> numbers;
+    for (const auto& entry : fs::directory_iterator(Sources / "base"))
+        if (IsNames(entry.path())) numbers.merge(NumbersIn(entry.path()));
+    return numbers;
+}
 
 class MessagesTest : public testing::CoreTest {};
 
 TEST_F(MessagesTest, EveryNumberThatTheCodeUsesHasAText) {
-    const std::set<int> numbers = NumbersIn(Names);
+    const std::set<int> numbers = NamedNumbers();
     ASSERT_GT(numbers.size(), 250u);
     for (const int number : numbers) {
         const std::string text = modStringRes::LoadResString(number);
@@ -68,7 +82,7 @@ TEST_F(MessagesTest, EveryNumberStandsInOnePlace) {
          {"base", "checking", "editing", "menu", "partedit", "platform", "settings", "shell", "widgets"}) {
         for (const auto& entry : fs::recursive_directory_iterator(Sources / folder)) {
             const fs::path& path = entry.path();
-            if ((path.extension() != ".h" && path.extension() != ".cpp") || path == Names) continue;
+            if ((path.extension() != ".h" && path.extension() != ".cpp") || IsNames(path)) continue;
             ++files;
             for (const int number : NumbersIn(path))
                 ADD_FAILURE() << path << " uses the number " << number << " instead of its name";
