@@ -2,16 +2,18 @@
 
 #include "base/Messages.h"
 #include "checking/EntryPlace.h"
-#include "checking/UiRowList.h"
 #include "editing/MenuEditor.h"
 #include "menu/MenuEntry.h"
 #include "partedit/FormBrowse.h"
+#include "platform/TextEncoding.h"
 #include "shell/modHelp.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiRowList.h"
 #include "widgets/UiUtilities.h"
 
+#include <algorithm>
 #include <chrono>
 
 #include <wx/button.h>
@@ -186,8 +188,16 @@ void FormChangeFolder::OnBrowse() {
     txtPlace->SetFocus();
 }
 
-bool FormChangeFolder::Invoke() {
+bool FormChangeFolder::Invoke(const std::string& folder) {
     lstFolders->SetFocus();
+    const std::vector<FolderUse::Folder>& folders = m_use.Folders();
+    const auto found = std::find_if(folders.begin(), folders.end(), [&](const FolderUse::Folder& other) {
+        return platform::EqualNoCase(other.path, folder);
+    });
+    if (found != folders.end()) {
+        lstFolders->SelectRow(static_cast<long>(found - folders.begin()));
+        txtPlace->SetFocus();
+    }
     return ShowModal() == wxID_OK;
 }
 

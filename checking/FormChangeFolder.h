@@ -23,8 +23,9 @@ public:
 
     /// Shows the dialog, and makes the change when the user confirms it. Asks first when the new place does
     /// not exist.
+    /// @param folder  selected at first, without a trailing "\"; "" for none
     /// @return true when the change was made
-    bool Invoke();
+    bool Invoke(const std::string& folder = "");
 
     // Controls.
     wxStaticText* lblFolders = nullptr;

@@ -2,11 +2,11 @@
 
 #include "base/Messages.h"
 #include "checking/EntryPlace.h"
-#include "checking/UiRowList.h"
 #include "editing/MenuEditor.h"
 #include "shell/modHelp.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiRowList.h"
 #include "widgets/UiUtilities.h"
 
 #include <algorithm>

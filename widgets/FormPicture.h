@@ -1,7 +1,11 @@
 #pragma once
 
+#include "platform/UiFileTarget.h"
+
 #include <functional>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include <wx/bitmap.h>
 #include <wx/image.h>
@@ -9,10 +13,15 @@
 
 namespace nesk {
 
+class FileDrop;
+
 /// An area that shows a picture in a dialog, and lets the user choose another picture.
 ///
 /// The picture is shown in its natural size in the middle. A side that is longer than the area is shrunk to
 /// fit. When a picture is missing, damaged or too large, its file name is shown instead.
+///
+/// A picture file can be dropped on the area. While files are dragged over it, the area says what a drop
+/// does.
 class FormPicture : public wxPanel {
 public:
     /// @param hostName     window name of the area, for example "picItemHost"
@@ -20,6 +29,7 @@ public:
     /// @param size         minimum size in device-independent pixels
     FormPicture(wxWindow* parent, const char* hostName, const char* pictureName,
                 wxSize size = wxSize(180, 135));
+    ~FormPicture() override;
 
     /// Windows path of the picture; "" for no picture. The file need not exist.
     const std::string& Path() const { return m_path; }
@@ -27,6 +37,10 @@ public:
 
     /// Lets the user choose a file. Nothing changes when the user cancels. A double click does the same.
     void Choose();
+
+    /// What a drop of the files that are dragged over the area does, or why they are refused; "" while no
+    /// files are there.
+    const std::string& DropText() const { return m_dropText; }
 
     /// Called after each change of the path.
     std::function<void()> onChanged;
@@ -43,11 +57,19 @@ public:
 private:
     void Place();
     void OnPaintHost(wxPaintEvent& event);
+    void DrawText(wxDC& dc, const std::string& text);
+    platform::FileDragEvents FileEvents();
+    bool DragFiles(const std::vector<std::string>& paths);
+    void DropFiles(const std::vector<std::string>& paths);
+    void ShowDropText(const std::string& text);
 
     std::string m_path;
     wxImage m_image;
     wxBitmap m_bitmap; // the picture in its displayed size
     wxWindow* m_picture;
+    std::unique_ptr<FileDrop> m_dragged; // the files over the area
+    std::string m_dropText;
+    std::unique_ptr<platform::FileTarget> m_target;
 };
 
 } // namespace nesk

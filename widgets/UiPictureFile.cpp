@@ -1,13 +1,14 @@
 #include "widgets/UiPictureFile.h"
 
-#include "platform/ErrorCode.h"
-#include "platform/FileSystem.h"
 #include "widgets/BitmapRuns.h"
 #include "widgets/GifFile.h"
+#include "widgets/PictureFile.h"
 #include "widgets/PictureHeader.h"
+#include "widgets/PictureLimits.h"
 
-#include <memory>
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 #include <wx/imagbmp.h>
 #include <wx/imaggif.h>
@@ -19,29 +20,6 @@
 namespace nesk {
 
 namespace {
-
-// A button picture is a few hundred pixels wide. A larger picture than this would only waste memory.
-constexpr std::size_t LargestFile = std::size_t{64} << 20;
-constexpr std::int64_t MostPixels = 50'000'000;
-// No program writes more than a dozen scans into a JPEG picture, but a small file may contain millions.
-constexpr std::int64_t MostWork = 20 * MostPixels;
-
-// The bytes of a file; empty when the file cannot be read or is too large.
-std::string ReadFile(const std::string& path) {
-    std::unique_ptr<platform::FileReader> reader;
-    if (platform::StationFiles().OpenForReading(path, reader) != platform::ErrorCode::Success) return "";
-    std::string bytes;
-    for (;;) {
-        const std::size_t size = bytes.size();
-        constexpr std::size_t step = std::size_t{1} << 16;
-        bytes.resize(size + step);
-        std::size_t count = 0;
-        const platform::ErrorCode result = reader->Read(bytes.data() + size, step, count);
-        bytes.resize(size + count);
-        if (result != platform::ErrorCode::Success || bytes.size() > LargestFile) return "";
-        if (count == 0) return bytes;
-    }
-}
 
 template <typename Handler>
 void Register() {
@@ -61,8 +39,7 @@ void RegisterFormats() {
 }
 
 bool IsAcceptable(const std::optional<PictureSize>& size) {
-    return size && size->width > 0 && size->height > 0 && size->width <= MostPixels / size->height &&
-           size->passes <= MostWork / (size->width * size->height);
+    return size && PictureLimits::Allow(*size);
 }
 
 // Removes everything after the first picture of a GIF file, as far as wx decodes it. A small GIF file may
@@ -81,17 +58,53 @@ bool KeepFirstPicture(std::string& bytes) {
     return true;
 }
 
-} // namespace
-
-wxImage LoadPicture(const std::string& path) {
+// Decodes a picture. The image is invalid if the file is not a picture, is damaged or exceeds the limits.
+// @param limit  wx halves the sides until none is longer; 0 for the natural size
+wxImage Decode(std::string bytes, int limit) {
     RegisterFormats();
-    std::string bytes = ReadFile(path);
+    const std::optional<PictureSize> size = ReadPictureSize(bytes);
     // wx writes a run of pixels that is outside the picture beyond its memory.
-    if (!IsAcceptable(ReadPictureSize(bytes)) || !KeepFirstPicture(bytes) || !AreRunsInside(bytes)) return {};
+    if (!IsAcceptable(size) || !KeepFirstPicture(bytes) || !AreRunsInside(bytes)) return {};
     // A damaged picture is simply not shown. A message for each one would disturb the user.
     const wxLogNull silent;
     wxMemoryInputStream stream(bytes.data(), bytes.size());
-    return wxImage(stream);
+    wxImage image;
+    // wx would halve the shorter side of a very long picture until nothing is left.
+    const auto [shorter, longer] = std::minmax(size->width, size->height);
+    if (limit > 0 && shorter * limit >= 2 * longer) {
+        image.SetOption(wxIMAGE_OPTION_MAX_WIDTH, limit);
+        image.SetOption(wxIMAGE_OPTION_MAX_HEIGHT, limit);
+    }
+    image.LoadFile(stream);
+    return image;
+}
+
+// A side of a picture in its natural size.
+int NaturalSide(const wxImage& image, const wxString& option, int side) {
+    const int natural = image.GetOptionInt(option);
+    return natural > 0 ? natural : side;
+}
+
+} // namespace
+
+wxImage LoadPicture(const std::string& path) {
+    std::string bytes;
+    // A file that cannot be read has no bytes, so it is no picture.
+    static_cast<void>(ReadPictureFile(path, bytes));
+    return Decode(std::move(bytes), 0);
+}
+
+PictureThumbnail DecodeThumbnail(std::string bytes, int side) {
+    // wx decodes a JPEG picture in a smaller size at once, which is several times as fast.
+    const wxImage image = Decode(std::move(bytes), 2 * side);
+    if (!image.IsOk()) return {};
+    const wxSize size = image.GetSize();
+    PictureThumbnail thumbnail{image, NaturalSide(image, wxIMAGE_OPTION_ORIGINAL_WIDTH, size.x),
+                               NaturalSide(image, wxIMAGE_OPTION_ORIGINAL_HEIGHT, size.y)};
+    if (const int longest = std::max(size.x, size.y); longest > side)
+        thumbnail.image = image.Scale(std::max(1, size.x * side / longest),
+                                      std::max(1, size.y * side / longest), wxIMAGE_QUALITY_BOX_AVERAGE);
+    return thumbnail;
 }
 
 } // namespace nesk

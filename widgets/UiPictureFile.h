@@ -12,4 +12,15 @@ namespace nesk {
 /// @param path  Windows path
 wxImage LoadPicture(const std::string& path);
 
+/// A small picture, and the natural size of the picture that it shows, in pixels.
+struct PictureThumbnail {
+    wxImage image; ///< invalid when the file cannot be shown
+    int width = 0;
+    int height = 0;
+};
+
+/// Makes a small picture of the bytes of a file that LoadPicture would load.
+/// @param side  longest side in pixels; a smaller picture is not enlarged
+PictureThumbnail DecodeThumbnail(std::string bytes, int side);
+
 } // namespace nesk

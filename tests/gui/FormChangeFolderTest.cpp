@@ -1,6 +1,5 @@
 #include "checking/FormChangeFolder.h"
 
-#include "checking/UiRowList.h"
 #include "gui/ModalDriver.h"
 #include "gui/UiDriver.h"
 #include "menu/MenuItem.h"
@@ -8,6 +7,7 @@
 #include "shell/Startup.h"
 #include "shell/modMessageBox.h"
 #include "unit/checking/CheckingFixture.h"
+#include "widgets/UiRowList.h"
 #include "widgets/UiUtilities.h"
 
 #include <wx/button.h>

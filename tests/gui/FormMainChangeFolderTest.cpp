@@ -3,12 +3,12 @@
 #include "gui/GuiFixture.h"
 
 #include "checking/FormChangeFolder.h"
-#include "checking/UiRowList.h"
 #include "gui/NextDialog.h"
 #include "menu/MenuItem.h"
 #include "partedit/FormBrowse.h"
 #include "shell/FormToolBar.h"
 #include "shell/UiCommandIcons.h"
+#include "widgets/UiRowList.h"
 #include "widgets/UiUtilities.h"
 
 #include <wx/button.h>

@@ -1,12 +1,12 @@
 #include "checking/FormReplace.h"
 
 #include "base/Messages.h"
-#include "checking/UiRowList.h"
 #include "gui/ModalDriver.h"
 #include "gui/UiDriver.h"
 #include "menu/MenuItem.h"
 #include "shell/Startup.h"
 #include "unit/checking/CheckingFixture.h"
+#include "widgets/UiRowList.h"
 #include "widgets/UiUtilities.h"
 
 #include <wx/button.h>

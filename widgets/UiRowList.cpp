@@ -1,4 +1,4 @@
-#include "checking/UiRowList.h"
+#include "widgets/UiRowList.h"
 
 #include "widgets/UiUtilities.h"
 
