@@ -8,6 +8,11 @@
 
 namespace nesk::HelpFileChoice {
 
+bool IsTopic(const std::string& text) {
+    // The two answers are the same only for a number.
+    return Topic(text, 0) == Topic(text, 1);
+}
+
 std::int32_t Topic(const std::string& text, std::int32_t earlier) {
     try {
         return modConvert::CLng(text);

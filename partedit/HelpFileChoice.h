@@ -6,6 +6,9 @@
 /// Rules of the dialog for the help file of a part.
 namespace nesk::HelpFileChoice {
 
+/// True when a text is a topic number: a 32-bit number.
+bool IsTopic(const std::string& text);
+
 /// Converts a text to a topic number; `earlier` when the text is not a 32-bit number.
 std::int32_t Topic(const std::string& text, std::int32_t earlier);
 

@@ -1,10 +1,20 @@
 #include "partedit/PartReference.h"
 
 #include "base/Messages.h"
+#include "base/ProblemMessages.h"
+#include "platform/TextEncoding.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 
 namespace nesk::PartReference {
+
+namespace {
+
+bool EndsWithNoCase(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() && platform::EqualNoCase(text.substr(text.size() - end.size()), end);
+}
+
+} // namespace
 
 bool RefersToPart(const std::string& text) {
     return text.starts_with('@');
@@ -12,6 +22,18 @@ bool RefersToPart(const std::string& text) {
 
 std::string Make(const std::string& iniPath) {
     return "@" + iniPath + "@";
+}
+
+bool IsBarePath(const std::string& text) {
+    if (RefersToPart(text)) return false;
+    return text.find('\\') != std::string::npos || EndsWithNoCase(modUtilities::Trim(text), ".ini");
+}
+
+std::string FromTyped(const std::string& text) {
+    const std::string path = modUtilities::Trim(text);
+    // The path in the reference would end at the first "@".
+    if (path.find('@') != std::string::npos || !EndsWithNoCase(path, "\\partinfo.ini")) return text;
+    return Make(path);
 }
 
 std::string IniPath(const std::string& text) {
@@ -32,7 +54,8 @@ std::string Description(const std::string& text) {
 }
 
 std::string Problem(const std::string& text) {
-    if (!RefersToPart(text)) return "";
+    if (!RefersToPart(text))
+        return IsBarePath(text) ? modStringRes::LoadResString(Message::PartBarePath) : "";
     const std::string path = IniPath(text);
     if (path.empty()) return modStringRes::LoadResString(Message::PartNoFile);
     if (!modUtilities::FileExists(path)) return modStringRes::FormatResString(Message::PartFileMissing, path);

@@ -84,9 +84,10 @@ void CheckFile(std::string path, Contents& contents) {
     if (result != ErrorCode::Success) contents.unreadable.push_back({std::move(path), result, attributes});
 }
 
-// The result of reading a folder: a part with a name, or a folder with contents.
+// The result of reading a folder: a part with a name and files, or a folder with contents.
 struct FolderRead {
     std::string partName;
+    std::vector<std::string> files;
     Contents contents;
 };
 
@@ -109,7 +110,10 @@ FolderRead ReadFolder(const std::string& folder, bool isRoot) {
     }
     if (result == ErrorCode::FileNotFound) result = ErrorCode::NoMoreItems;
     if (!isRoot) read.partName = PartNameOf(folder, result, files);
-    if (!read.partName.empty()) return read;
+    if (!read.partName.empty()) {
+        read.files = std::move(files);
+        return read;
+    }
     for (const std::string& name : files)
         CheckFile(Join(folder, name), contents);
     const bool missing =
@@ -158,6 +162,7 @@ private:
             std::string innerPath = Join(level.path, inner.name);
             FolderRead read = ReadFolder(innerPath, false);
             ++m_foldersRead;
+            if (!read.partName.empty()) m_visitor.OnPartFiles(innerPath, read.files);
             std::vector<Entry>& place = read.partName.empty() ? level.folders : level.parts;
             place.push_back({std::move(innerPath), std::move(inner.name), inner.isLink,
                              std::move(read.contents), std::move(read.partName)});
@@ -194,6 +199,14 @@ private:
 };
 
 } // namespace
+
+std::optional<PartFolder> ReadPartFolder(const std::string& folder) {
+    // Most folders are not parts, and reading their other files would take long.
+    if (modUtilities::ReadIniValue(PartInfoPath(folder), "Part", "Name").empty()) return std::nullopt;
+    FolderRead read = ReadFolder(folder, false);
+    if (read.partName.empty()) return std::nullopt;
+    return PartFolder{std::move(read.partName), std::move(read.files)};
+}
 
 std::string PartInfoPath(const std::string& folder) {
     return Join(folder, PartInfoName);

@@ -4,7 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace nesk {
 
@@ -23,6 +25,15 @@ public:
     /// @param partName  the name in its partinfo.ini
     virtual void OnPart(Node parent, const std::string& path, const std::string& name,
                         const std::string& partName) = 0;
+
+    /// Called for a part program as soon as its folder was read; OnPart follows later.
+    /// @param files  the names of the files in the folder, as far as they could be read; the function may
+    /// move
+    ///               them away
+    virtual void OnPartFiles(const std::string& path, std::vector<std::string>& files) {
+        static_cast<void>(path);
+        static_cast<void>(files);
+    }
 
     /// Called for a file or folder whose attributes or entries could not be read. The scan continues.
     /// @param code        result code of the file system
@@ -45,6 +56,17 @@ public:
 /// @param root  folder to read; `node` is its node
 /// @return false when the visitor stopped the scan
 bool ScanParts(const std::string& root, PartScanVisitor::Node node, PartScanVisitor& visitor);
+
+/// A folder that is a part program.
+struct PartFolder {
+    std::string partName;           ///< the name in its partinfo.ini
+    std::vector<std::string> files; ///< the names of its files, as far as they could be read
+
+    bool operator==(const PartFolder&) const = default;
+};
+
+/// Reads one folder; nothing when it is not a part program.
+std::optional<PartFolder> ReadPartFolder(const std::string& folder);
 
 /// Path of the file that describes the part in a folder.
 std::string PartInfoPath(const std::string& folder);

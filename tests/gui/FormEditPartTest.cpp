@@ -174,6 +174,10 @@ TEST_F(FormEditPartTest, SaysWhatIsWrongWithThePart) {
         Fill(dialog.txtPartName, "@D:\\Parts\\None\\partinfo.ini@");
         EXPECT_EQ(TextOf(dialog.lblDescription), FormatResString(32027, ""));
         EXPECT_EQ(TextOf(dialog.lblProblem), "The file D:\\Parts\\None\\partinfo.ini does not exist.");
+        Fill(dialog.txtPartName, "D:\\Parts\\None\\partinfo.ini");
+        EXPECT_EQ(TextOf(dialog.lblDescription), LoadResString(32028));
+        EXPECT_EQ(TextOf(dialog.lblProblem),
+                  "The program is a path without @ and is started as an identifier.");
         Fill(dialog.txtPartName, "BRACKET");
         EXPECT_EQ(TextOf(dialog.lblProblem), "");
         Click(dialog.cmdCancel);

@@ -24,6 +24,23 @@ TEST_F(PartReferenceTest, PathsInReferences) {
     EXPECT_TRUE(PartReference::RefersToPart("@"));
 }
 
+TEST_F(PartReferenceTest, PathsThatAreNoReferences) {
+    using PartReference::IsBarePath;
+    for (const char* text : {"D:\\Parts\\X\\partinfo.ini", "partinfo.INI", "X\\Y", " D:\\X "})
+        EXPECT_TRUE(IsBarePath(text)) << text;
+    for (const char* text : {"", "P7", "@D:\\Parts\\X\\partinfo.ini@", "@", "ini", "P7.ini.x", "a/b"})
+        EXPECT_FALSE(IsBarePath(text)) << text;
+}
+
+TEST_F(PartReferenceTest, ATypedPathIsAReference) {
+    using PartReference::FromTyped;
+    EXPECT_EQ(FromTyped("D:\\Parts\\X\\partinfo.ini"), "@D:\\Parts\\X\\partinfo.ini@");
+    EXPECT_EQ(FromTyped("  D:\\Parts\\X\\PartInfo.INI "), "@D:\\Parts\\X\\PartInfo.INI@");
+    for (const char* text :
+         {"", " P7 ", "partinfo.ini", "D:\\X\\part.ini", "@D:\\X\\partinfo.ini", "D:\\a@b\\partinfo.ini"})
+        EXPECT_EQ(FromTyped(text), text);
+}
+
 TEST_F(PartReferenceTest, FoldersOfParts) {
     EXPECT_EQ(PartReference::PartFolder("D:\\Parts\\Bracket\\partinfo.ini"), "D:\\Parts\\Bracket");
     EXPECT_EQ(PartReference::PartFolder("D:\\partinfo.ini"), "D:");
@@ -48,6 +65,8 @@ TEST_F(PartReferenceTest, Problems) {
     EXPECT_EQ(Problem("@D:\\Parts\\Bracket\\partinfo.ini@"), "");
     EXPECT_EQ(Problem("BRACKET"), "");
     EXPECT_EQ(Problem(""), "");
+    EXPECT_EQ(Problem("D:\\Parts\\Bracket\\partinfo.ini"),
+              "The program is a path without @ and is started as an identifier.");
     EXPECT_EQ(Problem("@"), LoadResString(34470));
     EXPECT_EQ(Problem("@D:\\Parts\\None\\partinfo.ini@"),
               "The file D:\\Parts\\None\\partinfo.ini does not exist.");

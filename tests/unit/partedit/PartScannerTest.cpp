@@ -27,6 +27,13 @@ public:
         Add(parent, name);
         partNames.push_back(partName);
     }
+    void OnPartFiles(const std::string& path, std::vector<std::string>& names) override {
+        std::sort(names.begin(), names.end());
+        files += path + ":";
+        for (const std::string& name : names)
+            files += " " + name;
+        files += "\n";
+    }
     void OnUnreadable(const std::string& path, platform::ErrorCode code, std::uint32_t) override {
         unreadable.push_back(path + " " + std::to_string(Number(code)));
     }
@@ -43,6 +50,7 @@ public:
     std::string tree;
     std::vector<std::string> unreadable;
     std::vector<std::string> partNames;
+    std::string files; // of the parts
     std::size_t calls = 0;
     std::size_t foldersRead = 0;
     std::size_t mostFolders = 1000000; // the scan is cancelled after this many folders
@@ -83,6 +91,20 @@ TEST_F(PartScannerTest, PartsAreToldWithTheirNames) {
     MakePart("D:\\Parts\\folder\\b200", "Bracket, right");
     EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
     EXPECT_EQ(recorder.partNames, (std::vector<std::string>{"Bracket, right", "Bracket, left"}));
+}
+
+TEST_F(PartScannerTest, PartsAreToldWithTheirFiles) {
+    MakePart("D:\\Parts\\folder\\b200");
+    station.Write("D:\\Parts\\folder\\b200\\a.bmp", "");
+    station.Write("D:\\Parts\\folder\\b200\\below\\b.bmp", "");
+    station.Write("D:\\Parts\\folder\\c.bmp", "");
+    EXPECT_TRUE(ScanParts("D:\\Parts", nullptr, recorder));
+    EXPECT_EQ(recorder.files, "D:\\Parts\\folder\\b200: a.bmp partinfo.ini\n");
+    EXPECT_EQ(ReadPartFolder("D:\\Parts\\folder"), std::nullopt);
+    const std::optional<PartFolder> part = ReadPartFolder("D:\\Parts\\folder\\b200");
+    ASSERT_TRUE(part);
+    EXPECT_EQ(part->partName, "Part");
+    EXPECT_EQ(part->files.size(), 2u);
 }
 
 TEST_F(PartScannerTest, ARootThatIsNoFolderIsEmpty) {
