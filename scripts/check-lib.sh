@@ -40,6 +40,14 @@ wait_for() {
 
 window() { xdotool search --onlyvisible --name '^NeskManager'; }
 
+# closes PROCESS WINDOW: asks the program to end, and checks that it has. The window manager may not be ready for the
+# first try.
+closes() {
+  xdotool windowactivate --sync "$2" key ctrl+q || true
+  sleep 1
+  ! kill -0 "$1"
+}
+
 # starts COMMAND...: checks that the program shows its main window and ends when the window is closed.
 starts() {
   local program id
@@ -48,7 +56,6 @@ starts() {
   wait_for "the main window" window
   id=$(window | head -n 1)
   [[ -z ${while_running:-} ]] || "$while_running"
-  xdotool windowactivate --sync "$id" key ctrl+q
-  wait_for "the end of the program" eval '! kill -0 '"$program"
+  wait_for "the end of the program" closes "$program" "$id"
   wait "$program" || fail "the program ended with $?"
 }

@@ -3,6 +3,7 @@
 #include "base/Messages.h"
 #include "platform/AccessibleName.h"
 #include "shell/modStringRes.h"
+#include "widgets/UiTextKeys.h"
 #include "widgets/UiUtilities.h"
 
 #include <wx/artprov.h>
@@ -158,52 +159,16 @@ bool FormFindBar::OnCharHook(wxKeyEvent& event) {
 
 // Keys that edit the text belong to the box. Returns false for a key that does not.
 bool FormFindBar::OnTextKey(wxKeyEvent& event) {
-    const int key = event.GetKeyCode();
-    const int modifiers = event.GetModifiers() & ~wxMOD_SHIFT;
-    if (modifiers == 0) {
-        if (key == WXK_F2) return true; // would rename the selected entry
-        if (key >= WXK_F1 && key <= WXK_F24) return false;
-        event.Skip();
+    switch (TextKeyOf(event)) {
+    case TextKey::Text: event.Skip(); return true;
+    case TextKey::Undo:
+        if (m_box->CanUndo()) m_box->Undo();
         return true;
+    case TextKey::Redo:
+    case TextKey::Nothing: return true;
+    case TextKey::Command: break;
     }
-    // AltGr types characters and reports both Ctrl and Alt.
-    if (modifiers == (wxMOD_CONTROL | wxMOD_ALT)) {
-        event.Skip();
-        return true;
-    }
-    if (modifiers != wxMOD_CONTROL) return false;
-    switch (key) {
-    case 'A':
-    case 'C':
-    case 'V':
-    case 'X':
-        if (event.ShiftDown()) return key == 'V'; // pastes entries elsewhere
-        [[fallthrough]];
-    case WXK_LEFT:
-    case WXK_RIGHT:
-    case WXK_HOME:
-    case WXK_END:
-    case WXK_BACK:
-    case WXK_DELETE:
-    case WXK_INSERT:
-    case WXK_NUMPAD_LEFT:
-    case WXK_NUMPAD_RIGHT:
-    case WXK_NUMPAD_HOME:
-    case WXK_NUMPAD_END:
-    case WXK_NUMPAD_DELETE:
-    case WXK_NUMPAD_INSERT: event.Skip(); return true;
-    case 'Z':
-        if (!event.ShiftDown() && m_box->CanUndo()) m_box->Undo();
-        return true;
-    case 'Y':
-    case 'D':
-    case 'M':
-    case WXK_UP:
-    case WXK_DOWN:
-    case WXK_NUMPAD_UP:
-    case WXK_NUMPAD_DOWN: return true; // would change the selected entry
-    default: return false;
-    }
+    return false;
 }
 
 } // namespace nesk

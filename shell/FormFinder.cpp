@@ -70,7 +70,11 @@ std::string FormFinder::Text() const {
 void FormFinder::BuildBar() {
     m_bar = new FormFindBar(&m_frame);
     m_bar->Hide();
-    m_bar->MoveBeforeInTabOrder(&m_tree.Window());
+    // The bar is above the tree and the panes around it.
+    wxWindow* below = &m_tree.Window();
+    while (below->GetParent() != &m_frame)
+        below = below->GetParent();
+    m_bar->MoveBeforeInTabOrder(below);
     modUtilities::SetFormFont(*m_bar);
     m_bar->onText = [this] { OnText(); };
     m_bar->onNext = [this] { Next(); };
@@ -78,7 +82,7 @@ void FormFinder::BuildBar() {
     m_bar->onMatchesOnly = [this] { ToggleFilter(); };
     m_bar->onClose = [this] { End(); };
     wxSizer* sizer = m_frame.GetSizer();
-    const wxSizerItem* place = sizer->GetItem(&m_tree.Window());
+    const wxSizerItem* place = sizer->GetItem(below);
     for (std::size_t i = 0; i < sizer->GetItemCount(); ++i)
         if (sizer->GetItem(i) == place) {
             sizer->Insert(i, m_bar, wxSizerFlags().Expand());

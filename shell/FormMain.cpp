@@ -1,10 +1,14 @@
 #include "shell/FormMain.h"
 
 #include "base/Messages.h"
+#include "checking/FileDrop.h"
 #include "settings/FormAccess.h"
 #include "settings/NeskRegistry.h"
+#include "shell/FormChecker.h"
+#include "shell/FormDetails.h"
 #include "shell/FormFinder.h"
 #include "shell/FormMenuTree.h"
+#include "shell/FormPanes.h"
 #include "shell/FormStartPage.h"
 #include "shell/FormToolBar.h"
 #include "shell/UiCommandIcons.h"
@@ -56,33 +60,30 @@ FormMain::FormMain()
 
 FormMain::~FormMain() {
     m_editor.SetContextSource({});
+    tvMain->SetProblems({});
+    // It listens to the editor, which is destroyed before the windows.
+    ClosePreview();
     m_editor.RemoveListener(*this);
 }
 
 // The menu item of a command. The array is in the order of MainCommand.
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     static constexpr std::array<wxMenuItem * FormMain::*, MainCommandCount> items{
-        &FormMain::mnuFileOpen,         &FormMain::mnuFileSave,
-        &FormMain::mnuFileSaveAs,       &FormMain::mnuFileClose,
-        &FormMain::mnuFileExit,         &FormMain::mnuEditUndo,
-        &FormMain::mnuEditRedo,         &FormMain::mnuEditUndoHistory,
-        &FormMain::mnuEditCut,          &FormMain::mnuEditCopy,
-        &FormMain::mnuEditPaste,        &FormMain::mnuEditPasteInside,
-        &FormMain::mnuEditDuplicate,    &FormMain::mnuEditSelectAll,
-        &FormMain::mnuEditFind,         &FormMain::mnuEditFindNext,
-        &FormMain::mnuEditFindPrevious, &FormMain::mnuEditShowMatches,
-        &FormMain::mnuEditReplace,      &FormMain::mnuEditChangeFolder,
-        &FormMain::mnuMenuAddPart,      &FormMain::mnuMenuAddSubmenu,
-        &FormMain::mnuMenuUp,           &FormMain::mnuMenuDown,
-        &FormMain::mnuMenuMoveOut,      &FormMain::mnuMenuMoveIn,
-        &FormMain::mnuMenuMoveTo,       &FormMain::mnuMenuSortSubmenusFirst,
-        &FormMain::mnuMenuSortMixed,    &FormMain::mnuMenuEdit,
-        &FormMain::mnuMenuRename,       &FormMain::mnuMenuRemove,
-        &FormMain::mnuViewToolBar,      &FormMain::mnuViewStatusBar,
-        &FormMain::mnuViewExpandBelow,  &FormMain::mnuViewCollapseAll,
-        &FormMain::mnuSettingsAccess,   &FormMain::mnuSettingsOptions,
-        &FormMain::mnuHelpContents,     &FormMain::mnuHelpWindow,
-        &FormMain::mnuHelpAbout,
+        &FormMain::mnuFileOpen,        &FormMain::mnuFileSave,       &FormMain::mnuFileSaveAs,
+        &FormMain::mnuFileReport,      &FormMain::mnuFileClose,      &FormMain::mnuFileExit,
+        &FormMain::mnuEditUndo,        &FormMain::mnuEditRedo,       &FormMain::mnuEditUndoHistory,
+        &FormMain::mnuEditCut,         &FormMain::mnuEditCopy,       &FormMain::mnuEditPaste,
+        &FormMain::mnuEditPasteInside, &FormMain::mnuEditDuplicate,  &FormMain::mnuEditSelectAll,
+        &FormMain::mnuEditFind,        &FormMain::mnuEditFindNext,   &FormMain::mnuEditFindPrevious,
+        &FormMain::mnuEditShowMatches, &FormMain::mnuEditReplace,    &FormMain::mnuEditChangeFolder,
+        &FormMain::mnuMenuAddPart,     &FormMain::mnuMenuAddSubmenu, &FormMain::mnuMenuAddParts,
+        &FormMain::mnuMenuUp,          &FormMain::mnuMenuDown,       &FormMain::mnuMenuMoveOut,
+        &FormMain::mnuMenuMoveIn,      &FormMain::mnuMenuMoveTo,     &FormMain::mnuMenuSortSubmenusFirst,
+        &FormMain::mnuMenuSortMixed,   &FormMain::mnuMenuEdit,       &FormMain::mnuMenuRename,
+        &FormMain::mnuMenuRemove,      &FormMain::mnuViewPreview,    &FormMain::mnuViewProblems,
+        &FormMain::mnuViewToolBar,     &FormMain::mnuViewStatusBar,  &FormMain::mnuViewExpandBelow,
+        &FormMain::mnuViewCollapseAll, &FormMain::mnuSettingsAccess, &FormMain::mnuSettingsOptions,
+        &FormMain::mnuHelpContents,    &FormMain::mnuHelpWindow,     &FormMain::mnuHelpAbout,
     };
     return this->*items[static_cast<std::size_t>(command)];
 }
@@ -113,16 +114,19 @@ void FormMain::BuildControls() {
     SetStatusBarPane(FormStatusBar::HelpPanel);
 
     pgStart = new FormStartPage(this, [this](StartStep step) { TakeStep(step); });
-    m_tree = std::make_unique<FormMenuTree>(this, m_editor);
+    spMain = new FormPanes(this, FromDIP(SmallestSide));
+    m_tree = std::make_unique<FormMenuTree>(spMain->Inner(), m_editor);
     tvMain = m_tree.get();
+    spMain->SetTree(tvMain->Window());
     m_finder = std::make_unique<FormFinder>(*this, m_editor, *m_tree);
     m_finder->UseToolBar(*tbMain);
-    tvMain->Window().SetMinSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
+    BuildChecker();
+    spMain->SetMinSize(FromDIP(wxSize(SmallestSide, SmallestSide)));
 
     auto* sizer = new wxBoxSizer(wxVERTICAL);
     // Only one of these two is visible at a time.
     sizer->Add(pgStart, wxSizerFlags(1).Expand());
-    sizer->Add(&tvMain->Window(), wxSizerFlags(1).Expand());
+    sizer->Add(spMain, wxSizerFlags(1).Expand());
     SetSizer(sizer);
 }
 
@@ -135,12 +139,18 @@ void FormMain::UpdateFileMenus() {
     const MainCommandSet enabled = CurrentCommands(m_editor, SelectedEntries(), [] {
         return modUtilities::DirectoryExists(NeskRegistry::Instance().NeskRoot);
     });
-    // While a caption is being edited, Del deletes characters and not the entry, and the keys of the Edit
-    // menu edit the text.
-    const bool typing = tvMain->View().Edited() != nullptr;
+    // While a caption or a field is being edited, Del deletes characters and not the entry, and the keys of
+    // the Edit menu edit the text.
+    const bool inDetails = IsEditingDetails();
+    const bool typing = tvMain->View().Edited() != nullptr || inDetails;
     for (const MainCommandInfo& info : MainCommandTable()) {
         const bool belongsToText = typing && (info.editsText || info.command == MainCommand::Remove);
-        const bool enable = Contains(enabled, info.command) && !belongsToText;
+        bool enable = Contains(enabled, info.command) && !belongsToText;
+        // In a field they are also for the changes of the menu, of which the typing becomes the last one.
+        if (inDetails && info.command == MainCommand::Undo)
+            enable = Contains(enabled, info.command) || pnDetails->HasTyping();
+        else if (inDetails && info.command == MainCommand::Redo)
+            enable = Contains(enabled, info.command) && !pnDetails->HasTyping();
         ItemOf(info.command)->Enable(enable);
         tbMain->EnableCommand(info.command, enable);
     }
@@ -201,7 +211,10 @@ void FormMain::AddEntry(bool part) {
 
 void FormMain::Rename() {
     platform::TreeNode* const node = tvMain->View().Selected();
-    if (node != nullptr && tvMain->View().Edited() == nullptr) tvMain->View().EditLabel(*node);
+    if (node == nullptr || tvMain->View().Edited() != nullptr) return;
+    // Another pane may have the focus.
+    tvMain->Window().SetFocus();
+    tvMain->View().EditLabel(*node);
 }
 
 void FormMain::SettingsAccess() {

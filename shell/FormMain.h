@@ -2,19 +2,23 @@
 
 #include "editing/MenuCounts.h"
 #include "editing/MenuEditor.h"
+#include "shell/EntryDrop.h"
 #include "shell/FormStatusBar.h"
 #include "shell/MainCommands.h"
 #include "shell/StartChoices.h"
 #include "shell/UiWindowPlace.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <wx/frame.h>
 
 class wxInfoBarGeneric;
 class wxMenu;
 class wxMenuItem;
+class wxSplitterWindow;
 
 namespace nesk::platform {
 class TreeNode;
@@ -23,10 +27,18 @@ struct TreeDrop;
 
 namespace nesk {
 
+class FileDrop;
+class FormChecker;
+class FormDetails;
 class FormFinder;
 class FormMenuTree;
+class FormPanes;
+class FormPreview;
+class FormProblems;
 class FormStartPage;
 class FormToolBar;
+enum class Fix : std::uint8_t;
+struct Finding;
 
 /// The main window: the tree of the open menu, its commands, and their questions to the user.
 class FormMain : public wxFrame, private MenuEditorListener, private MainCommandTarget {
@@ -50,15 +62,21 @@ public:
 
     // Controls.
     FormMenuTree* tvMain = nullptr;
+    FormPanes* spMain = nullptr; ///< the tree with the panes around it
     FormStatusBar* sbMain = nullptr;
     FormToolBar* tbMain = nullptr;
-    InfoBar ibIncomplete{"ibIncomplete"}; ///< the file could not be read completely
-    InfoBar ibNew{"ibNew"};               ///< the menu has no file yet
-    FormStartPage* pgStart = nullptr;     ///< shown instead of the tree while no menu is open
+    InfoBar ibIncomplete{"ibIncomplete"};  ///< the file could not be read completely
+    InfoBar ibNew{"ibNew"};                ///< the menu has no file yet
+    FormStartPage* pgStart = nullptr;      ///< shown instead of the tree while no menu is open
+    FormPreview* pnPreview = nullptr;      ///< null until it is first shown
+    FormDetails* pnDetails = nullptr;      ///< below the preview; null like it
+    wxSplitterWindow* spPreview = nullptr; ///< the preview and the details
+    FormProblems* pnProblems = nullptr;    ///< null until it is first shown
     wxMenu* mnuMenu = nullptr;
     wxMenuItem* mnuFileOpen = nullptr;
     wxMenuItem* mnuFileSave = nullptr;
     wxMenuItem* mnuFileSaveAs = nullptr;
+    wxMenuItem* mnuFileReport = nullptr;
     wxMenuItem* mnuFileClose = nullptr;
     wxMenuItem* mnuFileExit = nullptr;
     wxMenuItem* mnuEditUndo = nullptr;
@@ -78,6 +96,7 @@ public:
     wxMenuItem* mnuEditChangeFolder = nullptr;
     wxMenuItem* mnuMenuAddPart = nullptr;
     wxMenuItem* mnuMenuAddSubmenu = nullptr;
+    wxMenuItem* mnuMenuAddParts = nullptr;
     wxMenuItem* mnuMenuUp = nullptr;
     wxMenuItem* mnuMenuDown = nullptr;
     wxMenuItem* mnuMenuMoveOut = nullptr;
@@ -90,6 +109,8 @@ public:
     wxMenuItem* mnuMenuRemove = nullptr;
     wxMenuItem* mnuViewToolBar = nullptr;
     wxMenuItem* mnuViewStatusBar = nullptr;
+    wxMenuItem* mnuViewPreview = nullptr;
+    wxMenuItem* mnuViewProblems = nullptr;
     wxMenuItem* mnuViewExpandBelow = nullptr;
     wxMenuItem* mnuViewCollapseAll = nullptr;
     wxMenuItem* mnuSettingsAccess = nullptr;
@@ -128,6 +149,7 @@ private:
     void FileOpen() override;
     void FileSave() override;
     void FileSaveAs() override;
+    void Report() override;
     void FileClose() override;
     void FileExit() override;
     void Undo() override;
@@ -147,6 +169,7 @@ private:
     void ChangeFolder() override;
     void AddPart() override;
     void AddSubmenu() override;
+    void AddParts() override;
     void MoveUp() override;
     void MoveDown() override;
     void MoveOut() override;
@@ -159,6 +182,8 @@ private:
     void Remove() override;
     void ViewToolBar() override;
     void ViewStatusBar() override;
+    void ViewPreview() override;
+    void ViewProblems() override;
     void ExpandBelow() override;
     void CollapseAll() override;
     void SettingsAccess() override;
@@ -176,9 +201,47 @@ private:
 
     // Dragging.
     void BindDrag();
-    bool MayDrop(const std::vector<platform::TreeNode*>& nodes, const platform::TreeDrop& drop);
-    void OnDropped(const std::vector<platform::TreeNode*>& nodes, const platform::TreeDrop& drop);
-    bool OnDroppedText(const std::string& text, const platform::TreeDrop& drop);
+    EntryIds DraggedInTree() const;
+    EntryIds DraggedInPreview() const;
+    bool MayDrop(const EntryIds& ids, const EntryDrop& drop);
+    void OnDropped(const EntryIds& dragged, const EntryDrop& drop);
+    bool OnDroppedText(const std::string& text, const EntryDrop& drop, wxWindow& window);
+
+    // Preview.
+    // Names of remembered values.
+    static constexpr const char* PreviewScreenName = "PreviewScreen";
+    static constexpr const char* DetailsHeightName = "DetailsHeight";
+    void BuildPreview();
+    void BuildDetails();
+    void CheckShownFiles();
+    bool IsEditingDetails() const;
+    void ShowPreview(bool show);
+    void ShowSelectionInPreview();
+    void ClosePreview();
+    void GoToNextPane();
+
+    // Files from the system's file manager.
+    struct FilePlace {
+        std::string id;
+        bool isOnEntry; ///< false beside the entries of the submenu with the id
+    };
+    void BindFiles();
+    bool MayDropFiles(const std::vector<std::string>& paths, const FilePlace& place);
+    void OnDroppedFiles(const std::vector<std::string>& paths, const FilePlace& place, wxWindow& window);
+    void SetDroppedPicture(const std::string& id, const std::string& path);
+    void OnDragLeft();
+    void ShowDragText(const std::string& text);
+
+    // Problems.
+    void BuildChecker();
+    void CheckForScreen();
+    void OnProblemsChanged();
+    bool HasProblem(const MenuEntry* entry) const;
+    void ShowProblems(bool show);
+    void GoToProblem(const Finding& finding);
+    void ReturnToProblems();
+    void FixProblems(Fix fix, const std::vector<Finding>& selected);
+    void MakeProblemFolders(const std::vector<Finding>& findings);
 
     // Start page, while no menu is open.
     void UpdateStartPage();
@@ -190,7 +253,7 @@ private:
     // Keys, and events of the tree.
     void BindTree();
     void OnCharHook(wxKeyEvent& event);
-    void OnContextMenu(wxPoint at);
+    void OnContextMenu(wxWindow& window, wxPoint at);
     bool OnActivated(platform::TreeNode& node);
     void OnEndLabelEdit(platform::TreeNode& node, const std::string* text);
     bool FinishLabelEdit();
@@ -211,8 +274,11 @@ private:
     UiWindowPlace m_place{*this, m_memory};
     std::unique_ptr<FormMenuTree> m_tree;
     std::unique_ptr<FormFinder> m_finder;
-    std::string m_addedId;         // the new entry whose caption is being typed for the first time
-    bool m_captionRefused = false; // set by the last end of an edit
+    std::unique_ptr<FormChecker> m_checker;
+    std::unique_ptr<FileDrop> m_draggedFiles; // while they are over this window
+    std::string m_addedId;                    // the new entry whose caption is being typed for the first time
+    bool m_captionRefused = false;            // set by the last end of an edit
+    bool m_returnsToProblems = false;         // when the edit of a caption ends
     bool m_wasActive = false;
     std::string m_shownRoot; // the root folder that pgStart shows
 };

@@ -4,6 +4,7 @@
 
 #include "base/Messages.h"
 #include "editing/ChangeText.h"
+#include "shell/FormDetails.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormUndoHistory.h"
 #include "shell/modStringRes.h"
@@ -36,11 +37,16 @@ void FormMain::UpdateUndoTexts() {
     const auto show = [](wxMenuItem& item, const wxString& text) {
         if (item.GetItemLabel() != text) item.SetItemLabel(text);
     };
-    show(*mnuEditUndo, CommandText(Message::Undo, Message::UndoChange, history.UndoNames(1)));
+    // Typing in a field is undone first, and is no change with a name.
+    const bool isTyping = pnDetails != nullptr && pnDetails->HasTyping();
+    show(*mnuEditUndo, CommandText(Message::Undo, Message::UndoChange,
+                                   isTyping ? std::vector<ChangeName>() : history.UndoNames(1)));
     show(*mnuEditRedo, CommandText(Message::Redo, Message::RedoChange, history.RedoNames(1)));
 }
 
 void FormMain::Undo() {
+    // What is typed into a field is no change of the menu yet.
+    if (pnDetails != nullptr && pnDetails->UndoTyping()) return;
     if (FinishLabelEdit()) m_editor.Undo();
 }
 

@@ -6,6 +6,7 @@
 #include "menu/FormSelectMenuPicture.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
+#include "partedit/FormAddParts.h"
 #include "partedit/FormEditPart.h"
 #include "partedit/FormEditParts.h"
 #include "shell/FormMenuTree.h"
@@ -89,6 +90,14 @@ void FormMain::SortSubmenusFirst() {
 
 void FormMain::SortMixed() {
     if (FinishLabelEdit()) m_editor.Sort(m_editor.SortTarget(SelectedEntries()), false);
+}
+
+// --- adding many parts ---
+
+void FormMain::AddParts() {
+    if (!FinishLabelEdit()) return;
+    const std::string target = m_editor.AddPartsTarget(SelectedEntries());
+    tvMain->SelectKeys(FormAddParts(this, m_editor, m_memory).Invoke(target));
 }
 
 // --- clipboard ---

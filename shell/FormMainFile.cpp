@@ -10,8 +10,13 @@
 #include "settings/FormDirectories.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormAbout.h"
+#include "shell/FormChecker.h"
 #include "shell/FormCreateStation.h"
+#include "shell/FormDetails.h"
 #include "shell/FormMenuTree.h"
+#include "shell/FormPanes.h"
+#include "shell/FormPreview.h"
+#include "shell/FormProblems.h"
 #include "shell/FormStartPage.h"
 #include "shell/Startup.h"
 #include "shell/StationCreation.h"
@@ -38,7 +43,7 @@ void FormMain::OnMenuReplaced() {
     tvMain->BuildTree();
     OnStateChanged();
     const bool isOpen = m_editor.IsOpen();
-    tvMain->Window().Show(isOpen);
+    spMain->Show(isOpen);
     pgStart->Show(!isOpen);
     // The page wraps its text to the width that it gets from the layout.
     Layout();
@@ -109,6 +114,7 @@ bool FormMain::SaveMenu() {
             return false;
         const wxBusyCursor busy;
         m_editor.Save(path, plan);
+        m_checker->RefreshFiles();
         return true;
     } catch (const NeskError& error) {
         ShowError(Message::SaveFailed, error);
@@ -195,6 +201,8 @@ void FormMain::OnActivate(wxActivateEvent& event) {
     // move it, only after that.
     if (!m_wasActive && !m_place.WasMaximized() && !IsMaximized()) PlaceOnScreen();
     m_wasActive = true;
+    m_checker->RefreshFiles();
+    CheckShownFiles();
     // Folders may have been created or removed while the user worked with another program. Changed settings
     // are shown when the user confirms them.
     if (m_editor.IsOpen() || m_shownRoot != NeskRegistry::Instance().NeskRoot) return;
@@ -234,6 +242,11 @@ void FormMain::StationChanged() {
     delete former;
     BuildMenuBar();
     BuildToolBar();
+    if (pnPreview != nullptr) {
+        pnPreview->ShowTexts();
+        pnDetails->ShowTexts();
+    }
+    if (pnProblems != nullptr) pnProblems->ShowTexts();
     UpdateViewMenu();
     m_memory.Load();
     OnMenuReplaced();

@@ -4,10 +4,10 @@
 
 #include "checking/FormChangeFolder.h"
 #include "checking/FormReplace.h"
-#include "checking/UiRowList.h"
 #include "settings/WindowMemory.h"
 #include "shell/FormFinder.h"
 #include "shell/FormMenuTree.h"
+#include "widgets/UiRowList.h"
 
 #include <string>
 #include <utility>

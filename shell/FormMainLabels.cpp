@@ -2,9 +2,11 @@
 
 #include "base/Messages.h"
 #include "menu/MenuText.h"
+#include "shell/FormDetails.h"
 #include "shell/FormFinder.h"
 #include "shell/FormMain.h"
 #include "shell/FormMenuTree.h"
+#include "shell/FormProblems.h"
 #include "widgets/UiUtilities.h"
 
 #include <memory>
@@ -41,9 +43,12 @@ bool IsKey(const wxAcceleratorEntry& accelerator, const wxKeyEvent& event) {
 
 void FormMain::BindTree() {
     platform::TreeEvents& on = tvMain->View().on;
-    on.selectionChanged = [this] { UpdateFileMenus(); };
+    on.selectionChanged = [this] {
+        UpdateFileMenus();
+        ShowSelectionInPreview();
+    };
     on.activated = [this](TreeNode& node) { return OnActivated(node); };
-    on.contextMenu = [this](TreeNode*, wxPoint at) { OnContextMenu(at); };
+    on.contextMenu = [this](TreeNode*, wxPoint at) { OnContextMenu(tvMain->Window(), at); };
     // While a caption is being edited, Del must edit the text.
     on.renameBegins = [this](TreeNode&) { UpdateFileMenus(); };
     on.renameEnds = [this](TreeNode& node, const std::string* text) { OnEndLabelEdit(node, text); };
@@ -57,6 +62,9 @@ void FormMain::BindTree() {
 // tree would handle it as a key of its own and select another entry.
 void FormMain::OnCharHook(wxKeyEvent& event) {
     if (m_finder->OnCharHook(event)) return;
+    if (pnProblems != nullptr && pnProblems->OnCharHook(event)) return;
+    if (pnDetails != nullptr && pnDetails->OnCharHook(event)) return;
+    if (event.GetKeyCode() == WXK_F6 && !event.HasAnyModifiers()) return GoToNextPane();
     const bool typing = tvMain->View().Edited() != nullptr;
     for (const MainCommandInfo& info : MainCommandTable()) {
         const wxMenuItem* item = ItemOf(info.command);
@@ -75,12 +83,13 @@ void FormMain::OnCharHook(wxKeyEvent& event) {
     event.Skip();
 }
 
-// Ends the edit of a caption and accepts the text. Returns false when the text is refused; then a message
-// appears, and after it the refused text again.
+// Ends the edit of a caption or a field and accepts the text. Returns false when the text is refused; then a
+// message appears, and the refused text again.
 bool FormMain::FinishLabelEdit() {
     m_captionRefused = false;
     tvMain->View().EndLabelEdit(true);
-    return !m_captionRefused;
+    if (m_captionRefused) return false;
+    return pnDetails == nullptr || pnDetails->Commit();
 }
 
 void FormMain::OnEndLabelEdit(TreeNode& node, const std::string* text) {
@@ -102,7 +111,11 @@ void FormMain::OnEndLabelEdit(TreeNode& node, const std::string* text) {
         }
     }
     if (!isRefused) m_addedId.clear();
-    CallAfter([this] { UpdateFileMenus(); });
+    CallAfter([this, isRefused] {
+        UpdateFileMenus();
+        tvMain->UpdateMarks();
+        if (!isRefused) ReturnToProblems();
+    });
 }
 
 // Edits the caption again with the refused text, so that the user can correct it.
@@ -118,7 +131,7 @@ void FormMain::ShowSelected() {
     if (TreeNode* node = tvMain->View().Selected()) tvMain->View().EnsureVisible(*node);
 }
 
-void FormMain::OnContextMenu(wxPoint at) {
+void FormMain::OnContextMenu(wxWindow& window, wxPoint at) {
     FinishLabelEdit();
     UpdateFileMenus();
     wxMenu menu;
@@ -147,7 +160,7 @@ void FormMain::OnContextMenu(wxPoint at) {
     appendAll(Message::MenuEdit);
     menu.AppendSubMenu(finding.release(), modUtilities::ResText(Message::FindSubmenu));
     appendAll(Message::MenuView);
-    tvMain->Window().PopupMenu(&menu, at);
+    window.PopupMenu(&menu, at);
 }
 
 // Handles a double click or Enter on an entry.

@@ -4,8 +4,12 @@
 #include "shell/FormMain.h"
 
 #include "shell/CountsText.h"
+#include "shell/FormChecker.h"
+#include "shell/FormDetails.h"
 #include "shell/FormFinder.h"
 #include "shell/FormMenuTree.h"
+#include "shell/FormPanes.h"
+#include "shell/FormPreview.h"
 #include "shell/FormToolBar.h"
 #include "widgets/UiUtilities.h"
 
@@ -24,6 +28,8 @@ constexpr int UsualCharHeight = 17;
 // Names of the remembered values.
 constexpr const char* ShowsToolBar = "ToolBar";
 constexpr const char* ShowsStatusBar = "StatusBar";
+constexpr const char* ShowsPreview = "Preview";
+constexpr const char* ShowsProblems = "Problems";
 
 } // namespace
 
@@ -33,8 +39,10 @@ wxSize FormMain::DefaultSize() {
 }
 
 void FormMain::UpdateCounts() {
-    const std::string text =
-        m_editor.IsOpen() ? CountsText(m_counts.Numbers(), SelectedEntries().size()) : std::string();
+    const std::string text = m_editor.IsOpen()
+                                 ? CountsText(m_counts.Numbers(), tvMain->View().Selection().size(),
+                                              m_checker->Check().LastCount())
+                                 : std::string();
     sbMain->ShowCounts(modUtilities::ToWx(text));
 }
 
@@ -43,13 +51,24 @@ void FormMain::RestoreView() {
     m_memory.Load();
     tbMain->Show(m_memory.Flag(ShowsToolBar, true));
     sbMain->Show(m_memory.Flag(ShowsStatusBar, true));
+    spMain->Restore(m_memory);
+    CheckForScreen();
     UpdateViewMenu();
     PlaceOnScreen();
+    if (m_memory.Flag(ShowsPreview, false)) ShowPreview(true);
+    if (m_memory.Flag(ShowsProblems, false)) ShowProblems(true);
     if (m_place.WasMaximized()) Maximize();
 }
 
 void FormMain::RememberView() {
     m_place.Remember();
+    spMain->Remember(m_memory);
+    m_memory.SetFlag(ShowsPreview, spMain->IsPaneShown(FormPanes::Side::Beside), false);
+    if (pnPreview != nullptr) {
+        m_memory.SetNumber(PreviewScreenName, pnPreview->ScreenChoice());
+        m_memory.SetNumber(DetailsHeightName, ToDIP(pnDetails->GetSize().y));
+    }
+    m_memory.SetFlag(ShowsProblems, spMain->IsPaneShown(FormPanes::Side::Below), false);
     m_memory.SetFlag(ShowsToolBar, tbMain->IsShown(), true);
     m_memory.SetFlag(ShowsStatusBar, sbMain->IsShown(), true);
     // The registry may be in use by another program. Nobody should look at a window meanwhile.
@@ -97,6 +116,8 @@ void FormMain::ShowViewBar(wxWindow& bar, bool show) {
 }
 
 void FormMain::UpdateViewMenu() {
+    mnuViewPreview->Check(spMain->IsPaneShown(FormPanes::Side::Beside));
+    mnuViewProblems->Check(spMain->IsPaneShown(FormPanes::Side::Below));
     mnuViewToolBar->Check(tbMain->IsShown());
     mnuViewStatusBar->Check(sbMain->IsShown());
 }

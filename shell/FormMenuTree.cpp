@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string_view>
 #include <unordered_map>
@@ -29,12 +30,7 @@ using platform::TreeView;
 namespace {
 
 // Indexes of the pictures. A picture with an overlay says what is wrong with the entry.
-enum Image { FolderImage, PartImage, PartWithoutProgramImage };
-
-int ImageOf(const MenuItem& item) {
-    if (!item.IsPart()) return FolderImage;
-    return EntryMarkOf(item) == EntryMark::NoProgram ? PartWithoutProgramImage : PartImage;
-}
+enum Image { FolderImage, PartImage, MarkedPartImage, MarkedFolderImage };
 
 // From this number of events on, building the tree again is faster than following each event.
 constexpr std::size_t ManyEvents = 100;
@@ -42,19 +38,14 @@ constexpr std::size_t ManyEvents = 100;
 // From this number of ids on, siblings are looked up in a table.
 constexpr std::size_t ManyIds = 16;
 
-std::unique_ptr<TreeNode> NodeFor(const MenuItem& item) {
-    return std::make_unique<TreeNode>(std::string(item.Caption()), ImageOf(item),
-                                      MenuId::LastPart(item.Counter()), item.ChildCount() > 0);
-}
-
 } // namespace
 
 FormMenuTree::FormMenuTree(wxWindow* parent, const MenuEditor& editor)
     : m_editor(editor), m_view(*TreeView::Create(parent, "tvMain", {.multiple = true, .drag = true})) {
     const wxSize size = m_view.ImageSize();
     // In the order of Image.
-    m_view.SetImages(
-        {IconBundle("folder", size), IconBundle("part", size), IconBundle("part+warning", size)});
+    m_view.SetImages({IconBundle("folder", size), IconBundle("part", size), IconBundle("part+warning", size),
+                      IconBundle("folder+warning", size)});
     m_view.SetAccessibleName(modStringRes::LoadResString(Message::TreeName));
     m_view.on.fill = [this](TreeNode& node) { Fill(node); };
 }
@@ -62,6 +53,53 @@ FormMenuTree::FormMenuTree(wxWindow* parent, const MenuEditor& editor)
 // The control may send its last events while the window is being destroyed. No handler may run then.
 FormMenuTree::~FormMenuTree() {
     m_view.on = {};
+}
+
+int FormMenuTree::ImageOf(const MenuEntry& entry) const {
+    const auto* item = dynamic_cast<const MenuItem*>(&entry);
+    const bool isPart = item != nullptr && item->IsPart();
+    const bool isMarked =
+        (m_hasProblem && m_hasProblem(entry)) || (isPart && EntryMarkOf(*item) == EntryMark::NoProgram);
+    if (isPart) return isMarked ? MarkedPartImage : PartImage;
+    return isMarked ? MarkedFolderImage : FolderImage;
+}
+
+std::unique_ptr<TreeNode> FormMenuTree::NodeFor(const MenuItem& item) const {
+    return std::make_unique<TreeNode>(std::string(item.Caption()), ImageOf(item),
+                                      MenuId::LastPart(item.Counter()), item.ChildCount() > 0);
+}
+
+// Goes through the nodes and their entries side by side: the nodes are in the order of the entries, of which
+// a filter may hide some.
+void FormMenuTree::UpdateMarks() {
+    const Menu* menu = m_editor.OpenMenu();
+    if (menu == nullptr || m_view.Root() == nullptr || m_toRestore) return;
+    // GTK calls the edit of a caption off when a row changes. The marks are updated when the edit ends.
+    if (m_view.Edited() != nullptr) return;
+    std::vector<std::pair<TreeNode*, int>> changed; // nodes and their pictures
+    std::vector<std::pair<TreeNode*, const MenuEntry*>> levels{{m_view.Root(), menu}};
+    while (!levels.empty()) {
+        const auto [node, entry] = levels.back();
+        levels.pop_back();
+        if (const int image = ImageOf(*entry); node->Image() != image) changed.emplace_back(node, image);
+        int child = 0;
+        for (std::size_t i = 0; i < node->ChildCount(); ++i) {
+            const std::string& key = node->Child(i).Key();
+            const MenuItem* item = nullptr;
+            while (child < entry->ChildCount()) {
+                item = &entry->Children()->Item(++child);
+                if (MenuId::LastPart(item->Counter()) == key) break;
+                item = nullptr;
+            }
+            if (item == nullptr) break;
+            levels.emplace_back(&node->Child(i), item);
+        }
+    }
+    // A few rows are drawn one by one, many all at once.
+    std::optional<wxWindowUpdateLocker> locker;
+    if (changed.size() > ManyIds) locker.emplace(&Window());
+    for (const auto& [node, image] : changed)
+        m_view.SetImage(*node, image);
 }
 
 void FormMenuTree::ClearTree() {
@@ -77,7 +115,7 @@ void FormMenuTree::BuildTree() {
     if (menu == nullptr) return;
     Window().Freeze();
     TreeNode& root = m_view.SetRoot(std::make_unique<TreeNode>(
-        std::string(menu->Caption()), FolderImage, std::string(MenuId::Root), menu->ChildCount() > 0));
+        std::string(menu->Caption()), ImageOf(*menu), std::string(MenuId::Root), menu->ChildCount() > 0));
     m_view.Expand(root);
     m_view.Select(&root);
     Window().Thaw();
@@ -351,7 +389,7 @@ void FormMenuTree::Settle() {
 // Shows the caption and the picture that the entry has now.
 void FormMenuTree::Describe(TreeNode& node, const MenuEntry& entry) {
     m_view.SetText(node, std::string(entry.Caption()));
-    if (const auto* item = dynamic_cast<const MenuItem*>(&entry)) m_view.SetImage(node, ImageOf(*item));
+    m_view.SetImage(node, ImageOf(entry));
 }
 
 // Adds the node of a new entry at the position of the event. When its siblings have no nodes yet, the entry

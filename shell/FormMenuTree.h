@@ -11,6 +11,8 @@
 
 namespace nesk {
 
+class MenuItem;
+
 /// The tree view of the open menu. It never changes the menu: it displays what the editor reports, and maps
 /// nodes to entries. The key of a node is the counter of its entry; the key of the root node is "R".
 class FormMenuTree {
@@ -38,6 +40,15 @@ public:
     /// Sets the filter for the children that are shown; null shows all. Nodes that exist stay until
     /// BuildTree.
     void SetFilter(ChildFilter filter) { m_filter = std::move(filter); }
+
+    /// Decides whether an entry has a problem, or an entry below it has one.
+    using ProblemSource = std::function<bool(const MenuEntry&)>;
+
+    /// Sets what decides which entries are marked; null marks none but parts without a program.
+    void SetProblems(ProblemSource hasProblem) { m_hasProblem = std::move(hasProblem); }
+
+    /// Shows the marks again, because other entries may have problems now.
+    void UpdateMarks();
 
     /// Prepares for a change of several events.
     void Expect(std::size_t events);
@@ -84,6 +95,8 @@ public:
 private:
     class ViewContext;
 
+    int ImageOf(const MenuEntry& entry) const;
+    std::unique_ptr<platform::TreeNode> NodeFor(const MenuItem& item) const;
     static EntryIds ExpandedFrom(const platform::TreeNode& node, const std::string& id);
     void ShowExpanded(const EntryIds& expanded);
     void Fill(platform::TreeNode& node);
@@ -98,6 +111,7 @@ private:
 
     const MenuEditor& m_editor;
     ChildFilter m_filter;
+    ProblemSource m_hasProblem;
     platform::TreeView& m_view;
     std::shared_ptr<const EntryIds> m_lastExpanded; // shared by contexts between which nothing was expanded
     std::size_t m_events = 0;                       // of the present change

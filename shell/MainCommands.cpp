@@ -1,6 +1,10 @@
 #include "shell/MainCommands.h"
 
+#include "base/AddPartsMessages.h"
 #include "base/Messages.h"
+#include "base/PreviewMessages.h"
+#include "base/ProblemMessages.h"
+#include "base/ReportMessages.h"
 
 #include <algorithm>
 #include <array>
@@ -66,7 +70,9 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      false, nullptr, Button("save")},
     {MainCommand::FileSaveAs, "mnuFileSaveAs", Message::MenuFile, Message::FileSaveAs, false, IsOpen,
      &To::FileSaveAs, false, nullptr, Icon("save-as")},
-    {MainCommand::FileClose, "mnuFileClose", Message::MenuFile, Message::FileClose, false, IsOpen,
+    {MainCommand::Report, "mnuFileReport", Message::MenuFile, Message::CommandReport, true, IsOpen,
+     &To::Report, false, nullptr},
+    {MainCommand::FileClose, "mnuFileClose", Message::MenuFile, Message::FileClose, true, IsOpen,
      &To::FileClose, false, nullptr, Icon("close")},
     {MainCommand::FileExit, "mnuFileExit", Message::MenuFile, Message::FileExit, true, Always, &To::FileExit,
      false, nullptr, Icon("exit")},
@@ -112,6 +118,8 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      For<&MenuCommands::addPart>, &To::AddPart, false, nullptr, EntryButton("add-part")},
     {MainCommand::AddSubmenu, "mnuMenuAddSubmenu", Message::MenuMenu, Message::AddSubmenu, false,
      For<&MenuCommands::addSubmenu>, &To::AddSubmenu, false, nullptr, EntryButton("add-submenu")},
+    {MainCommand::AddParts, "mnuMenuAddParts", Message::MenuMenu, Message::CommandAddParts, false,
+     For<&MenuCommands::addParts>, &To::AddParts, false, nullptr, ForEntry},
     {MainCommand::MoveUp, "mnuMenuUp", Message::MenuMenu, Message::MoveUp, true, For<&MenuCommands::moveUp>,
      &To::MoveUp, false, nullptr, Moving("up")},
     {MainCommand::MoveDown, "mnuMenuDown", Message::MenuMenu, Message::MoveDown, false,
@@ -133,7 +141,11 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      For<&MenuCommands::rename>, &To::Rename, false, nullptr, ForEntry},
     {MainCommand::Remove, "mnuMenuRemove", Message::MenuMenu, Message::Remove, false,
      For<&MenuCommands::remove>, &To::Remove, false, nullptr, EntryButton("remove")},
-    {MainCommand::ViewToolBar, "mnuViewToolBar", Message::MenuView, Message::ViewToolBar, false, Always,
+    {MainCommand::ViewPreview, "mnuViewPreview", Message::MenuView, Message::CommandPreview, false, IsOpen,
+     &To::ViewPreview, false, nullptr, Check},
+    {MainCommand::ViewProblems, "mnuViewProblems", Message::MenuView, Message::CommandProblems, false, IsOpen,
+     &To::ViewProblems, false, nullptr, Check},
+    {MainCommand::ViewToolBar, "mnuViewToolBar", Message::MenuView, Message::ViewToolBar, true, Always,
      &To::ViewToolBar, false, nullptr, Check},
     {MainCommand::ViewStatusBar, "mnuViewStatusBar", Message::MenuView, Message::ViewStatusBar, false, Always,
      &To::ViewStatusBar, false, nullptr, Check},

@@ -15,6 +15,7 @@ enum class MainCommand {
     FileOpen,
     FileSave,
     FileSaveAs,
+    Report,
     FileClose,
     FileExit,
     Undo,
@@ -34,6 +35,7 @@ enum class MainCommand {
     ChangeFolder,
     AddPart,
     AddSubmenu,
+    AddParts,
     MoveUp,
     MoveDown,
     MoveOut,
@@ -44,6 +46,8 @@ enum class MainCommand {
     Edit,
     Rename,
     Remove,
+    ViewPreview,
+    ViewProblems,
     ViewToolBar,
     ViewStatusBar,
     ExpandBelow,
@@ -66,6 +70,7 @@ public:
     virtual void FileOpen() = 0;
     virtual void FileSave() = 0;
     virtual void FileSaveAs() = 0;
+    virtual void Report() = 0;
     virtual void FileClose() = 0;
     virtual void FileExit() = 0;
     virtual void Undo() = 0;
@@ -85,6 +90,7 @@ public:
     virtual void ChangeFolder() = 0;
     virtual void AddPart() = 0;
     virtual void AddSubmenu() = 0;
+    virtual void AddParts() = 0;
     virtual void MoveUp() = 0;
     virtual void MoveDown() = 0;
     virtual void MoveOut() = 0;
@@ -95,6 +101,8 @@ public:
     virtual void EditSelected() = 0;
     virtual void Rename() = 0;
     virtual void Remove() = 0;
+    virtual void ViewPreview() = 0;
+    virtual void ViewProblems() = 0;
     virtual void ViewToolBar() = 0;
     virtual void ViewStatusBar() = 0;
     virtual void ExpandBelow() = 0;

@@ -1,13 +1,18 @@
 // Measures the windows: opening a large menu and the updates after an edit in it, edits among many siblings,
-// undo, drops and edits of many entries, finding and replacing, scanning a repository compared with `find`,
-// and the start of the program. Arguments select some of the measurements: opening, siblings, edits, find,
+// undo, drops and edits of many entries, finding and replacing, the preview, the report, adding many parts,
+// checking a menu and its files, scanning a repository compared with `find`, and the start of the program.
+// Arguments select some of the measurements: opening, siblings, edits, find, preview, report, parts, check,
 // scan, start.
 
 #include "bench/Measure.h"
 #include "bench/Table.h"
+#include "bench/ui/AddPartsBench.h"
+#include "bench/ui/CheckBench.h"
 #include "bench/ui/EditsBench.h"
 #include "bench/ui/FindBench.h"
 #include "bench/ui/OpeningBench.h"
+#include "bench/ui/PreviewBench.h"
+#include "bench/ui/ReportBench.h"
 #include "bench/ui/SiblingsBench.h"
 #include "bench/ui/StartBench.h"
 #include "bench/ui/Windows.h"
@@ -17,13 +22,16 @@
 #include "unit/platform/TempStation.h"
 #include "widgets/UiUtilities.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 #include <wx/app.h>
@@ -110,17 +118,34 @@ public:
         const wxEventLoopActivator active(&loop);
         Startup::InitLanguage();
         Table table;
-        if (IsWanted("opening")) MeasureOpening(table);
-        if (IsWanted("siblings")) MeasureWindowSiblings(table);
-        if (IsWanted("edits")) MeasureEdits(table);
-        if (IsWanted("find")) MeasureFind(table);
-        if (IsWanted("scan")) MeasureScan(table);
-        if (IsWanted("start")) MeasureStart(table, FromWx(wxFileName(argv[0]).GetPath()));
+        int measured = 0;
+        for (const auto& [name, measure] : Parts()) {
+            if (!IsWanted(name)) continue;
+            measure(table);
+            ++measured;
+        }
+        if (measured < std::max(1, argc - 1)) {
+            std::printf("an argument is no measurement\n");
+            return 2;
+        }
         std::printf("\n%d goals missed\n", table.Missed());
         return table.Missed() == 0 ? 0 : 1;
     }
 
 private:
+    using Part = std::pair<const char*, std::function<void(Table&)>>;
+
+    std::vector<Part> Parts() const {
+        const std::string folder = FromWx(wxFileName(argv[0]).GetPath());
+        return {
+            {"opening", MeasureOpening}, {"siblings", MeasureWindowSiblings},
+            {"edits", MeasureEdits},     {"find", MeasureFind},
+            {"check", MeasureCheck},     {"parts", MeasureAddParts},
+            {"preview", MeasurePreview}, {"report", MeasureReport},
+            {"scan", MeasureScan},       {"start", [folder](Table& table) { MeasureStart(table, folder); }},
+        };
+    }
+
     bool IsWanted(const char* part) const {
         const wxArrayString& wanted = argv.GetArguments();
         return wanted.size() == 1 || wanted.Index(part) != wxNOT_FOUND;

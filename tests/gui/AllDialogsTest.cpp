@@ -9,6 +9,7 @@
 #include "editing/MenuEditor.h"
 #include "menu/FormEditMenu.h"
 #include "menu/FormSelectMenuPicture.h"
+#include "partedit/FormAddParts.h"
 #include "partedit/FormBrowse.h"
 #include "partedit/FormEditPart.h"
 #include "partedit/FormEditParts.h"
@@ -23,6 +24,7 @@
 #include "settings/FormSelectMachine.h"
 #include "settings/FormSelectUser.h"
 #include "settings/RegEntry.h"
+#include "settings/WindowMemory.h"
 #include "shell/FormAbout.h"
 #include "shell/FormCreateStation.h"
 #include "shell/FormMoveTo.h"
@@ -162,6 +164,11 @@ INSTANTIATE_TEST_SUITE_P(
                    }},
         EditorCase<FormReplace>("FormReplace", 33001),
         EditorCase<FormChangeFolder>("FormChangeFolder", 33001),
+        DialogCase{"FormAddParts", 33001,
+                   [] {
+                       static WindowMemory memory;
+                       return std::make_unique<FormAddParts>(nullptr, EditorWithMenu(), memory);
+                   }},
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, WideScreen); }},
         DialogCase{"FormEditPart", 33004, [] { return std::make_unique<FormEditPart>(nullptr, SmallScreen); },
                    "Small"},

@@ -95,7 +95,7 @@ TEST_F(FormMainFileTest, TheNextStepOpensTheMenu) {
     WriteMenu(SmallMenu);
     OpenWindow();
     EXPECT_TRUE(window->pgStart->IsShown());
-    EXPECT_FALSE(window->tvMain->Window().IsShown());
+    EXPECT_FALSE(window->tvMain->Window().IsShownOnScreen());
     EXPECT_EQ(Steps(), "cmdOpenMenu " + m_stationSteps);
     EXPECT_EQ(TextOf(window->pgStart->lblHeading), LoadResString(Message::StartNothingOpen));
     EXPECT_NE(PageText().find(MenuPath), std::string::npos) << PageText();
@@ -103,7 +103,7 @@ TEST_F(FormMainFileTest, TheNextStepOpensTheMenu) {
     Press(WXK_RETURN);
     EXPECT_TRUE(WaitUntil([&] { return window->Editor().IsOpen(); }));
     EXPECT_FALSE(window->pgStart->IsShown());
-    EXPECT_TRUE(window->tvMain->Window().IsShown());
+    EXPECT_TRUE(window->tvMain->Window().IsShownOnScreen());
     EXPECT_TRUE(window->tvMain->Window().HasFocus());
     ASSERT_TRUE(Click(window->mnuFileClose));
     EXPECT_TRUE(window->pgStart->IsShown());

@@ -25,8 +25,11 @@ protected:
     // became true afterwards.
     bool ContextMenu(std::deque<int> keys, const std::function<bool()>& isDone) {
         // The click returns only after the menu is closed, so a timer presses the keys.
+        // On a busy machine the menu takes a while to appear, and a key before that is lost.
+        int pauses = 3;
         wxTimer timer;
         timer.Bind(wxEVT_TIMER, [&](wxTimerEvent&) {
+            if (pauses-- > 0) return;
             if (keys.empty()) return timer.Stop();
             SendKey(keys.front());
             keys.pop_front();

@@ -3,10 +3,10 @@
 #include "gui/GuiFixture.h"
 
 #include "checking/FormReplace.h"
-#include "checking/UiRowList.h"
 #include "gui/NextDialog.h"
 #include "settings/RegEntry.h"
 #include "shell/FormToolBar.h"
+#include "widgets/UiRowList.h"
 
 #include <wx/display.h>
 #include <wx/menu.h>

@@ -3,6 +3,7 @@
 
 #include "settings/NeskRegistry.h"
 #include "settings/RegEntry.h"
+#include "shell/FormPanes.h"
 #include "shell/modStringRes.h"
 #include "widgets/UiUtilities.h"
 
@@ -461,8 +462,8 @@ TEST_F(FormMainTest, TheWindowFitsTheScreenAndShrinksOnlySoFar) {
     // 2,000 twips in pixels at normal screen resolution.
     EXPECT_GE(window->GetMinSize().x, 2000 / 15);
     EXPECT_GE(window->GetMinSize().y, 2000 / 15);
-    EXPECT_GE(Tree().Window().GetMinSize().x, 2000 / 15);
-    EXPECT_GE(Tree().Window().GetMinSize().y, 2000 / 15);
+    EXPECT_GE(window->spMain->GetMinSize().x, 2000 / 15);
+    EXPECT_GE(window->spMain->GetMinSize().y, 2000 / 15);
 }
 
 TEST_F(FormMainTest, ControlsAreFoundByName) {

@@ -28,6 +28,7 @@ MouseDrag& MouseDrag::To(std::function<wxPoint()> point) {
         if (i++ == 0) {
             from = std::exchange(m_at, point());
             to = m_at;
+            if (from == to) i = MovesOfAWay; // there is no way to go
         }
         const wxPoint at = i <= MovesOfAWay ? from + (to - from) * i / MovesOfAWay : to + wxPoint(i % 2, 0);
         wxUIActionSimulator().MouseMove(at);

@@ -23,6 +23,7 @@
 #include <wx/menu.h>
 #include <wx/radiobut.h>
 #include <wx/textctrl.h>
+#include <wx/tglbtn.h>
 #include <wx/timer.h>
 #include <wx/toolbar.h>
 #include <wx/uiaction.h>
@@ -215,6 +216,9 @@ void Click(wxWindow* control) {
     } else if (auto* const radio = dynamic_cast<wxRadioButton*>(control)) {
         radio->SetValue(true);
         SendCommand(*radio, wxEVT_RADIOBUTTON, 1);
+    } else if (auto* const toggle = dynamic_cast<wxToggleButton*>(control)) {
+        toggle->SetValue(!toggle->GetValue());
+        SendCommand(*toggle, wxEVT_TOGGLEBUTTON, toggle->GetValue() ? 1 : 0);
     } else if (dynamic_cast<wxAnyButton*>(control) != nullptr) {
         SendCommand(*control, wxEVT_BUTTON, 0);
     } else {

@@ -77,7 +77,7 @@ void DragMouse(wxPoint from, wxPoint to, int key, const std::function<void()>& h
 /// The control with this name in a window. Without such a control the test fails, and null is returned.
 wxWindow* Find(const wxWindow& in, const std::string& name);
 
-/// Clicks a button, a check box or a radio button.
+/// Clicks a button, a check box, a radio button or a toggle button.
 void Click(wxWindow* control);
 void Click(const wxWindow& in, const std::string& name);
 

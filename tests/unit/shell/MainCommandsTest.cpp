@@ -125,30 +125,30 @@ TEST_F(MainCommandsTest, WhatIsEnabledForTheSelectedEntry) {
     } table[] = {
         {"", {}},
         {"R.9", {}},
-        {"R", {AddPart, AddSubmenu, Rename, Paste, PasteInside, SortSubmenusFirst, SortMixed}},
+        {"R", {AddPart, AddSubmenu, AddParts, Rename, Paste, PasteInside, SortSubmenusFirst, SortMixed}},
         {"R.1",
-         {AddPart, AddSubmenu, MoveDown, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste,
+         {AddPart, AddSubmenu, AddParts, MoveDown, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste,
           PasteInside, SortSubmenusFirst, SortMixed}},
         {"R.2",
-         {AddPart, AddSubmenu, MoveUp, MoveDown, MoveIn, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo,
-          Paste, PasteInside}},
+         {AddPart, AddSubmenu, AddParts, MoveUp, MoveDown, MoveIn, Edit, Rename, Remove, Cut, Copy, Duplicate,
+          MoveTo, Paste, PasteInside}},
         {"R.3",
-         {MoveUp, MoveIn, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste, SortSubmenusFirst,
-          SortMixed}},
+         {AddParts, MoveUp, MoveIn, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste,
+          SortSubmenusFirst, SortMixed}},
         {"R.1.1",
-         {MoveOut, MoveDown, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste, SortSubmenusFirst,
-          SortMixed}},
+         {AddParts, MoveOut, MoveDown, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste,
+          SortSubmenusFirst, SortMixed}},
         {"R.1.2",
-         {MoveOut, MoveUp, MoveDown, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste,
+         {AddParts, MoveOut, MoveUp, MoveDown, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste,
           SortSubmenusFirst, SortMixed}},
         {"R.1.3",
-         {MoveOut, MoveUp, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste, SortSubmenusFirst,
-          SortMixed}},
+         {AddParts, MoveOut, MoveUp, Edit, Rename, Remove, Cut, Copy, Duplicate, MoveTo, Paste,
+          SortSubmenusFirst, SortMixed}},
     };
     for (const auto& row : table) {
-        std::vector<MainCommand> commands{FileSave,     FileSaveAs,  FileClose, Undo,
-                                          UndoHistory,  SelectAll,   Find,      FindNext,
-                                          FindPrevious, ShowMatches, Replace,   ChangeFolder};
+        std::vector<MainCommand> commands{FileSave,    FileSaveAs, Report,       FileClose,   Undo,
+                                          UndoHistory, SelectAll,  Find,         FindNext,    FindPrevious,
+                                          ShowMatches, Replace,    ChangeFolder, ViewPreview, ViewProblems};
         commands.insert(commands.end(), row.enabled);
         EXPECT_EQ(Enabled(row.id), NamesOf(commands)) << row.id;
         EXPECT_EQ(Enabled(row.id, false), NamesOf(commands))
@@ -172,10 +172,10 @@ TEST_F(MainCommandsTest, ASubmenuIsExpandedAndAnOpenMenuCollapsed) {
     EXPECT_EQ(enabled(""), NamesOf({CollapseAll}));
 }
 
-TEST_F(MainCommandsTest, OnlyTheBarsHaveACheckMark) {
+TEST_F(MainCommandsTest, OnlyBarsAndPanesHaveACheckMark) {
+    const std::set<MainCommand> shown{ViewPreview, ViewProblems, ViewToolBar, ViewStatusBar};
     for (const MainCommandInfo& info : MainCommandTable())
-        EXPECT_EQ(info.places.isCheck, info.command == ViewToolBar || info.command == ViewStatusBar)
-            << info.name;
+        EXPECT_EQ(info.places.isCheck, shown.contains(info.command)) << info.name;
 }
 
 TEST_F(MainCommandsTest, WhatIsAlwaysEnabled) {
