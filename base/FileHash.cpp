@@ -43,6 +43,20 @@ void FileHash::AddWords(const char* words) {
     }
 }
 
+std::string FileHash::Text() const {
+    if (m_state == State::Missing) return std::string(MissingText);
+    if (m_state == State::Unreadable) return std::string(UnreadableText);
+    FileHash whole = *this;
+    whole.AddWords(m_rest.data());
+    std::string text;
+    for (const std::uint64_t number :
+         {m_size, whole.m_hash[0], whole.m_hash[1], whole.m_hash[2], whole.m_hash[3]}) {
+        for (int shift = 60; shift >= 0; shift -= 4)
+            text += "0123456789abcdef"[number >> shift & 15U];
+    }
+    return text;
+}
+
 void FileHash::Add(std::string_view bytes) {
     m_state = State::Readable;
     if (bytes.empty()) return;

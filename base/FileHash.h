@@ -26,6 +26,13 @@ public:
     /// The result code of the failed open or read. Success for a file that was read and for a missing file.
     platform::ErrorCode Error() const { return m_error; }
 
+    /// What Text returns for a missing file, and for one that could not be read.
+    static constexpr std::string_view MissingText = "missing";
+    static constexpr std::string_view UnreadableText = "unreadable";
+
+    /// The hash as a text without spaces, to be stored in a file.
+    std::string Text() const;
+
     bool operator==(const FileHash&) const = default;
 
 private:

@@ -156,6 +156,7 @@ void MenuEditor::SaveWith(const std::string& path, const Backup& backup, const F
     m_history.MarkSaved();
     m_incomplete = false;
     CompactWhenWasteful();
+    FileWritten();
     StateChanged();
 }
 
@@ -164,7 +165,9 @@ void MenuEditor::SaveCopy(const std::string& path) {
     const SavePlan plan = PlanSave(path);
     const FileHash written = Write(path, plan.backup, plan.onDisk);
     // A copy written to the menu's own path must not count as a change by another program.
-    if (IsSamePlace(path, m_place)) m_hash = written;
+    if (!IsSamePlace(path, m_place)) return;
+    m_hash = written;
+    FileWritten();
 }
 
 FileHash MenuEditor::Write(const std::string& path, const Backup& backup, const FileHash& known) {
@@ -411,6 +414,10 @@ void MenuEditor::MenuReplaced() {
 
 void MenuEditor::ChangeBegins(std::size_t events) {
     if (events > 1) Tell([events](MenuEditorListener& listener) { listener.OnChangeBegins(events); });
+}
+
+void MenuEditor::FileWritten() {
+    Tell([](MenuEditorListener& listener) { listener.OnFileWritten(); });
 }
 
 void MenuEditor::StateChanged() {

@@ -32,6 +32,10 @@ public:
     /// event directly after it happened.
     virtual void OnMenuEvent(const MenuEvent& event) = 0;
 
+    /// Called after the file of the menu was written, by a save or by a copy to the menu's own place. The
+    /// file then contains the menu as it is. OnStateChanged follows a save.
+    virtual void OnFileWritten() {}
+
     /// Called after all events of a change, and after the menu was saved. The dirty flag, the path, the
     /// incomplete flag or the history may have changed.
     virtual void OnStateChanged() = 0;
@@ -148,6 +152,9 @@ public:
     /// Path from which the menu was opened, even when there was no file, or to which it was last saved; ""
     /// when no menu is open.
     const std::string& Place() const { return m_place; }
+
+    /// Hash of the menu file as it was last read or written; that of a missing file when there was none.
+    const FileHash& HashOnDisk() const { return m_hash; }
 
     /// The open menu; null when no menu is open.
     const Menu* OpenMenu() const { return m_menu.get(); }
@@ -337,6 +344,7 @@ private:
     void Report(const MenuEvent& event);
     void MenuReplaced();
     void ChangeBegins(std::size_t events);
+    void FileWritten();
     void StateChanged();
     template <typename Call>
     void Tell(Call call);

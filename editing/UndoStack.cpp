@@ -59,6 +59,11 @@ void UndoStack::DropOldest() {
         *m_saved -= dropped;
 }
 
+std::optional<std::size_t> UndoStack::StepsFromSaved() const {
+    if (!m_saved) return std::nullopt;
+    return *m_saved < m_done ? m_done - *m_saved : *m_saved - m_done;
+}
+
 void UndoStack::Clear() {
     m_steps.clear();
     m_bytes = 0;

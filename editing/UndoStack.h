@@ -67,6 +67,10 @@ public:
     /// True when the current state is the one on disk.
     bool IsAtSaved() const { return m_saved == m_done; }
 
+    /// The number of changes between the state on disk and the current state, in either direction; nothing
+    /// when undo and redo can no longer reach the state on disk.
+    std::optional<std::size_t> StepsFromSaved() const;
+
     /// Total memory of all changes and their names, measured when they were added, in bytes.
     std::size_t Bytes() const { return m_bytes; }
 

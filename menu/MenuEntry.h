@@ -47,6 +47,15 @@ public:
     /// Does the same as NextID, but returns only the last number of the id.
     std::int32_t NextCounter();
 
+    /// Ensures that NextCounter never returns this counter: an entry has it already.
+    /// @param counter  less than the largest 32-bit number
+    void KeepCounter(std::int32_t counter) {
+        if (counter >= m_nextCounter) m_nextCounter = counter + 1;
+    }
+
+    /// True when NextCounter has not returned this counter yet, so that no entry has it.
+    bool IsNewCounter(std::int32_t counter) const { return counter >= m_nextCounter; }
+
     /// The children. Creates an empty collection when there is no collection yet.
     MenuItemCollection& SubMenus();
 

@@ -26,6 +26,16 @@ private:
     FileHash m_hash;
 };
 
+// A sink that only hashes the bytes.
+class HashSink final : public ByteSink {
+public:
+    void Write(std::string_view bytes) override { m_hash.Add(bytes); }
+    const FileHash& Hash() const { return m_hash; }
+
+private:
+    FileHash m_hash;
+};
+
 bool IsFirstOf(const Backup& backup, platform::FileSystem& files) {
     std::uint32_t attributes = 0;
     return backup.mayReplace &&
@@ -41,6 +51,12 @@ FileHash SaveMenuFile(const Menu& menu, const std::string& path, const Backup& b
     MenuWriter(sink).WriteMenu(menu);
     const bool isSame = sink.Hash() == known && FileHash::Of(path, files) == known;
     file.Commit(isSame && !IsFirstOf(backup, files) ? Backup{} : backup);
+    return sink.Hash();
+}
+
+FileHash HashOfSaved(const Menu& menu) {
+    HashSink sink;
+    MenuWriter(sink).WriteMenu(menu);
     return sink.Hash();
 }
 

@@ -19,4 +19,7 @@ class Menu;
 FileHash SaveMenuFile(const Menu& menu, const std::string& path, const Backup& backup,
                       const FileHash& known = {}, platform::FileSystem& files = platform::StationFiles());
 
+/// The hash of the file that SaveMenuFile would write. Raises 5000 for a text that cannot be stored.
+FileHash HashOfSaved(const Menu& menu);
+
 } // namespace nesk

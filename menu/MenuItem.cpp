@@ -22,6 +22,15 @@ std::unique_ptr<MenuItem> MenuItem::Create(MenuEntry& parent) {
     return item;
 }
 
+std::unique_ptr<MenuItem> MenuItem::CreateWith(MenuEntry& parent, std::int32_t counter) {
+    std::unique_ptr<MenuItem> item(new (*parent.m_arena) MenuItem);
+    item->m_parent = &parent;
+    item->m_arena = parent.m_arena;
+    item->m_counter = counter;
+    parent.KeepCounter(counter);
+    return item;
+}
+
 std::unique_ptr<MenuItem> MenuItem::CopyOf(const MenuItem& item, MenuEntry& parent) {
     std::unique_ptr<MenuItem> copy(new (*parent.m_arena) MenuItem);
     copy->m_parent = &parent;

@@ -20,6 +20,10 @@ public:
     /// Creates an item in the arena of the parent's tree, initialized for `parent`. It is not yet a child.
     static std::unique_ptr<MenuItem> Create(MenuEntry& parent);
 
+    /// Does the same with a counter that the parent once assigned. Use this to put an item back whose object
+    /// no longer exists.
+    static std::unique_ptr<MenuItem> CreateWith(MenuEntry& parent, std::int32_t counter);
+
     /// Copies an item, without the items below it, into the arena of `parent`. The copy keeps the counter and
     /// the next counter for its children. It is not yet a child.
     static std::unique_ptr<MenuItem> CopyOf(const MenuItem& item, MenuEntry& parent);

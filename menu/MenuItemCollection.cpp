@@ -191,6 +191,14 @@ bool MenuItemCollection::Reorder(const std::vector<std::int32_t>& counters) {
     return true;
 }
 
+void MenuItemCollection::Renumber(const std::vector<std::int32_t>& counters) {
+    for (std::size_t i = 0; i < m_items.size() && i < counters.size(); ++i) {
+        m_items[i]->SetPlace(*m_owner, counters[i]);
+        m_owner->KeepCounter(counters[i]);
+        m_counters[i] = counters[i];
+    }
+}
+
 void MenuItemCollection::Terminate() {
     if (m_items.size() > 1) {
         std::for_each(m_items.begin(), m_items.end() - 1, std::default_delete<MenuItem>());

@@ -70,6 +70,10 @@ public:
     /// @param counters  the counters of all children in their new order
     bool Reorder(const std::vector<std::int32_t>& counters);
 
+    /// Gives the children other counters, in their order. Their ids and the ids below them change.
+    /// @param counters  one different counter for each child
+    void Renumber(const std::vector<std::int32_t>& counters);
+
     /// Deletes all children except the last, and clears the owner. The destructor deletes the last child.
     /// Nothing can be added afterwards.
     void Terminate();

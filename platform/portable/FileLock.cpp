@@ -45,4 +45,10 @@ int RemoveUnlocked(const std::filesystem::path& file) {
     return ::unlink(file.c_str()) != 0 ? errno : 0;
 }
 
+bool IsLocked(const std::filesystem::path& file) {
+    const FileHandle handle(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    // The shared lock is refused by the creator's lock only, not by another program that asks the same.
+    return handle && ::flock(handle.Get(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
 } // namespace nesk::platform::portable

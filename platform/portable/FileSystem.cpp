@@ -316,6 +316,11 @@ public:
         return error != 0 ? MissingCode(host, error) : ErrorCode::Success;
     }
 
+    bool IsHeld(const std::string& path) override {
+        fs::path host;
+        return Locate(path, host) == ErrorCode::Success && portable::IsLocked(host);
+    }
+
     ErrorCode CopyAccessRights(const std::string& from, const std::string& to) override {
         const fs::path source = ToHostPath(from);
         const fs::path target = ToHostPath(to);

@@ -172,6 +172,15 @@ public:
         return windows::RemoveAbandoned(FilePath(path));
     }
 
+    // CreateNew lets no other program open its file.
+    bool IsHeld(const std::string& path) override {
+        const std::wstring name = FilePath(path);
+        if (name.empty()) return false;
+        const Handle handle(::CreateFileW(name.c_str(), GENERIC_READ, ShareAll, nullptr, OPEN_EXISTING,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr));
+        return !handle && ::GetLastError() == ERROR_SHARING_VIOLATION;
+    }
+
     ErrorCode CopyAccessRights(const std::string& from, const std::string& to) override {
         return windows::CopyAccessRights(FilePath(from), FilePath(to));
     }

@@ -88,6 +88,8 @@ public:
     platform::ErrorCode RemoveAbandoned(const std::string& path) override {
         return Run("abandoned", [&] { return m_files.RemoveAbandoned(path); });
     }
+    bool IsHeld(const std::string& path) override { return m_files.IsHeld(path); }
+    void ApplyDefaultRights(const std::string& path) override { m_files.ApplyDefaultRights(path); }
     platform::ErrorCode CopyAccessRights(const std::string& from, const std::string& to) override {
         return Run("rights", [&] { return m_files.CopyAccessRights(from, to); });
     }
