@@ -1,16 +1,25 @@
 #include "journal/JournalPlaces.h"
 
-#include "base/FileHash.h"
 #include "platform/TextEncoding.h"
 
-#include <cstddef>
+#include <cstdint>
 
 namespace nesk::JournalPlaces {
 
 namespace {
 
 constexpr int Places = 9; // more editors of one menu have no place
-constexpr std::size_t DigitsOfName = 16;
+
+// The 64-bit FNV-1a hash of a text, in hexadecimal digits.
+std::string HashOf(const std::string& text) {
+    std::uint64_t hash = 0xCBF29CE484222325;
+    for (const char c : text)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+    std::string digits;
+    for (int shift = 60; shift >= 0; shift -= 4)
+        digits += "0123456789abcdef"[hash >> shift & 15U];
+    return digits;
+}
 
 std::vector<std::string> Numbered(const std::string& stem) {
     std::vector<std::string> paths{stem};
@@ -27,11 +36,8 @@ std::vector<std::string> Beside(const std::string& menuPath) {
 
 std::vector<std::string> InFolder(const std::string& folder, const std::string& menuPath) {
     if (folder.empty()) return {};
-    FileHash hash;
-    hash.Add(platform::ToUpper(menuPath));
-    const std::string text = hash.Text();
     std::string stem = folder;
-    stem.append("\\menu-").append(text.substr(text.size() - DigitsOfName)).append(".unsaved");
+    stem.append("\\menu-").append(HashOf(platform::ToUpper(menuPath))).append(".unsaved");
     return Numbered(stem);
 }
 

@@ -80,6 +80,7 @@ void MenuJournal::Restart() {
     const std::unique_ptr<JournalFile> broken = std::move(m_broken);
     Forget();
     m_counters.clear();
+    m_isFailureTold = false;
     m_isFileNewer = false;
     m_needsWhole = m_editor.IsDirty();
     if (m_needsWhole) Record();
@@ -92,7 +93,6 @@ void MenuJournal::Forget() {
     m_events.clear();
     m_steps = 0;
     m_isStopped = false;
-    m_isFailureTold = false;
 }
 
 void MenuJournal::RemoveFiles() {
