@@ -79,6 +79,15 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     return failure;
 }
 
+void MenuEditor::Restore(std::unique_ptr<Menu> menu) {
+    if (!m_menu) return;
+    ForgetChanges();
+    m_menu = std::move(menu);
+    m_bytesBefore = m_menu->Memory()->Bytes();
+    m_history.ForgetSaved();
+    MenuReplaced();
+}
+
 void MenuEditor::Close() {
     ForgetChanges();
     if (m_menu) m_menu->Terminate();

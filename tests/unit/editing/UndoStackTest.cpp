@@ -50,6 +50,18 @@ TEST_F(UndoStackTest, IsEmptyAndSavedAtFirst) {
     EXPECT_TRUE(m_stack.IsAtSaved());
 }
 
+TEST_F(UndoStackTest, CountsTheStepsFromTheSavedState) {
+    EXPECT_EQ(m_stack.StepsFromSaved(), 0u);
+    Push(1);
+    Push(2);
+    EXPECT_EQ(m_stack.StepsFromSaved(), 2u);
+    m_stack.MarkSaved();
+    m_stack.Undone();
+    EXPECT_EQ(m_stack.StepsFromSaved(), 1u) << "backwards";
+    Push(3);
+    EXPECT_EQ(m_stack.StepsFromSaved(), std::nullopt) << "the saved state cannot be reached";
+}
+
 TEST_F(UndoStackTest, NamesAreInTheOrderOfTheNextSteps) {
     Push(1);
     Push(2);

@@ -252,6 +252,33 @@ TEST_F(UnsavedChangesTest, AJournalOfAnotherMenuInTheUsersFolderIsNotTaken) {
     EXPECT_NE(FilesIn(m_options.folder), "") << "it is somebody's";
 }
 
+TEST_F(UnsavedChangesTest, WhatWasRestoredIsInAJournalAtOnce) {
+    KillAfter([](MenuEditor& editor) {
+        editor.MoveTo("R.1.2", "R.3", 1);
+        Rename("a", editor);
+    });
+    MenuEditor editor;
+    MenuJournal journal(editor, m_options);
+    Open(editor);
+    const std::optional<FoundJournal> found = Find();
+    ASSERT_TRUE(found.has_value());
+    editor.Restore(UnsavedChanges::RestoreInto(*found, *editor.OpenMenu()).menu);
+    EXPECT_TRUE(editor.IsDirty());
+    EXPECT_FALSE(editor.Undo());
+    EXPECT_EQ(editor.OpenMenu()->Caption(), "a");
+    // Both are there until the old one is removed, so nothing is lost in between.
+    EXPECT_EQ(Names(), "menu.cfg menu.cfg.unsaved menu.cfg.unsaved-2");
+    EXPECT_EQ(Restored(Place + "-2"), TreeText(*editor.OpenMenu()));
+    EXPECT_EQ(UnsavedChanges::Remove(*found), ErrorCode::Success);
+    editor.AddPart("R.1", "more");
+    EXPECT_EQ(Restored(Place + "-2"), TreeText(*editor.OpenMenu()));
+    editor.Undo();
+    EXPECT_TRUE(editor.IsDirty()) << "the file does not contain what was restored";
+    EXPECT_EQ(Restored(Place + "-2"), TreeText(*editor.OpenMenu()));
+    editor.Save(Path);
+    EXPECT_EQ(Names(), "menu.cfg menu.cfg.bak");
+}
+
 TEST_F(UnsavedChangesTest, RestoringDoesNotDependOnTheIdsOfTheBase) {
     std::string tree;
     KillAfter([&](MenuEditor& editor) {

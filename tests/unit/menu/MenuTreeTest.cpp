@@ -142,6 +142,29 @@ TEST_F(MenuTreeTest, IdsEndAtTheLargestNumber) {
     }
 }
 
+TEST_F(MenuTreeTest, AnItemIsMadeWithACounterThatItHadBefore) {
+    Add(m_menu);
+    EXPECT_TRUE(m_menu.IsNewCounter(5));
+    MenuItem& item = m_menu.SubMenus().Append(MenuItem::CreateWith(m_menu, 5));
+    EXPECT_EQ(item.ID(), "R.5");
+    EXPECT_EQ(m_menu.Find("R.5"), &item);
+    EXPECT_FALSE(m_menu.IsNewCounter(5));
+    EXPECT_EQ(Add(m_menu).ID(), "R.6") << "no id is used twice";
+    m_menu.SubMenus().Append(MenuItem::CreateWith(m_menu, 3));
+    EXPECT_EQ(Add(m_menu).ID(), "R.7");
+}
+
+TEST_F(MenuTreeTest, ChildrenGetOtherCounters) {
+    Add(Add(m_menu, "a"), "below");
+    Add(m_menu, "b");
+    m_menu.SubMenus().Renumber({9, 4});
+    EXPECT_EQ(Ids(m_menu), "R.9 R.4");
+    ASSERT_NE(m_menu.Find("R.9.1"), nullptr);
+    EXPECT_EQ(m_menu.Find("R.9.1")->Caption(), "below");
+    EXPECT_EQ(m_menu.Find("R.1"), nullptr);
+    EXPECT_EQ(Add(m_menu).ID(), "R.10");
+}
+
 TEST_F(MenuTreeTest, FindingById) {
     for (int i = 0; i < 12; ++i)
         Add(m_menu);

@@ -1,4 +1,5 @@
 #include "platform/FileSystem.h"
+#include "platform/UserFolder.h"
 #include "platform/ErrorCode.h"
 #include "unit/platform/TempStation.h"
 
@@ -263,6 +264,16 @@ TEST_F(FileSystemTest, RemovingFiles) {
     station.Write("D:\\file", "");
     EXPECT_EQ(files.RemoveFile("D:\\FILE"), ErrorCode::Success);
     EXPECT_EQ(files.RemoveFile("D:\\file"), ErrorCode::FileNotFound);
+}
+
+TEST_F(FileSystemTest, TheUserHasAFolder) {
+    const std::string folder = UserDataFolder();
+    ASSERT_FALSE(folder.empty());
+    EXPECT_FALSE(folder.ends_with('\\'));
+    EXPECT_EQ(files.MakeFolder(folder), ErrorCode::Success) << folder;
+    ASSERT_EQ(Create(folder + "\\file", "bytes"), ErrorCode::Success);
+    EXPECT_EQ(files.RemoveFile(folder + "\\file"), ErrorCode::Success);
+    fs::remove(TempStation::Host(folder));
 }
 
 TEST_F(FileSystemTest, TheProgramFolderHoldsTheTexts) {

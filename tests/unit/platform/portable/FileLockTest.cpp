@@ -42,6 +42,21 @@ TEST_F(FileLockTest, IsHeldUntilItsWriterIsGone) {
     EXPECT_EQ(ErrorCode::PathNotFound, files.RemoveAbandoned("C:\\None\\file~"));
 }
 
+TEST_F(FileLockTest, TellsWhetherAWriterIsThere) {
+    EXPECT_FALSE(files.IsHeld(Path)) << "there is no file";
+    std::unique_ptr<FileWriter> writer;
+    ASSERT_EQ(ErrorCode::Success, files.CreateNew(Path, writer));
+    EXPECT_TRUE(files.IsHeld(Path));
+    EXPECT_TRUE(files.IsHeld(Path)) << "asking does not change the answer";
+    ASSERT_EQ(ErrorCode::Success, writer->Close());
+    EXPECT_TRUE(files.IsHeld(Path));
+    writer.reset();
+    EXPECT_FALSE(files.IsHeld(Path));
+    std::unique_ptr<FileReader> reader;
+    ASSERT_EQ(ErrorCode::Success, files.OpenForReading(Path, reader));
+    EXPECT_FALSE(files.IsHeld(Path)) << "it is only read";
+}
+
 TEST_F(FileLockTest, IsHeldAgainstOtherProcesses) {
     std::unique_ptr<FileWriter> writer;
     ASSERT_EQ(ErrorCode::Success, files.CreateNew(Path, writer));
