@@ -96,8 +96,8 @@ public:
     /// file may still be in use; it is not deleted then.
     virtual ErrorCode RemoveAbandoned(const std::string& path) = 0;
 
-    /// True when a program that still runs has the file open that it made by CreateNew. False when that cannot
-    /// be found out.
+    /// True when a program that still runs has the file open that it made by CreateNew. False when that
+    /// cannot be found out.
     virtual bool IsHeld(const std::string& /*path*/) { return false; }
 
     /// Copies the access rights and the owner of `from` to `to`, as far as the user's privileges allow.

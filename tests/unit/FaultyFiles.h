@@ -22,10 +22,13 @@ struct Fault {
     bool done = false;    ///< the operation is carried out but reports a failure, as when a reply is lost
 };
 
-/// The station's files with injected failures. Records the operations that are requested.
+/// The files of a file system, by default the station's, with injected failures. Records the operations that
+/// are requested.
 class FaultyFiles final : public platform::FileSystem {
 public:
-    explicit FaultyFiles(Fault fault = {}) : m_fault(fault) {}
+    /// @param files  must outlive this object
+    explicit FaultyFiles(Fault fault = {}, platform::FileSystem& files = platform::StationFiles())
+        : m_files(files), m_fault(fault) {}
 
     /// Stops the failures: from now on every operation works.
     void Mend() { m_fault = {}; }
@@ -180,7 +183,7 @@ private:
         return m_fault.code;
     }
 
-    platform::FileSystem& m_files = platform::StationFiles();
+    platform::FileSystem& m_files;
     Fault m_fault;
     std::vector<std::string> m_operations;
     std::vector<std::string> m_failed;

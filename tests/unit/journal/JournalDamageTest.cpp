@@ -11,7 +11,6 @@ namespace nesk {
 namespace {
 
 using nesk::testing::ChangeWatch;
-using nesk::testing::FileBytes;
 using nesk::testing::JournalTest;
 using nesk::testing::RandomEdits;
 using nesk::testing::TreeText;
@@ -21,7 +20,7 @@ protected:
     // Writes a journal of some edits to `m_bytes` and all states of the menu to `m_states`.
     void MakeJournal(unsigned seed, std::size_t steps) {
         MenuEditor editor;
-        MenuJournal journal(editor, m_options);
+        MenuJournal journal(editor, m_options, m_files);
         Open(editor);
         m_states = {TreeText(*editor.OpenMenu())};
         m_lengths = {0};
@@ -32,7 +31,7 @@ protected:
                 m_lengths.resize(1);
                 return;
             }
-            m_bytes = FileBytes(journal.Path());
+            m_bytes = JournalBytes(journal.Path());
             if (m_bytes.size() == m_lengths.back()) return;
             m_states.push_back(TreeText(*editor.OpenMenu()));
             m_lengths.push_back(m_bytes.size());

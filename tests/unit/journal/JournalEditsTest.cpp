@@ -21,7 +21,7 @@ protected:
         station.Write(Path, Menu1);
         QuickFiles files;
         MenuEditor editor(files);
-        MenuJournal journal(editor, m_options, files);
+        MenuJournal journal(editor, m_options, m_files);
         Open(editor);
         RandomEdits random(editor, seed);
         for (int i = 0; i < edits && !HasFailure(); ++i) {
@@ -64,7 +64,7 @@ TEST_F(JournalEditsTest, OfAVeryDeepMenu) {
         file += "END\r\n";
     station.Write(Path, file);
     MenuEditor editor;
-    MenuJournal journal(editor, m_options);
+    MenuJournal journal(editor, m_options, m_files);
     Open(editor);
     std::string last = editor.OpenMenu()->ID();
     for (int i = 0; i < Depth; ++i)
@@ -75,7 +75,7 @@ TEST_F(JournalEditsTest, OfAVeryDeepMenu) {
     FoundJournal found;
     found.path = journal.Path();
     const RestoredMenu restored =
-        UnsavedChanges::RestoreInto(found, *UnsavedChanges::ReadQuietly(Folder, Path));
+        UnsavedChanges::RestoreInto(found, *UnsavedChanges::ReadQuietly(Folder, Path), m_files);
     EXPECT_FALSE(restored.isDamaged);
     ASSERT_NE(restored.menu->Find(last), nullptr);
     EXPECT_EQ(restored.menu->Find(last)->Caption(), "last");

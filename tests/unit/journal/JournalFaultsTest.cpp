@@ -43,7 +43,7 @@ protected:
         std::filesystem::remove_all(TempStation::Host("C:\\User"));
         station.Write(Path, Menu1);
         m_onDisk = Menu1;
-        FaultyFiles files(fault);
+        FaultyFiles files(fault, m_files);
         MenuEditor editor;
         MenuJournal journal(editor, m_options, files);
         int told = 0;
@@ -123,7 +123,7 @@ TEST_F(JournalFaultsTest, WithoutAFolderOfTheUser) {
 }
 
 TEST_F(JournalFaultsTest, AFolderThatCannotBeWrittenLeadsToTheUsersFolder) {
-    FaultyFiles files({1, ErrorCode::AccessDenied});
+    FaultyFiles files({1, ErrorCode::AccessDenied}, m_files);
     MenuEditor editor;
     MenuJournal journal(editor, m_options, files);
     Open(editor);
@@ -137,7 +137,7 @@ TEST_F(JournalFaultsTest, AFolderThatCannotBeWrittenLeadsToTheUsersFolder) {
 }
 
 TEST_F(JournalFaultsTest, AFailureIsToldOnceUntilItWorksAgain) {
-    FaultyFiles files({1, ErrorCode::DiskFull, true});
+    FaultyFiles files({1, ErrorCode::DiskFull, true}, m_files);
     m_options.folder = "";
     MenuEditor editor;
     MenuJournal journal(editor, m_options, files);
@@ -159,7 +159,7 @@ TEST_F(JournalFaultsTest, AFailureIsToldOnceUntilItWorksAgain) {
 }
 
 TEST_F(JournalFaultsTest, WhatWasRecordedBeforeAFailureStaysOnDisk) {
-    FaultyFiles files;
+    FaultyFiles files({}, m_files);
     m_options.folder = "";
     MenuEditor editor;
     MenuJournal journal(editor, m_options, files);

@@ -5,6 +5,7 @@
 #include "journal/UnsavedChanges.h"
 #include "unit/CoreFixture.h"
 #include "unit/FileBytes.h"
+#include "unit/journal/ReadableFiles.h"
 #include "unit/journal/TreeText.h"
 
 #include <filesystem>
@@ -45,9 +46,20 @@ protected:
         FoundJournal found;
         found.path = path;
         const RestoredMenu restored =
-            UnsavedChanges::RestoreInto(found, *UnsavedChanges::ReadQuietly(Folder, Path));
+            UnsavedChanges::RestoreInto(found, *UnsavedChanges::ReadQuietly(Folder, Path), m_files);
         EXPECT_FALSE(restored.isDamaged);
         return TreeText(*restored.menu);
+    }
+
+    /// The contents of a journal, whose editor may be running.
+    std::string JournalBytes(const std::string& path) {
+        std::unique_ptr<platform::FileReader> reader;
+        EXPECT_EQ(m_files.OpenForReading(path, reader), platform::ErrorCode::Success);
+        std::string bytes(std::size_t{1} << 20, '\0');
+        std::size_t count = 0;
+        EXPECT_EQ(reader->Read(bytes.data(), bytes.size(), count), platform::ErrorCode::Success);
+        bytes.resize(count);
+        return bytes;
     }
 
     std::optional<FoundJournal> Find() { return UnsavedChanges::Find(Path, m_options); }
@@ -88,6 +100,7 @@ protected:
                                             "\tEND\r\n"
                                             "END\r\n";
 
+    ReadableFiles m_files; ///< for journals
     JournalOptions m_options;
     std::vector<std::function<void()>> m_background;
 };

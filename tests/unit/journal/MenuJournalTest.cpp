@@ -34,12 +34,12 @@ protected:
     }
 
     std::uint64_t LastChanges() {
-        const std::string bytes = FileBytes(Place);
+        const std::string bytes = JournalBytes(Place);
         return Journal::Read(bytes).steps.back().changes;
     }
 
     MenuEditor m_editor;
-    MenuJournal m_journal{m_editor, m_options};
+    MenuJournal m_journal{m_editor, m_options, m_files};
 };
 
 TEST_F(MenuJournalTest, RecordsEveryKindOfChange) {
@@ -157,7 +157,7 @@ TEST_F(MenuJournalTest, ADestroyedJournalStaysOnDisk) {
     std::string tree;
     {
         MenuEditor editor;
-        MenuJournal journal(editor, m_options);
+        MenuJournal journal(editor, m_options, m_files);
         Open(editor);
         editor.SetCaption("R", "left behind");
         tree = TreeText(*editor.OpenMenu());
@@ -226,7 +226,7 @@ TEST_F(MenuJournalTest, ASaveDuringAFlushRemovesTheJournalAfterIt) {
     m_journal.Flush();
     m_editor.Save(Path);
     EXPECT_EQ(Names(), "menu.cfg menu.cfg.bak menu.cfg.unsaved");
-    const std::string bytes = FileBytes(Place);
+    const std::string bytes = JournalBytes(Place);
     EXPECT_TRUE(Journal::Read(bytes).isEnded);
     m_editor.SetCaption("R", "b");
     EXPECT_EQ(m_journal.Path(), Place + "-2");
@@ -238,7 +238,7 @@ TEST_F(MenuJournalTest, ASaveDuringAFlushRemovesTheJournalAfterIt) {
 TEST_F(MenuJournalTest, WorksWithoutThreads) {
     m_options.inBackground = [](const std::function<void()>&) { return false; };
     MenuEditor editor;
-    MenuJournal journal(editor, m_options);
+    MenuJournal journal(editor, m_options, m_files);
     Open(editor);
     editor.SetCaption("R", "a");
     journal.Flush();

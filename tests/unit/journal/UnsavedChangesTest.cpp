@@ -23,7 +23,7 @@ protected:
     // An editor that makes changes and is gone without an end, as if it was killed.
     void KillAfter(const std::function<void(MenuEditor&)>& edit, const std::string& path = Path) {
         MenuEditor editor;
-        MenuJournal journal(editor, m_options);
+        MenuJournal journal(editor, m_options, m_files);
         editor.Open(Folder, path);
         edit(editor);
         RunBackground();
@@ -113,7 +113,7 @@ TEST_F(UnsavedChangesTest, AFileThatAnotherProgramChangedIsNotTheOne) {
 TEST_F(UnsavedChangesTest, TheCopyOfTheMenuFileGoesWithItsJournal) {
     m_options.keepsBase = true;
     MenuEditor editor;
-    MenuJournal journal(editor, m_options);
+    MenuJournal journal(editor, m_options, m_files);
     Open(editor);
     Rename("a", editor);
     RunBackground();
@@ -162,12 +162,14 @@ TEST_F(UnsavedChangesTest, ChangesThatLeaveTheSameFileAreDroppedSilently) {
 }
 
 TEST_F(UnsavedChangesTest, AJournalWithoutAChangeIsDropped) {
-    WriteBytes(Place, "");
-    EXPECT_FALSE(Find().has_value());
-    EXPECT_EQ(Names(), "menu.cfg");
-    WriteBytes(Place, "NeskManager unsav");
-    EXPECT_FALSE(Find().has_value());
-    EXPECT_EQ(Names(), "menu.cfg");
+    for (const char* begun : {"", "NeskManager unsav"}) {
+        WriteBytes(Place, begun);
+        EXPECT_FALSE(Find().has_value());
+#ifdef NESK_PORTABLE_STATION
+        // On Windows only an old file is known to be abandoned.
+        EXPECT_EQ(Names(), "menu.cfg");
+#endif
+    }
     WriteBytes(Place, "something of the user");
     EXPECT_FALSE(Find().has_value());
     EXPECT_EQ(Names(), "menu.cfg menu.cfg.unsaved");
@@ -187,12 +189,12 @@ TEST_F(UnsavedChangesTest, AJournalThatIsDamagedFromTheBeginningIsReported) {
 
 TEST_F(UnsavedChangesTest, TwoEditorsHaveAJournalEach) {
     MenuEditor first;
-    MenuJournal firstJournal(first, m_options);
+    MenuJournal firstJournal(first, m_options, m_files);
     Open(first);
     EXPECT_EQ(UnsavedChanges::AreBeingMade(Path, m_options), std::nullopt);
     Rename("first", first);
     MenuEditor second;
-    MenuJournal secondJournal(second, m_options);
+    MenuJournal secondJournal(second, m_options, m_files);
     Open(second);
     Rename("second", second);
     EXPECT_EQ(firstJournal.Path(), Place);
@@ -258,7 +260,7 @@ TEST_F(UnsavedChangesTest, WhatWasRestoredIsInAJournalAtOnce) {
         Rename("a", editor);
     });
     MenuEditor editor;
-    MenuJournal journal(editor, m_options);
+    MenuJournal journal(editor, m_options, m_files);
     Open(editor);
     const std::optional<FoundJournal> found = Find();
     ASSERT_TRUE(found.has_value());

@@ -1,6 +1,6 @@
 #include "platform/FileSystem.h"
-#include "platform/UserFolder.h"
 #include "platform/ErrorCode.h"
+#include "platform/UserFolder.h"
 #include "unit/platform/TempStation.h"
 
 #include <algorithm>
