@@ -53,7 +53,7 @@ void MenuJournal::OnStateChanged() {
         RemoveFiles();
         Forget();
         m_needsWhole = false;
-    } else if (!m_isStopped && (m_hasEvents || (m_file && Changes() != m_lastChanges))) {
+    } else if (!m_isStopped && (m_hasEvents || IsNumberNew())) {
         Record();
     }
     m_hasEvents = false;
@@ -123,16 +123,22 @@ bool MenuJournal::TryAgain() {
     return !m_isStopped;
 }
 
-// A state that Undo cannot leave towards the saved one counts the changes since the menu was saved.
-std::uint64_t MenuJournal::Changes() const {
-    const std::uint64_t steps = m_isFileNewer ? 0 : m_editor.History().StepsFromSaved().value_or(0);
-    return steps > 0 ? steps : m_steps + 1;
+// The number of changes that Undo or Redo would have to take back; 0 when they cannot.
+std::uint64_t MenuJournal::StepsFromFile() const {
+    return m_isFileNewer ? 0 : m_editor.History().StepsFromSaved().value_or(0);
+}
+
+// Two changes may have become one.
+bool MenuJournal::IsNumberNew() const {
+    const std::uint64_t steps = StepsFromFile();
+    return m_file && steps > 0 && steps != m_lastChanges;
 }
 
 JournalStep MenuJournal::NextStep() const {
     JournalStep step;
     step.time = platform::LocalTime();
-    step.changes = Changes();
+    const std::uint64_t steps = StepsFromFile();
+    step.changes = steps > 0 ? steps : m_steps + 1;
     step.events = m_events;
     return step;
 }

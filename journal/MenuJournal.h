@@ -75,7 +75,8 @@ private:
     void Forget();
     void RemoveFiles();
     bool IsUnsaved() const { return m_editor.IsDirty() || m_isFileNewer; }
-    std::uint64_t Changes() const;
+    std::uint64_t StepsFromFile() const;
+    bool IsNumberNew() const;
     JournalStep NextStep() const;
     void Record();
     void FillEvents();

@@ -108,6 +108,8 @@ TEST_F(MenuJournalTest, AConfirmedDialogWithoutAChangeNeedsNone) {
     EXPECT_EQ(LastChanges(), 1u);
     m_editor.SetCaption("R", "b");
     EXPECT_EQ(LastChanges(), 2u);
+    m_editor.SetGraphic("R", "");
+    EXPECT_EQ(LastChanges(), 2u);
 }
 
 TEST_F(MenuJournalTest, CountsTheUnsavedChanges) {
