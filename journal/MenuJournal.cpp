@@ -103,7 +103,9 @@ void MenuJournal::RemoveFiles() {
 }
 
 void MenuJournal::Flush() {
-    const ErrorCode result = m_file ? m_file->FlushInBackground() : ErrorCode::Success;
+    if (!m_file) return;
+    KeepBase();
+    const ErrorCode result = m_file->FlushInBackground();
     if (result == ErrorCode::Success) return;
     GiveUpFile();
     RecordInNewFile(result);
@@ -200,9 +202,15 @@ void MenuJournal::RecordInNewFile(ErrorCode former) {
     if (result != ErrorCode::Success) return Stop(result, failed);
     if (m_broken) m_broken->Remove(JournalRecord::End());
     m_broken.reset();
+    m_hasBase = false;
+}
+
+// The copy is made with the first flush, because it would take time from the first change. Until then the
+// menu file itself is there, or its backup if somebody saved it.
+void MenuJournal::KeepBase() {
+    if (!m_options.keepsBase || std::exchange(m_hasBase, true)) return;
     const FileHash& onDisk = m_editor.HashOnDisk();
-    const bool isReadable = onDisk.Exists() && onDisk.Error() == ErrorCode::Success;
-    if (m_options.keepsBase && isReadable) m_file->KeepBase(place);
+    if (onDisk.Exists() && onDisk.Error() == ErrorCode::Success) m_file->KeepBase(m_editor.Place());
 }
 
 void MenuJournal::Recorded(const JournalStep& step) {

@@ -26,6 +26,7 @@ protected:
         MenuJournal journal(editor, m_options, m_files);
         editor.Open(Folder, path);
         edit(editor);
+        journal.Flush();
         RunBackground();
     }
 
@@ -116,13 +117,18 @@ TEST_F(UnsavedChangesTest, TheCopyOfTheMenuFileGoesWithItsJournal) {
     MenuJournal journal(editor, m_options, m_files);
     Open(editor);
     Rename("a", editor);
+    EXPECT_TRUE(m_background.empty()) << "the first change does not wait for a thread";
+    journal.Flush();
+    journal.Flush();
     RunBackground();
     EXPECT_EQ(FileBytes(Place + ".base"), Menu1);
     editor.Save(Path);
     EXPECT_EQ(Names(), "menu.cfg menu.cfg.bak");
     // It is still being made while the journal is removed.
     Rename("b", editor);
+    journal.Flush();
     editor.Save(Path);
+    EXPECT_NE(Names(), "menu.cfg menu.cfg.bak");
     RunBackground();
     EXPECT_EQ(Names(), "menu.cfg menu.cfg.bak");
 }
