@@ -6,6 +6,7 @@
 #include "unit/journal/RandomEdits.h"
 
 #include <algorithm>
+#include <initializer_list>
 
 namespace nesk {
 namespace {
@@ -124,6 +125,26 @@ TEST_F(JournalDamageTest, TextsThatNoFileCanStoreAreDamage) {
         EXPECT_TRUE(restored.isDamaged) << text;
         EXPECT_EQ(restored.menu->Caption(), "Station");
     }
+}
+
+TEST_F(JournalDamageTest, AnIdThatIsTakenIsDamage) {
+    const auto move = [&](std::uint64_t counter) {
+        std::string events;
+        JournalEncoder out(events);
+        // Moved: R.1.1, to R, with the counter, to the first place.
+        for (const std::uint64_t number : std::initializer_list<std::uint64_t>{3, 2, 1, 1, 0, counter, 1})
+            out.Number(number);
+        std::string bytes = JournalRecord::Begin({"", Path, "", ""});
+        JournalRecord::AppendStep(bytes, {{}, 1, events});
+        return Restore(bytes);
+    };
+    const RestoredMenu moved = move(4);
+    EXPECT_FALSE(moved.isDamaged);
+    ASSERT_NE(moved.menu->Find("R.4"), nullptr);
+    EXPECT_EQ(moved.menu->Find("R.4")->Caption(), "Housing 1");
+    EXPECT_TRUE(move(2).isDamaged);
+    EXPECT_TRUE(move(0).isDamaged);
+    EXPECT_TRUE(move(0x7FFFFFFF).isDamaged) << "no counter could follow";
 }
 
 TEST_F(JournalDamageTest, CountersOfAnotherTreeAreDamage) {
