@@ -109,8 +109,8 @@ public:
     ///         marked incomplete
     std::optional<NeskError> Open(const std::string& rootDirectory, const std::string& path);
 
-    /// Shows another version of the open menu, with changes that are not saved yet. The file stays the one that
-    /// was opened. There is nothing to undo. Does nothing when no menu is open.
+    /// Shows another version of the open menu, with changes that are not saved yet. The file stays the one
+    /// that was opened. There is nothing to undo. Does nothing when no menu is open.
     void Restore(std::unique_ptr<Menu> menu);
 
     /// Closes the menu without saving.
