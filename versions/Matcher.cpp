@@ -67,10 +67,11 @@ Matcher::Matcher(const FlatMenu& before, const FlatMenu& after, std::vector<int>
 void Matcher::Run() {
     MatchBelow(0, 0);
     MatchMovedSubtrees(Others::OnlyUnique);
+    MatchMovedEntries(Others::OnlyUnique);
     MatchByChildren();
     MatchEdited();
     MatchMovedSubtrees(Others::ByOrder);
-    MatchMovedEntries();
+    MatchMovedEntries(Others::ByOrder);
     MatchEdited();
 }
 
@@ -161,24 +162,9 @@ void Matcher::MatchChildren(int before, int after) {
     };
     PairByKey(
         one, other, [](const FlatMenu& menu, int at) { return menu.Subtree(at); }, Others::ByOrder, pair);
-    const auto byEntry = [&](auto keyOf, Others others) {
-        PairByKey(
-            one, other, [&](const FlatMenu& menu, int at) { return keyOf(menu.Entry(at)); }, others, pair);
-    };
-    byEntry(NameOf, Others::ByOrder);
-    std::erase_if(one, [this](int at) { return !IsFree(at); });
-    std::erase_if(other, [this](int at) { return !IsFreeAfter(at); });
-    // Parts without a program are paired by their captions.
-    std::vector<int> oneWith;
-    std::vector<int> otherWith;
-    std::copy_if(one.begin(), one.end(), std::back_inserter(oneWith),
-                 [this](int at) { return HasProgram(m_one.Entry(at)); });
-    std::copy_if(other.begin(), other.end(), std::back_inserter(otherWith),
-                 [this](int at) { return HasProgram(m_other.Entry(at)); });
     PairByKey(
-        oneWith, otherWith, [](const FlatMenu& menu, int at) { return ProgramOf(menu.Entry(at)); },
-        Others::OnlyUnique, pair);
-    byEntry(CaptionOf, Others::OnlyUnique);
+        one, other, [](const FlatMenu& menu, int at) { return NameOf(menu.Entry(at)); }, Others::ByOrder,
+        pair);
 }
 
 std::vector<int> Matcher::FreeBefore() const {
@@ -219,11 +205,12 @@ void Matcher::MatchByChildren() {
     }
 }
 
-void Matcher::MatchMovedEntries() {
+void Matcher::MatchMovedEntries(Others others) {
     const auto pair = [this](int one, int other) { MatchBelow(one, other); };
     PairByKey(
-        FreeBefore(), FreeAfter(), [](const FlatMenu& menu, int at) { return menu.Content(at); },
-        Others::ByOrder, pair);
+        FreeBefore(), FreeAfter(), [](const FlatMenu& menu, int at) { return menu.Content(at); }, others,
+        pair);
+    // A name alone tells nothing when several entries have it.
     PairByKey(
         FreeBefore(), FreeAfter(), [](const FlatMenu& menu, int at) { return NameOf(menu.Entry(at)); },
         Others::OnlyUnique, pair);
@@ -235,9 +222,32 @@ void Matcher::MatchEdited() {
         if (!IsFree(at)) MatchEditedIn(at, m_after[static_cast<std::size_t>(at)]);
 }
 
+// Matches the children of two matched entries by a program or a caption that only one of them has on each side.
+void Matcher::MatchPartly(int before, int after) {
+    std::vector<int> one = m_one.Children(before);
+    std::vector<int> other = m_other.Children(after);
+    std::erase_if(one, [this](int at) { return !IsFree(at); });
+    std::erase_if(other, [this](int at) { return !IsFreeAfter(at); });
+    const auto pair = [this](int x, int y) { MatchBelow(x, y); };
+    // Entries without a program would all be equal.
+    std::vector<int> oneWith;
+    std::vector<int> otherWith;
+    std::copy_if(one.begin(), one.end(), std::back_inserter(oneWith),
+                 [this](int at) { return HasProgram(m_one.Entry(at)); });
+    std::copy_if(other.begin(), other.end(), std::back_inserter(otherWith),
+                 [this](int at) { return HasProgram(m_other.Entry(at)); });
+    PairByKey(
+        oneWith, otherWith, [](const FlatMenu& menu, int at) { return ProgramOf(menu.Entry(at)); },
+        Others::OnlyUnique, pair);
+    PairByKey(
+        one, other, [](const FlatMenu& menu, int at) { return CaptionOf(menu.Entry(at)); },
+        Others::OnlyUnique, pair);
+}
+
 // Matches the children of two matched entries that stand between the same matched neighbours.
 void Matcher::MatchEditedIn(int before, int after) {
     if (m_one.Subtree(before) == m_other.Subtree(after)) return;
+    MatchPartly(before, after);
     std::vector<int> gap;
     std::vector<int> otherGap;
     int other = m_other.FirstChild(after);

@@ -33,8 +33,9 @@ private:
                    Pair pair);
     void MatchMovedSubtrees(Others others);
     void MatchByChildren();
-    void MatchMovedEntries();
+    void MatchMovedEntries(Others others);
     void MatchEdited();
+    void MatchPartly(int before, int after);
     void MatchEditedIn(int before, int after);
     void MatchGap(const std::vector<int>& before, const std::vector<int>& after);
     std::vector<int> FreeBefore() const;

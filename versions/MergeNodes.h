@@ -12,7 +12,7 @@ namespace nesk {
 /// One of the two menus that are merged.
 enum class Side { Ours, Theirs };
 
-constexpr std::array Sides{Side::Ours, Side::Theirs};
+inline constexpr std::array Sides{Side::Ours, Side::Theirs};
 
 constexpr Side OtherOf(Side side) {
     return side == Side::Ours ? Side::Theirs : Side::Ours;
