@@ -222,7 +222,8 @@ void Matcher::MatchEdited() {
         if (!IsFree(at)) MatchEditedIn(at, m_after[static_cast<std::size_t>(at)]);
 }
 
-// Matches the children of two matched entries by a program or a caption that only one of them has on each side.
+// Matches the children of two matched entries by a program or a caption that only one of them has on each
+// side.
 void Matcher::MatchPartly(int before, int after) {
     std::vector<int> one = m_one.Children(before);
     std::vector<int> other = m_other.Children(after);

@@ -1,10 +1,9 @@
 #include "versions/MenuMerge.h"
 
-#include "base/NeskError.h"
-#include "base/VersionMessages.h"
 #include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
+#include "versions/ChildCount.h"
 #include "versions/EntryFields.h"
 #include "versions/MergeOrder.h"
 #include "versions/MergePlaces.h"
@@ -55,7 +54,7 @@ public:
                 const std::vector<int>& more = strays[static_cast<std::size_t>(node)];
                 children.insert(children.end(), more.begin(), more.end());
             }
-            CheckCount(*entry, children.size());
+            CheckChildCount(*entry, children.size(), "MenuMerge.Result");
             for (const int child : children) {
                 auto item = MenuItem::Create(*entry);
                 SetFields(child, *item);
@@ -67,12 +66,6 @@ public:
     }
 
 private:
-    static void CheckCount(const MenuEntry& entry, std::size_t count) {
-        if (count > static_cast<std::size_t>(MenuItemCollection::MaxCount))
-            throw NeskError(RuntimeError::Overflow, "MenuMerge.Result", Message::MergeTooManyChildren,
-                            {std::string(entry.Caption()), std::to_string(MenuItemCollection::MaxCount)});
-    }
-
     bool MayHaveChildren(int node, const std::vector<std::vector<int>>& strays) const {
         const auto hasChildren = [&](Side side) {
             const int at = m_nodes.At(side, node);
