@@ -46,6 +46,10 @@ bool HasProgram(const MenuEntry& entry) {
 // with a text are equal.
 bool AreSimilar(const MenuEntry& one, const MenuEntry& other) {
     if (EntryFields::IsPart(one) != EntryFields::IsPart(other)) return false;
+    // Another caption for another program is another part.
+    if (!EntryFields::IsSame(one, other, MenuKey::Caption) &&
+        !EntryFields::IsSame(one, other, MenuKey::ProgramId) && HasProgram(one) && HasProgram(other))
+        return false;
     constexpr int few = 2;
     int different = EntryFields::TopicOf(one) != EntryFields::TopicOf(other) ? 1 : 0;
     int equal = 0;
