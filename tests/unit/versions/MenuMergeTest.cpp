@@ -197,8 +197,9 @@ TEST_F(MenuMergeTest, ASubmenuThatBothAddedIsOne) {
 TEST_F(MenuMergeTest, TooManyEntriesRaiseAnError) {
     Copies("S\n");
     const auto fill = [](Menu& menu, const std::string& caption, int count) {
+        MenuItemCollection& children = EntryNamed(menu, "S").SubMenus();
         for (int i = 0; i < count; ++i)
-            EntryNamed(menu, "S").SubMenus().Add(caption + std::to_string(i), MenuItem::PartType);
+            children.Add(caption + std::to_string(i), MenuItem::PartType);
     };
     fill(*m_ours, "ours ", MenuItemCollection::MaxCount);
     fill(*m_theirs, "theirs ", 1);
