@@ -6,7 +6,7 @@
 namespace nesk {
 
 std::vector<bool> LongestRun(const std::vector<int>& numbers) {
-    constexpr std::size_t none = static_cast<std::size_t>(-1);
+    constexpr auto none = static_cast<std::size_t>(-1);
     std::vector<std::size_t> ends;   // the index of the smallest end of a run of each length
     std::vector<std::size_t> before; // the index of the number before each one in its run
     for (std::size_t at = 0; at < numbers.size(); ++at) {

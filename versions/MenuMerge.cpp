@@ -45,7 +45,8 @@ public:
         SetFields(0, *menu);
         std::vector<std::pair<int, MenuEntry*>> open{{0, menu.get()}};
         while (!open.empty()) {
-            const auto [node, entry] = open.back();
+            const int node = open.back().first;
+            MenuEntry* const entry = open.back().second;
             open.pop_back();
             std::vector<int> children = m_order.Of(
                 node, [&](int child) { return parents[static_cast<std::size_t>(child)] == node; },

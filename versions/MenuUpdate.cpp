@@ -137,6 +137,7 @@ private:
         std::stable_sort(counters.begin(), counters.end(),
                          [](const auto& one, const auto& other) { return one.first < other.first; });
         std::vector<std::int32_t> all;
+        all.reserve(counters.size());
         for (const auto& [place, counter] : counters)
             all.push_back(counter);
         Make([&](Menu&) { return std::make_unique<OrderChange>(entry.ID(), all); });

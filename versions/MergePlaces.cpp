@@ -18,6 +18,7 @@ MergePlaces::MergePlaces(const MergeNodes& nodes) : m_nodes(nodes) {
 
 void MergePlaces::FindKnots() {
     std::vector<std::array<int, 2>> edges;
+    edges.reserve(static_cast<std::size_t>(m_nodes.Count()));
     for (int node = 0; node < m_nodes.Count(); ++node)
         edges.push_back({m_nodes.Parent(Side::Ours, node), m_nodes.Parent(Side::Theirs, node)});
     m_groups = StrongGroups(edges);

@@ -98,6 +98,7 @@ private:
     // Entries that contain each other in different ways go back together.
     void FindCircles() {
         std::vector<std::array<int, 2>> edges;
+        edges.reserve(Size());
         for (int node = 0; node < m_nodes.Count(); ++node)
             edges.push_back({m_nodes.Parent(Now, node), m_nodes.Parent(Then, node)});
         m_groups = StrongGroups(edges);

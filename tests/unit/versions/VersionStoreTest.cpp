@@ -157,6 +157,15 @@ TEST_F(VersionStoreTest, SurplusIsRemovedAndNothingElse) {
     EXPECT_EQ(FileBytes(Folder + "\\notes.txt"), "old");
 }
 
+// A file with an old date is surplus at once, but it was kept a moment ago.
+TEST_F(VersionStoreTest, TheVersionJustKeptStays) {
+    station.Write(Path, "new");
+    const VersionStore::Kept kept =
+        VersionStore(Path, platform::StationFiles(), VersionLimits{0, -1}).Keep();
+    EXPECT_TRUE(kept.isNew);
+    EXPECT_EQ(FileBytes(kept.path), "new");
+}
+
 // Every operation fails in turn, with every kind of failure.
 TEST_F(VersionStoreTest, AFailureHarmsNeitherTheFileNorTheVersionsToKeep) {
     const std::string keep = "menu 2001-01-02 10.00.00.cfg";
