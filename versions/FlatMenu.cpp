@@ -33,7 +33,9 @@ FlatMenu::FlatMenu(const Menu& menu) {
     // Children come after their parents, so each subtree is complete when its turn comes. The sum of a
     // subtree is handed up from its last child to its first, which makes it depend on the order.
     for (int at = Count() - 1; at > 0; --at) {
-        TextHash hash(m_subtrees[Index(Parent(at))]);
+        // Both are added: an entry like its only child must not cancel it out.
+        TextHash hash;
+        hash.Add(m_subtrees[Index(Parent(at))]);
         hash.Add(m_subtrees[Index(at)]);
         m_subtrees[Index(Parent(at))] = hash.Value();
     }

@@ -98,9 +98,16 @@ private:
             if (IsInConflict(node, field)) questions.Add(m_nodes, Kind::Field, node, field);
     }
 
+    // A quick look at the children. Their contents do not tell, because like entries may be different nodes.
     bool OrderMayDiffer(int node) const {
-        return m_ours.Subtree(m_nodes.At(Side::Ours, node)) !=
-               m_theirs.Subtree(m_nodes.At(Side::Theirs, node));
+        int ours = m_ours.FirstChild(m_nodes.At(Side::Ours, node));
+        int theirs = m_theirs.FirstChild(m_nodes.At(Side::Theirs, node));
+        while (ours != MergeNodes::None && theirs != MergeNodes::None) {
+            if (m_nodes.NodeOf(Side::Ours, ours) != m_nodes.NodeOf(Side::Theirs, theirs)) return true;
+            ours = m_ours.NextSibling(ours);
+            theirs = m_theirs.NextSibling(theirs);
+        }
+        return false;
     }
 
     // True when both sides edited fields of an entry of the base, and not in the same way.

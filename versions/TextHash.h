@@ -10,8 +10,6 @@ namespace nesk {
 /// A fast 64-bit hash of texts and numbers, to find equal entries. It is no protection against forgery.
 class TextHash {
 public:
-    explicit TextHash(std::uint64_t start = 0x9E3779B97F4A7C15) : m_value(start) {}
-
     void Add(std::uint64_t word) {
         // The upper half of a product depends on all input bits, the lower half does not. The rotation swaps
         // them.
@@ -38,7 +36,7 @@ private:
         return word;
     }
 
-    std::uint64_t m_value;
+    std::uint64_t m_value = 0x9E3779B97F4A7C15;
 };
 
 } // namespace nesk

@@ -109,6 +109,10 @@ TEST_F(MenuDiffTest, AReplacedSubmenuIsNotAChangedPart) {
               "Main Menu\n X (added)\n  Y (added)\n B (removed)\n");
 }
 
+TEST_F(MenuDiffTest, ASubmenuIsNotLikeAnotherOneBecauseBothContainTheirLike) {
+    EXPECT_NE(Difference("A\n A\n", "B\n B\n"), "");
+}
+
 TEST_F(MenuDiffTest, TheSummaryNamesAllKinds) {
     const auto one = MenuFrom("A:1\nB:2\nC:3\nS\n D:4\n");
     const auto other = MenuFrom("B:2\nS\n D:4\n C:3\nN:9\n");

@@ -160,8 +160,7 @@ TEST_F(VersionStoreTest, SurplusIsRemovedAndNothingElse) {
 // A file with an old date is surplus at once, but it was kept a moment ago.
 TEST_F(VersionStoreTest, TheVersionJustKeptStays) {
     station.Write(Path, "new");
-    const VersionStore::Kept kept =
-        VersionStore(Path, platform::StationFiles(), VersionLimits{0, -1}).Keep();
+    const VersionStore::Kept kept = VersionStore(Path, platform::StationFiles(), VersionLimits{0, -1}).Keep();
     EXPECT_TRUE(kept.isNew);
     EXPECT_EQ(FileBytes(kept.path), "new");
 }
