@@ -364,6 +364,10 @@ bool MenuEditor::Make(std::unique_ptr<MenuChange> change, ChangeName name) {
     return true;
 }
 
+bool MenuEditor::MakePrepared(const std::function<std::unique_ptr<MenuChange>(Menu&)>& prepare) {
+    return m_menu && m_group && Make(prepare(*m_menu), {});
+}
+
 void MenuEditor::BeginGroup(ChangeName name, std::size_t events) {
     m_group = std::move(name);
     m_groupContext = Context();

@@ -8,6 +8,7 @@
 #include "editing/UndoStack.h"
 #include "menu/Menu.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -312,6 +313,13 @@ public:
         MenuEditor& m_editor;
         bool m_isCommitted = false;
     };
+
+    /// Makes a change that other code prepares, as a part of the group that was begun. Its texts are not
+    /// checked: those of a file are kept unchanged. Raises the errors of the change.
+    /// @param prepare  makes the change; it may create entries in the memory of the menu, but must not change
+    /// it
+    /// @return false when no menu is open, no group was begun or the change is not possible
+    bool MakePrepared(const std::function<std::unique_ptr<MenuChange>(Menu&)>& prepare);
 
     /// Sets the source of what the view shows. It is asked before each change, and what it returned comes
     /// back when the change is undone.

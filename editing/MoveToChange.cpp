@@ -29,11 +29,11 @@ NeskError Refusal(int messageId, std::string argument = {}) {
 
 } // namespace
 
-MoveToChange::MoveToChange(std::string id, std::string parentId, int position)
-    : m_id(std::move(id)), m_parentId(std::move(parentId)), m_position(position) {}
+MoveToChange::MoveToChange(std::string id, std::string parentId, int position, Parents parents)
+    : m_id(std::move(id)), m_parentId(std::move(parentId)), m_position(position), m_parents(parents) {}
 
 std::optional<NeskError> MoveToChange::WhyNot(const Menu& menu, const std::string& id,
-                                              const std::string& parentId) {
+                                              const std::string& parentId, Parents parents) {
     const MenuEntry* entry = menu.Find(id);
     const MenuEntry* parent = menu.Find(parentId);
     if (entry == nullptr || parent == nullptr) return std::nullopt;
@@ -41,7 +41,7 @@ std::optional<NeskError> MoveToChange::WhyNot(const Menu& menu, const std::strin
     for (const MenuEntry* at = parent; at != nullptr; at = at->ParentMenu())
         if (at == entry) return Refusal(Message::MoveIntoItself, std::string(entry->Caption()));
     const auto* target = dynamic_cast<const MenuItem*>(parent);
-    if (target != nullptr && target->IsPart())
+    if (parents == Parents::Submenus && target != nullptr && target->IsPart())
         return Refusal(Message::MoveIntoPart, std::string(parent->Caption()));
     if (entry->ParentMenu() != parent && parent->ChildCount() >= MenuItemCollection::MaxCount)
         return NeskError(RuntimeError::Overflow, "MenuEditor.MoveTo", Message::TooManyChildren);
@@ -51,7 +51,7 @@ std::optional<NeskError> MoveToChange::WhyNot(const Menu& menu, const std::strin
 MenuEvent MoveToChange::Do(Menu& menu) {
     auto* item = dynamic_cast<MenuItem*>(menu.Find(m_id));
     MenuEntry* parent = menu.Find(m_parentId);
-    if (auto refusal = WhyNot(menu, m_id, m_parentId)) throw *std::move(refusal);
+    if (auto refusal = WhyNot(menu, m_id, m_parentId, m_parents)) throw *std::move(refusal);
     if (item == nullptr || parent == nullptr) return {};
     MenuEntry& oldParent = *item->ParentMenu();
     const bool isOther = &oldParent != parent;
