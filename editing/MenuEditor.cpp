@@ -79,15 +79,6 @@ std::optional<NeskError> MenuEditor::Open(const std::string& rootDirectory, cons
     return failure;
 }
 
-void MenuEditor::Restore(std::unique_ptr<Menu> menu) {
-    if (!m_menu) return;
-    ForgetChanges();
-    m_menu = std::move(menu);
-    m_bytesBefore = m_menu->Memory()->Bytes();
-    m_history.ForgetSaved();
-    MenuReplaced();
-}
-
 void MenuEditor::Close() {
     ForgetChanges();
     if (m_menu) m_menu->Terminate();
@@ -166,6 +157,18 @@ void MenuEditor::SaveWith(const std::string& path, const Backup& backup, const F
     m_incomplete = false;
     CompactWhenWasteful();
     FileWritten();
+    StateChanged();
+}
+
+void MenuEditor::Adopt(const FileHash& hash, bool isSame) {
+    if (!m_menu) return;
+    m_hash = hash;
+    m_path = m_place;
+    if (isSame)
+        m_history.MarkSaved();
+    else
+        m_history.ForgetSaved();
+    Tell([](MenuEditorListener& listener) { listener.OnFileAdopted(); });
     StateChanged();
 }
 

@@ -37,6 +37,9 @@ public:
     /// file then contains the menu as it is. OnStateChanged follows a save.
     virtual void OnFileWritten() {}
 
+    /// Called when the menu belongs to another version of its file from now on. OnStateChanged follows.
+    virtual void OnFileAdopted() {}
+
     /// Called after all events of a change, and after the menu was saved. The dirty flag, the path, the
     /// incomplete flag or the history may have changed.
     virtual void OnStateChanged() = 0;
@@ -110,10 +113,6 @@ public:
     ///         marked incomplete
     std::optional<NeskError> Open(const std::string& rootDirectory, const std::string& path);
 
-    /// Shows another version of the open menu, with changes that are not saved yet. The file stays the one
-    /// that was opened. There is nothing to undo. Does nothing when no menu is open.
-    void Restore(std::unique_ptr<Menu> menu);
-
     /// Closes the menu without saving.
     void Close();
 
@@ -137,6 +136,12 @@ public:
     /// Saves the menu without checking what is on disk. The previous version is backed up according to
     /// BackupFor.
     void Save(const std::string& path);
+
+    /// Makes another version of the menu file the one to which the menu belongs, after the menu was changed
+    /// into it or merged with it. A save then replaces this version without a question.
+    /// @param hash    the hash of that version, as it was read
+    /// @param isSame  true when the menu is as in that version, so that there is nothing to save
+    void Adopt(const FileHash& hash, bool isSame);
 
     /// Writes a copy of the menu to `path`. The menu's own path and its dirty flag do not change. Raises the
     /// run-time error of the failed step; the file at `path` is then unchanged.

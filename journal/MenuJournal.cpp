@@ -74,6 +74,14 @@ void MenuJournal::OnFileWritten() {
     }
 }
 
+// The changes apply to another file now, so they are recorded anew.
+void MenuJournal::OnFileAdopted() {
+    if (m_editor.IsDirty())
+        Restart();
+    else
+        OnFileWritten();
+}
+
 void MenuJournal::Restart() {
     // The journal of the former menu stays until there is a new one: the menu may have been restored from it.
     const std::unique_ptr<JournalFile> former = std::move(m_file);

@@ -68,6 +68,7 @@ public:
     void OnMenuReplaced() override { Restart(); }
     void OnMenuEvent(const MenuEvent& event) override;
     void OnFileWritten() override;
+    void OnFileAdopted() override;
     void OnStateChanged() override;
 
 private:

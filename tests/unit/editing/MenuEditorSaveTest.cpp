@@ -223,5 +223,22 @@ TEST_F(MenuEditorSaveTest, AnIncompleteMenuStaysSoWhenItsSaveFails) {
     EXPECT_EQ(FilesIn(Folder), "menu.cfg");
 }
 
+TEST_F(MenuEditorSaveTest, AnAdoptedVersionIsReplacedWithoutAQuestion) {
+    OpenWith(Good);
+    m_editor.SetCaption("R", "here");
+    station.Write(Path, "BLOCK MENU\r\nCAPTION=there\r\nEND\r\n");
+    EXPECT_EQ(m_editor.CheckSave(Path), SaveHazard::ChangedByOther);
+    m_editor.Adopt(FileHash::Of(Path), false);
+    EXPECT_EQ(m_editor.CheckSave(Path), SaveHazard::None);
+    EXPECT_TRUE(m_editor.IsDirty());
+    m_editor.Undo();
+    EXPECT_TRUE(m_editor.IsDirty()) << "the file does not contain that";
+    m_editor.SetCaption("R", "there");
+    m_stateChanges = 0;
+    m_editor.Adopt(FileHash::Of(Path), true);
+    EXPECT_EQ(m_stateChanges, 1);
+    EXPECT_FALSE(m_editor.IsDirty());
+}
+
 } // namespace
 } // namespace nesk

@@ -260,31 +260,39 @@ TEST_F(UnsavedChangesTest, AJournalOfAnotherMenuInTheUsersFolderIsNotTaken) {
     EXPECT_NE(FilesIn(m_options.folder), "") << "it is somebody's";
 }
 
-TEST_F(UnsavedChangesTest, WhatWasRestoredIsInAJournalAtOnce) {
-    KillAfter([](MenuEditor& editor) {
-        editor.MoveTo("R.1.2", "R.3", 1);
+TEST_F(UnsavedChangesTest, ChangesApplyToTheVersionThatWasAdopted) {
+    std::string tree;
+    KillAfter([&](MenuEditor& editor) {
         Rename("a", editor);
+        editor.Remove("R.1.1");
+        station.Write(Path, "BLOCK MENU\r\n\tCAPTION=of somebody else\r\n\tGRAPHIC=\r\nEND\r\n");
+        editor.Adopt(FileHash::Of(Path), false);
+        editor.AddPart("R.2", "after that");
+        tree = TreeText(*editor.OpenMenu());
     });
-    MenuEditor editor;
-    MenuJournal journal(editor, m_options, m_files);
-    Open(editor);
     const std::optional<FoundJournal> found = Find();
     ASSERT_TRUE(found.has_value());
-    editor.Restore(UnsavedChanges::RestoreInto(*found, *editor.OpenMenu()).menu);
-    EXPECT_TRUE(editor.IsDirty());
-    EXPECT_FALSE(editor.Undo());
-    EXPECT_EQ(editor.OpenMenu()->Caption(), "a");
-    // Both are there until the old one is removed, so nothing is lost in between.
-    EXPECT_EQ(Names(), "menu.cfg menu.cfg.unsaved menu.cfg.unsaved-2");
-    EXPECT_EQ(Restored(Place + "-2"), TreeText(*editor.OpenMenu()));
-    EXPECT_EQ(UnsavedChanges::Remove(*found), ErrorCode::Success);
-    editor.AddPart("R.1", "more");
-    EXPECT_EQ(Restored(Place + "-2"), TreeText(*editor.OpenMenu()));
-    editor.Undo();
-    EXPECT_TRUE(editor.IsDirty()) << "the file does not contain what was restored";
-    EXPECT_EQ(Restored(Place + "-2"), TreeText(*editor.OpenMenu()));
-    editor.Save(Path);
-    EXPECT_EQ(Names(), "menu.cfg menu.cfg.bak");
+    EXPECT_TRUE(found->isOfThisFile);
+    EXPECT_EQ(FoundTree(*found), tree);
+    EXPECT_EQ(Names(), "menu.cfg menu.cfg.unsaved-2") << "the former journal is gone";
+}
+
+TEST_F(UnsavedChangesTest, AnAdoptedVersionThatIsTheMenuLeavesNothingToRestore) {
+    std::string tree;
+    KillAfter([&](MenuEditor& editor) {
+        editor.Remove("R.1.1");
+        editor.SaveCopy("C:\\Neskroot\\other.cfg");
+        std::filesystem::copy_file(TempStation::Host("C:\\Neskroot\\other.cfg"), TempStation::Host(Path),
+                                   std::filesystem::copy_options::overwrite_existing);
+        editor.Adopt(FileHash::Of(Path), true);
+        EXPECT_EQ(Names(), "menu.cfg other.cfg");
+        Rename("a", editor);
+        tree = TreeText(*editor.OpenMenu());
+    });
+    const std::optional<FoundJournal> found = Find();
+    ASSERT_TRUE(found.has_value());
+    EXPECT_TRUE(found->isOfThisFile);
+    EXPECT_EQ(FoundTree(*found), tree) << "the ids are those of the running editor";
 }
 
 TEST_F(UnsavedChangesTest, RestoringDoesNotDependOnTheIdsOfTheBase) {
