@@ -2,12 +2,15 @@
 
 #include "widgets/UiUtilities.h"
 
+#include <algorithm>
+
 namespace nesk {
 
 UiRowList::UiRowList(wxWindow* parent, const char* name, wxSize size, Style style)
     : wxListView(parent, wxID_ANY, wxDefaultPosition, size,
                  wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_THEME | (style.multiple ? 0 : wxLC_SINGLE_SEL),
                  wxDefaultValidator, name) {
+    if (style.multiple) Bind(wxEVT_CHAR_HOOK, &UiRowList::OnCharHook, this);
     if (!style.ticks) return;
     EnableCheckBoxes();
     const auto onTick = [this](bool isOn) {
@@ -32,6 +35,29 @@ void UiRowList::SetRowCount(std::size_t count) {
         Select(row, false);
     SetItemCount(static_cast<long>(count));
     Refresh();
+}
+
+// The toolkit's list forgets the selected row when the first key is Shift and an arrow, because only a click
+// or a plain key tells it where a selection begins.
+void UiRowList::OnCharHook(wxKeyEvent& event) {
+    const int key = event.GetKeyCode();
+    const long row = GetFocusedItem();
+    if (event.GetModifiers() != wxMOD_SHIFT || (key != WXK_UP && key != WXK_DOWN) || row == wxNOT_FOUND) {
+        if (key != WXK_SHIFT) m_anchor = wxNOT_FOUND;
+        return event.Skip();
+    }
+    if (m_anchor == wxNOT_FOUND) m_anchor = row;
+    ExtendTo(std::clamp(row + (key == WXK_DOWN ? 1L : -1L), 0L, GetItemCount() - 1L));
+}
+
+// Selects the rows from the anchor to a row.
+void UiRowList::ExtendTo(long row) {
+    const auto [first, last] = std::minmax(m_anchor, row);
+    for (const long other : SelectedRows())
+        if (other < first || other > last) Select(other, false);
+    for (long inside = first; inside <= last; ++inside)
+        if (!IsSelected(inside)) Select(inside);
+    Focus(row);
 }
 
 std::vector<long> UiRowList::SelectedRows() const {

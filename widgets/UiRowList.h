@@ -48,6 +48,12 @@ public:
     bool OnGetItemIsChecked(long row) const override;
     int OnGetItemColumnImage(long, long) const override { return -1; }
     int OnGetItemImage(long) const override { return -1; }
+
+private:
+    void OnCharHook(wxKeyEvent& event);
+    void ExtendTo(long row);
+
+    long m_anchor = wxNOT_FOUND; // where a selection by Shift and arrow keys began
 };
 
 } // namespace nesk
