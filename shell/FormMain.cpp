@@ -6,9 +6,11 @@
 #include "settings/NeskRegistry.h"
 #include "shell/FormChecker.h"
 #include "shell/FormDetails.h"
+#include "shell/FormFileNews.h"
 #include "shell/FormFinder.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormPanes.h"
+#include "shell/FormRecovery.h"
 #include "shell/FormStartPage.h"
 #include "shell/FormToolBar.h"
 #include "shell/UiCommandIcons.h"
@@ -53,6 +55,7 @@ FormMain::FormMain()
     });
     Bind(wxEVT_CLOSE_WINDOW, &FormMain::OnClose, this);
     BindTree();
+    BuildRecovery();
 
     Bind(wxEVT_ACTIVATE, &FormMain::OnActivate, this);
     FormMain::OnMenuReplaced();
@@ -60,6 +63,7 @@ FormMain::FormMain()
 
 FormMain::~FormMain() {
     m_editor.SetContextSource({});
+    m_recovery->onTexts = nullptr;
     tvMain->SetProblems({});
     // It listens to the editor, which is destroyed before the windows.
     ClosePreview();
@@ -69,21 +73,52 @@ FormMain::~FormMain() {
 // The menu item of a command. The array is in the order of MainCommand.
 wxMenuItem*& FormMain::ItemOf(MainCommand command) {
     static constexpr std::array<wxMenuItem * FormMain::*, MainCommandCount> items{
-        &FormMain::mnuFileOpen,        &FormMain::mnuFileSave,       &FormMain::mnuFileSaveAs,
-        &FormMain::mnuFileReport,      &FormMain::mnuFileClose,      &FormMain::mnuFileExit,
-        &FormMain::mnuEditUndo,        &FormMain::mnuEditRedo,       &FormMain::mnuEditUndoHistory,
-        &FormMain::mnuEditCut,         &FormMain::mnuEditCopy,       &FormMain::mnuEditPaste,
-        &FormMain::mnuEditPasteInside, &FormMain::mnuEditDuplicate,  &FormMain::mnuEditSelectAll,
-        &FormMain::mnuEditFind,        &FormMain::mnuEditFindNext,   &FormMain::mnuEditFindPrevious,
-        &FormMain::mnuEditShowMatches, &FormMain::mnuEditReplace,    &FormMain::mnuEditChangeFolder,
-        &FormMain::mnuMenuAddPart,     &FormMain::mnuMenuAddSubmenu, &FormMain::mnuMenuAddParts,
-        &FormMain::mnuMenuUp,          &FormMain::mnuMenuDown,       &FormMain::mnuMenuMoveOut,
-        &FormMain::mnuMenuMoveIn,      &FormMain::mnuMenuMoveTo,     &FormMain::mnuMenuSortSubmenusFirst,
-        &FormMain::mnuMenuSortMixed,   &FormMain::mnuMenuEdit,       &FormMain::mnuMenuRename,
-        &FormMain::mnuMenuRemove,      &FormMain::mnuViewPreview,    &FormMain::mnuViewProblems,
-        &FormMain::mnuViewToolBar,     &FormMain::mnuViewStatusBar,  &FormMain::mnuViewExpandBelow,
-        &FormMain::mnuViewCollapseAll, &FormMain::mnuSettingsAccess, &FormMain::mnuSettingsOptions,
-        &FormMain::mnuHelpContents,    &FormMain::mnuHelpWindow,     &FormMain::mnuHelpAbout,
+        &FormMain::mnuFileOpen,
+        &FormMain::mnuFileSave,
+        &FormMain::mnuFileSaveAs,
+        &FormMain::mnuFileVersions,
+        &FormMain::mnuFileReport,
+        &FormMain::mnuFileClose,
+        &FormMain::mnuFileExit,
+        &FormMain::mnuEditUndo,
+        &FormMain::mnuEditRedo,
+        &FormMain::mnuEditUndoHistory,
+        &FormMain::mnuEditCut,
+        &FormMain::mnuEditCopy,
+        &FormMain::mnuEditPaste,
+        &FormMain::mnuEditPasteInside,
+        &FormMain::mnuEditDuplicate,
+        &FormMain::mnuEditSelectAll,
+        &FormMain::mnuEditFind,
+        &FormMain::mnuEditFindNext,
+        &FormMain::mnuEditFindPrevious,
+        &FormMain::mnuEditShowMatches,
+        &FormMain::mnuEditReplace,
+        &FormMain::mnuEditChangeFolder,
+        &FormMain::mnuMenuAddPart,
+        &FormMain::mnuMenuAddSubmenu,
+        &FormMain::mnuMenuAddParts,
+        &FormMain::mnuMenuUp,
+        &FormMain::mnuMenuDown,
+        &FormMain::mnuMenuMoveOut,
+        &FormMain::mnuMenuMoveIn,
+        &FormMain::mnuMenuMoveTo,
+        &FormMain::mnuMenuSortSubmenusFirst,
+        &FormMain::mnuMenuSortMixed,
+        &FormMain::mnuMenuEdit,
+        &FormMain::mnuMenuRename,
+        &FormMain::mnuMenuRemove,
+        &FormMain::mnuViewPreview,
+        &FormMain::mnuViewProblems,
+        &FormMain::mnuViewToolBar,
+        &FormMain::mnuViewStatusBar,
+        &FormMain::mnuViewExpandBelow,
+        &FormMain::mnuViewCollapseAll,
+        &FormMain::mnuSettingsAccess,
+        &FormMain::mnuSettingsOptions,
+        &FormMain::mnuHelpContents,
+        &FormMain::mnuHelpWindow,
+        &FormMain::mnuHelpAbout,
     };
     return this->*items[static_cast<std::size_t>(command)];
 }

@@ -30,11 +30,13 @@ namespace nesk {
 class FileDrop;
 class FormChecker;
 class FormDetails;
+class FormFileNews;
 class FormFinder;
 class FormMenuTree;
 class FormPanes;
 class FormPreview;
 class FormProblems;
+class FormRecovery;
 class FormStartPage;
 class FormToolBar;
 enum class Fix : std::uint8_t;
@@ -67,6 +69,9 @@ public:
     FormToolBar* tbMain = nullptr;
     InfoBar ibIncomplete{"ibIncomplete"};  ///< the file could not be read completely
     InfoBar ibNew{"ibNew"};                ///< the menu has no file yet
+    InfoBar ibUnsaved{"ibUnsaved"};        ///< unsaved changes are not kept on disk
+    InfoBar ibOthers{"ibOthers"};          ///< who else has the menu open
+    InfoBar ibFile{"ibFile"};              ///< what somebody else did to the file
     FormStartPage* pgStart = nullptr;      ///< shown instead of the tree while no menu is open
     FormPreview* pnPreview = nullptr;      ///< null until it is first shown
     FormDetails* pnDetails = nullptr;      ///< below the preview; null like it
@@ -76,6 +81,7 @@ public:
     wxMenuItem* mnuFileOpen = nullptr;
     wxMenuItem* mnuFileSave = nullptr;
     wxMenuItem* mnuFileSaveAs = nullptr;
+    wxMenuItem* mnuFileVersions = nullptr;
     wxMenuItem* mnuFileReport = nullptr;
     wxMenuItem* mnuFileClose = nullptr;
     wxMenuItem* mnuFileExit = nullptr;
@@ -149,6 +155,7 @@ private:
     void FileOpen() override;
     void FileSave() override;
     void FileSaveAs() override;
+    void Versions() override;
     void Report() override;
     void FileClose() override;
     void FileExit() override;
@@ -262,6 +269,12 @@ private:
 
     void OnClose(wxCloseEvent& event);
     bool ConfirmClose(bool mayCancel);
+
+    // Unsaved changes of earlier sessions, and changes of the file by others.
+    void BuildRecovery();
+    void LookAtFile();
+    void SaveWithVersion(const std::string& path, const SavePlan& plan);
+
     void UpdateBars();
     void ShowBar(InfoBar& bar, const std::string& text, int icon);
     int Ask(const std::string& text, int titleId, long style);
@@ -275,6 +288,8 @@ private:
     std::unique_ptr<FormMenuTree> m_tree;
     std::unique_ptr<FormFinder> m_finder;
     std::unique_ptr<FormChecker> m_checker;
+    std::unique_ptr<FormRecovery> m_recovery;
+    std::unique_ptr<FormFileNews> m_fileNews;
     std::unique_ptr<FileDrop> m_draggedFiles; // while they are over this window
     std::string m_addedId;                    // the new entry whose caption is being typed for the first time
     bool m_captionRefused = false;            // set by the last end of an edit

@@ -13,10 +13,12 @@
 #include "shell/FormChecker.h"
 #include "shell/FormCreateStation.h"
 #include "shell/FormDetails.h"
+#include "shell/FormFileNews.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormPanes.h"
 #include "shell/FormPreview.h"
 #include "shell/FormProblems.h"
+#include "shell/FormRecovery.h"
 #include "shell/FormStartPage.h"
 #include "shell/Startup.h"
 #include "shell/StationCreation.h"
@@ -100,6 +102,7 @@ void FormMain::FileOpen() {
         return UpdateStartPage();
     }
     if (failure) ShowError(Message::OpenFailed, *failure);
+    m_recovery->Offer();
 }
 
 bool FormMain::SaveMenu() {
@@ -107,13 +110,14 @@ bool FormMain::SaveMenu() {
     if (!m_editor.IsOpen()) return true;
     try {
         const std::string path = SavePlace::Target(NeskRegistry::Instance());
+        if (IsSamePlace(path, m_editor.Place()) && !m_fileNews->MayBeSaved()) return false;
         const SavePlan plan = m_editor.PlanSave(path);
         if (const auto question = SavePlace::Question(m_editor, path, plan);
             question &&
             Ask(*question, Message::SaveQuestionTitle, wxYES_NO | wxNO_DEFAULT | wxICON_WARNING) != wxID_YES)
             return false;
         const wxBusyCursor busy;
-        m_editor.Save(path, plan);
+        SaveWithVersion(path, plan);
         m_checker->RefreshFiles();
         return true;
     } catch (const NeskError& error) {
@@ -146,7 +150,9 @@ void FormMain::FileSaveAs() {
 
 void FormMain::FileClose() {
     if (!FinishLabelEdit()) return;
-    if (m_editor.IsOpen() && ConfirmClose(false)) m_editor.Close();
+    if (!m_editor.IsOpen() || !ConfirmClose(false)) return;
+    ShowBar(ibFile, "", wxICON_INFORMATION);
+    m_editor.Close();
 }
 
 // Asks about unsaved changes. Returns false when the menu must stay open, because the user cancelled or
@@ -157,11 +163,14 @@ bool FormMain::ConfirmClose(bool mayCancel) {
     if (!mayCancel) {
         const auto answer = platform::AskYesOrNo(this, question, LoadResString(Message::ConfirmTitle));
         // If the question was closed without an answer, the changes must not be lost.
-        return answer && (!*answer || SaveMenu());
+        if (!answer) return false;
+        if (*answer) return SaveMenu();
+        m_recovery->Discard();
+        return true;
     }
     switch (Ask(question, Message::ConfirmTitle, wxYES_NO | wxCANCEL | wxICON_QUESTION)) {
     case wxID_YES: return SaveMenu();
-    case wxID_NO: return true;
+    case wxID_NO: m_recovery->Discard(); return true;
     default: return false;
     }
 }
@@ -203,6 +212,7 @@ void FormMain::OnActivate(wxActivateEvent& event) {
     m_wasActive = true;
     m_checker->RefreshFiles();
     CheckShownFiles();
+    CallAfter([this] { LookAtFile(); });
     // Folders may have been created or removed while the user worked with another program. Changed settings
     // are shown when the user confirms them.
     if (m_editor.IsOpen() || m_shownRoot != NeskRegistry::Instance().NeskRoot) return;

@@ -5,6 +5,7 @@
 #include "base/PreviewMessages.h"
 #include "base/ProblemMessages.h"
 #include "base/ReportMessages.h"
+#include "base/UnsavedMessages.h"
 
 #include <algorithm>
 #include <array>
@@ -70,7 +71,9 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      false, nullptr, Button("save")},
     {MainCommand::FileSaveAs, "mnuFileSaveAs", Message::MenuFile, Message::FileSaveAs, false, IsOpen,
      &To::FileSaveAs, false, nullptr, Icon("save-as")},
-    {MainCommand::Report, "mnuFileReport", Message::MenuFile, Message::CommandReport, true, IsOpen,
+    {MainCommand::Versions, "mnuFileVersions", Message::MenuFile, Message::CommandVersions, true, IsOpen,
+     &To::Versions, false, nullptr},
+    {MainCommand::Report, "mnuFileReport", Message::MenuFile, Message::CommandReport, false, IsOpen,
      &To::Report, false, nullptr},
     {MainCommand::FileClose, "mnuFileClose", Message::MenuFile, Message::FileClose, true, IsOpen,
      &To::FileClose, false, nullptr, Icon("close")},

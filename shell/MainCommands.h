@@ -15,6 +15,7 @@ enum class MainCommand {
     FileOpen,
     FileSave,
     FileSaveAs,
+    Versions,
     Report,
     FileClose,
     FileExit,
@@ -70,6 +71,7 @@ public:
     virtual void FileOpen() = 0;
     virtual void FileSave() = 0;
     virtual void FileSaveAs() = 0;
+    virtual void Versions() = 0;
     virtual void Report() = 0;
     virtual void FileClose() = 0;
     virtual void FileExit() = 0;

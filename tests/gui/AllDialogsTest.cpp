@@ -9,6 +9,9 @@
 #include "editing/MenuEditor.h"
 #include "menu/FormEditMenu.h"
 #include "menu/FormSelectMenuPicture.h"
+#include "menu/Menu.h"
+#include "menu/MenuItem.h"
+#include "menu/MenuItemCollection.h"
 #include "partedit/FormAddParts.h"
 #include "partedit/FormBrowse.h"
 #include "partedit/FormEditPart.h"
@@ -27,10 +30,16 @@
 #include "settings/WindowMemory.h"
 #include "shell/FormAbout.h"
 #include "shell/FormCreateStation.h"
+#include "shell/FormDifference.h"
+#include "shell/FormMerge.h"
 #include "shell/FormMoveTo.h"
 #include "shell/FormUndoHistory.h"
+#include "shell/FormUnsaved.h"
+#include "shell/FormVersions.h"
 #include "shell/Startup.h"
 #include "shell/modHelp.h"
+#include "versions/MenuDiff.h"
+#include "versions/MenuMerge.h"
 #include "widgets/UiUtilities.h"
 
 #include <cctype>
@@ -76,6 +85,28 @@ MenuEditor& EditorWithMenu() {
 template <typename Form>
 DialogCase EditorCase(const char* name, int helpTopic) {
     return {name, helpTopic, [] { return std::make_unique<Form>(nullptr, EditorWithMenu()); }};
+}
+
+// A menu with one entry.
+std::unique_ptr<Menu> MenuWith(const char* caption) {
+    auto menu = std::make_unique<Menu>();
+    menu->Initialize("C:\\");
+    menu->SubMenus().Add("Bracket", "Menu").SetGraphic(caption);
+    return menu;
+}
+
+// A base and two menus whose changes of it conflict.
+struct ThreeMenus {
+    std::unique_ptr<Menu> base = MenuWith("");
+    std::unique_ptr<Menu> ours = MenuWith("ours");
+    std::unique_ptr<Menu> theirs = MenuWith("theirs");
+    MenuMerge merge{*base, *ours, *theirs};
+    MenuDiff difference{*base, *ours};
+};
+
+ThreeMenus& Conflict() {
+    static ThreeMenus menus;
+    return menus;
 }
 
 class AllDialogsTest : public CoreTest, public ::testing::WithParamInterface<DialogCase> {
@@ -162,7 +193,18 @@ INSTANTIATE_TEST_SUITE_P(
                        static const MenuEditor editor;
                        return std::make_unique<FormMoveTo>(nullptr, editor);
                    }},
-        EditorCase<FormReplace>("FormReplace", 33001),
+        EditorCase<FormReplace>("FormReplace", 33001), EditorCase<FormVersions>("FormVersions", 33001),
+        DialogCase{"FormUnsaved", 33001,
+                   [] { return std::make_unique<FormUnsaved>(nullptr, "Restore?", "A note"); }},
+        DialogCase{
+            "FormDifference", 33001,
+            [] { return std::make_unique<FormDifference>(nullptr, Conflict().difference, "Heading"); }},
+        DialogCase{"FormMerge", 33001,
+                   [] {
+                       ThreeMenus& menus = Conflict();
+                       return std::make_unique<FormMerge>(nullptr, menus.merge, *menus.base, *menus.ours,
+                                                          *menus.theirs);
+                   }},
         EditorCase<FormChangeFolder>("FormChangeFolder", 33001),
         DialogCase{"FormAddParts", 33001,
                    [] {

@@ -146,9 +146,10 @@ TEST_F(MainCommandsTest, WhatIsEnabledForTheSelectedEntry) {
           SortSubmenusFirst, SortMixed}},
     };
     for (const auto& row : table) {
-        std::vector<MainCommand> commands{FileSave,    FileSaveAs, Report,       FileClose,   Undo,
-                                          UndoHistory, SelectAll,  Find,         FindNext,    FindPrevious,
-                                          ShowMatches, Replace,    ChangeFolder, ViewPreview, ViewProblems};
+        std::vector<MainCommand> commands{FileSave,  FileSaveAs,   Versions,     Report,
+                                          FileClose, Undo,         UndoHistory,  SelectAll,
+                                          Find,      FindNext,     FindPrevious, ShowMatches,
+                                          Replace,   ChangeFolder, ViewPreview,  ViewProblems};
         commands.insert(commands.end(), row.enabled);
         EXPECT_EQ(Enabled(row.id), NamesOf(commands)) << row.id;
         EXPECT_EQ(Enabled(row.id, false), NamesOf(commands))

@@ -1,0 +1,120 @@
+#include "shell/FormFileNews.h"
+
+#include "base/UnsavedMessages.h"
+#include "menu/Menu.h"
+#include "platform/ErrorCode.h"
+#include "shell/FormMerge.h"
+#include "shell/modMessageBox.h"
+#include "shell/modStringRes.h"
+#include "shell/modUtilities.h"
+#include "versions/DifferenceText.h"
+#include "versions/FindVersion.h"
+#include "versions/MenuDiff.h"
+#include "versions/MenuMerge.h"
+#include "versions/MenuUpdate.h"
+#include "versions/ReadMenuQuietly.h"
+
+#include <utility>
+
+#include <wx/utils.h>
+
+namespace nesk {
+
+using modStringRes::FormatResString;
+using modStringRes::LoadResString;
+
+void FormFileNews::Look() {
+    // Its dialog takes the focus and gives it back, and each time the window looks.
+    const wxRecursionGuard guard(m_looking);
+    if (!guard.IsInside()) LookOnce();
+}
+
+void FormFileNews::LookOnce() {
+    FileHash hash;
+    // The file of a menu that could not be read completely is no version to go on from. A save asks.
+    if (!m_editor.IsOpen() || m_editor.IsIncomplete() || IsUnchanged(hash)) return;
+    if (!hash.Exists()) return Say(LoadResString(Message::OtherGone));
+    if (m_refused == hash) return;
+    static_cast<void>(Take(hash, Moment::Focus));
+}
+
+bool FormFileNews::MayBeSaved() {
+    FileHash hash;
+    m_stamp.reset(); // a save looks at the content in any case
+    if (!m_editor.IsOpen() || m_editor.IsIncomplete() || IsUnchanged(hash) || !hash.Exists()) return true;
+    return Take(hash, Moment::Save);
+}
+
+// Reads the content only when size or time have changed.
+bool FormFileNews::IsUnchanged(FileHash& hash) {
+    const std::string& path = m_editor.Place();
+    platform::FileStamp stamp;
+    const bool isThere = platform::StampOf(path, stamp) == platform::ErrorCode::Success;
+    if (isThere && path == m_path && m_stamp == stamp) {
+        hash = m_seen;
+    } else {
+        hash = FileHash::Of(path);
+        m_path = path;
+        m_stamp = isThere ? std::optional(stamp) : std::nullopt;
+        m_seen = hash;
+    }
+    return hash == m_editor.HashOnDisk();
+}
+
+// Returns false when the user does not want to merge.
+bool FormFileNews::Take(const FileHash& hash, Moment moment) {
+    QuietMenu theirs;
+    {
+        const wxBusyCursor busy;
+        theirs = ReadMenuQuietly(m_editor.Place(), m_editor.OpenMenu()->RootDirectory());
+    }
+    // Written again while it was read, or not readable: a save asks.
+    if (!theirs.IsWhole()) {
+        Say(LoadResString(Message::OtherUnreadable));
+        return true;
+    }
+    if (!m_editor.IsDirty()) {
+        Load(theirs);
+        return true;
+    }
+    const bool isMerged = Merge(theirs);
+    if (!isMerged && moment == Moment::Focus) m_refused = hash;
+    return isMerged;
+}
+
+void FormFileNews::Load(const QuietMenu& theirs) {
+    const wxBusyCursor busy;
+    const std::string summary = DifferenceText::Summary(MenuDiff(*m_editor.OpenMenu(), *theirs.menu));
+    UpdateOpenMenu(m_editor, *theirs.menu, {Message::OtherLoadUndo, {}});
+    m_editor.Adopt(theirs.hash, true);
+    Say(FormatResString(Message::OtherLoaded, summary));
+}
+
+bool FormFileNews::Merge(const QuietMenu& theirs) {
+    const std::unique_ptr<Menu> base = Base();
+    if (!base) return true; // a save asks which version holds
+    const Menu& ours = *m_editor.OpenMenu();
+    MenuMerge merge(*base, ours, *theirs.menu);
+    if (!FormMerge(&m_window, merge, *base, ours, *theirs.menu).Invoke()) return false;
+    const wxBusyCursor busy;
+    const std::unique_ptr<Menu> merged = merge.Result();
+    const bool isTheirs = MenuDiff(*merged, *theirs.menu).IsEmpty();
+    UpdateOpenMenu(m_editor, *merged, {Message::MergeUndo, {}});
+    m_editor.Adopt(theirs.hash, isTheirs);
+    Say("");
+    return true;
+}
+
+// The menu before the unsaved changes; null when no file has it any more.
+std::unique_ptr<Menu> FormFileNews::Base() const {
+    const wxBusyCursor busy;
+    const std::string& root = m_editor.OpenMenu()->RootDirectory();
+    if (!m_editor.HashOnDisk().Exists()) {
+        auto empty = std::make_unique<Menu>();
+        empty->Initialize(root);
+        return empty;
+    }
+    return FindVersion(m_editor.Place(), m_editor.HashOnDisk(), root, {basePath ? basePath() : ""});
+}
+
+} // namespace nesk
