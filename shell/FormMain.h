@@ -270,7 +270,7 @@ private:
     void OnClose(wxCloseEvent& event);
     bool ConfirmClose(bool mayCancel);
 
-    // Unsaved changes of earlier sessions, and changes of the file by others.
+    // Unsaved changes that a killed editor left, and changes of the file by others.
     void BuildRecovery();
     void LookAtFile();
     void SaveWithVersion(const std::string& path, const SavePlan& plan);

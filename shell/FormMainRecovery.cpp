@@ -1,4 +1,4 @@
-// What the main window does about unsaved changes of earlier sessions and about changes of the file by
+// What the main window does about unsaved changes that a killed editor left and about changes of the file by
 // others.
 
 #include "shell/FormMain.h"

@@ -16,7 +16,7 @@ class wxWindow;
 
 namespace nesk {
 
-/// Keeps the unsaved changes of the main window's menu on disk, offers those that an earlier session left,
+/// Keeps the unsaved changes of the main window's menu on disk, offers those that a killed editor left,
 /// and tells who else has the menu open.
 class FormRecovery : private MenuEditorListener {
 public:
@@ -26,13 +26,13 @@ public:
     FormRecovery(const FormRecovery&) = delete;
     FormRecovery& operator=(const FormRecovery&) = delete;
 
-    /// Offers the unsaved changes that an earlier session of this menu left, if there are any.
+    /// Offers the unsaved changes that a killed editor left of this menu, if there are any.
     void Offer();
 
     /// Removes the unsaved changes from the disk, because the user has given them up.
     void Discard() { m_journal.Discard(); }
 
-    /// A file with the content of the menu before the unsaved changes; "" when there is none.
+    /// Path of a file with the menu before the unsaved changes, or "".
     std::string BasePath() const;
 
     /// What the user has to know; "" for nothing.

@@ -7,8 +7,8 @@
 
 namespace nesk {
 
-/// Offers unsaved changes of an earlier session: to restore or to discard them, to look at them, or to decide
-/// later.
+/// Offers unsaved changes that a killed editor left: to restore or to discard them, to look at them, or to
+/// decide later.
 class FormUnsaved : public FormDialog {
 public:
     enum class Answer { Restore, Discard, Later };

@@ -1,4 +1,4 @@
-// What the main window does with unsaved changes of an earlier session, and with changes of its file by
+// What the main window does with unsaved changes that a killed editor left, and with changes of its file by
 // others.
 
 #include "gui/GuiFixture.h"
