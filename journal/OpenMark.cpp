@@ -62,7 +62,7 @@ void OpenMark::FindOthers() {
         if (entry.name.size() > prefix.size()) names.push_back(entry.name.substr(prefix.size()));
     search.reset(); // marks are removed only after the search
     for (const std::string& name : names)
-        if (m_files.RemoveAbandoned(m_stem + name) == ErrorCode::SharingViolation)
+        if (m_files.RemoveUnheld(m_stem + name) == ErrorCode::SharingViolation)
             m_others.push_back(WithoutNumber(name));
     std::sort(m_others.begin(), m_others.end());
 }

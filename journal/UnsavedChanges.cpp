@@ -130,7 +130,7 @@ std::optional<FoundJournal> Describe(const std::string& path, const Journal& jou
 // Removes a journal without unsaved changes. One without a header may be about to get it.
 void RemoveUnneeded(const std::string& path, const Journal& journal, platform::FileSystem& files) {
     if (!journal.header) {
-        std::ignore = files.RemoveAbandoned(path);
+        std::ignore = files.RemoveUnheld(path);
         return;
     }
     std::ignore = files.RemoveFile(JournalPlaces::BaseOf(path));

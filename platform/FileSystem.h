@@ -96,6 +96,10 @@ public:
     /// file may still be in use; it is not deleted then.
     virtual ErrorCode RemoveAbandoned(const std::string& path) = 0;
 
+    /// Deletes a file that CreateNew made and whose writer is gone, even if it was written just now.
+    /// SharingViolation while a program has the file open; it is not deleted then.
+    virtual ErrorCode RemoveUnheld(const std::string& path) { return RemoveAbandoned(path); }
+
     /// True when a program that still runs has the file open that it made by CreateNew. False when that
     /// cannot be found out.
     virtual bool IsHeld(const std::string& /*path*/) { return false; }

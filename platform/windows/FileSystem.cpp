@@ -172,6 +172,9 @@ public:
         return windows::RemoveAbandoned(FilePath(path));
     }
 
+    // The system does not delete a file while CreateNew has it open.
+    ErrorCode RemoveUnheld(const std::string& path) override { return RemoveFile(path); }
+
     // CreateNew lets no other program open its file.
     bool IsHeld(const std::string& path) override {
         const std::wstring name = FilePath(path);

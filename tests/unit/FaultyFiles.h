@@ -91,6 +91,9 @@ public:
     platform::ErrorCode RemoveAbandoned(const std::string& path) override {
         return Run("abandoned", [&] { return m_files.RemoveAbandoned(path); });
     }
+    platform::ErrorCode RemoveUnheld(const std::string& path) override {
+        return Run("unheld", [&] { return m_files.RemoveUnheld(path); });
+    }
     bool IsHeld(const std::string& path) override { return m_files.IsHeld(path); }
     void ApplyDefaultRights(const std::string& path) override { m_files.ApplyDefaultRights(path); }
     platform::ErrorCode CopyAccessRights(const std::string& from, const std::string& to) override {

@@ -171,10 +171,7 @@ TEST_F(UnsavedChangesTest, AJournalWithoutAChangeIsDropped) {
     for (const char* begun : {"", "NeskManager unsav"}) {
         WriteBytes(Place, begun);
         EXPECT_FALSE(Find().has_value());
-#ifdef NESK_PORTABLE_STATION
-        // On Windows only an old file is known to be abandoned.
         EXPECT_EQ(Names(), "menu.cfg");
-#endif
     }
     WriteBytes(Place, "something of the user");
     EXPECT_FALSE(Find().has_value());

@@ -39,6 +39,7 @@ public:
     platform::ErrorCode RemoveAbandoned(const std::string& path) override {
         return m_files.RemoveAbandoned(path);
     }
+    platform::ErrorCode RemoveUnheld(const std::string& path) override { return m_files.RemoveUnheld(path); }
     bool IsHeld(const std::string& path) override { return m_files.IsHeld(path); }
     platform::ErrorCode CopyAccessRights(const std::string& from, const std::string& to) override {
         return m_files.CopyAccessRights(from, to);

@@ -266,6 +266,25 @@ TEST_F(FileSystemTest, RemovingFiles) {
     EXPECT_EQ(files.RemoveFile("D:\\file"), ErrorCode::FileNotFound);
 }
 
+TEST_F(FileSystemTest, AFileIsHeldUntilItsWriterIsGone) {
+    EXPECT_FALSE(files.IsHeld("D:\\file")) << "there is no file";
+    EXPECT_EQ(files.RemoveUnheld("D:\\file"), ErrorCode::FileNotFound);
+    std::unique_ptr<FileWriter> writer;
+    ASSERT_EQ(files.CreateNew("D:\\file", writer), ErrorCode::Success);
+    EXPECT_TRUE(files.IsHeld("D:\\file"));
+    EXPECT_TRUE(files.IsHeld("D:\\file")) << "asking does not change the answer";
+    EXPECT_EQ(files.RemoveUnheld("D:\\file"), ErrorCode::SharingViolation);
+    EXPECT_EQ(Names(), std::set<std::string>{"file"});
+    writer.reset();
+    EXPECT_FALSE(files.IsHeld("D:\\file"));
+    std::unique_ptr<FileReader> reader;
+    ASSERT_EQ(files.OpenForReading("D:\\file", reader), ErrorCode::Success);
+    EXPECT_FALSE(files.IsHeld("D:\\file")) << "it is only read";
+    reader.reset();
+    EXPECT_EQ(files.RemoveUnheld("D:\\file"), ErrorCode::Success) << "although it is new";
+    EXPECT_TRUE(Names().empty());
+}
+
 TEST_F(FileSystemTest, TheUserHasAFolder) {
     const std::string folder = UserDataFolder();
     ASSERT_FALSE(folder.empty());
