@@ -64,7 +64,7 @@ enum class State {
 };
 
 /// Reads the next frame.
-/// @param rest     the bytes that follow; after a whole frame, the bytes behind it
+/// @param rest     the bytes to read; a whole frame is removed from their beginning
 /// @param payload  receives the contents of a whole frame
 State Take(std::string_view& rest, std::string_view& payload);
 

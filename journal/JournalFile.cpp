@@ -69,7 +69,8 @@ ErrorCode JournalFile::Append(std::string_view bytes) {
     return result;
 }
 
-// Runs a function in the background, and removes the files behind it when that was asked for meanwhile.
+// Runs a function in the background. If the journal is to be removed meanwhile, the same thread does it
+// afterwards.
 void JournalFile::Start(std::function<void(Shared&)> work) {
     {
         const std::lock_guard lock(m_shared->mutex);

@@ -47,7 +47,7 @@ public:
     /// Called when the journal stops, once until it works again. It must not change the menu.
     std::function<void(const NeskError&)> onFailure;
 
-    /// Path of the journal; "" when there is none.
+    /// Path of the journal, or "" while there is no journal.
     std::string Path() const { return m_file ? m_file->Path() : ""; }
 
     /// True when changes are not recorded because of a failure.

@@ -32,7 +32,7 @@ private:
 
     platform::FileSystem& m_files;
     std::string m_stem; // of the names of all marks of the file
-    std::string m_path; // of the own mark; "" when there is none
+    std::string m_path; // the mark of this object
     std::unique_ptr<platform::FileWriter> m_writer;
     std::vector<std::string> m_others;
 };

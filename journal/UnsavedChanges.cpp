@@ -63,7 +63,7 @@ bool IsOfFile(const std::string& hash) {
     return !hash.empty() && hash != FileHash::MissingText && hash != FileHash::UnreadableText;
 }
 
-// A file with the bytes to which the changes apply; "" when there is none.
+// Path of a file that has the version of the menu to which the changes apply, or "".
 std::string BaseFor(const std::string& journalPath, const std::string& menuPath, const std::string& hash,
                     platform::FileSystem& files) {
     for (const std::string& path : {menuPath, JournalPlaces::BaseOf(journalPath), BackupOf(menuPath).path})

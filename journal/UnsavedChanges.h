@@ -21,7 +21,7 @@ struct FoundJournal {
     std::string owner;         ///< who made them
     bool isDamaged = false;    ///< part of the journal is not readable; the changes before that part are
     std::string hash;          ///< FileHash::Text of the file to which the changes apply
-    std::string basePath;      ///< a file with that hash: the menu itself or a copy; "" when there is none
+    std::string basePath;      ///< the menu file or a copy of it with that hash, or ""
 };
 
 /// A menu with unsaved changes in it.
@@ -60,8 +60,8 @@ std::unique_ptr<Menu> ReadQuietly(const std::string& rootDirectory, const std::s
 /// @return the result for the journal
 platform::ErrorCode Remove(const FoundJournal& found, platform::FileSystem& files = platform::StationFiles());
 
-/// Renames the journal, so that it is not found any more, but kept for an expert: to its name and ".damaged",
-/// or, if the name is taken, with a number behind it.
+/// Renames the journal, so that an expert can look at it and no start finds it again. The new name ends in
+/// ".damaged", and in a number if that name is taken.
 /// @param kept  receives the new path
 platform::ErrorCode SetAside(const FoundJournal& found, std::string& kept,
                              platform::FileSystem& files = platform::StationFiles());

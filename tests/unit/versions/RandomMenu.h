@@ -54,7 +54,7 @@ std::unique_ptr<Menu> MenuFrom(const std::string& text);
 /// The captions of a menu in the form of MenuFrom.
 std::string Outline(const Menu& menu);
 
-/// The only entry with a caption; fails the test when there is none.
+/// The first entry with a caption. The test fails without such an entry.
 MenuItem& EntryNamed(Menu& menu, const std::string& caption);
 
 } // namespace nesk::testing
