@@ -94,7 +94,7 @@ bool FormVersions::Invoke() {
     return ShowModal() == wxID_OK;
 }
 
-std::string FormVersions::TextAt(const Row& row, int column) const {
+std::string FormVersions::TextAt(const Row& row, int column) {
     switch (column) {
     case DateColumn: return DateText(row.version);
     case SizeColumn: return SizeText(row.version);

@@ -49,7 +49,7 @@ private:
         std::string changes;
     };
 
-    std::string TextAt(const Row& row, int column) const;
+    static std::string TextAt(const Row& row, int column);
     void OnIdle(wxIdleEvent& event);
     void ReadNext();
     void OnSelection();
