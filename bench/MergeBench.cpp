@@ -6,10 +6,10 @@
 #include "menu/Menu.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
+#include "menu/ReadMenuQuietly.h"
 #include "unit/platform/TempStation.h"
 #include "versions/MenuDiff.h"
 #include "versions/MenuMerge.h"
-#include "versions/ReadMenuQuietly.h"
 
 #include <chrono>
 #include <cstdio>

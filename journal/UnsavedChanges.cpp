@@ -11,10 +11,8 @@
 #include "journal/JournalPlaces.h"
 #include "journal/JournalRecord.h"
 #include "journal/JournalTree.h"
-#include "menu/BlockParser.h"
 #include "menu/MenuFile.h"
-#include "menu/MenuKeys.h"
-#include "menu/MenuReader.h"
+#include "menu/ReadMenuQuietly.h"
 #include "platform/ErrorCode.h"
 
 #include <algorithm>
@@ -94,9 +92,9 @@ std::size_t Repeat(const Journal& journal, std::size_t count, Menu& menu) {
 
 // Whether the changes lead to the menu file as it is: then nothing is unsaved.
 bool IsSaved(const FoundJournal& found, const std::string& menuPath, platform::FileSystem& files) {
-    if (found.isDamaged || (found.basePath.empty() && found.hash != FileHash::MissingText)) return false;
-    const std::string folder = Paths::ParentFolder(menuPath);
-    const std::unique_ptr<Menu> base = UnsavedChanges::ReadQuietly(folder, found.basePath, files);
+    if (found.isDamaged) return false;
+    const std::unique_ptr<Menu> base = UnsavedChanges::ReadBase(found, Paths::ParentFolder(menuPath), files);
+    if (!base) return false;
     const RestoredMenu restored = UnsavedChanges::RestoreInto(found, *base, files);
     if (restored.isDamaged) return false;
     try {
@@ -159,22 +157,6 @@ std::optional<FoundJournal> UnsavedChanges::Find(const std::string& menuPath, co
     return newest;
 }
 
-std::optional<std::string> UnsavedChanges::AreBeingMade(const std::string& menuPath,
-                                                        const JournalOptions& options, const std::string& own,
-                                                        platform::FileSystem& files) {
-    std::optional<std::string> owner;
-    ForEachJournal(menuPath, options, files, [&](const std::string& path, bool isInFolder) {
-        std::string bytes;
-        if (owner || path == own || !files.IsHeld(path)) return;
-        const Journal journal = ReadBytes(path, files, bytes) ? Journal::Read(bytes) : Journal();
-        // While the file is removed in the background, its changes are saved already.
-        if (journal.isEnded) return;
-        if (isInFolder && journal.header && !IsSamePlace(journal.header->menuPath, menuPath)) return;
-        owner = journal.header ? journal.header->owner : "";
-    });
-    return owner;
-}
-
 RestoredMenu UnsavedChanges::RestoreInto(const FoundJournal& found, const Menu& base,
                                          platform::FileSystem& files) {
     std::string bytes;
@@ -194,18 +176,12 @@ RestoredMenu UnsavedChanges::RestoreInto(const FoundJournal& found, const Menu& 
     }
 }
 
-std::unique_ptr<Menu> UnsavedChanges::ReadQuietly(const std::string& rootDirectory, const std::string& path,
-                                                  platform::FileSystem& files) {
+std::unique_ptr<Menu> UnsavedChanges::ReadBase(const FoundJournal& found, const std::string& rootDirectory,
+                                               platform::FileSystem& files) {
+    if (!found.basePath.empty()) return ReadMenuQuietly(found.basePath, rootDirectory, files).menu;
+    if (found.hash != FileHash::MissingText) return nullptr;
     auto menu = std::make_unique<Menu>();
     menu->Initialize(rootDirectory);
-    if (path.empty()) return menu;
-    BlockParser parser(MenuKeys);
-    try {
-        parser.OpenFile(path, false, files);
-        MenuReader(parser).ReadMenu(*menu);
-    } catch (const NeskError&) {
-        // The editor opens such a menu in the same way, so the changes fit.
-    }
     return menu;
 }
 

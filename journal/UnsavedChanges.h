@@ -40,21 +40,17 @@ namespace UnsavedChanges {
 std::optional<FoundJournal> Find(const std::string& menuPath, const JournalOptions& options,
                                  platform::FileSystem& files = platform::StationFiles());
 
-/// The owner of unsaved changes of a menu in an editor that is running; "" when the owner cannot be read,
-/// which is always so on Windows. Nothing when there is no such editor.
-/// @param own  path of the caller's own journal, which does not count; may be ""
-std::optional<std::string> AreBeingMade(const std::string& menuPath, const JournalOptions& options,
-                                        const std::string& own = {},
-                                        platform::FileSystem& files = platform::StationFiles());
-
 /// Makes the changes in a copy of `base`.
 /// @param base  the menu of the file to which the changes apply, as it was read or with other ids
 RestoredMenu RestoreInto(const FoundJournal& found, const Menu& base,
                          platform::FileSystem& files = platform::StationFiles());
 
-/// Reads a menu without registering histories and without messages. What was read before an error counts.
-std::unique_ptr<Menu> ReadQuietly(const std::string& rootDirectory, const std::string& path,
-                                  platform::FileSystem& files = platform::StationFiles());
+/// Reads the menu to which the changes apply, without registering histories and without messages. After an
+/// error it has the entries before the error. It is empty when there was no file, and null when that file was
+/// not found.
+/// @param rootDirectory  folder that contains the menu file
+std::unique_ptr<Menu> ReadBase(const FoundJournal& found, const std::string& rootDirectory,
+                               platform::FileSystem& files = platform::StationFiles());
 
 /// Removes the journal and the copy of its menu file.
 /// @return the result for the journal

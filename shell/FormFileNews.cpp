@@ -2,17 +2,14 @@
 
 #include "base/UnsavedMessages.h"
 #include "menu/Menu.h"
+#include "menu/ReadMenuQuietly.h"
 #include "platform/ErrorCode.h"
 #include "shell/FormMerge.h"
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
-#include "versions/DifferenceText.h"
-#include "versions/FindVersion.h"
-#include "versions/MenuDiff.h"
 #include "versions/MenuMerge.h"
-#include "versions/MenuUpdate.h"
-#include "versions/ReadMenuQuietly.h"
+#include "versions/OthersChanges.h"
 
 #include <utility>
 
@@ -84,10 +81,7 @@ bool FormFileNews::Take(const FileHash& hash, Moment moment) {
 
 void FormFileNews::Load(const QuietMenu& theirs) {
     const wxBusyCursor busy;
-    const std::string summary = DifferenceText::Summary(MenuDiff(*m_editor.OpenMenu(), *theirs.menu));
-    UpdateOpenMenu(m_editor, *theirs.menu, {Message::OtherLoadUndo, {}});
-    m_editor.Adopt(theirs.hash, true);
-    Say(FormatResString(Message::OtherLoaded, summary));
+    Say(FormatResString(Message::OtherLoaded, OthersChanges::Load(m_editor, theirs)));
 }
 
 bool FormFileNews::Merge(const QuietMenu& theirs) {
@@ -97,24 +91,14 @@ bool FormFileNews::Merge(const QuietMenu& theirs) {
     MenuMerge merge(*base, ours, *theirs.menu);
     if (!FormMerge(&m_window, merge, *base, ours, *theirs.menu).Invoke()) return false;
     const wxBusyCursor busy;
-    const std::unique_ptr<Menu> merged = merge.Result();
-    const bool isTheirs = MenuDiff(*merged, *theirs.menu).IsEmpty();
-    UpdateOpenMenu(m_editor, *merged, {Message::MergeUndo, {}});
-    m_editor.Adopt(theirs.hash, isTheirs);
+    OthersChanges::TakeMerged(m_editor, theirs, merge);
     Say("");
     return true;
 }
 
-// The menu before the unsaved changes; null when no file has it any more.
 std::unique_ptr<Menu> FormFileNews::Base() const {
     const wxBusyCursor busy;
-    const std::string& root = m_editor.OpenMenu()->RootDirectory();
-    if (!m_editor.HashOnDisk().Exists()) {
-        auto empty = std::make_unique<Menu>();
-        empty->Initialize(root);
-        return empty;
-    }
-    return FindVersion(m_editor.Place(), m_editor.HashOnDisk(), root, {basePath ? basePath() : ""});
+    return OthersChanges::Base(m_editor, basePath ? basePath() : "");
 }
 
 } // namespace nesk

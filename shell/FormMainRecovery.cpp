@@ -13,6 +13,7 @@
 #include "shell/FormVersions.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "versions/SaveKeepingVersion.h"
 #include "versions/VersionStore.h"
 
 #include <optional>
@@ -49,20 +50,11 @@ void FormMain::Versions() {
     FormVersions(this, m_editor).Invoke();
 }
 
-// Keeps the version before. What it needs of a disk that is almost full must not prevent the save.
 void FormMain::SaveWithVersion(const std::string& path, const SavePlan& plan) {
     const VersionSettings settings = VersionSettings::Read();
     VersionStore store(path, platform::StationFiles(),
                        {static_cast<std::size_t>(settings.newest), settings.days});
-    VersionStore::Kept kept = store.Keep();
-    try {
-        m_editor.Save(path, plan);
-    } catch (const NeskError& error) {
-        if (!kept.isNew || error.number != RuntimeError::DiskFull) throw;
-        static_cast<void>(platform::StationFiles().RemoveFile(kept.path));
-        kept.error = error;
-        m_editor.Save(path, plan);
-    }
+    const VersionStore::Kept kept = SaveKeepingVersion(m_editor, path, plan, store);
     ShowBar(ibFile,
             kept.error ? modStringRes::FormatResString(Message::VersionsNotKept,
                                                        modUtilities::MessageText(*kept.error), store.Folder())

@@ -11,10 +11,10 @@
 #include "shell/modMessageBox.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
+#include "versions/FindVersion.h"
 #include "versions/MenuDiff.h"
 #include "versions/MenuMerge.h"
 #include "versions/MenuUpdate.h"
-#include "versions/ReadMenuQuietly.h"
 #include "widgets/UiUtilities.h"
 
 #include <array>
@@ -169,13 +169,8 @@ bool FormRecovery::Read(Offered& offered) {
     if (offered.restored.menu) return true;
     const wxBusyCursor busy;
     const std::string& root = m_editor.OpenMenu()->RootDirectory();
-    if (offered.found.basePath.empty() && FileHash().Text() == offered.found.hash) {
-        // There was no file when the changes were made.
-        offered.base = std::make_unique<Menu>();
-        offered.base->Initialize(root);
-    } else if (!offered.found.basePath.empty()) {
-        offered.base = ReadMenuQuietly(offered.found.basePath, root).menu;
-    }
+    offered.base = UnsavedChanges::ReadBase(offered.found, root);
+    if (!offered.base) offered.base = FindVersion(m_editor.Place(), offered.found.hash, root, {});
     if (!offered.base) return false;
     offered.restored = UnsavedChanges::RestoreInto(offered.found, *offered.base);
     return offered.restored.menu != nullptr;

@@ -1,9 +1,10 @@
 #include "versions/FindVersion.h"
 
 #include "base/BackupNames.h"
+#include "base/FileHash.h"
+#include "menu/ReadMenuQuietly.h"
 #include "platform/ErrorCode.h"
 #include "shell/modUtilities.h"
-#include "versions/ReadMenuQuietly.h"
 #include "versions/VersionNames.h"
 
 namespace nesk {
@@ -23,7 +24,7 @@ void AddFiles(const std::string& pattern, platform::FileSystem& files, std::vect
 
 } // namespace
 
-std::unique_ptr<Menu> FindVersion(const std::string& path, const FileHash& hash,
+std::unique_ptr<Menu> FindVersion(const std::string& path, const std::string& hash,
                                   const std::string& rootDirectory, const std::vector<std::string>& likely,
                                   platform::FileSystem& files) {
     std::vector<std::string> paths = likely;
@@ -31,10 +32,10 @@ std::unique_ptr<Menu> FindVersion(const std::string& path, const FileHash& hash,
     AddFiles(path + ".*.bak", files, paths);
     AddFiles(VersionNames::FolderOf(path) + "\\*.cfg", files, paths);
     for (const std::string& candidate : paths) {
-        if (candidate.empty() || FileHash::Of(candidate, files) != hash) continue;
-        // Another program may have written it in between.
-        if (QuietMenu read = ReadMenuQuietly(candidate, rootDirectory, files); read.hash == hash)
-            return std::move(read.menu);
+        if (candidate.empty() || FileHash::Of(candidate, files).Text() != hash) continue;
+        // Another program may have written it in between, or reading may have failed half way.
+        QuietMenu read = ReadMenuQuietly(candidate, rootDirectory, files);
+        if (read.hash.Text() == hash && read.IsWhole()) return std::move(read.menu);
     }
     return nullptr;
 }

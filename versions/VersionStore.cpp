@@ -24,6 +24,19 @@ std::chrono::sys_days DayOf(const std::tm& time) {
     return sys_days(year{time.tm_year + 1900} / (time.tm_mon + 1) / time.tm_mday);
 }
 
+// The number for another version of the same second. It is above those of all others, even if lower ones are
+// free again, because it tells which one is newer.
+int NextNumber(const std::vector<MenuVersion>& versions, const MenuVersion& added) {
+    int next = 1;
+    for (MenuVersion other : versions) {
+        const int number = std::exchange(other.number, added.number);
+        const bool isSameSecond =
+            !VersionNames::IsNewer(other, added) && !VersionNames::IsNewer(added, other);
+        if (isSameSecond) next = std::max(next, number + 1);
+    }
+    return next;
+}
+
 bool IsNoFile(ErrorCode code) {
     return code == ErrorCode::FileNotFound || code == ErrorCode::PathNotFound;
 }
@@ -105,15 +118,16 @@ void VersionStore::Copy(std::vector<MenuVersion>& versions, Kept& kept) {
         throw FileError(made, "VersionStore.Keep", Folder());
     MenuVersion version;
     if (!platform::LastWriteTime(m_path, version.time)) version.time = platform::LocalTime();
+    version.number = NextNumber(versions, version);
     ErrorCode result = ErrorCode::AlreadyExists;
-    // Several versions of one second get numbers; so many are not made in one.
-    constexpr int most = 100;
-    for (; result == ErrorCode::AlreadyExists && version.number <= most; ++version.number) {
+    // Another editor may keep versions at the same time; so many are not made in one second.
+    constexpr int attempts = 100;
+    for (int attempt = 0; result == ErrorCode::AlreadyExists && attempt < attempts; ++attempt) {
+        if (attempt > 0) ++version.number;
         version.path = Folder() + "\\" + VersionNames::NameOf(m_path, version.time, version.number);
         result = m_files.KeepCopy(m_path, version.path, false);
     }
     if (result != ErrorCode::Success) throw FileError(result, "VersionStore.Keep", version.path);
-    --version.number; // that of the last attempt
     kept.isNew = true;
     kept.path = version.path;
     versions.insert(std::lower_bound(versions.begin(), versions.end(), version, VersionNames::IsNewer),

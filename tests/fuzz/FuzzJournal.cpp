@@ -5,6 +5,7 @@
 #include "journal/JournalRecord.h"
 #include "journal/UnsavedChanges.h"
 #include "menu/MenuFile.h"
+#include "menu/ReadMenuQuietly.h"
 #include "unit/FileBytes.h"
 #include "unit/journal/TreeText.h"
 
@@ -34,7 +35,7 @@ void Restore(Surroundings& surroundings, const std::string& journal) {
     Require(testing::FileBytes(Path) == SmallMenu, "looking for changes does not touch the menu");
     if (!found) return;
     Require(found->path == JournalPath, "the journal is found under its name");
-    const std::unique_ptr<Menu> base = UnsavedChanges::ReadQuietly(Folder, Path);
+    const std::unique_ptr<Menu> base = ReadMenuQuietly(Path, Folder).menu;
     const std::string before = testing::TreeText(*base);
     const RestoredMenu restored = UnsavedChanges::RestoreInto(*found, *base);
     Require(testing::TreeText(*base) == before, "the base stays as it is");
@@ -43,7 +44,7 @@ void Restore(Surroundings& surroundings, const std::string& journal) {
             "restoring twice gives the same");
     SaveMenuFile(*restored.menu, Copy, {});
     const std::string bytes = testing::FileBytes(Copy);
-    const std::unique_ptr<Menu> read = UnsavedChanges::ReadQuietly(Folder, Copy);
+    const std::unique_ptr<Menu> read = ReadMenuQuietly(Copy, Folder).menu;
     SaveMenuFile(*read, Copy, {});
     Require(testing::FileBytes(Copy) == bytes, "what was restored can be saved and read");
 }

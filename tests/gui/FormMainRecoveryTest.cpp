@@ -13,6 +13,7 @@
 #include "shell/FormMerge.h"
 #include "shell/FormUnsaved.h"
 #include "shell/modMessageBox.h"
+#include "versions/VersionStore.h"
 #include "widgets/UiRowList.h"
 #include "widgets/UiUtilities.h"
 
@@ -213,6 +214,36 @@ TEST_F(FormMainRecoveryTest, ChangesOfAnOtherVersionAreMerged) {
     EXPECT_NE(TreeText().find("Added here"), std::string::npos) << TreeText();
     EXPECT_NE(TreeText().find("Added there"), std::string::npos) << TreeText();
     EXPECT_EQ(window->Editor().History().UndoNames().size(), 1u);
+}
+
+TEST_F(FormMainRecoveryTest, TheVersionOfTheChangesIsFoundAmongTheKeptOnes) {
+    LeaveUnsaved([](MenuEditor& editor) { RenameFirst(editor, "Never saved"); });
+    ASSERT_TRUE(VersionStore(Path).Keep().isNew);
+    ChangeFile([](MenuEditor& editor) { editor.AddPart("R", "Theirs"); });
+    ChangeFile([](MenuEditor& editor) { editor.AddPart("R", "Theirs too"); });
+    const NextDialog<FormMerge> merging([](FormMerge& dialog) { Click(dialog.cmdOK); });
+    dialogs.Answer(wxID_NONE);
+    OpenAndAnswer([](FormUnsaved&) { Press(WXK_RETURN); });
+    EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "Never saved");
+    EXPECT_NE(TreeText().find("Theirs too"), std::string::npos) << TreeText();
+    EXPECT_TRUE(window->Editor().IsDirty());
+}
+
+TEST_F(FormMainRecoveryTest, ChangesOfAVersionThatIsGoneAreKept) {
+    LeaveUnsaved([](MenuEditor& editor) { RenameFirst(editor, "Never saved"); });
+    ChangeFile([](MenuEditor& editor) { editor.AddPart("R", "Theirs"); });
+    ChangeFile([](MenuEditor& editor) { editor.AddPart("R", "Theirs too"); });
+    std::string told;
+    const auto before =
+        modMessageBox::SetHook([&](const std::string& text, std::int16_t, const std::string&) {
+            told = text;
+            return modMessageBox::Result::Ok;
+        });
+    OpenAndAnswer([](FormUnsaved&) { Press(WXK_RETURN); });
+    modMessageBox::SetHook(before);
+    EXPECT_NE(told.find("menu.cfg.unsaved.damaged"), std::string::npos) << told;
+    EXPECT_FALSE(window->Editor().IsDirty());
+    EXPECT_NE(FilesBeside().find("menu.cfg.unsaved.damaged"), std::string::npos) << FilesBeside();
 }
 
 // --- the file is changed by others ---

@@ -5,9 +5,10 @@
 #include "editing/MenuEditor.h"
 #include "journal/MenuJournal.h"
 #include "journal/UnsavedChanges.h"
+#include "menu/ReadMenuQuietly.h"
 #include "platform/portable/Station.h"
+#include "robustness/KillRounds.h"
 #include "robustness/Victim.h"
-#include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "unit/FileBytes.h"
 #include "unit/journal/RandomEdits.h"
@@ -98,7 +99,7 @@ void Killer::WriteMenu() {
 
 // The menu as a user gets it who opens it and restores the changes.
 std::string Killer::Restored() {
-    const std::unique_ptr<Menu> menu = UnsavedChanges::ReadQuietly(Folder, Path);
+    const std::unique_ptr<Menu> menu = ReadMenuQuietly(Path, Folder).menu;
     const std::optional<FoundJournal> found = UnsavedChanges::Find(Path, Options());
     if (!found) return testing::TreeTextWithoutIds(*menu);
     ++m_journals;
@@ -150,22 +151,5 @@ bool Killer::Finish(int kills) const {
 } // namespace nesk
 
 int main(int count, char** values) {
-    const std::vector<std::string> arguments(values, values + count);
-    nesk::modStringRes::InitStringRes(1033);
-    if (count == 5 && arguments[1] == "edit")
-        return nesk::EditForEver(arguments[2], static_cast<unsigned>(std::stoul(arguments[3])), arguments[4]);
-    const int kills = count > 1 ? std::stoi(arguments[1]) : 300;
-    const unsigned seed =
-        count > 2 ? static_cast<unsigned>(std::stoul(arguments[2])) : std::random_device()();
-    std::cout << "seed " << seed << std::endl;
-    std::mt19937 random(seed);
-    nesk::Killer killer;
-    int kill = 0;
-    while (kill < kills || (!killer.HitEnough(kill) && kill < 10 * kills)) {
-        ++kill;
-        if (killer.Round(random)) continue;
-        std::cerr << "after kill " << kill << "\n";
-        return 1;
-    }
-    return killer.Finish(kill) ? 0 : 1;
+    return nesk::testing::RunKills<nesk::Killer>(count, values, "edit", nesk::EditForEver);
 }

@@ -4,8 +4,8 @@
 
 #include "editing/MenuEditor.h"
 #include "platform/portable/Station.h"
+#include "robustness/KillRounds.h"
 #include "robustness/Victim.h"
-#include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "unit/FileBytes.h"
 #include "unit/platform/TempStation.h"
@@ -209,23 +209,5 @@ bool Killer::Finish(int kills) {
 } // namespace nesk
 
 int main(int count, char** values) {
-    const std::vector<std::string> arguments(values, values + count);
-    nesk::modStringRes::InitStringRes(1033);
-    if (count == 5 && arguments[1] == "save")
-        return nesk::SaveForEver(arguments[2], static_cast<unsigned>(std::stoul(arguments[3])), arguments[4]);
-    const int kills = count > 1 ? std::stoi(arguments[1]) : 300;
-    const unsigned seed =
-        count > 2 ? static_cast<unsigned>(std::stoul(arguments[2])) : std::random_device()();
-    std::cout << "seed " << seed << std::endl;
-    std::mt19937 random(seed);
-    nesk::Killer killer;
-    // The duration of a step varies between machines, so short steps may need more kills to be hit.
-    int kill = 0;
-    while (kill < kills || (!killer.HitEnough(kill) && kill < 10 * kills)) {
-        ++kill;
-        if (killer.Round(random)) continue;
-        std::cerr << "after kill " << kill << "\n";
-        return 1;
-    }
-    return killer.Finish(kill) ? 0 : 1;
+    return nesk::testing::RunKills<nesk::Killer>(count, values, "save", nesk::SaveForEver);
 }

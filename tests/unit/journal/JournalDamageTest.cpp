@@ -46,7 +46,7 @@ protected:
         WriteBytes(Place, bytes);
         FoundJournal found;
         found.path = Place;
-        return UnsavedChanges::RestoreInto(found, *UnsavedChanges::ReadQuietly(Folder, Path));
+        return UnsavedChanges::RestoreInto(found, *ReadMenuQuietly(Path, Folder).menu);
     }
 
     std::string m_bytes;

@@ -30,7 +30,7 @@ protected:
                 ++m_compared;
                 ASSERT_EQ(Restored(journal.Path()), TreeText(*editor.OpenMenu())) << "edit " << i;
             } else {
-                ASSERT_EQ(TreeTextWithoutIds(*UnsavedChanges::ReadQuietly(Folder, Path)),
+                ASSERT_EQ(TreeTextWithoutIds(*ReadMenuQuietly(Path, Folder).menu),
                           TreeTextWithoutIds(*editor.OpenMenu()))
                     << "without a journal, the file has it all; edit " << i;
             }
@@ -75,7 +75,7 @@ TEST_F(JournalEditsTest, OfAVeryDeepMenu) {
     FoundJournal found;
     found.path = journal.Path();
     const RestoredMenu restored =
-        UnsavedChanges::RestoreInto(found, *UnsavedChanges::ReadQuietly(Folder, Path), m_files);
+        UnsavedChanges::RestoreInto(found, *ReadMenuQuietly(Path, Folder).menu, m_files);
     EXPECT_FALSE(restored.isDamaged);
     ASSERT_NE(restored.menu->Find(last), nullptr);
     EXPECT_EQ(restored.menu->Find(last)->Caption(), "last");

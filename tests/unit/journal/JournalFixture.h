@@ -3,6 +3,7 @@
 #include "base/NeskError.h"
 #include "journal/MenuJournal.h"
 #include "journal/UnsavedChanges.h"
+#include "menu/ReadMenuQuietly.h"
 #include "unit/CoreFixture.h"
 #include "unit/FileBytes.h"
 #include "unit/journal/ReadableFiles.h"
@@ -46,7 +47,7 @@ protected:
         FoundJournal found;
         found.path = path;
         const RestoredMenu restored =
-            UnsavedChanges::RestoreInto(found, *UnsavedChanges::ReadQuietly(Folder, Path), m_files);
+            UnsavedChanges::RestoreInto(found, *ReadMenuQuietly(Path, Folder).menu, m_files);
         EXPECT_FALSE(restored.isDamaged);
         return TreeText(*restored.menu);
     }

@@ -18,7 +18,7 @@ protected:
     }
 
     std::string Found(const FileHash& hash, const std::vector<std::string>& likely = {}) const {
-        const std::unique_ptr<Menu> menu = FindVersion(Path, hash, Folder, likely);
+        const std::unique_ptr<Menu> menu = FindVersion(Path, hash.Text(), Folder, likely);
         return menu ? std::string(menu->Caption()) : "(none)";
     }
 

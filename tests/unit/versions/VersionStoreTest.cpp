@@ -104,6 +104,22 @@ TEST_F(VersionStoreTest, VersionsOfOneSecondGetNumbers) {
     EXPECT_EQ(FileBytes(versions[2].path), "a");
 }
 
+TEST_F(VersionStoreTest, TheNewestOfOneSecondHasTheHighestNumber) {
+    using namespace std::filesystem;
+    for (const char* bytes : {"a", "b", "c", "d", "e"}) {
+        station.Write(Path, bytes);
+        last_write_time(TempStation::Host(Path), file_time_type() + std::chrono::hours(24));
+        VersionStore store(Path, platform::StationFiles(), {2, 0});
+        const VersionStore::Kept kept = store.Keep();
+        ASSERT_FALSE(kept.error.has_value());
+        EXPECT_EQ(store.List().front().path, kept.path) << bytes;
+        EXPECT_EQ(FileBytes(kept.path), bytes);
+    }
+    const auto versions = VersionStore(Path).List();
+    ASSERT_EQ(versions.size(), 2u);
+    EXPECT_EQ(FileBytes(versions[1].path), "d");
+}
+
 TEST_F(VersionStoreTest, AMissingFileIsNoError) {
     station.Write("C:\\Neskroot\\other.txt", "");
     const VersionStore::Kept kept = VersionStore(Path).Keep();

@@ -1,4 +1,4 @@
-#include "versions/ReadMenuQuietly.h"
+#include "menu/ReadMenuQuietly.h"
 
 #include "unit/CoreFixture.h"
 #include "unit/FaultyFiles.h"

@@ -1,4 +1,4 @@
-#include "versions/ReadMenuQuietly.h"
+#include "menu/ReadMenuQuietly.h"
 
 #include "base/ByteSource.h"
 #include "base/FileErrors.h"
