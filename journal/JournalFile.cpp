@@ -111,14 +111,22 @@ ErrorCode JournalFile::FlushInBackground() {
     return ErrorCode::Success;
 }
 
-void JournalFile::KeepBase(const std::string& menuPath) {
+void JournalFile::KeepBase(const std::function<std::shared_ptr<const std::string>()>& bytes) {
     {
         const std::lock_guard lock(m_shared->mutex);
         m_shared->hasBase = true;
     }
     // Without the copy, the changes cannot be merged with those of others; they are restored all the same.
-    Start([menuPath](Shared& shared) {
-        std::ignore = shared.files.KeepCopy(menuPath, JournalPlaces::BaseOf(shared.path), true);
+    Start([bytes](Shared& shared) {
+        const std::shared_ptr<const std::string> base = bytes();
+        if (!base) return;
+        const std::string path = JournalPlaces::BaseOf(shared.path);
+        std::ignore = shared.files.RemoveFile(path);
+        std::unique_ptr<platform::FileWriter> writer;
+        if (shared.files.CreateNew(path, writer) != ErrorCode::Success) return;
+        shared.files.ApplyDefaultRights(path);
+        if (writer->Write(*base) == ErrorCode::Success) std::ignore = writer->Flush();
+        std::ignore = writer->Close();
     });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "journal/BackgroundRunner.h"
 #include "platform/ErrorCode.h"
 #include "platform/FileSystem.h"
 
@@ -9,9 +10,6 @@
 #include <string_view>
 
 namespace nesk {
-
-/// Starts a function in another thread, for which nobody waits. Returns false when that is not possible.
-using BackgroundRunner = std::function<bool(std::function<void()>)>;
 
 /// The file of a journal, with the copy of the menu file beside it. All functions are for one thread. What
 /// takes long is done in the background, and nothing waits for it.
@@ -40,8 +38,10 @@ public:
     /// @return the result of the former flush
     platform::ErrorCode FlushInBackground();
 
-    /// Starts to copy the menu file.
-    void KeepBase(const std::string& menuPath);
+    /// Starts to write the menu file to which the changes apply beside the journal.
+    /// @param bytes  waits for its contents and returns them, null when there are none; called in the
+    /// background
+    void KeepBase(const std::function<std::shared_ptr<const std::string>()>& bytes);
 
     /// Removes the file and the copy, now or when nothing runs in the background any more.
     /// @param last  bytes to append first, which show that the file is not needed even if it cannot be

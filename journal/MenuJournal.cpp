@@ -65,6 +65,7 @@ void MenuJournal::OnStateChanged() {
 void MenuJournal::OnFileWritten() {
     RemoveFiles();
     Forget();
+    ReadBase();
     m_isFileNewer = m_editor.IsDirty();
     try {
         m_counters = JournalCounters::Of(*m_editor.OpenMenu());
@@ -91,6 +92,7 @@ void MenuJournal::Restart() {
     m_isFailureTold = false;
     m_isFileNewer = false;
     m_needsWhole = m_editor.IsDirty();
+    ReadBase();
     if (m_needsWhole) Record();
     for (JournalFile* file : {former.get(), broken.get()})
         if (file != nullptr) file->Remove(JournalRecord::End());
@@ -112,7 +114,6 @@ void MenuJournal::RemoveFiles() {
 
 void MenuJournal::Flush() {
     if (!m_file) return;
-    KeepBase();
     const ErrorCode result = m_file->FlushInBackground();
     if (result == ErrorCode::Success) return;
     GiveUpFile();
@@ -210,15 +211,13 @@ void MenuJournal::RecordInNewFile(ErrorCode former) {
     if (result != ErrorCode::Success) return Stop(result, failed);
     if (m_broken) m_broken->Remove(JournalRecord::End());
     m_broken.reset();
-    m_hasBase = false;
+    if (m_options.keepsBase) m_file->KeepBase(m_base.Bytes());
 }
 
-// The copy is made with the first flush, because it would take time from the first change. Until then the
-// menu file itself is there, or its backup if somebody saved it.
-void MenuJournal::KeepBase() {
-    if (!m_options.keepsBase || std::exchange(m_hasBase, true)) return;
-    const FileHash& onDisk = m_editor.HashOnDisk();
-    if (onDisk.Exists() && onDisk.Error() == ErrorCode::Success) m_file->KeepBase(m_editor.Place());
+void MenuJournal::ReadBase() {
+    m_base.Clear();
+    if (m_options.keepsBase && m_editor.IsOpen())
+        m_base.Read(m_editor.Place(), m_editor.HashOnDisk(), m_files, m_options.inBackground);
 }
 
 void MenuJournal::Recorded(const JournalStep& step) {

@@ -2,6 +2,7 @@
 
 #include "base/NeskError.h"
 #include "editing/MenuEditor.h"
+#include "journal/BaseCopy.h"
 #include "journal/JournalFile.h"
 #include "journal/JournalRecord.h"
 #include "platform/BackgroundThread.h"
@@ -53,8 +54,8 @@ public:
     /// True when changes are not recorded because of a failure.
     bool IsStopped() const { return m_isStopped; }
 
-    /// Starts to flush to the disk what was written, so that it survives a power cut, and the first time to
-    /// copy the menu file. Call this every few seconds; it does not wait for the disk.
+    /// Starts to flush to the disk what was written, so that it survives a power cut. Call this every few
+    /// seconds; it does not wait for the disk.
     void Flush();
 
     /// Removes the journal, because the user gives up the changes. A later change is recorded again, with all
@@ -84,7 +85,7 @@ private:
     platform::ErrorCode RecordInFile();
     void RecordInNewFile(platform::ErrorCode former);
     void Recorded(const JournalStep& step);
-    void KeepBase();
+    void ReadBase();
     platform::ErrorCode CreateIn(const std::vector<std::string>& paths, const std::string& bytes);
     void MakeFolder();
     void GiveUpFile();
@@ -99,7 +100,7 @@ private:
     std::string m_counters;                // of the menu as it is in its file
     std::uint64_t m_steps = 0;             // number of changes recorded since then
     std::uint64_t m_lastChanges = 0;       // as recorded last
-    bool m_hasBase = false;                // the menu file was copied, or its copy has begun
+    BaseCopy m_base;                       // the file to which the changes apply
     bool m_hasEvents = false;
     bool m_needsWhole = false;  // some changes are in no record
     bool m_isFileNewer = false; // the file was written by a copy: the state that the editor calls saved is

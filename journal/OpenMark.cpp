@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <tuple>
+#include <utility>
 
 namespace nesk {
 
@@ -51,6 +52,12 @@ OpenMark::~OpenMark() {
     std::ignore = m_files.RemoveFile(m_path);
 }
 
+bool OpenMark::Refresh() {
+    const std::vector<std::string> before = std::exchange(m_others, {});
+    FindOthers();
+    return m_others != before;
+}
+
 void OpenMark::FindOthers() {
     std::unique_ptr<platform::DirectorySearch> search;
     platform::DirectoryEntry entry;
@@ -62,7 +69,7 @@ void OpenMark::FindOthers() {
         if (entry.name.size() > prefix.size()) names.push_back(entry.name.substr(prefix.size()));
     search.reset(); // marks are removed only after the search
     for (const std::string& name : names)
-        if (m_files.RemoveUnheld(m_stem + name) == ErrorCode::SharingViolation)
+        if (m_stem + name != m_path && m_files.RemoveUnheld(m_stem + name) == ErrorCode::SharingViolation)
             m_others.push_back(WithoutNumber(name));
     std::sort(m_others.begin(), m_others.end());
 }

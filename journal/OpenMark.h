@@ -23,7 +23,11 @@ public:
     OpenMark(const OpenMark&) = delete;
     OpenMark& operator=(const OpenMark&) = delete;
 
-    /// Who had opened the menu file before and has not closed it, in the order of the names.
+    /// Looks again who else has the menu file open.
+    /// @return true when that has changed
+    bool Refresh();
+
+    /// Who else has the menu file open, in the order of the names: at first those who had opened it before.
     const std::vector<std::string>& Others() const { return m_others; }
 
 private:

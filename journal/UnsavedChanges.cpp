@@ -127,10 +127,7 @@ std::optional<FoundJournal> Describe(const std::string& path, const Journal& jou
 
 // Removes a journal without unsaved changes. One without a header may be about to get it.
 void RemoveUnneeded(const std::string& path, const Journal& journal, platform::FileSystem& files) {
-    if (!journal.header) {
-        std::ignore = files.RemoveUnheld(path);
-        return;
-    }
+    if (!journal.header && files.RemoveUnheld(path) != ErrorCode::Success) return;
     std::ignore = files.RemoveFile(JournalPlaces::BaseOf(path));
     std::ignore = files.RemoveFile(path);
 }

@@ -1,6 +1,8 @@
 #include "versions/SaveKeepingVersion.h"
 
+#include "base/FileHash.h"
 #include "base/NeskError.h"
+#include "platform/ErrorCode.h"
 
 namespace nesk {
 
@@ -16,6 +18,12 @@ VersionStore::Kept SaveKeepingVersion(MenuEditor& editor, const std::string& pat
         kept.path.clear();
         kept.error = error;
         editor.Save(path, plan);
+    }
+    // A save that changed nothing leaves no version that is the same as the file.
+    if (kept.isNew && FileHash::Of(kept.path, files) == editor.HashOnDisk() &&
+        files.RemoveFile(kept.path) == platform::ErrorCode::Success) {
+        kept.isNew = false;
+        kept.path.clear();
     }
     return kept;
 }

@@ -123,10 +123,11 @@ TEST_F(JournalFaultsTest, WithoutAFolderOfTheUser) {
 }
 
 TEST_F(JournalFaultsTest, AFolderThatCannotBeWrittenLeadsToTheUsersFolder) {
-    FaultyFiles files({1, ErrorCode::AccessDenied}, m_files);
+    FaultyFiles files({}, m_files);
     MenuEditor editor;
     MenuJournal journal(editor, m_options, files);
     Open(editor);
+    files.Restart({1, ErrorCode::AccessDenied});
     editor.SetCaption("R", "a");
     EXPECT_EQ(files.Failed(), std::vector<std::string>{"create"});
     EXPECT_EQ(Names(), "menu.cfg");

@@ -117,20 +117,46 @@ TEST_F(UnsavedChangesTest, TheCopyOfTheMenuFileGoesWithItsJournal) {
     MenuJournal journal(editor, m_options, m_files);
     Open(editor);
     Rename("a", editor);
-    EXPECT_TRUE(m_background.empty()) << "the first change does not wait for a thread";
-    journal.Flush();
-    journal.Flush();
     RunBackground();
     EXPECT_EQ(FileBytes(Place + ".base"), Menu1);
     editor.Save(Path);
     EXPECT_EQ(Names(), "menu.cfg menu.cfg.bak");
     // It is still being made while the journal is removed.
     Rename("b", editor);
-    journal.Flush();
     editor.Save(Path);
     EXPECT_NE(Names(), "menu.cfg menu.cfg.bak");
     RunBackground();
     EXPECT_EQ(Names(), "menu.cfg menu.cfg.bak");
+}
+
+TEST_F(UnsavedChangesTest, TheCopyIsThatOfTheVersionThatWasOpened) {
+    m_options.keepsBase = true;
+    MenuEditor editor;
+    MenuJournal journal(editor, m_options, m_files);
+    Open(editor);
+    RunBackground();
+    WriteBytes(Path, "BLOCK MENU\r\nEND\r\n");
+    Rename("a", editor);
+    RunBackground();
+    EXPECT_EQ(FileBytes(Place + ".base"), Menu1);
+}
+
+TEST_F(UnsavedChangesTest, TheCopyIsNeverThatOfAnotherVersion) {
+    m_options.keepsBase = true;
+    MenuEditor editor;
+    MenuJournal journal(editor, m_options, m_files);
+    Open(editor);
+    WriteBytes(Path, "BLOCK MENU\r\nEND\r\n");
+    Rename("a", editor);
+    RunBackground();
+    EXPECT_EQ(Names(), "menu.cfg menu.cfg.unsaved");
+}
+
+TEST_F(UnsavedChangesTest, ACopyOfAnEmptyJournalIsRemovedWithIt) {
+    WriteBytes(Place, "");
+    WriteBytes(Place + ".base", Menu1);
+    EXPECT_FALSE(Find().has_value());
+    EXPECT_EQ(Names(), "menu.cfg");
 }
 
 // An editor is killed between writing the menu and removing the journal.
