@@ -33,6 +33,10 @@ constexpr int DifferenceRestoreSelected = 35923;
 // The window that merges.
 constexpr int MergeTitle = 35930;
 constexpr int MergeOK = 35931;
+constexpr int OtherUndoConfirm = 35955;
+constexpr int OtherWaiting = 35956;
+constexpr int UnsavedHeading = 35957; // %0% time
+constexpr int OtherGoneSave = 35958;
 constexpr int MergeNotNow = 35932;
 constexpr int MergeHeading = 35933;
 constexpr int MergeNoConflicts = 35934;

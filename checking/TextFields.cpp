@@ -2,6 +2,7 @@
 
 #include "base/Messages.h"
 #include "menu/MenuItem.h"
+#include "shell/FieldMessage.h"
 #include "shell/modStringRes.h"
 
 namespace nesk {
@@ -31,9 +32,8 @@ const std::array<TextFieldInfo, TextFieldCount>& TextFields() {
 }
 
 std::string TextFieldName(TextField field) {
-    std::string name = modStringRes::LoadResString(Fields[static_cast<std::size_t>(field)].nameId);
-    std::erase(name, '&');
-    return name;
+    return FieldMessage::PlainLabel(
+        modStringRes::LoadResString(Fields[static_cast<std::size_t>(field)].nameId));
 }
 
 std::string_view FieldText(const MenuEntry& entry, TextField field) {

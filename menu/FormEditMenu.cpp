@@ -1,5 +1,6 @@
 #include "menu/FormEditMenu.h"
 
+#include "base/LanguageMessages.h"
 #include "base/Messages.h"
 #include "menu/MenuItem.h"
 #include "menu/MenuText.h"
@@ -23,8 +24,7 @@ FormEditMenu::FormEditMenu(wxWindow* parent)
     picItemHost = new FormPicture(this, "picItemHost", "picItem");
     cmdPicture = NewButton(this, "cmdPicture", Message::SelectLabel);
     cmdDelete = NewButton(this, "cmdDelete", Message::DeleteLabel);
-    SetAccessKey(*cmdPicture, 's');
-    SetAccessKey(*cmdDelete, 'r');
+    SetAccessKeys({cmdPicture, cmdDelete}, Message::PictureButtonKeys);
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     buttons->Add(cmdPicture);
     buttons->Add(cmdDelete, wxSizerFlags().Border(wxLEFT, Gap()));

@@ -1,5 +1,6 @@
 #include "menu/FormSelectMenuPicture.h"
 
+#include "base/LanguageMessages.h"
 #include "base/Messages.h"
 #include "menu/MenuText.h"
 #include "widgets/FormPicture.h"
@@ -30,8 +31,7 @@ FormSelectMenuPicture::FormSelectMenuPicture(wxWindow* parent)
                                wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "lblFile");
     cmdMenuSelect = NewButton(box, "cmdMenuSelect", Message::SelectLabel);
     cmdMenuDelete = NewButton(box, "cmdMenuDelete", Message::DeleteLabel);
-    SetAccessKey(*cmdMenuSelect, 's');
-    SetAccessKey(*cmdMenuDelete, 'r');
+    SetAccessKeys({cmdMenuSelect, cmdMenuDelete}, Message::PictureButtonKeys);
 
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     buttons->Add(cmdMenuSelect);

@@ -5,6 +5,8 @@
 #include "partedit/DriveChoice.h"
 #include "partedit/FormFolder.h"
 #include "partedit/FormFolderTree.h"
+#include "shell/FieldMessage.h"
+#include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "widgets/UiTreeKeys.h"
 #include "widgets/UiUtilities.h"
@@ -43,7 +45,7 @@ FormBrowse::FormBrowse(wxWindow* parent)
     m_folders = std::make_unique<FormFolderTree>(this, "Dir1");
     Dir1 = m_folders.get();
     Dir1->View().SetAccessibleName(
-        modUtilities::FromWx(wxControl::RemoveMnemonics(ResText(Message::BrowseFolders))));
+        FieldMessage::PlainLabel(modStringRes::LoadResString(Message::BrowseFolders)));
     cmdFolder = NewButton(this, "cmdFolder", Message::NewFolder);
 
     auto* content = new wxBoxSizer(wxVERTICAL);

@@ -226,10 +226,8 @@ void FormEditPart::BindControls() {
     BindPictureButtons(*picItemHost, *cmdMenuSelect, *cmdMenuDelete);
     BindPictureButtons(*picPreviewHost, *cmdPreviewSelect, *cmdPreviewDelete);
     // The captions of these buttons occur twice in the dialog, so they cannot mark the access keys.
-    wxButton* const buttons[] = {cmdMenuSelect, cmdMenuDelete, cmdPreviewSelect, cmdPreviewDelete};
-    const std::string keys = LoadResString(Message::PartPictureKeys);
-    for (std::size_t i = 0; i < std::size(buttons) && i < keys.size(); ++i)
-        SetAccessKey(*buttons[i], keys[i]);
+    SetAccessKeys({cmdMenuSelect, cmdMenuDelete, cmdPreviewSelect, cmdPreviewDelete},
+                  Message::PartPictureKeys);
 }
 
 void FormEditPart::ShowHelpAndHistory() {

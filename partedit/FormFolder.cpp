@@ -2,6 +2,8 @@
 
 #include "base/Messages.h"
 #include "partedit/FolderName.h"
+#include "shell/FieldMessage.h"
+#include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "widgets/UiTextFilter.h"
 #include "widgets/UiUtilities.h"
@@ -22,7 +24,7 @@ namespace {
 } // namespace
 
 FormFolder::FormFolder(wxWindow* parent) : FormDialog(parent, "FormFolder", Message::NewFolder, 0) {
-    SetTitle(wxControl::RemoveMnemonics(GetTitle()));
+    SetTitle(modUtilities::ToWx(FieldMessage::PlainLabel(modStringRes::LoadResString(Message::NewFolder))));
     lblFolder = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
                                  wxST_ELLIPSIZE_MIDDLE | wxST_NO_AUTORESIZE, "lblFolder");
     lblName = NewLabel(this, "lblName", Message::FolderName);

@@ -16,7 +16,14 @@ using modStringRes::LoadResString;
 
 std::string PlainLabel(std::string_view label) {
     std::string plain;
+    // "(&F)" after the words, as scripts without Latin letters have it.
+    constexpr std::size_t keyInBrackets = 4;
     for (std::size_t i = 0; i < label.size(); ++i) {
+        if (i + keyInBrackets <= label.size() && label.substr(i, 2) == "(&" && label[i + 2] != '&' &&
+            label[i + 3] == ')') {
+            i += keyInBrackets - 1;
+            continue;
+        }
         // The character after the mark is always kept, even another "&".
         if (label[i] == '&' && ++i == label.size()) break;
         plain += label[i];

@@ -6,7 +6,8 @@
 /// Messages about an invalid field of a dialog.
 namespace nesk::FieldMessage {
 
-/// The text of a label without the "&" that marks its access key; "&&" becomes "&".
+/// The text of a label without the "&" that marks its access key, or without the whole "(&F)"; "&&" becomes
+/// "&".
 std::string PlainLabel(std::string_view label);
 
 /// The message that names the field.

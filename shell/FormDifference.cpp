@@ -3,7 +3,8 @@
 #include "base/UnsavedMessages.h"
 #include "menu/MenuEntry.h"
 #include "platform/UiTreeView.h"
-#include "shell/modHelp.h"
+#include "shell/FieldMessage.h"
+#include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "versions/DifferenceText.h"
 #include "versions/EntryFields.h"
@@ -12,6 +13,7 @@
 #include "widgets/UiUtilities.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -27,6 +29,8 @@ using platform::TreeNode;
 using platform::TreeView;
 
 namespace {
+
+constexpr std::int32_t HelpTopic = 33014;
 
 // Indexes of the pictures.
 enum Image { FolderImage, PartImage };
@@ -51,8 +55,7 @@ bool IsField(const TreeNode& node) {
 } // namespace
 
 FormDifference::FormDifference(wxWindow* parent, const MenuDiff& difference, const std::string& heading)
-    : FormDialog(parent, "FormDifference", Message::DifferenceTitle, modHelp::Topic::MainWindow)
-    , m_difference(difference) {
+    : FormDialog(parent, "FormDifference", Message::DifferenceTitle, HelpTopic), m_difference(difference) {
     const auto newLine = [this](const char* name, const std::string& text) {
         auto* label =
             new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END, name);
@@ -66,7 +69,8 @@ FormDifference::FormDifference(wxWindow* parent, const MenuDiff& difference, con
     const wxSize size = tvDifference->ImageSize();
     // In the order of Image.
     tvDifference->SetImages({IconBundle("folder", size), IconBundle("part", size)});
-    tvDifference->SetAccessibleName(modUtilities::FromWx(lblTree->GetLabelText()));
+    tvDifference->SetAccessibleName(
+        FieldMessage::PlainLabel(modStringRes::LoadResString(Message::DifferenceTree)));
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(lblHeading, wxSizerFlags().Expand());
     content->Add(lblSummary, wxSizerFlags().Expand().Border(wxTOP, Gap() / 2));
@@ -76,7 +80,9 @@ FormDifference::FormDifference(wxWindow* parent, const MenuDiff& difference, con
     cmdCancel->SetLabel(ResText(Message::DifferenceClose));
     tvDifference->on.fill = [this](TreeNode& node) { Fill(node); };
     tvDifference->on.selectionChanged = [this] {
-        if (m_choosesNodes) cmdOK->Enable(!Selected().empty());
+        // The topmost entry would bring back everything.
+        const std::vector<std::size_t> selected = Selected();
+        if (m_choosesNodes) cmdOK->Enable(!selected.empty() && selected.front() != 0);
     };
 }
 
@@ -112,7 +118,7 @@ void FormDifference::ShowTree() {
         tvDifference->ExpandBelow(root);
     else
         tvDifference->Expand(root);
-    tvDifference->Select(&root);
+    tvDifference->Select(root.ChildCount() == 0 ? &root : &root.Child(0));
     tvDifference->Window().SetFocus();
 }
 

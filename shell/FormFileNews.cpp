@@ -42,6 +42,10 @@ bool FormFileNews::MayBeSaved() {
     return Take(hash, Moment::Save);
 }
 
+bool FormFileNews::IsGone() const {
+    return m_editor.HashOnDisk().Exists() && !FileHash::Of(m_editor.Place()).Exists();
+}
+
 // Reads the content only when size or time have changed.
 bool FormFileNews::IsUnchanged(FileHash& hash) {
     const std::string& path = m_editor.Place();
@@ -75,8 +79,10 @@ bool FormFileNews::Take(const FileHash& hash, Moment moment) {
         return true;
     }
     const bool isMerged = Merge(theirs);
-    if (!isMerged && moment == Moment::Focus) m_refused = hash;
-    return isMerged;
+    if (isMerged) return true;
+    if (moment == Moment::Focus) m_refused = hash;
+    Say(LoadResString(Message::OtherWaiting));
+    return false;
 }
 
 void FormFileNews::Load(const QuietMenu& theirs) {

@@ -39,6 +39,9 @@ public:
     /// @return false when the user does not want to merge, and the menu must not be saved
     bool MayBeSaved();
 
+    /// True when the menu had a file, which somebody has removed.
+    bool IsGone() const;
+
 private:
     enum class Moment { Focus, Save };
 

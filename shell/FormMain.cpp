@@ -3,6 +3,7 @@
 #include "base/Messages.h"
 #include "checking/FileDrop.h"
 #include "settings/FormAccess.h"
+#include "settings/LanguageChoice.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormChecker.h"
 #include "shell/FormDetails.h"
@@ -116,6 +117,7 @@ wxMenuItem*& FormMain::ItemOf(MainCommand command) {
         &FormMain::mnuViewCollapseAll,
         &FormMain::mnuSettingsAccess,
         &FormMain::mnuSettingsOptions,
+        &FormMain::mnuSettingsLanguage,
         &FormMain::mnuHelpContents,
         &FormMain::mnuHelpWindow,
         &FormMain::mnuHelpAbout,
@@ -139,6 +141,8 @@ void FormMain::BuildMenuBar() {
                                             ResText(info.text + Message::StatusHelpOffset),
                                             info.places.isCheck ? wxITEM_CHECK : wxITEM_NORMAL);
     }
+    if (!LanguageChoice::MayChange())
+        m_hiddenItem.reset(mnuSettingsLanguage->GetMenu()->Remove(mnuSettingsLanguage));
     SetMenuBar(bar);
 }
 

@@ -121,6 +121,7 @@ public:
     wxMenuItem* mnuViewCollapseAll = nullptr;
     wxMenuItem* mnuSettingsAccess = nullptr;
     wxMenuItem* mnuSettingsOptions = nullptr;
+    wxMenuItem* mnuSettingsLanguage = nullptr; ///< in no menu where other software chooses the language
     wxMenuItem* mnuHelpContents = nullptr;
     wxMenuItem* mnuHelpWindow = nullptr;
     wxMenuItem* mnuHelpAbout = nullptr;
@@ -195,10 +196,12 @@ private:
     void CollapseAll() override;
     void SettingsAccess() override;
     void SettingsOptions() override;
+    void SettingsLanguage() override;
     void HelpContents() override;
     void HelpWindow() override;
     void HelpAbout() override;
     bool SaveMenu();
+    bool MayUndo(std::size_t count);
     void AddEntry(bool part);
     EntryIds SelectedEntries() const;
     bool CopySelected();
@@ -285,6 +288,7 @@ private:
     MenuCounts m_counts{m_editor};
     WindowMemory m_memory;
     UiWindowPlace m_place{*this, m_memory};
+    std::unique_ptr<wxMenuItem> m_hiddenItem; // of a command that this station does not have
     std::unique_ptr<FormMenuTree> m_tree;
     std::unique_ptr<FormFinder> m_finder;
     std::unique_ptr<FormChecker> m_checker;

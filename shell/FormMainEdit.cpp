@@ -3,12 +3,16 @@
 #include "shell/FormMain.h"
 
 #include "base/Messages.h"
+#include "base/UnsavedMessages.h"
 #include "editing/ChangeText.h"
+#include "platform/SystemQuestion.h"
 #include "shell/FormDetails.h"
 #include "shell/FormMenuTree.h"
 #include "shell/FormUndoHistory.h"
 #include "shell/modStringRes.h"
 #include "widgets/UiUtilities.h"
+
+#include <algorithm>
 
 #include <wx/control.h>
 #include <wx/menu.h>
@@ -17,6 +21,7 @@
 namespace nesk {
 
 using modStringRes::FormatResString;
+using modStringRes::LoadResString;
 using modUtilities::ResText;
 using modUtilities::ToWx;
 
@@ -47,7 +52,19 @@ void FormMain::UpdateUndoTexts() {
 void FormMain::Undo() {
     // What is typed into a field is no change of the menu yet.
     if (pnDetails != nullptr && pnDetails->UndoTyping()) return;
-    if (FinishLabelEdit()) m_editor.Undo();
+    if (FinishLabelEdit() && MayUndo(1)) m_editor.Undo();
+}
+
+// A user who takes back the last change does not expect that this overwrites what others have saved.
+bool FormMain::MayUndo(std::size_t count) {
+    const std::vector<ChangeName> names = m_editor.History().UndoNames(count);
+    const bool isTheirs = std::any_of(names.begin(), names.end(), [](const ChangeName& name) {
+        return name.textId == Message::OtherLoadUndo || name.textId == Message::MergeUndo;
+    });
+    if (!isTheirs) return true;
+    return platform::AskYesOrNo(this, LoadResString(Message::OtherUndoConfirm),
+                                LoadResString(Message::ConfirmTitle))
+        .value_or(false);
 }
 
 void FormMain::Redo() {
@@ -59,6 +76,7 @@ void FormMain::UndoHistory() {
     if (!FinishLabelEdit()) return;
     FormUndoHistory dialog(this);
     const std::size_t count = dialog.Choose(m_editor.History().UndoNames());
+    if (count == 0 || !MayUndo(count)) return;
     const wxWindowUpdateLocker locker(&tvMain->Window());
     for (std::size_t i = 0; i < count; ++i)
         m_editor.Undo();

@@ -3,11 +3,13 @@
 #include "shell/FormMain.h"
 
 #include "base/Messages.h"
+#include "base/UnsavedMessages.h"
 #include "editing/SamePlace.h"
 #include "editing/SavePlace.h"
 #include "platform/SaveFileDialog.h"
 #include "platform/SystemQuestion.h"
 #include "settings/FormDirectories.h"
+#include "settings/FormLanguage.h"
 #include "settings/NeskRegistry.h"
 #include "shell/FormAbout.h"
 #include "shell/FormChecker.h"
@@ -158,8 +160,9 @@ void FormMain::FileClose() {
 // Asks about unsaved changes. Returns false when the menu must stay open, because the user cancelled or
 // saving failed.
 bool FormMain::ConfirmClose(bool mayCancel) {
-    if (!m_editor.IsOpen() || !m_editor.IsDirty()) return true;
-    const std::string question = LoadResString(Message::SaveChanges);
+    const bool isGone = m_editor.IsOpen() && m_fileNews->IsGone();
+    if (!m_editor.IsOpen() || !(m_editor.IsDirty() || isGone)) return true;
+    const std::string question = LoadResString(isGone ? Message::OtherGoneSave : Message::SaveChanges);
     if (!mayCancel) {
         const auto answer = platform::AskYesOrNo(this, question, LoadResString(Message::ConfirmTitle));
         // If the question was closed without an answer, the changes must not be lost.
@@ -182,6 +185,10 @@ void FormMain::OnClose(wxCloseEvent& event) {
     // Drops pending events, for example a message about a refused caption.
     DeletePendingEvents();
     Destroy();
+}
+
+void FormMain::SettingsLanguage() {
+    FormLanguage(this).Invoke();
 }
 
 void FormMain::SettingsOptions() {

@@ -2,6 +2,7 @@
 
 #include "base/Messages.h"
 #include "menu/MenuText.h"
+#include "shell/FieldMessage.h"
 #include "shell/FormDetails.h"
 #include "shell/FormFinder.h"
 #include "shell/FormMain.h"
@@ -9,7 +10,9 @@
 #include "shell/FormProblems.h"
 #include "widgets/UiUtilities.h"
 
+#include <cstddef>
 #include <memory>
+#include <set>
 
 #include <wx/accel.h>
 #include <wx/menu.h>
@@ -32,6 +35,15 @@ int MainKey(int key) {
     case WXK_NUMPAD_F2: return WXK_F2;
     default: return key;
     }
+}
+
+// Commands of several menus stand in one, where two may have the same access key; the first one keeps it.
+wxString WithFreeKey(const wxString& label, std::set<wxUniChar>& taken) {
+    const int at = label.Find('&');
+    if (at == wxNOT_FOUND || static_cast<std::size_t>(at) + 1 >= label.length()) return label;
+    const wxUniChar key = wxString(label[static_cast<std::size_t>(at) + 1]).Lower()[0];
+    if (taken.insert(key).second) return label;
+    return modUtilities::ToWx(FieldMessage::PlainLabel(modUtilities::FromWx(label)));
 }
 
 bool IsKey(const wxAcceleratorEntry& accelerator, const wxKeyEvent& event) {
@@ -137,10 +149,14 @@ void FormMain::OnContextMenu(wxWindow& window, wxPoint at) {
     wxMenu menu;
     auto moving = std::make_unique<wxMenu>();
     auto finding = std::make_unique<wxMenu>();
-    const auto append = [this](wxMenu& target, const MainCommandInfo& info) {
+    std::set<wxUniChar> keys;
+    const auto append = [&](wxMenu& target, const MainCommandInfo& info) {
         if (info.separatorBefore && target.GetMenuItemCount() > 0) target.AppendSeparator();
         const wxMenuItem* item = ItemOf(info.command);
-        target.Append(item->GetId(), item->GetItemLabel(), item->GetHelp())->Enable(item->IsEnabled());
+        // The two submenus hold commands of one menu each.
+        const wxString label =
+            &target == &menu ? WithFreeKey(item->GetItemLabel(), keys) : item->GetItemLabel();
+        target.Append(item->GetId(), label, item->GetHelp())->Enable(item->IsEnabled());
     };
     const auto appendAll = [&](int which) {
         for (const MainCommandInfo& info : MainCommandTable()) {
@@ -155,10 +171,10 @@ void FormMain::OnContextMenu(wxWindow& window, wxPoint at) {
     };
     // What is done to entries first, then what is done with the clipboard.
     appendAll(Message::MenuMenu);
-    menu.AppendSubMenu(moving.release(), modUtilities::ResText(Message::MoveSubmenu));
+    menu.AppendSubMenu(moving.release(), WithFreeKey(modUtilities::ResText(Message::MoveSubmenu), keys));
     menu.AppendSeparator();
     appendAll(Message::MenuEdit);
-    menu.AppendSubMenu(finding.release(), modUtilities::ResText(Message::FindSubmenu));
+    menu.AppendSubMenu(finding.release(), WithFreeKey(modUtilities::ResText(Message::FindSubmenu), keys));
     appendAll(Message::MenuView);
     window.PopupMenu(&menu, at);
 }

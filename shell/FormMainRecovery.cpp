@@ -39,6 +39,7 @@ void FormMain::BuildRecovery() {
 void FormMain::LookAtFile() {
     if (IsBeingDeleted() || !IsActive() || tvMain->View().Edited() != nullptr || IsEditingDetails()) return;
     try {
+        m_recovery->LookForOthers();
         m_fileNews->Look();
     } catch (const NeskError& error) {
         ShowError(Message::CommandFailed, error);

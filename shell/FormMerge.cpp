@@ -4,7 +4,6 @@
 #include "checking/EntryPlace.h"
 #include "menu/Menu.h"
 #include "shell/FormDifference.h"
-#include "shell/modHelp.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "versions/ConflictText.h"
@@ -15,6 +14,7 @@
 #include "widgets/UiUtilities.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <vector>
 
 #include <wx/button.h>
@@ -30,6 +30,8 @@ using modUtilities::ToWx;
 
 namespace {
 
+constexpr std::int32_t HelpTopic = 33015;
+
 enum Column { EntryColumn, PlaceColumn, WhatColumn, OursColumn, TheirsColumn, ChosenColumn };
 
 // The entry that a conflict is about, in the first menu that has it.
@@ -43,7 +45,7 @@ const MenuEntry& EntryOf(const MergeConflict& conflict) {
 
 FormMerge::FormMerge(wxWindow* parent, MenuMerge& merge, const Menu& base, const Menu& ours,
                      const Menu& theirs)
-    : FormDialog(parent, "FormMerge", Message::MergeTitle, modHelp::Topic::MainWindow)
+    : FormDialog(parent, "FormMerge", Message::MergeTitle, HelpTopic)
     , m_merge(merge)
     , m_base(base)
     , m_theirs(theirs) {
@@ -51,6 +53,11 @@ FormMerge::FormMerge(wxWindow* parent, MenuMerge& merge, const Menu& base, const
     lblHeading->SetLabelText(
         ToWx(FormatResString(Message::MergeHeading, DifferenceText::Summary(MenuDiff(base, theirs)),
                              DifferenceText::Summary(MenuDiff(base, ours)))));
+    // An entry that only one side removed stays unless the user wants otherwise.
+    for (std::size_t i = 0; i < m_merge.Conflicts().size(); ++i)
+        if (const MergeConflict& conflict = m_merge.Conflicts()[i];
+            conflict.kind == MergeConflict::Kind::Removal)
+            m_merge.Choose(i, conflict.ours == nullptr ? Side::Theirs : Side::Ours);
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(lblHeading, wxSizerFlags().Expand());
     BuildConflicts(*content);
@@ -73,11 +80,11 @@ void FormMerge::BuildConflicts(wxSizer& content) {
             return TextAt(m_merge.Conflicts()[static_cast<std::size_t>(row)], column);
         };
         // In the order of Column.
-        lstConflicts->AddColumn(Message::MergeEntry, FromDIP(140));
-        lstConflicts->AddColumn(Message::MergePlace, FromDIP(120));
-        lstConflicts->AddColumn(Message::MergeWhat, FromDIP(110));
-        lstConflicts->AddColumn(Message::MergeOurs, FromDIP(140));
-        lstConflicts->AddColumn(Message::MergeTheirs, FromDIP(140));
+        lstConflicts->AddColumn(Message::MergeEntry, FromDIP(130));
+        lstConflicts->AddColumn(Message::MergePlace, FromDIP(110));
+        lstConflicts->AddColumn(Message::MergeWhat, FromDIP(90));
+        lstConflicts->AddColumn(Message::MergeOurs, FromDIP(165));
+        lstConflicts->AddColumn(Message::MergeTheirs, FromDIP(165));
         lstConflicts->AddColumn(Message::MergeChosen, FromDIP(90));
         lstConflicts->SetRowCount(count);
         lstConflicts->SelectRow(0);

@@ -6,6 +6,7 @@
 #include "menu/MenuItem.h"
 #include "menu/MenuItemCollection.h"
 #include "platform/UiTreeView.h"
+#include "shell/FieldMessage.h"
 #include "shell/FormMenuTree.h"
 #include "shell/modHelp.h"
 #include "shell/modStringRes.h"
@@ -50,7 +51,7 @@ FormMoveTo::FormMoveTo(wxWindow* parent, const MenuEditor& editor)
     lblSubmenu = NewLabel(this, "lblSubmenu", Message::MoveToTree);
     tvSubmenus = &MakeView(this);
     tvSubmenus->SetImages({IconBundle("folder", tvSubmenus->ImageSize())});
-    tvSubmenus->SetAccessibleName(modUtilities::FromWx(lblSubmenu->GetLabelText()));
+    tvSubmenus->SetAccessibleName(FieldMessage::PlainLabel(modStringRes::LoadResString(Message::MoveToTree)));
     auto* content = new wxBoxSizer(wxVERTICAL);
     content->Add(lblSubmenu);
     content->Add(&tvSubmenus->Window(), wxSizerFlags(1).Expand().Border(wxTOP, Gap() / 2));

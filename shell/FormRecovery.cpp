@@ -119,6 +119,10 @@ void FormRecovery::Mark() {
     if (onTexts) onTexts();
 }
 
+void FormRecovery::LookForOthers() {
+    if (m_mark && m_mark->Refresh() && onTexts) onTexts();
+}
+
 std::string FormRecovery::OthersText() const {
     if (!m_mark || m_mark->Others().empty()) return "";
     std::string names;
@@ -146,7 +150,7 @@ void FormRecovery::Offer() {
         FormUnsaved dialog(&m_window, QuestionText(offered.found), NotesText(offered.found, m_options.owner));
         switch (dialog.Invoke([&] { Look(offered); })) {
         case FormUnsaved::Answer::Restore:
-            if (Restore(offered)) return;
+            if (Restore(offered)) return Offer(); // others may have left some too
             break;
         case FormUnsaved::Answer::Discard:
             namespace Option
@@ -156,7 +160,7 @@ void FormRecovery::Offer() {
                                            LoadResString(Message::UnsavedTitle)) ==
                 modMessageBox::Result::Yes) {
                 static_cast<void>(UnsavedChanges::Remove(offered.found));
-                return;
+                return Offer();
             }
             break;
         case FormUnsaved::Answer::Later: return;
@@ -179,7 +183,9 @@ bool FormRecovery::Read(Offered& offered) {
 void FormRecovery::Look(Offered& offered) {
     if (!Read(offered)) return Tell(LoadResString(Message::UnsavedNoBase));
     const MenuDiff difference(*offered.base, *offered.restored.menu);
-    FormDifference(&m_window, difference, QuestionText(offered.found)).Invoke();
+    FormDifference(&m_window, difference,
+                   FormatResString(Message::UnsavedHeading, TimeText(offered.found.time)))
+        .Invoke();
 }
 
 // Returns false when the user has to decide again.
@@ -190,7 +196,8 @@ bool FormRecovery::Restore(Offered& offered) {
         return true;
     }
     try {
-        if (found.isOfThisFile) {
+        // The menu may have the changes of another editor already.
+        if (found.isOfThisFile && !m_editor.IsDirty()) {
             const wxBusyCursor busy;
             UpdateOpenMenu(m_editor, *offered.restored.menu, {Message::UnsavedRestored, {}});
         } else if (!MergeWithFile(offered)) {

@@ -39,6 +39,9 @@ public:
     const std::string& Warning() const { return m_warning; } ///< why unsaved changes are not kept
     std::string OthersText() const;                          ///< who else has the menu open
 
+    /// Looks whether others have opened or closed the menu.
+    void LookForOthers();
+
     /// Called when one of these texts has changed.
     std::function<void()> onTexts;
 

@@ -2,7 +2,9 @@
 
 #include "base/Messages.h"
 #include "platform/AccessibleName.h"
+#include "shell/FieldMessage.h"
 #include "shell/UiCommandIcons.h"
+#include "shell/modStringRes.h"
 #include "widgets/UiUtilities.h"
 
 #include <wx/frame.h>
@@ -32,8 +34,9 @@ FormToolBar::FormToolBar(wxFrame* parent, const char* controlName)
         if (!info.places.inToolBar) continue;
         if (separate && GetToolsCount() > 0) AddSeparator();
         separate = false;
-        const wxString caption = modUtilities::ResText(info.text);
-        wxString label = wxMenuItem::GetLabelText(caption);
+        const std::string text = modStringRes::LoadResString(info.text);
+        const wxString caption = modUtilities::ToWx(text);
+        wxString label = modUtilities::ToWx(FieldMessage::PlainLabel(text.substr(0, text.find('\t'))));
         if (label.EndsWith("...")) label.RemoveLast(3);
         AddTool(CommandId(info.command), label, CommandIcon(info.places.icon), ToolTip(label, caption));
     }
@@ -42,9 +45,9 @@ FormToolBar::FormToolBar(wxFrame* parent, const char* controlName)
     txtFind = new wxSearchCtrl(this, wxID_ANY, "", wxDefaultPosition, FromDIP(wxSize(140, -1)), 0,
                                wxDefaultValidator, "txtFind");
     txtFind->ShowSearchButton(true);
-    txtFind->SetDescriptiveText(wxControl::RemoveMnemonics(name));
+    txtFind->SetDescriptiveText(name);
     platform::SetAccessibleName(*txtFind, modUtilities::FromWx(name));
-    AddControl(txtFind, wxControl::RemoveMnemonics(name));
+    AddControl(txtFind, name);
     Realize();
 }
 

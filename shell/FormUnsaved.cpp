@@ -1,10 +1,10 @@
 #include "shell/FormUnsaved.h"
 
 #include "base/UnsavedMessages.h"
-#include "shell/modHelp.h"
 #include "widgets/UiUtilities.h"
 #include "widgets/WrappedText.h"
 
+#include <cstdint>
 #include <string_view>
 #include <utility>
 
@@ -19,12 +19,14 @@ using modUtilities::ToWx;
 
 namespace {
 
+constexpr std::int32_t HelpTopic = 33013;
+
 constexpr int MaxTextWidth = 460;
 
 } // namespace
 
 FormUnsaved::FormUnsaved(wxWindow* parent, const std::string& question, const std::string& notes)
-    : FormDialog(parent, "FormUnsaved", Message::UnsavedTitle, modHelp::Topic::MainWindow) {
+    : FormDialog(parent, "FormUnsaved", Message::UnsavedTitle, HelpTopic) {
     lblQuestion = NewText("lblQuestion", question);
     lblNotes = NewText("lblNotes", notes);
     lblNotes->Show(!notes.empty());

@@ -1,11 +1,11 @@
 #include "shell/FormVersions.h"
 
+#include "base/Messages.h"
 #include "base/UnsavedMessages.h"
 #include "editing/MenuEditor.h"
 #include "menu/Menu.h"
 #include "menu/ReadMenuQuietly.h"
 #include "shell/FormDifference.h"
-#include "shell/modHelp.h"
 #include "shell/modStringRes.h"
 #include "shell/modUtilities.h"
 #include "versions/DifferenceText.h"
@@ -15,6 +15,7 @@
 #include "widgets/UiRowList.h"
 #include "widgets/UiUtilities.h"
 
+#include <cstdint>
 #include <utility>
 
 #include <wx/button.h>
@@ -33,6 +34,8 @@ using modUtilities::ToWx;
 
 namespace {
 
+constexpr std::int32_t HelpTopic = 33016;
+
 enum Column { DateColumn, SizeColumn, EntriesColumn, ChangesColumn };
 
 std::string DateText(const MenuVersion& version) {
@@ -48,8 +51,7 @@ std::string SizeText(const MenuVersion& version) {
 } // namespace
 
 FormVersions::FormVersions(wxWindow* parent, MenuEditor& editor)
-    : FormDialog(parent, "FormVersions", Message::VersionsTitle, modHelp::Topic::MainWindow)
-    , m_editor(editor) {
+    : FormDialog(parent, "FormVersions", Message::VersionsTitle, HelpTopic), m_editor(editor) {
     for (MenuVersion& version : VersionStore(editor.Place()).List())
         m_rows.push_back({std::move(version), "", ""});
     lblVersions = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblVersions");
@@ -141,9 +143,10 @@ std::unique_ptr<Menu> FormVersions::Read(const Row& row) {
     const wxBusyCursor busy;
     QuietMenu read = ReadMenuQuietly(row.version.path, m_editor.OpenMenu()->RootDirectory());
     if (read.IsWhole()) return std::move(read.menu);
-    ShowReason(FormatResString(Message::VersionsUnreadable, read.error
-                                                                ? modUtilities::MessageText(*read.error)
-                                                                : LoadResString(Message::VersionsNotRead)));
+    const std::string reason = read.error  ? modUtilities::MessageText(*read.error)
+                               : read.menu ? LoadResString(Message::VersionsNotRead)
+                                           : FormatResString(Message::FileNotFound, row.version.path);
+    ShowReason(FormatResString(Message::VersionsUnreadable, reason));
     return nullptr;
 }
 

@@ -1,6 +1,7 @@
 #include "shell/MainCommands.h"
 
 #include "base/AddPartsMessages.h"
+#include "base/LanguageMessages.h"
 #include "base/Messages.h"
 #include "base/PreviewMessages.h"
 #include "base/ProblemMessages.h"
@@ -160,6 +161,8 @@ constexpr std::array<MainCommandInfo, MainCommandCount> Table{{
      Always, &To::SettingsAccess},
     {MainCommand::SettingsOptions, "mnuSettingsOptions", Message::MenuSettings, Message::SettingsOptions,
      false, Always, &To::SettingsOptions, false, nullptr, Icon("preferences")},
+    {MainCommand::SettingsLanguage, "mnuSettingsLanguage", Message::MenuSettings, Message::CommandLanguage,
+     false, Always, &To::SettingsLanguage},
     {MainCommand::HelpContents, "mnuHelpContents", Message::MenuHelp, Message::HelpContents, false, Always,
      &To::HelpContents, false, nullptr, Icon("help")},
     {MainCommand::HelpWindow, "mnuHelpWindow", Message::MenuHelp, Message::HelpWindow, false, Always,

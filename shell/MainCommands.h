@@ -55,6 +55,7 @@ enum class MainCommand {
     CollapseAll,
     SettingsAccess,
     SettingsOptions,
+    SettingsLanguage,
     HelpContents,
     HelpWindow,
     HelpAbout,
@@ -111,6 +112,7 @@ public:
     virtual void CollapseAll() = 0;
     virtual void SettingsAccess() = 0;
     virtual void SettingsOptions() = 0;
+    virtual void SettingsLanguage() = 0;
     virtual void HelpContents() = 0;
     virtual void HelpWindow() = 0;
     virtual void HelpAbout() = 0;

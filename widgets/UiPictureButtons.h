@@ -1,7 +1,8 @@
 #pragma once
 
+#include <vector>
+
 class wxButton;
-class wxString;
 
 namespace nesk {
 
@@ -11,8 +12,10 @@ class FormPicture;
 /// while there is a picture.
 void BindPictureButtons(FormPicture& picture, wxButton& select, wxButton& remove);
 
-/// Sets an access key for a button whose text has none: the first letter of the text that equals `key`
-/// without regard to case. A text without that letter is left unchanged.
-void SetAccessKey(wxButton& button, char key);
+/// Sets the access keys of buttons whose captions have none, as the same caption stands at several buttons:
+/// the first letter of the caption that equals the key without regard to case. A caption without that letter
+/// gets it at its end, in brackets.
+/// @param keysId  number of the text with one letter for each button
+void SetAccessKeys(const std::vector<wxButton*>& buttons, int keysId);
 
 } // namespace nesk

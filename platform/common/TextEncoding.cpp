@@ -1,11 +1,11 @@
 #include "platform/TextEncoding.h"
 
+#include "platform/Languages.h"
 #include "platform/Utf8.h"
 #include "platform/common/CodePageTable.h"
 #include "platform/common/StationText.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
 
@@ -15,19 +15,6 @@ namespace {
 
 using common::CodeOf;
 using common::CodePageTable;
-
-struct LanguageCodePage {
-    int languageId;
-    int codePage;
-};
-
-// Languages whose code page is not 1252.
-constexpr std::array<LanguageCodePage, 25> Languages{{
-    {1028, 950},  {1041, 932},  {1042, 949},  {2052, 936},  {1054, 874},  {1045, 1250}, {1029, 1250},
-    {1038, 1250}, {1048, 1250}, {1050, 1250}, {1051, 1250}, {1052, 1250}, {1060, 1250}, {1026, 1251},
-    {1049, 1251}, {1058, 1251}, {1059, 1251}, {1032, 1253}, {1055, 1254}, {1037, 1255}, {1025, 1256},
-    {1061, 1257}, {1062, 1257}, {1063, 1257}, {1066, 1258},
-}};
 
 // Checks eight bytes at a time: the function is called for every text that is loaded or saved, and nearly all
 // of them are ASCII.
@@ -45,10 +32,8 @@ bool IsAscii(std::string_view text) {
 } // namespace
 
 int CodePageOfLanguage(int languageId) {
-    const auto found =
-        std::find_if(Languages.begin(), Languages.end(),
-                     [&](const LanguageCodePage& language) { return language.languageId == languageId; });
-    return found != Languages.end() ? found->codePage : 1252;
+    const Language* language = FindLanguage(languageId);
+    return language != nullptr ? language->codePage : 1252;
 }
 
 int CodePage() {

@@ -512,7 +512,7 @@ TEST_F(FormDirectoriesTest, APrinterThatIsNotHereStaysUntilAnotherIsChosenOnPurp
         Click(form.cmdOK);
     }));
     EXPECT_EQ(printer.asked.title, "Printer setup") << "as the command is called";
-    EXPECT_NE(printer.asked.missing.find("\"Laser\" is not on this machine"), std::string::npos);
+    EXPECT_NE(printer.asked.missing.find("\"Laser\" is not on this computer"), std::string::npos);
     EXPECT_EQ(Saved("PrinterDevice"), "Laser");
     EXPECT_EQ(Saved("PrinterDriver"), "laserdrv");
     EXPECT_EQ(Saved("PrinterPaperSize"), "8") << "the rest is as it was chosen";

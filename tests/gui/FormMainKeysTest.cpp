@@ -243,6 +243,13 @@ TEST_F(FormMainKeysTest, TheContextMenuHasTheCommandsOfTheMenu) {
     EXPECT_TRUE(window->Editor().CommandsFor("R.2.2").addPart) << "a submenu";
 }
 
+TEST_F(FormMainKeysTest, AnAccessKeyOfTheContextMenuIsThatOfOneCommand) {
+    // That of Add part and of Paste in their own menus.
+    ASSERT_TRUE(ContextMenu({'P'}, [&] { return Tree().Edited() != nullptr; }));
+    Press(WXK_RETURN);
+    EXPECT_EQ(window->tvMain->SelectedKey(), "R.2.2");
+}
+
 TEST_F(FormMainKeysTest, TheContextMenuFindsInASubmenu) {
     EXPECT_TRUE(ContextMenu({WXK_UP, WXK_UP, WXK_UP, WXK_RIGHT, WXK_RETURN}, [&] {
         const wxWindow* bar = wxWindow::FindWindowByName("FormFindBar", window);

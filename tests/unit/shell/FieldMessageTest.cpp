@@ -14,6 +14,12 @@ TEST_F(FieldMessageTest, ALabelIsReadWithoutItsMark) {
     EXPECT_EQ(PlainLabel("&Slides && &&pictures"), "Slides & &pictures");
     EXPECT_EQ(PlainLabel("Slides &"), "Slides ");
     EXPECT_EQ(PlainLabel(""), "");
+    EXPECT_EQ(PlainLabel("\u30D5\u30A1\u30A4\u30EB(&F)"), "\u30D5\u30A1\u30A4\u30EB");
+    EXPECT_EQ(PlainLabel("\u958B\u304F(&O)..."), "\u958B\u304F...");
+    EXPECT_EQ(PlainLabel("("), "(");
+    EXPECT_EQ(PlainLabel("(&"), "(");
+    EXPECT_EQ(PlainLabel("(&F"), "(F");
+    EXPECT_EQ(PlainLabel("(&&)"), "(&)");
 }
 
 TEST_F(FieldMessageTest, TheMessageNamesTheField) {

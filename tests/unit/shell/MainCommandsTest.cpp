@@ -9,8 +9,9 @@ namespace {
 
 using enum MainCommand;
 
-const std::set<MainCommand> AlwaysEnabled = {FileExit,        ViewToolBar,  ViewStatusBar, SettingsAccess,
-                                             SettingsOptions, HelpContents, HelpWindow,    HelpAbout};
+const std::set<MainCommand> AlwaysEnabled = {FileExit,       ViewToolBar,     ViewStatusBar,
+                                             SettingsAccess, SettingsOptions, SettingsLanguage,
+                                             HelpContents,   HelpWindow,      HelpAbout};
 
 // They have a test of their own.
 const std::set<MainCommand> ViewCommands = {ExpandBelow, CollapseAll};
