@@ -42,6 +42,9 @@ using modUtilities::ToWx;
 namespace {
 
 // Frequent enough to look continuous.
+// A longer hint is wrapped.
+constexpr int HintWidth = 700;
+
 constexpr int ProgressMilliseconds = 50;
 
 constexpr const char* PartName = "%part%";
@@ -134,25 +137,25 @@ wxChoice* FormAddParts::NewChoice(const char* name, std::initializer_list<int> t
 }
 
 void FormAddParts::BuildOptions(wxSizer& content) {
-    auto* options = new wxFlexGridSizer(4, Gap(), Gap());
-    options->AddGrowableCol(1, 1);
-    options->AddGrowableCol(3, 1);
+    // Rows of their own, because columns of the longest words of both would be too wide for a small screen.
+    auto* options = new wxBoxSizer(wxVERTICAL);
+    wxBoxSizer* row = nullptr;
+    const auto newRow = [&] {
+        const int above = options->IsEmpty() ? 0 : Gap();
+        row = new wxBoxSizer(wxHORIZONTAL);
+        options->Add(row, wxSizerFlags().Expand().Border(wxTOP, above));
+    };
     const auto add = [&](wxStaticText* label, wxWindow* box, wxButton* button = nullptr) {
-        options->Add(label, wxSizerFlags().CenterVertical());
-        if (button == nullptr) {
-            options->Add(box, wxSizerFlags().Expand().CenterVertical());
-            return;
-        }
-        auto* row = new wxBoxSizer(wxHORIZONTAL);
-        row->Add(box, wxSizerFlags(1).CenterVertical());
-        row->Add(button, wxSizerFlags().CenterVertical().Border(wxLEFT, Gap()));
-        options->Add(row, wxSizerFlags().Expand().CenterVertical());
+        row->Add(label, wxSizerFlags().CenterVertical().Border(wxLEFT, row->IsEmpty() ? 0 : 2 * Gap()));
+        row->Add(box, wxSizerFlags(1).CenterVertical().Border(wxLEFT, Gap()));
+        if (button != nullptr) row->Add(button, wxSizerFlags().CenterVertical().Border(wxLEFT, Gap()));
     };
     const auto newBox = [this](const char* name) {
         wxTextCtrl* box = NewTextBox(this, name);
-        box->SetMinSize(FromDIP(wxSize(140, -1)));
+        box->SetMinSize(FromDIP(wxSize(90, -1)));
         return box;
     };
+    newRow();
     lblCaptions = NewLabel(this, "lblCaptions", Message::AddPartsCaptions);
     choCaptions = NewChoice("choCaptions", {Message::AddPartsCaptionPart, Message::AddPartsCaptionFolder});
     add(lblCaptions, choCaptions);
@@ -160,6 +163,7 @@ void FormAddParts::BuildOptions(wxSizer& content) {
     choLetters = NewChoice("choLetters", {Message::AddPartsLettersUnchanged, Message::AddPartsLettersUpper,
                                           Message::AddPartsLettersLower}); // in the order of LetterCase
     add(lblLetters, choLetters);
+    newRow();
     lblPictures = NewLabel(this, "lblPictures", Message::AddPartsPictures);
     txtPictures = newBox("txtPictures");
     txtPictures->SetHint(ResText(Message::AddPartsPicturesHint));
@@ -174,6 +178,7 @@ void FormAddParts::BuildOptions(wxSizer& content) {
     txtHistory->SetHint(ResText(Message::PartDefaultHistory));
     cmdHistory = NewButton(this, "cmdHistory", Message::AddPartsBrowseHistory);
     lblHistoryHint = NewLabel(this, "lblHistoryHint", Message::AddPartsHistoryHint);
+    lblHistoryHint->Wrap(FromDIP(HintWidth));
     chkSubmenus = new wxCheckBox(this, wxID_ANY, ResText(Message::AddPartsSubmenus), wxDefaultPosition,
                                  wxDefaultSize, 0, wxDefaultValidator, "chkSubmenus");
 

@@ -42,7 +42,7 @@ constexpr std::int32_t HelpTopic = 33004;
 constexpr int CompactWidth = 640;
 
 // Most references to part programs fit into this width.
-constexpr int ProgramWidth = 360;
+constexpr int ProgramWidth = 320;
 
 // Minimum sizes in device-independent pixels, on small screens and on others.
 struct Sizes {
@@ -50,7 +50,7 @@ struct Sizes {
     int box = 0; // width of a box next to a button
 };
 const Sizes CompactSizes{wxSize(100, 75), 110};
-const Sizes UsualSizes{wxSize(165, 124), 140};
+const Sizes UsualSizes{wxSize(165, 124), 110};
 
 // The lower row of a picture's frame: its buttons.
 wxSizer* PictureButtons(wxButton* select, wxButton* remove, int gap) {
@@ -89,15 +89,19 @@ void ShowLine(wxStaticText& line, const std::string& text) {
 FormEditPart::FormEditPart(wxWindow* parent, int screenWidth)
     : FormDialog(parent, "FormEditPart", Message::PartTitle, HelpTopic)
     , m_compact(screenWidth <= CompactWidth) {
-    auto* frames = new wxBoxSizer(wxHORIZONTAL);
+    // Each column has its own width: the words of some languages are long. All but the small picture grow.
+    auto* frames = new wxFlexGridSizer(4, 0, 0);
+    for (const std::size_t column : {0u, 2u, 3u})
+        frames->AddGrowableCol(column, 1);
+    frames->AddGrowableRow(0);
     wxSizer* program = MakeProgramRows();
     if (!m_compact) txtPartName->SetMinSize(FromDIP(wxSize(ProgramWidth, -1)));
     wxWindow* menuPicture = MakeMenuPictureFrame();
     wxSizer* compactPicture = MakeCompactPicture();
-    frames->Add(menuPicture, wxSizerFlags(1).Expand().Border(wxRIGHT, Gap()));
+    frames->Add(menuPicture, wxSizerFlags().Expand().Border(wxRIGHT, Gap()));
     frames->Add(compactPicture, wxSizerFlags().Expand().Border(wxRIGHT, Gap()));
-    frames->Add(MakePreviewFrame(), wxSizerFlags(1).Expand().Border(wxRIGHT, Gap()));
-    frames->Add(MakeHelpFrame(), wxSizerFlags(1).Expand());
+    frames->Add(MakePreviewFrame(), wxSizerFlags().Expand().Border(wxRIGHT, Gap()));
+    frames->Add(MakeHelpFrame(), wxSizerFlags().Expand());
     // Hides the frame itself too, and not only the window that contains it.
     Frame1->Show(!m_compact);
     frames->Show(menuPicture, !m_compact);

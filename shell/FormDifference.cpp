@@ -135,7 +135,7 @@ std::vector<std::size_t> FormDifference::ChooseNodes() {
     m_choosesNodes = true;
     cmdOK->SetLabel(ResText(Message::DifferenceRestoreSelected));
     cmdOK->Enable(false);
-    GetSizer()->SetSizeHints(this);
+    FitToContent();
     ShowTree();
     if (m_difference.IsEmpty()) cmdCancel->SetFocus();
     return ShowModal() == wxID_OK ? Selected() : std::vector<std::size_t>();

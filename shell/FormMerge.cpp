@@ -32,6 +32,9 @@ namespace {
 
 constexpr std::int32_t HelpTopic = 33015;
 
+// Longer texts are wrapped.
+constexpr int TextWidth = 700;
+
 enum Column { EntryColumn, PlaceColumn, WhatColumn, OursColumn, TheirsColumn, ChosenColumn };
 
 // The entry that a conflict is about, in the first menu that has it.
@@ -53,6 +56,7 @@ FormMerge::FormMerge(wxWindow* parent, MenuMerge& merge, const Menu& base, const
     lblHeading->SetLabelText(
         ToWx(FormatResString(Message::MergeHeading, DifferenceText::Summary(MenuDiff(base, theirs)),
                              DifferenceText::Summary(MenuDiff(base, ours)))));
+    lblHeading->Wrap(FromDIP(TextWidth));
     // An entry that only one side removed stays unless the user wants otherwise.
     for (std::size_t i = 0; i < m_merge.Conflicts().size(); ++i)
         if (const MergeConflict& conflict = m_merge.Conflicts()[i];
@@ -64,7 +68,7 @@ FormMerge::FormMerge(wxWindow* parent, MenuMerge& merge, const Menu& base, const
     Finish(content);
     cmdOK->SetLabel(ResText(Message::MergeOK));
     cmdCancel->SetLabel(ResText(Message::MergeNotNow));
-    GetSizer()->SetSizeHints(this);
+    FitToContent();
 }
 
 void FormMerge::BuildConflicts(wxSizer& content) {
@@ -72,6 +76,7 @@ void FormMerge::BuildConflicts(wxSizer& content) {
     lblConflicts = new wxStaticText(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, 0, "lblConflicts");
     lblConflicts->SetLabelText(ToWx(count == 0 ? LoadResString(Message::MergeNoConflicts)
                                                : FormatResString(Message::MergeConflicts, count)));
+    lblConflicts->Wrap(FromDIP(TextWidth));
     content.Add(lblConflicts, wxSizerFlags().Border(wxTOP, 2 * Gap()));
     auto* buttons = new wxBoxSizer(wxHORIZONTAL);
     if (count > 0) {

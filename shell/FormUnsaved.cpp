@@ -42,7 +42,7 @@ FormUnsaved::FormUnsaved(wxWindow* parent, const std::string& question, const st
     Finish(content);
     cmdOK->SetLabel(ResText(Message::UnsavedRestore));
     cmdCancel->SetLabel(ResText(Message::UnsavedLater));
-    GetSizer()->SetSizeHints(this);
+    FitToContent();
     cmdLook->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { m_look(); });
     cmdDiscard->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { EndModal(wxID_DELETE); });
 }

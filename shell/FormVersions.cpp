@@ -76,7 +76,7 @@ FormVersions::FormVersions(wxWindow* parent, MenuEditor& editor)
     Finish(content);
     cmdOK->SetLabel(ResText(Message::VersionsRestore));
     cmdCancel->SetLabel(ResText(Message::DifferenceClose));
-    GetSizer()->SetSizeHints(this);
+    FitToContent();
     Bind(wxEVT_IDLE, &FormVersions::OnIdle, this);
     cmdCompare->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Compare(); });
     lstVersions->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { Compare(); });

@@ -4,9 +4,13 @@
 #include "base/NeskError.h"
 #include "shell/modHelp.h"
 #include "shell/modUtilities.h"
+#include "widgets/UiRowList.h"
 #include "widgets/UiUtilities.h"
 
+#include <vector>
+
 #include <wx/button.h>
+#include <wx/display.h>
 #include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
@@ -16,6 +20,22 @@
 namespace nesk {
 
 using modUtilities::ResText;
+
+namespace {
+
+// A list shows its heading and a few rows at least.
+constexpr int LeastListWidth = 300;
+constexpr int LeastListHeight = 90;
+
+// The lists below a window.
+void CollectLists(wxWindow& window, std::vector<UiRowList*>& lists) {
+    for (wxWindow* child : window.GetChildren()) {
+        if (auto* list = dynamic_cast<UiRowList*>(child)) lists.push_back(list);
+        CollectLists(*child, lists);
+    }
+}
+
+} // namespace
 
 FormDialog::FormDialog(wxWindow* parent, const char* name, int titleId, std::int32_t helpTopic)
     : wxDialog(parent, wxID_ANY, ResText(titleId), wxDefaultPosition, wxDefaultSize,
@@ -71,8 +91,27 @@ void FormDialog::Finish(wxSizer* content) {
     all->Add(buttons, wxSizerFlags().Expand().Border(wxLEFT | wxRIGHT | wxBOTTOM, FromDIP(12)));
     SetSizer(all);
     modUtilities::SetFormFont(*this);
-    all->SetSizeHints(this);
+    FitToContent();
     CentreOnParent();
+}
+
+void FormDialog::FitToContent() {
+    wxSizer& sizer = *GetSizer();
+    std::vector<UiRowList*> lists;
+    CollectLists(*this, lists);
+    for (UiRowList* list : lists)
+        list->SetMinSize(list->PreferredSize());
+    sizer.SetSizeHints(this);
+    if (lists.empty()) return;
+    const wxSize preferred = GetSize();
+    for (UiRowList* list : lists)
+        list->SetMinSize(FromDIP(wxSize(LeastListWidth, LeastListHeight)));
+    sizer.SetSizeHints(this);
+    const wxSize screen = wxDisplay(this).GetClientArea().GetSize();
+    wxSize size = preferred;
+    size.DecTo(screen);
+    size.IncTo(GetMinSize());
+    SetSize(size);
 }
 
 void FormDialog::ShowReason(const std::string& reason) {

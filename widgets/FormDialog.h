@@ -36,6 +36,10 @@ protected:
     /// @param content  the dialog's controls without the buttons
     void Finish(wxSizer* content);
 
+    /// Gives the dialog the smallest size again that fits, after its controls have changed. Lists begin at
+    /// their preferred size as far as the screen has room, and can be made smaller.
+    void FitToContent();
+
     /// Handles cmdOK. The implementation closes the dialog with Accept.
     virtual void OnOK() = 0;
 

@@ -6,10 +6,17 @@
 
 namespace nesk {
 
+namespace {
+
+constexpr int TitleMargin = 8;
+
+} // namespace
+
 UiRowList::UiRowList(wxWindow* parent, const char* name, wxSize size, Style style)
     : wxListView(parent, wxID_ANY, wxDefaultPosition, size,
                  wxLC_REPORT | wxLC_VIRTUAL | wxBORDER_THEME | (style.multiple ? 0 : wxLC_SINGLE_SEL),
-                 wxDefaultValidator, name) {
+                 wxDefaultValidator, name)
+    , m_preferredSize(size) {
     if (style.multiple) Bind(wxEVT_CHAR_HOOK, &UiRowList::OnCharHook, this);
     if (!style.ticks) return;
     EnableCheckBoxes();
@@ -27,7 +34,10 @@ UiRowList::UiRowList(wxWindow* parent, const char* name, wxSize size, Style styl
 }
 
 void UiRowList::AddColumn(int titleId, int width, wxListColumnFormat format) {
-    AppendColumn(modUtilities::ResText(titleId), format, width);
+    const wxString title = modUtilities::ResText(titleId);
+    // Some languages have longer words.
+    const int least = GetTextExtent(title).x + 2 * FromDIP(TitleMargin);
+    AppendColumn(title, format, std::max(width, least));
 }
 
 void UiRowList::SetRowCount(std::size_t count) {

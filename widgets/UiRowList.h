@@ -21,7 +21,11 @@ public:
     /// @param name  control name
     UiRowList(wxWindow* parent, const char* name, wxSize size, Style style);
 
-    /// Adds a column with a title by number. `width` is in pixels.
+    /// The size that it was created with.
+    wxSize PreferredSize() const { return m_preferredSize; }
+
+    /// Adds a column with a title by number. `width` is in pixels; the column is wide
+    /// enough for its title in any case.
     void AddColumn(int titleId, int width, wxListColumnFormat format = wxLIST_FORMAT_LEFT);
 
     /// The text in a row and a column, both from 0.
@@ -53,6 +57,7 @@ private:
     void OnCharHook(wxKeyEvent& event);
     void ExtendTo(long row);
 
+    wxSize m_preferredSize;
     long m_anchor = wxNOT_FOUND; // where a selection by Shift and arrow keys began
 };
 
