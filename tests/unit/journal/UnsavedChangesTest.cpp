@@ -297,8 +297,7 @@ TEST_F(UnsavedChangesTest, AnAdoptedVersionThatIsTheMenuLeavesNothingToRestore) 
     KillAfter([&](MenuEditor& editor) {
         editor.Remove("R.1.1");
         editor.SaveCopy("C:\\Neskroot\\other.cfg");
-        std::filesystem::copy_file(TempStation::Host("C:\\Neskroot\\other.cfg"), TempStation::Host(Path),
-                                   std::filesystem::copy_options::overwrite_existing);
+        WriteBytes(Path, FileBytes("C:\\Neskroot\\other.cfg"));
         editor.Adopt(FileHash::Of(Path), true);
         EXPECT_EQ(Names(), "menu.cfg other.cfg");
         Rename("a", editor);
