@@ -17,6 +17,7 @@
 #include "widgets/UiRowList.h"
 #include "widgets/UiUtilities.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -39,9 +40,11 @@ protected:
     FormMainRecoveryTest() { WriteMenu(SmallMenu); }
 
     // Leaves unsaved changes behind, as an editor that is killed does.
-    static void LeaveUnsaved(const std::function<void(MenuEditor&)>& edit) {
+    static void LeaveUnsaved(const std::function<void(MenuEditor&)>& edit, bool keepsBase = true) {
         MenuEditor editor;
-        const MenuJournal journal(editor, {});
+        JournalOptions options;
+        options.keepsBase = keepsBase;
+        const MenuJournal journal(editor, options);
         editor.Open(Folder, Path);
         edit(editor);
         EXPECT_TRUE(editor.IsDirty());
@@ -217,7 +220,7 @@ TEST_F(FormMainRecoveryTest, ChangesOfAnOtherVersionAreMerged) {
 }
 
 TEST_F(FormMainRecoveryTest, TheVersionOfTheChangesIsFoundAmongTheKeptOnes) {
-    LeaveUnsaved([](MenuEditor& editor) { RenameFirst(editor, "Never saved"); });
+    LeaveUnsaved([](MenuEditor& editor) { RenameFirst(editor, "Never saved"); }, false);
     ASSERT_TRUE(VersionStore(Path).Keep().isNew);
     ChangeFile([](MenuEditor& editor) { editor.AddPart("R", "Theirs"); });
     ChangeFile([](MenuEditor& editor) { editor.AddPart("R", "Theirs too"); });
@@ -230,7 +233,7 @@ TEST_F(FormMainRecoveryTest, TheVersionOfTheChangesIsFoundAmongTheKeptOnes) {
 }
 
 TEST_F(FormMainRecoveryTest, ChangesOfAVersionThatIsGoneAreKept) {
-    LeaveUnsaved([](MenuEditor& editor) { RenameFirst(editor, "Never saved"); });
+    LeaveUnsaved([](MenuEditor& editor) { RenameFirst(editor, "Never saved"); }, false);
     ChangeFile([](MenuEditor& editor) { editor.AddPart("R", "Theirs"); });
     ChangeFile([](MenuEditor& editor) { editor.AddPart("R", "Theirs too"); });
     std::string told;
@@ -350,6 +353,77 @@ TEST_F(FormMainRecoveryTest, TheSecondEditorIsTold) {
     EXPECT_NE(window->ibOthers.text.find("Smith on STATION3"), std::string::npos);
     Click(window->mnuFileClose);
     EXPECT_FALSE(IsShown(window->ibOthers));
+}
+
+TEST_F(FormMainRecoveryTest, TheFirstEditorIsToldOfTheSecond) {
+    OpenMenu();
+    const OpenMark second(Path, "Smith on STATION3");
+    ComeBack();
+    EXPECT_TRUE(IsShown(window->ibOthers));
+    EXPECT_NE(window->ibOthers.text.find("Smith"), std::string::npos) << window->ibOthers.text;
+}
+
+TEST_F(FormMainRecoveryTest, UndoingWhatOthersSavedAsksFirst) {
+    OpenMenu();
+    ChangeFile([](MenuEditor& editor) { RenameFirst(editor, "Theirs"); });
+    ComeBack();
+    ASSERT_EQ(window->Editor().Find("R.1")->Caption(), "Theirs");
+    dialogs.Answer(wxID_NO);
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "Theirs");
+    dialogs.Answer(wxID_YES);
+    Press('Z', wxMOD_CONTROL);
+    EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "First");
+    ASSERT_EQ(dialogs.shown.size(), 2u);
+    EXPECT_NE(dialogs.shown[0].text.find("somebody else"), std::string::npos) << dialogs.shown[0].text;
+}
+
+TEST_F(FormMainRecoveryTest, AMenuWhoseFileIsGoneIsNotLeftUnasked) {
+    OpenMenu();
+    std::filesystem::remove(TempStation::Host(Path));
+    dialogs.Answer(wxID_YES);
+    Click(window->mnuFileClose);
+    EXPECT_FALSE(window->Editor().IsOpen());
+    EXPECT_EQ(MenuOnDisk(), SmallMenu);
+    ASSERT_EQ(dialogs.shown.size(), 1u);
+    EXPECT_NE(dialogs.shown[0].text.find("gone"), std::string::npos) << dialogs.shown[0].text;
+}
+
+TEST_F(FormMainRecoveryTest, OlderChangesAreOfferedAfterNewerOnes) {
+    LeaveUnsaved([](MenuEditor& editor) { RenameFirst(editor, "Older"); });
+    LeaveUnsaved([](MenuEditor& editor) { editor.AddPart("R", "Newer"); });
+    OpenWindow();
+    int offers = 0;
+    std::unique_ptr<NextDialog<FormUnsaved>> second;
+    const NextDialog<FormUnsaved> first([&](FormUnsaved&) {
+        ++offers;
+        Press(WXK_RETURN);
+        // This dialog has ended, so the next one is meant.
+        second = std::make_unique<NextDialog<FormUnsaved>>([&](FormUnsaved&) {
+            ++offers;
+            Press(WXK_RETURN);
+        });
+    });
+    const NextDialog<FormMerge> merging([](FormMerge& dialog) { Click(dialog.cmdOK); });
+    for (int i = 0; i < 3; ++i)
+        dialogs.Answer(wxID_NONE);
+    Click(window->mnuFileOpen);
+    EXPECT_EQ(offers, 2);
+    EXPECT_EQ(window->Editor().Find("R.1")->Caption(), "Older");
+    EXPECT_NE(TreeText().find("Newer"), std::string::npos) << TreeText();
+}
+
+TEST_F(FormMainRecoveryTest, AnEntryThatOthersChangedIsNotRemovedUnasked) {
+    OpenMenu();
+    ASSERT_TRUE(window->Editor().Remove("R.1"));
+    ChangeFile([](MenuEditor& editor) { RenameFirst(editor, "Theirs"); });
+    const NextDialog<FormMerge> merging([](FormMerge& dialog) {
+        EXPECT_EQ(dialog.lstConflicts->text(0, 5), "In the file");
+        Press(WXK_RETURN);
+    });
+    dialogs.Answer(wxID_NONE);
+    ComeBack();
+    EXPECT_NE(TreeText().find("Theirs"), std::string::npos) << TreeText();
 }
 
 } // namespace

@@ -202,5 +202,16 @@ TEST_F(MergingSaveTest, AnotherErrorOfASaveKeepsTheVersion) {
     EXPECT_TRUE(IsKept(Path, Menu1));
 }
 
+TEST_F(MergingSaveTest, ASaveThatChangesNothingLeavesNoVersion) {
+    MenuEditor editor;
+    ASSERT_FALSE(editor.Open(Folder, Path).has_value());
+    VersionStore store(Path);
+    ASSERT_TRUE(SaveKeepingVersion(editor, Path, editor.PlanSave(Path), store).isNew)
+        << "it was written by hand";
+    const std::size_t versions = store.List().size();
+    EXPECT_FALSE(SaveKeepingVersion(editor, Path, editor.PlanSave(Path), store).isNew);
+    EXPECT_EQ(store.List().size(), versions);
+}
+
 } // namespace
 } // namespace nesk
