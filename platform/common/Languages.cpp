@@ -8,7 +8,7 @@ namespace nesk::platform {
 namespace {
 
 constexpr auto Rows = std::to_array<Language>({
-#include "LanguageRows.inc"
+#include <LanguageRows.inc> // made by the build
 });
 
 } // namespace
