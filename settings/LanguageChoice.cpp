@@ -66,7 +66,7 @@ void Store(int languageId) {
 std::string MissingLibrary(const platform::Language& language) {
     const std::string installed = modUtilities::PathJoin(modUtilities::InstallDirectory(), "Bin");
     for (int block = FirstBlock; block <= LastBlock; ++block) {
-        const std::string name = std::string(language.code) + std::to_string(block * BlockSize) + ".DLL";
+        std::string name = std::string(language.code) + std::to_string(block * BlockSize) + ".DLL";
         if (!modUtilities::FileExists(platform::ProgramFolder() + "\\" + name) &&
             !modUtilities::FileExists(modUtilities::PathJoin(installed, name)))
             return name;

@@ -5,10 +5,8 @@
 #include <string>
 #include <vector>
 
-namespace nesk {
-
 /// The language of the program as the settings name it.
-namespace LanguageChoice {
+namespace nesk::LanguageChoice {
 
 /// True when this program chooses the language. Elsewhere other software of the station does.
 bool MayChange();
@@ -28,6 +26,4 @@ std::string MissingLibrary(const platform::Language& language);
 /// The name of a language for the user: its own one, and the English one where that is different.
 std::string Name(const platform::Language& language);
 
-} // namespace LanguageChoice
-
-} // namespace nesk
+} // namespace nesk::LanguageChoice

@@ -9,10 +9,8 @@
 #include <memory>
 #include <string>
 
-namespace nesk {
-
 /// How the open menu takes over a version of its file that others have saved.
-namespace OthersChanges {
+namespace nesk::OthersChanges {
 
 /// Makes that version the open menu, which has no unsaved changes. One undo step.
 /// @param theirs  the whole version
@@ -28,6 +26,4 @@ std::unique_ptr<Menu> Base(const MenuEditor& editor, const std::string& copy,
 /// if the result is that version.
 void TakeMerged(MenuEditor& editor, const QuietMenu& theirs, const MenuMerge& merge);
 
-} // namespace OthersChanges
-
-} // namespace nesk
+} // namespace nesk::OthersChanges

@@ -369,6 +369,11 @@ TEST_F(FormMainTest, AFileChangedByAnotherProgramIsNotOverwrittenUnasked) {
     OpenSmallMenu();
     ASSERT_TRUE(window->Editor().SetCaption("R.1", "Mine"));
     WriteMenu("BLOCK MENU\nCAPTION=Theirs\nEND\n");
+    // Without the version that was opened, the changes of both cannot be merged.
+    ASSERT_TRUE(WaitUntil([] {
+        std::error_code error;
+        return std::filesystem::remove(TempStation::Host("C:\\Neskroot\\menu.cfg.unsaved.base"), error);
+    }));
     dialogs.Answer(wxID_NO);
     ASSERT_TRUE(Click(window->mnuFileSave));
     const std::string copy = window->Editor().PlanSave("C:\\Neskroot\\menu.cfg").backup.path;

@@ -60,8 +60,8 @@ TEST_F(LanguageChoiceTest, EveryLanguageIsInstalled) {
     for (const platform::Language* language : LanguageChoice::Offered())
         EXPECT_EQ(LanguageChoice::MissingLibrary(*language), "");
     platform::Language unknown = *platform::FindLanguage(1031);
-    unknown.code = "XXX";
-    EXPECT_EQ(LanguageChoice::MissingLibrary(unknown), "XXX32000.DLL");
+    unknown.code = "QQQ";
+    EXPECT_EQ(LanguageChoice::MissingLibrary(unknown), "QQQ32000.DLL");
 }
 
 TEST_F(LanguageChoiceTest, ANameIsInBothLanguages) {

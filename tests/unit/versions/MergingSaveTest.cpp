@@ -133,6 +133,19 @@ protected:
         EXPECT_GT(m_failedSaves, 0);
     }
 
+    // Keeps the version before, and then saves while every operation fails.
+    static void FailToSave(ErrorCode code) {
+        FaultyFiles files;
+        MenuEditor editor(files);
+        ASSERT_FALSE(editor.Open(Folder, Path).has_value());
+        editor.SetCaption("R", "changed");
+        const SavePlan plan = editor.PlanSave(Path);
+        VersionStore store(Path);
+        files.Restart({1, code, true, false});
+        EXPECT_THROW(SaveKeepingVersion(editor, Path, plan, store), NeskError);
+        EXPECT_TRUE(editor.IsDirty());
+    }
+
     int m_failedSaves = 0;
 };
 
@@ -178,27 +191,12 @@ TEST_F(MergingSaveTest, AVersionIsGivenUpOnADiskThatIsTooFullForBoth) {
 }
 
 TEST_F(MergingSaveTest, ADiskThatIsTooFullForTheSaveAloneIsAnError) {
-    FaultyFiles files;
-    MenuEditor editor(files);
-    ASSERT_FALSE(editor.Open(Folder, Path).has_value());
-    editor.SetCaption("R", "changed");
-    const SavePlan plan = editor.PlanSave(Path);
-    VersionStore store(Path);
-    files.Restart({1, ErrorCode::DiskFull, true, false});
-    EXPECT_THROW(SaveKeepingVersion(editor, Path, plan, store), NeskError);
+    FailToSave(ErrorCode::DiskFull);
     EXPECT_EQ(FileBytes(Path), Menu1);
-    EXPECT_TRUE(editor.IsDirty());
 }
 
 TEST_F(MergingSaveTest, AnotherErrorOfASaveKeepsTheVersion) {
-    FaultyFiles files;
-    MenuEditor editor(files);
-    ASSERT_FALSE(editor.Open(Folder, Path).has_value());
-    editor.SetCaption("R", "changed");
-    const SavePlan plan = editor.PlanSave(Path);
-    VersionStore store(Path);
-    files.Restart({1, ErrorCode::AccessDenied, true, false});
-    EXPECT_THROW(SaveKeepingVersion(editor, Path, plan, store), NeskError);
+    FailToSave(ErrorCode::AccessDenied);
     EXPECT_TRUE(IsKept(Path, Menu1));
 }
 
