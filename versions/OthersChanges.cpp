@@ -9,7 +9,7 @@
 namespace nesk {
 
 std::string OthersChanges::Load(MenuEditor& editor, const QuietMenu& theirs) {
-    const std::string summary = DifferenceText::Summary(MenuDiff(*editor.OpenMenu(), *theirs.menu));
+    std::string summary = DifferenceText::Summary(MenuDiff(*editor.OpenMenu(), *theirs.menu));
     UpdateOpenMenu(editor, *theirs.menu, {Message::OtherLoadUndo, {}});
     editor.Adopt(theirs.hash, true);
     return summary;
