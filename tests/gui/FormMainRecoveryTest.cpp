@@ -44,6 +44,11 @@ protected:
         MenuEditor editor;
         JournalOptions options;
         options.keepsBase = keepsBase;
+        // Nothing of it may still run when the menu is opened again.
+        options.inBackground = [](const std::function<void()>& work) {
+            work();
+            return true;
+        };
         const MenuJournal journal(editor, options);
         editor.Open(Folder, Path);
         edit(editor);
