@@ -142,6 +142,7 @@ TEST_F(FormAddPartsTest, TheAccessKeyOfTheListGoesThere) {
 
 TEST_F(FormAddPartsTest, AClickTicks) {
     Show([](FormAddParts& form) {
+        WaitUntilSteady(*form.lstParts);
         wxRect row;
         EXPECT_TRUE(form.lstParts->GetItemRect(0, row));
         const int tick = row.height / 2;

@@ -119,6 +119,7 @@ TEST_F(FormReplaceTest, TheFocusLeavesAButtonThatDisablesItself) {
 TEST_F(FormReplaceTest, AClickTicks) {
     EXPECT_TRUE(Show([](FormReplace& dialog) {
         Fill(dialog.txtReplacement, "new");
+        WaitUntilSteady(*dialog.lstChanges);
         wxRect row;
         EXPECT_TRUE(dialog.lstChanges->GetItemRect(2, row));
         const int tick = row.height / 2;

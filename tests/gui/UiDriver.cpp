@@ -122,6 +122,16 @@ bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds
     return true;
 }
 
+void WaitUntilSteady(const wxWindow& control) {
+    constexpr int pause = 50;
+    EXPECT_TRUE(WaitUntil([&] {
+        const wxRect before = control.GetScreenRect();
+        wxMilliSleep(pause);
+        Settle();
+        return before == control.GetScreenRect();
+    }));
+}
+
 void ShowActive(wxTopLevelWindow& window) {
     window.Show();
     window.Raise();

@@ -27,6 +27,10 @@ namespace nesk::testing {
 /// Processes pending events until none are left.
 void Settle();
 
+/// Waits until a control stays where it is: the window manager gives a window its frame a moment after it is
+/// shown.
+void WaitUntilSteady(const wxWindow& control);
+
 /// Processes events until a condition holds. Returns false if it does not hold in time.
 [[nodiscard]] bool WaitUntil(const std::function<bool()>& condition,
                              std::chrono::milliseconds limit = std::chrono::seconds(5));
