@@ -16,7 +16,7 @@ struct QuietMenu {
     /// The menu; null when there is no file. After an error it has the entries before the error.
     std::unique_ptr<Menu> menu;
 
-    /// The hash of the file; that of a missing file when there is none.
+    /// The hash of the file. A missing file has a hash of its own.
     FileHash hash;
 
     /// The error that stopped reading, with the file and the line.

@@ -53,7 +53,7 @@ void Set(MenuEntry& entry, MenuKey field, const std::string& value);
 /// Sets all fields of an entry to those of another one.
 void Copy(const MenuEntry& from, MenuEntry& to);
 
-/// True for a part button. The root is none.
+/// True for a part button, and false for the root.
 bool IsPart(const MenuEntry& entry);
 
 } // namespace EntryFields

@@ -28,7 +28,7 @@ public:
     /// One past the last entry below an entry. The entries from `at` to here are its subtree.
     int End(int at) const { return m_ends[Index(at)]; }
 
-    /// The first child; None when there is none.
+    /// The first child. None stands for no child.
     int FirstChild(int at) const { return End(at) > at + 1 ? at + 1 : None; }
 
     /// The next sibling; None for the last one.

@@ -261,7 +261,7 @@ void Matcher::MatchEditedIn(int before, int after) {
             gap.push_back(one);
             continue;
         }
-        // The neighbour after the gap; a child that went elsewhere or changed its order is none.
+        // The neighbour after the gap. A child that went elsewhere or changed its order does not count.
         const int neighbour = one != None ? m_after[static_cast<std::size_t>(one)] : None;
         if (one != None && (m_other.Parent(neighbour) != after || neighbour < other || other == None))
             continue;

@@ -15,7 +15,7 @@ public:
     /// The menus must outlive the match only during construction.
     TreeMatch(const FlatMenu& before, const FlatMenu& after);
 
-    /// The entry of the other menu that matches; FlatMenu::None when there is none.
+    /// The matching entry of the other menu. FlatMenu::None stands for no match.
     int After(int before) const { return m_after[static_cast<std::size_t>(before)]; }
     int Before(int after) const { return m_before[static_cast<std::size_t>(after)]; }
 
